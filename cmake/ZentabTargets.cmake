@@ -1,0 +1,27 @@
+# What every target of the project shares: warnings as errors, the sanitizers when asked for.
+add_library(zentab_options INTERFACE)
+target_include_directories(zentab_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(MSVC)
+  target_compile_options(zentab_options INTERFACE /W4 /WX /utf-8)
+else()
+  target_compile_options(zentab_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+endif()
+if(ZENTAB_SANITIZE)
+  target_compile_options(zentab_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zentab_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# zentab_library(NAME SOURCES files... USES targets...): one layer of the program.
+function(zentab_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC zentab_options ${ARG_USES})
+endfunction()
+
+# zentab_widgets(NAME SOURCES files... USES targets...): a layer's windows, the only Qt code.
+function(zentab_widgets name)
+  zentab_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_FOREACH)
+endfunction()

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <system_error>
+
+#include "app/session.h"
+#include "platform/file_layer.h"
+
+namespace zentab::app {
+
+enum class NameResult {
+  Empty,      // nothing was typed: the name box closes
+  Added,      // the table stands in the file under this name, at the end of the list
+  Duplicate,  // the list has this name already
+  NotWritten  // the file could not be written; nothing changed
+};
+
+/// The commands on the library of curve tables: each works on whole lines of the active table
+/// file. `index` is a position in the list of names. None of them asks the user; a failure
+/// changes neither the file nor the session.
+class LibraryCommands {
+ public:
+  LibraryCommands(Session& session, platform::FileLayer& files)
+      : session_(session), files_(files) {}
+
+  /// Reads the names of the active table file into the session.
+  void FillEntryList();
+
+  /// Brings an entry into the grid, with the settings that it gives. When its line cannot be read
+  /// the grid keeps what it holds.
+  [[nodiscard]] std::error_code ReadEntry(std::size_t index);
+
+  /// Takes an entry out of the file and the list. The grid stays.
+  [[nodiscard]] std::error_code RemoveEntry(std::size_t index);
+
+  /// Writes the grid and the settings under the name at `index`.
+  [[nodiscard]] std::error_code UpdateEntry(std::size_t index);
+
+  /// A name was entered for the grid's table: adds it to file and list.
+  [[nodiscard]] NameResult EnterName(std::string_view typed);
+
+  /// Makes another table file the active one and lists it.
+  void SetActiveTable(std::string_view path);
+
+ private:
+  [[nodiscard]] tables::CurveTableEntry EntryFromGrid(std::string_view name) const;
+  [[nodiscard]] std::filesystem::path File() const;
+
+  Session& session_;
+  platform::FileLayer& files_;
+};
+
+}  // namespace zentab::app

@@ -1,0 +1,39 @@
+#include "app/start_up.h"
+
+#include "platform/character_case.h"
+#include "platform/paths.h"
+#include "texts/number_text.h"
+
+namespace zentab::app {
+namespace {
+
+constexpr std::string_view kSuiteKey = "SOFTWARE\\HALDOR\\MIRAXWIN";
+constexpr std::string_view kSuiteValue = "MIRAX";
+
+}  // namespace
+
+std::string FindInstallFolder(const platform::Registry& registry,
+                              const std::filesystem::path& executable) {
+  const std::string value =
+      registry.ReadRegistryValue(platform::RootKey::LocalMachine, kSuiteKey, kSuiteValue)
+          .value_or(std::string());
+  const std::string_view folder = texts::TrimBlanks(value);
+  return folder.empty() ? platform::ToText(executable.parent_path()) : std::string(folder);
+}
+
+std::string DecimalSeparatorFrom(std::optional<std::string> localeItem) {
+  std::string separator = localeItem.value_or(",");
+  if (!separator.empty() && static_cast<unsigned char>(separator.back()) < ' ') {
+    separator.pop_back();
+  }
+  const std::string_view trimmed = texts::TrimBlanks(separator);
+  // Without a separator every number would lose its point.
+  return trimmed.empty() ? "," : std::string(trimmed);
+}
+
+std::string BaseName(const std::filesystem::path& executable) {
+  const bool hasSuffix = platform::LowerCase(platform::ToText(executable.extension())) == ".exe";
+  return platform::ToText(hasSuffix ? executable.stem() : executable.filename());
+}
+
+}  // namespace zentab::app

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/registry.h"
+
+namespace zentab::app {
+
+/// The folder of the test-set suite's installation: what the registry says, trimmed of blanks,
+/// else the folder of the program's own executable.
+[[nodiscard]] std::string FindInstallFolder(const platform::Registry& registry,
+                                            const std::filesystem::path& executable);
+
+/// The decimal separator to show numbers with, from what the locale gives: without a trailing
+/// control character and blanks; "," when the locale gives none.
+[[nodiscard]] std::string DecimalSeparatorFrom(std::optional<std::string> localeItem);
+
+/// An executable's base name, by which settings, catalogues and log are named.
+[[nodiscard]] std::string BaseName(const std::filesystem::path& executable);
+
+}  // namespace zentab::app

@@ -1,0 +1,38 @@
+#include "editor/chart_curve.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "editor/grid_points.h"
+
+namespace zentab::editor {
+namespace {
+
+void Widen(Range& range, double value, bool first) {
+  range.minimum = first ? value : std::min(range.minimum, value);
+  range.maximum = first ? value : std::max(range.maximum, value);
+}
+
+}  // namespace
+
+bool ChartCurve::IsPositive() const {
+  return !points.empty() && load.minimum > 0.0 && time.minimum > 0.0;
+}
+
+ChartCurve CurveOf(const CurveGrid& grid) {
+  ChartCurve curve;
+  for (int row = kFirstRow; row <= kLastRow; ++row) {
+    const std::string& loadCell = grid.Cell(row, kLoadColumn);
+    const std::string& timeCell = grid.Cell(row, kTimeColumn);
+    if (!loadCell.empty() || !timeCell.empty()) curve.rowCount = row;
+    const std::optional<double> load = CellNumber(loadCell);
+    const std::optional<double> time = CellNumber(timeCell);
+    if (!load || !time) continue;
+    Widen(curve.load, *load, curve.points.empty());
+    Widen(curve.time, *time, curve.points.empty());
+    curve.points.push_back({row, *load, *time});
+  }
+  return curve;
+}
+
+}  // namespace zentab::editor

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <vector>
+
+#include "editor/curve_grid.h"
+
+namespace zentab::editor {
+
+/// A point of the chart; both of its cells hold numbers.
+struct ChartPoint {
+  int row;
+  double load;
+  double time;
+};
+
+struct Range {
+  double minimum = 0.0;
+  double maximum = 0.0;
+};
+
+/// What the chart shows of a grid.
+struct ChartCurve {
+  std::vector<ChartPoint> points;  // in row order
+  int rowCount = 1;                // the last row whose load or time is not empty, at least 1
+  Range load;                      // over the points; zero without points
+  Range time;
+
+  /// A curve needs two rows. The commands that store or hand on a table need it as well.
+  [[nodiscard]] bool IsShown() const { return rowCount >= 2; }
+  /// Whether logarithmic axes can show every point.
+  [[nodiscard]] bool IsPositive() const;
+};
+
+[[nodiscard]] ChartCurve CurveOf(const CurveGrid& grid);
+
+}  // namespace zentab::editor

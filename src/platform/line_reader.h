@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "platform/file_layer.h"
+
+namespace zentab::platform {
+
+/// One line of a file: its text, and the line end that followed it: CR LF, LF, CR, or nothing
+/// behind the last line of a file that ends without one.
+struct RawLine {
+  std::string_view text;
+  std::string_view ending;
+};
+
+/// Reads a file line by line, in large blocks, each line valid until the next is read. Memory
+/// grows with the longest line, not with the file. A file that cannot be opened, or is no regular
+/// file, has no lines; a read that fails ends the file early and leaves Failed() true.
+class LineReader {
+ public:
+  explicit LineReader(const std::filesystem::path& path);
+
+  [[nodiscard]] bool IsOpen() const { return open_; }
+  [[nodiscard]] bool Failed() const { return failed_; }
+
+  /// The next line; false at the end of the file.
+  [[nodiscard]] bool Next(RawLine& line);
+
+ private:
+  [[nodiscard]] bool Refill();
+
+  std::ifstream file_;
+  std::vector<char> buffer_;
+  std::size_t begin_ = 0;  // the unread bytes are [begin_, end_) of the buffer
+  std::size_t end_ = 0;
+  bool open_ = false;
+  bool failed_ = false;
+  bool atEnd_ = false;
+};
+
+/// Copies a file with `replacement` (which brings its own line end; empty: nothing) in the place
+/// of line number `index` (from 0); every other byte is copied as it is. Fails with
+/// std::errc::result_out_of_range when the file has no such line, and with what the system says
+/// when reading or writing fails.
+[[nodiscard]] std::error_code CopyChangingLine(const std::filesystem::path& source,
+                                               std::size_t index, std::string_view replacement,
+                                               OutputFile& output);
+
+}  // namespace zentab::platform

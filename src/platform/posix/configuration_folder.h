@@ -1,0 +1,11 @@
+#pragma once
+
+#include <filesystem>
+
+namespace zentab::platform {
+
+/// The folder that `environmentVariable` names, else "zentab" in the user's configuration folder
+/// (XDG_CONFIG_HOME, by default ~/.config). Empty when the user has neither.
+[[nodiscard]] std::filesystem::path ConfigurationFolder(const char* environmentVariable);
+
+}  // namespace zentab::platform

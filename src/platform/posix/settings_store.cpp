@@ -1,0 +1,56 @@
+#include "platform/settings_store.h"
+
+#include "platform/file_text.h"
+#include "platform/paths.h"
+#include "platform/posix/configuration_folder.h"
+#include "platform/posix/ini_text.h"
+#include "platform/safe_file_replacement.h"
+
+namespace zentab::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLargestFile = 16u << 20;
+
+fs::path FileOf(std::string_view application) {
+  const fs::path folder = ConfigurationFolder("ZENTAB_SETTINGS_DIR");
+  return folder.empty() ? folder : folder / ToPath(std::string(application) + ".ini");
+}
+
+class IniSettingsStore final : public SettingsStore {
+ public:
+  std::optional<std::string> Read(std::string_view application, std::string_view section,
+                                  std::string_view key) const override {
+    const fs::path file = FileOf(application);
+    if (file.empty()) return std::nullopt;
+    const std::optional<std::string> text = ReadWholeFile(file, kLargestFile);
+    return text ? IniText(*text).Find(section, key) : std::nullopt;
+  }
+
+  std::error_code Save(std::string_view application, std::string_view section,
+                       const std::vector<Setting>& settings) override {
+    const fs::path file = FileOf(application);
+    if (file.empty()) return std::make_error_code(std::errc::no_such_file_or_directory);
+    std::error_code error;
+    fs::create_directories(file.parent_path(), error);
+    if (error) return error;
+    std::optional<std::string> text = ReadWholeFile(file, kLargestFile);
+    if (!text && fs::exists(file, error)) return std::make_error_code(std::errc::io_error);
+    IniText ini(text.value_or(std::string()));
+    for (const Setting& setting : settings) {
+      if (!ini.Set(section, setting.key, setting.value)) {
+        return std::make_error_code(std::errc::invalid_argument);
+      }
+    }
+    if (text == ini.Text()) return {};
+    return ReplaceFile(SystemFiles(), file,
+                       [&ini](OutputFile& output) { return output.Write(ini.Text()); });
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<SettingsStore> UserSettingsStore() { return std::make_unique<IniSettingsStore>(); }
+
+}  // namespace zentab::platform

@@ -1,0 +1,142 @@
+#include "texts/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+namespace zentab::texts {
+namespace {
+
+constexpr int kSignificantDigits = 15;
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::size_t PastDigits(std::string_view text, std::size_t at) {
+  while (at < text.size() && IsDigit(text[at])) ++at;
+  return at;
+}
+
+// The length of the number that begins the text (after its sign), 0 when none does.
+std::size_t NumberLength(std::string_view text) {
+  const std::size_t whole = PastDigits(text, 0);
+  std::size_t end = whole;
+  std::size_t digits = whole;
+  if (end < text.size() && text[end] == '.') {
+    end = PastDigits(text, end + 1);
+    digits += end - whole - 1;
+  }
+  if (digits == 0) return 0;
+  if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
+    std::size_t exponent = end + 1;
+    if (exponent < text.size() && (text[exponent] == '+' || text[exponent] == '-')) ++exponent;
+    const std::size_t exponentEnd = PastDigits(text, exponent);
+    if (exponentEnd > exponent) end = exponentEnd;
+  }
+  return end;
+}
+
+// Whether a number that does not fit a double is too small for it rather than too large.
+bool IsTiny(std::string_view number) {
+  const std::size_t exponent = number.find_first_of("eE");
+  if (exponent != std::string_view::npos) return number[exponent + 1] == '-';
+  const std::size_t point = std::min(number.find('.'), number.size());
+  return number.substr(0, point).find_first_not_of('0') == std::string_view::npos;
+}
+
+struct Parsed {
+  std::optional<double> value;
+  std::size_t end = 0;
+};
+
+Parsed ParseNumber(std::string_view text) {
+  std::size_t begin = 0;
+  while (begin < text.size() && text[begin] == ' ') ++begin;
+  const bool negative = begin < text.size() && text[begin] == '-';
+  if (negative || (begin < text.size() && text[begin] == '+')) ++begin;
+  const std::string_view number = text.substr(begin, NumberLength(text.substr(begin)));
+  if (number.empty()) return {};
+  double value = 0.0;
+  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    if (!IsTiny(number)) return {std::nullopt, begin + number.size()};
+    value = 0.0;
+  }
+  return {negative ? -value : value, begin + number.size()};
+}
+
+}  // namespace
+
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string SetDecimalSeparator(std::string_view number, std::string_view separator) {
+  std::size_t at = number.find(',');
+  if (at == std::string_view::npos) at = number.find('.');
+  std::string result(number);
+  if (at != std::string_view::npos) result.replace(at, 1, separator);
+  return result;
+}
+
+std::optional<double> LeadingNumber(std::string_view text) { return ParseNumber(text).value; }
+
+std::optional<double> WholeNumber(std::string_view text) {
+  const Parsed parsed = ParseNumber(text);
+  if (!parsed.value || !TrimBlanks(text.substr(parsed.end)).empty()) return std::nullopt;
+  return parsed.value;
+}
+
+std::string NumberText(double number, std::string_view decimalSeparator) {
+  if (!std::isfinite(number)) return std::isnan(number) ? "NaN" : number > 0 ? "INF" : "-INF";
+  if (number == 0.0) return "0";
+  // d.dddddddddddddde+XX, from which the digits and the exponent are taken.
+  std::array<char, 32> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
+                                 std::chars_format::scientific, kSignificantDigits - 1)
+                       .ptr;
+  const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  const std::size_t mark = text.find('e');
+  std::string digits(1, text[0]);
+  digits += text.substr(2, mark - 2);
+  digits.erase(digits.find_last_not_of('0') + 1);
+  const int exponent = std::atoi(text.data() + mark + 1);
+
+  std::string result = number < 0 ? "-" : "";
+  const auto withPoint = [&](std::size_t whole) {
+    result += digits.substr(0, whole);
+    if (digits.size() > whole) result.append(decimalSeparator).append(digits.substr(whole));
+  };
+  if (exponent >= kSignificantDigits || exponent < -4) {
+    withPoint(1);
+    result += exponent < 0 ? "E-" : "E+";
+    const std::string power = std::to_string(std::abs(exponent));
+    if (power.size() < 2) result += '0';
+    result += power;
+  } else if (exponent < 0) {
+    digits.insert(0, static_cast<std::size_t>(-exponent), '0');
+    withPoint(1);
+  } else {
+    const auto whole = static_cast<std::size_t>(exponent) + 1;
+    if (digits.size() < whole) digits.resize(whole, '0');
+    withPoint(whole);
+  }
+  return result;
+}
+
+double RoundHalfEven(double number, int decimals) {
+  const double scale = std::pow(10.0, decimals);
+  const double scaled = number * scale;
+  // From 2^52 up a double has no digits behind the point.
+  if (!std::isfinite(scaled) || std::abs(scaled) >= 4503599627370496.0) return number;
+  const double whole = std::floor(std::abs(scaled));
+  const double asShown = *LeadingNumber(NumberText(std::abs(scaled), "."));
+  double rounded = asShown - whole < 0.5 ? whole : whole + 1.0;
+  if (asShown - whole == 0.5) rounded = std::fmod(whole, 2.0) == 0.0 ? whole : whole + 1.0;
+  return std::copysign(rounded, number) / scale;
+}
+
+}  // namespace zentab::texts

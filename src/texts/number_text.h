@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zentab::texts {
+
+/// The text without the blanks (character 32) on both sides; tabs and others stay.
+[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
+
+/// The text with its first ",", or where it has none its first ".", replaced by `separator`.
+/// Only that one is touched: 1,234.5 becomes 1.234.5.
+[[nodiscard]] std::string SetDecimalSeparator(std::string_view number, std::string_view separator);
+
+/// The value of the longest leading part of a text that is a decimal number: blanks, a sign,
+/// digits with at most one ".", an exponent (1E-05). The process locale has no say. Nothing when
+/// the text begins with no number or the number lies beyond the range of a double; a number too
+/// small for one is 0. Does not throw or allocate.
+[[nodiscard]] std::optional<double> LeadingNumber(std::string_view text);
+
+/// As LeadingNumber, but only when the text is a number as a whole, blanks on both sides aside.
+[[nodiscard]] std::optional<double> WholeNumber(std::string_view text);
+
+/// A finite number as the grid shows it: at most 15 significant digits, no trailing zeros, the
+/// given decimal separator; 1E-05 or 1.5E+20 below 0.0001 and from 1E+15 up.
+[[nodiscard]] std::string NumberText(double number, std::string_view decimalSeparator);
+
+/// The number rounded to `decimals` (0 to 15) digits behind the point, halves to the even digit.
+/// Halves are told by the number's 15 significant decimal digits, as the user sees them, not by
+/// its last binary digits: 1.2345 gives 1.234 and 1.0015 gives 1.002.
+[[nodiscard]] double RoundHalfEven(double number, int decimals);
+
+}  // namespace zentab::texts
