@@ -1,6 +1,7 @@
 #include "app/start_up.h"
 
 #include "platform/character_case.h"
+#include "platform/locale_queries.h"
 #include "platform/paths.h"
 #include "texts/number_text.h"
 
@@ -34,6 +35,19 @@ std::string DecimalSeparatorFrom(std::optional<std::string> localeItem) {
 std::string BaseName(const std::filesystem::path& executable) {
   const bool hasSuffix = platform::LowerCase(platform::ToText(executable.extension())) == ".exe";
   return platform::ToText(hasSuffix ? executable.stem() : executable.filename());
+}
+
+Session StartSession(const Settings& settings, const platform::Registry& registry,
+                     const std::filesystem::path& executable) {
+  Session session;
+  session.installFolder = FindInstallFolder(registry, executable);
+  [[maybe_unused]] const std::error_code dropped =
+      platform::ChangeCurrentFolder(platform::ToPath(session.installFolder));
+  session.localeDecimalSeparator = DecimalSeparatorFrom(platform::UserDecimalSeparator());
+  session.tablePath = settings.tableName;
+  session.modes.absoluteValues = settings.absValues == "1";
+  session.modes.pickup = settings.nomLoad1;
+  return session;
 }
 
 }  // namespace zentab::app

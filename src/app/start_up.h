@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "app/session.h"
+#include "app/settings.h"
 #include "platform/registry.h"
 
 namespace zentab::app {
@@ -20,5 +22,10 @@ namespace zentab::app {
 
 /// An executable's base name, by which settings, catalogues and log are named.
 [[nodiscard]] std::string BaseName(const std::filesystem::path& executable);
+
+/// The session a start begins with: finds the installation folder, makes it the working folder,
+/// and takes over the settings. A folder that is gone leaves the working folder as it was.
+[[nodiscard]] Session StartSession(const Settings& settings, const platform::Registry& registry,
+                                   const std::filesystem::path& executable);
 
 }  // namespace zentab::app

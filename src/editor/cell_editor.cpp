@@ -29,6 +29,8 @@ void CellEditor::GridEdit(int keyAscii) {
 
 void CellEditor::ChangeText(std::string_view text) {
   CurveGrid& grid = table_.grid;
+  // A line end pasted into the one-line field ends what it takes.
+  text = text.substr(0, text.find_first_of("\r\n"));
   const std::size_t tab = text.find('\t');
   text_ = text.substr(0, tab);
   grid.SetCell(grid.Row(), grid.Col(), text_);

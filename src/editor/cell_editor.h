@@ -34,7 +34,7 @@ class CellEditor {
 
   /// The user changed the editor's text: it goes into the current cell. At a tab the text is
   /// split: what follows goes into the next column, if the grid has one, and Text() keeps the part
-  /// before it.
+  /// before it. Nothing is taken from a line end on.
   void ChangeText(std::string_view text);
 
   /// What a key without Shift, Ctrl or Alt does with the editor open on a cell.

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Builds the editor and opens it on a fresh copy of the demo installation.
+# Without a display it draws the window into a PNG file and says where.
+set -euo pipefail
+cd "$(dirname "$0")"
+. scripts/packages.sh
+
+need "${build_packages[@]}" "${window_packages[@]}"
+build release
+
+# Playing never touches the checkout: installation, registry and settings are scratch copies.
+scratch=$(mktemp -d "${TMPDIR:-/tmp}/zentab-demo.XXXXXX")
+cp -r examples/installation "$scratch/installation"
+mkdir "$scratch/registry" "$scratch/settings"
+printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\HALDOR\\MIRAXWIN]\nMIRAX=%s\n' "$scratch/installation" \
+  >"$scratch/registry/registry.ini"
+export ZENTAB_REGISTRY_DIR="$scratch/registry" ZENTAB_SETTINGS_DIR="$scratch/settings"
+
+editor=$PWD/build/release/bin/Zentab
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  echo "The demo installation is $scratch/installation"
+  exec "$editor" "$@"
+fi
+picture="$scratch/Zentab.png"
+QT_QPA_PLATFORM=offscreen "$editor" --screenshot "$picture" "$@"
+echo "There is no display; the window is drawn in $picture"

@@ -1,0 +1,42 @@
+# Sourced by run.sh and test.sh: the Debian packages the project needs, and how they get installed.
+
+# need PACKAGE...: installs those that are missing; says plainly which they are when it cannot.
+need() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    as_root=(sudo)
+    # Without a terminal nobody could type sudo's password.
+    [ -t 0 ] || as_root=(sudo -n)
+  fi
+  if ! command -v apt-get >/dev/null ||
+    { [ "$(id -u)" -ne 0 ] && { ! command -v sudo >/dev/null || ! "${as_root[@]}" true; }; }; then
+    echo "These packages are missing and cannot be installed from here: ${missing[*]}" >&2
+    echo "As root on Debian 12: apt-get install --no-install-recommends ${missing[*]}" >&2
+    return 1
+  fi
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null || {
+    echo "Installing failed; what is missing: ${missing[*]}" >&2
+    return 1
+  }
+}
+
+build_packages=(g++ cmake ninja-build libutfcpp-dev)
+window_packages=(qt6-base-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6 fonts-dejavu-core)
+test_packages=(libgtest-dev)
+bench_packages=(libbenchmark-dev)
+
+# build PRESET: configures once, then builds what changed.
+build() {
+  [ -f "build/$1/build.ninja" ] || cmake --preset "$1" >/dev/null || return 1
+  cmake --build --preset "$1" -- --quiet
+}

@@ -1,0 +1,148 @@
+#include "app/widgets/library_panel.h"
+
+#include <QGridLayout>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QStyledItemDelegate>
+
+#include "app/widgets/entry_list_model.h"
+
+namespace zentab::app {
+namespace {
+
+// Rows with room for accents above capitals.
+class RoomyRows : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex&) const override {
+    return {0, option.fontMetrics.height() + 6};
+  }
+};
+
+}  // namespace
+
+LibraryPanel::LibraryPanel(const std::vector<std::string>& names, QWidget* parent)
+    : QWidget(parent),
+      model_(new EntryListModel(names, this)),
+      label1_(new QLabel(QStringLiteral("Curve &tables"), this)),
+      list1_(new QListView(this)),
+      places_(new QStackedWidget(this)) {
+  label1_->setObjectName(QStringLiteral("Label1"));
+  label1_->setBuddy(list1_);
+  list1_->setObjectName(QStringLiteral("List1"));
+  list1_->setModel(model_);
+  list1_->setItemDelegate(new RoomyRows(list1_));
+  list1_->setUniformItemSizes(true);
+  list1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  list1_->setTextElideMode(Qt::ElideRight);
+  list1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list1_->setToolTip(QStringLiteral("The curve tables of the active table file"));
+  connect(list1_, &QListView::activated, this, &LibraryPanel::ReadWanted);
+  auto* const remove = new QShortcut(QKeySequence(Qt::Key_Delete), list1_);
+  remove->setContext(Qt::WidgetShortcut);
+  connect(remove, &QShortcut::activated, this, &LibraryPanel::RemoveWanted);
+
+  BuildButtons();
+  BuildNameBox();
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(label1_);
+  layout->addWidget(list1_, 1);
+  layout->addWidget(places_);
+  RefreshButtons();
+  SetStorable(false);
+}
+
+QPushButton* LibraryPanel::AddButton(QGridLayout* layout, int place, const char* name,
+                                     const QString& caption, const QString& tip) {
+  auto* const button = new QPushButton(caption, this);
+  button->setObjectName(QLatin1String(name));
+  button->setToolTip(tip);
+  layout->addWidget(button, place / 2, place % 2);
+  return button;
+}
+
+void LibraryPanel::BuildButtons() {
+  auto* const page = new QWidget(this);
+  auto* const grid = new QGridLayout(page);
+  grid->setContentsMargins(0, 0, 0, 0);
+  command1_ = AddButton(grid, 0, "Command1", QStringLiteral("&Read"),
+                        QStringLiteral("Read the selected entry into the grid (Enter, Ctrl+R)"));
+  command4_ = AddButton(grid, 1, "Command4", QStringLiteral("&Update"),
+                        QStringLiteral("Replace the selected entry by the table in the grid (Ctrl+S)"));
+  command3_ = AddButton(grid, 2, "Command3", QStringLiteral("&Add New"),
+                        QStringLiteral("Store the table in the grid under a new name (Ctrl+N)"));
+  command2_ = AddButton(grid, 3, "Command2", QStringLiteral("Re&move"),
+                        QStringLiteral("Remove the selected entry from the table file (Delete)"));
+  command1_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
+  command4_->setShortcut(QKeySequence::Save);
+  command3_->setShortcut(QKeySequence::New);
+  connect(command1_, &QPushButton::clicked, this, &LibraryPanel::ReadWanted);
+  connect(command2_, &QPushButton::clicked, this, &LibraryPanel::RemoveWanted);
+  connect(command3_, &QPushButton::clicked, this, &LibraryPanel::AddNewWanted);
+  connect(command4_, &QPushButton::clicked, this, &LibraryPanel::UpdateWanted);
+  places_->addWidget(page);
+  places_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void LibraryPanel::BuildNameBox() {
+  auto* const page = new QWidget(this);
+  auto* const column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
+  text1_ = new QLineEdit(page);
+  text1_->setObjectName(QStringLiteral("Text1"));
+  text1_->setToolTip(QStringLiteral("The name of the new entry"));
+  text1_->setPlaceholderText(QStringLiteral("Name of the new entry"));
+  auto* const hint = new QLabel(QStringLiteral("Enter stores it; empty: cancel"), page);
+  hint->setForegroundRole(QPalette::PlaceholderText);
+  column->addWidget(text1_);
+  column->addWidget(hint);
+  connect(text1_, &QLineEdit::returnPressed, this, [this] { Q_EMIT NameEntered(text1_->text()); });
+  places_->addWidget(page);
+}
+
+void LibraryPanel::ShowNames(std::size_t selected) {
+  model_->Reload();
+  const QModelIndex row = model_->index(static_cast<int>(selected));
+  if (row.isValid()) list1_->setCurrentIndex(row);
+  RefreshButtons();
+}
+
+std::optional<std::size_t> LibraryPanel::SelectedIndex() const {
+  const QModelIndex row = list1_->currentIndex();
+  if (!row.isValid()) return std::nullopt;
+  return static_cast<std::size_t>(row.row());
+}
+
+void LibraryPanel::OpenNameBox() {
+  text1_->clear();
+  places_->setCurrentIndex(1);
+  text1_->setFocus();
+}
+
+void LibraryPanel::CloseNameBox() {
+  const bool hadFocus = text1_->hasFocus();
+  places_->setCurrentIndex(0);
+  if (hadFocus) list1_->setFocus();
+}
+
+void LibraryPanel::EmptyNameBox() { text1_->clear(); }
+
+void LibraryPanel::SetStorable(bool storable) {
+  command3_->setEnabled(storable);
+  command4_->setEnabled(storable);
+}
+
+void LibraryPanel::RefreshButtons() {
+  const bool hasEntries = model_->rowCount() > 0;
+  command1_->setEnabled(hasEntries);
+  command2_->setEnabled(hasEntries);
+}
+
+}  // namespace zentab::app

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QListView;
+class QPushButton;
+class QStackedWidget;
+
+namespace zentab::app {
+
+class EntryListModel;
+
+/// The left of the main window: the entry list `List1` with Read `Command1`, Remove `Command2`,
+/// Add New `Command3` and Update `Command4`, in whose place the name box `Text1` appears.
+class LibraryPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  LibraryPanel(const std::vector<std::string>& names, QWidget* parent);
+
+  /// The names have changed: shows them and selects one, where there is such a row.
+  void ShowNames(std::size_t selected);
+  [[nodiscard]] std::optional<std::size_t> SelectedIndex() const;
+
+  void OpenNameBox();
+  void CloseNameBox();
+  void EmptyNameBox();
+
+  /// Whether the grid holds a table that can be stored.
+  void SetStorable(bool storable);
+
+ Q_SIGNALS:
+  void ReadWanted();
+  void RemoveWanted();
+  void AddNewWanted();
+  void UpdateWanted();
+  void NameEntered(const QString& name);
+
+ private:
+  [[nodiscard]] QPushButton* AddButton(QGridLayout* layout, int place, const char* name,
+                                       const QString& caption, const QString& tip);
+  void BuildButtons();
+  void BuildNameBox();
+  void RefreshButtons();
+
+  EntryListModel* model_;
+  QLabel* label1_;
+  QListView* list1_;
+  QStackedWidget* places_;
+  QPushButton* command1_ = nullptr;
+  QPushButton* command2_ = nullptr;
+  QPushButton* command3_ = nullptr;
+  QPushButton* command4_ = nullptr;
+  QLineEdit* text1_ = nullptr;
+};
+
+}  // namespace zentab::app

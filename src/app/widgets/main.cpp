@@ -1,0 +1,54 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFileInfo>
+
+#include "app/settings.h"
+#include "app/start_up.h"
+#include "app/widgets/library_controller.h"
+#include "app/widgets/main_window.h"
+#include "app/widgets/qt_user_dialogs.h"
+#include "platform/paths.h"
+
+namespace {
+
+using namespace zentab;
+
+constexpr const char* kTitle = "Zentab";
+
+// Renders the window with its first entry read, for places without a display.
+bool SaveScreenshot(app::MainWindow& window, const QString& file) {
+  window.findChild<app::LibraryController*>()->Read();
+  QCoreApplication::processEvents();
+  return window.grab().save(file);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  QApplication application(argc, argv);
+  QCommandLineParser arguments;
+  const QCommandLineOption screenshot(
+      QStringLiteral("screenshot"),
+      QStringLiteral("Draw the window with the first entry into a PNG file and end."),
+      QStringLiteral("file"));
+  arguments.addHelpOption();
+  arguments.addOption(screenshot);
+  arguments.process(application);
+  const QString picture =
+      arguments.isSet(screenshot)
+          ? QFileInfo(arguments.value(screenshot)).absoluteFilePath()
+          : QString();
+
+  const std::filesystem::path executable = platform::ExecutablePath();
+  const auto store = platform::UserSettingsStore();
+  app::Settings settings = app::LoadSettings(*store, app::BaseName(executable), kTitle);
+  app::Session session = app::StartSession(settings, *platform::SystemRegistry(), executable);
+  app::QtUserDialogs dialogs;
+  app::MainWindow window(
+      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), dialogs});
+  dialogs.SetParent(&window);
+  window.Load();
+  window.show();
+  if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
+  return QApplication::exec();
+}

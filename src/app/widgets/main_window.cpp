@@ -1,0 +1,169 @@
+#include "app/widgets/main_window.h"
+
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+
+#include "app/axis_titles.h"
+#include "app/widgets/chart_panel.h"
+#include "app/widgets/library_controller.h"
+#include "app/widgets/library_panel.h"
+#include "app/widgets/status_line.h"
+#include "app/widgets/table_panel.h"
+#include "app/widgets/value_mode_binding.h"
+#include "app/widgets/window_placement.h"
+#include "editor/chart_curve.h"
+
+namespace zentab::app {
+namespace {
+
+constexpr QSize kDesignedSize(1240, 820);
+constexpr int kMargin = 9;
+
+}  // namespace
+
+MainWindow::MainWindow(MainWindowParts parts)
+    : session_(parts.session),
+      settings_(std::move(parts.settings)),
+      title_(std::move(parts.title)),
+      store_(parts.store),
+      dialogs_(parts.dialogs),
+      library_(new LibraryPanel(session_.entryNames, this)),
+      table_(new TablePanel(session_.table, this)),
+      chart_(new ChartPanel(this)),
+      libraryController_(new LibraryController(session_, parts.files, dialogs_, *library_)),
+      modes_(new ValueModeBinding(session_, *table_)),
+      status_(new StatusLine(session_, statusBar())) {
+  libraryController_->setParent(this);
+  modes_->setParent(this);
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QStringLiteral("Relay curve table editor"));
+  resize(kDesignedSize);
+  BuildPanels();
+  BuildMenus();
+  ConnectPanels();
+}
+
+void MainWindow::BuildPanels() {
+  auto* const splitter = new QSplitter(this);
+  splitter->addWidget(library_);
+  splitter->addWidget(table_);
+  splitter->addWidget(chart_);
+  splitter->setChildrenCollapsible(false);
+  splitter->setHandleWidth(kMargin);
+  splitter->setSizes({250, 300, 690});
+  splitter->setStretchFactor(0, 0);
+  splitter->setStretchFactor(1, 0);
+  splitter->setStretchFactor(2, 1);
+  auto* const frame = new QWidget(this);
+  auto* const layout = new QHBoxLayout(frame);
+  layout->setContentsMargins(kMargin, kMargin, kMargin, 0);
+  layout->addWidget(splitter);
+  setCentralWidget(frame);
+}
+
+void MainWindow::BuildMenus() {
+  QMenu* const options = menuBar()->addMenu(QStringLiteral("&Options"));
+  options->setObjectName(QStringLiteral("m_opt"));
+  const auto add = [&](QMenu* menu, const char* name, const QString& caption,
+                       const QKeySequence& key) {
+    QAction* const action = menu->addAction(caption);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(key);
+    return action;
+  };
+  connect(add(options, "m_act", QStringLiteral("Set &active table…"), QKeySequence::Open),
+          &QAction::triggered, libraryController_, &LibraryController::SetActiveTable);
+  options->addSeparator();
+  // Both wait for the dialog that copies entries between files.
+  add(options, "m_imp", QStringLiteral("&Import…"), {})->setEnabled(false);
+  add(options, "m_exp", QStringLiteral("&Export…"), {})->setEnabled(false);
+  options->addSeparator();
+  connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
+          &QAction::triggered, this, &QWidget::close);
+
+  QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
+  QAction* const logarithmic = add(view, "m_log", QStringLiteral("&Logarithmic axes"),
+                                   QKeySequence(Qt::CTRL | Qt::Key_L));
+  logarithmic->setCheckable(true);
+  logarithmic->setChecked(true);
+  connect(logarithmic, &QAction::toggled, chart_->chart,
+          &editor::CurveChart::SetLogarithmicWanted);
+  connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
+          &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
+}
+
+void MainWindow::ConnectPanels() {
+  editor::CurveGridView* const grid = table_->grid;
+  connect(grid, &editor::CurveGridView::Edited, this, &MainWindow::MarkModified);
+  connect(grid, &editor::CurveGridView::EditingLeft, this, &MainWindow::RefreshChart);
+  connect(grid, &editor::CurveGridView::RowChanged, chart_->chart, &editor::CurveChart::MarkRow);
+  connect(libraryController_, &LibraryController::GridNeeded, grid,
+          &editor::CurveGridView::CloseEditor);
+  connect(libraryController_, &LibraryController::TableRead, this, [this, grid] {
+    grid->ShowAll();
+    modes_->Show();
+    chart_->chart->Fit();
+    RefreshCaptions();
+    RefreshChart();
+  });
+  connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
+  connect(libraryController_, &LibraryController::Failed, status_, &StatusLine::ShowFailure);
+  connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+}
+
+void MainWindow::Load() {
+  chart_->chart->SetDecimalSeparator(QString::fromStdString(session_.localeDecimalSeparator));
+  libraryController_->FillEntryList();
+  // The pickup value belongs to an instrument: it is shown once one is chosen.
+  session_.modes.pickup.clear();
+  table_->text2->setToolTip(QStringLiteral("Select Instrument first"));
+  modes_->Show();
+  RefreshCaptions();
+  RefreshChart();
+  RestorePlacement(*this, settings_);
+}
+
+void MainWindow::RefreshChart() {
+  const editor::ChartCurve curve = editor::CurveOf(session_.table.grid);
+  chart_->chart->ShowCurve(curve);
+  library_->SetStorable(curve.IsShown());
+}
+
+void MainWindow::RefreshCaptions() {
+  const AxisTitles titles = AxisTitlesFor(session_);
+  chart_->chart->SetAxisTitles(QString::fromStdString(titles.load),
+                               QString::fromStdString(titles.time));
+}
+
+void MainWindow::MarkModified() { status_->Refresh(); }
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) RefreshChart();
+}
+
+void MainWindow::StoreSettings() {
+  settings_.tableName = session_.tablePath;
+  settings_.nomLoad1 = session_.modes.pickup;
+  settings_.absValues = session_.modes.absoluteValues ? "1" : "0";
+  StorePlacement(*this, settings_);
+  // The program ends whether or not its window is remembered.
+  [[maybe_unused]] const std::error_code dropped = SaveSettings(store_, title_, settings_);
+}
+
+bool MainWindow::MayEnd() {
+  return !session_.table.tableModified ||
+         dialogs_.Confirm(MessageFor(MessageBox::DiscardEditsOnExit, {}));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  table_->grid->CloseEditor();
+  StoreSettings();
+  event->setAccepted(MayEnd());
+}
+
+}  // namespace zentab::app

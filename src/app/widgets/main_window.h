@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QMainWindow>
+#include <string>
+
+#include "app/session.h"
+#include "app/settings.h"
+#include "app/widgets/user_dialogs.h"
+#include "platform/file_layer.h"
+#include "platform/settings_store.h"
+
+class QAction;
+
+namespace zentab::app {
+
+class ChartPanel;
+class LibraryController;
+class LibraryPanel;
+class StatusLine;
+class TablePanel;
+class ValueModeBinding;
+
+/// What the main window works with; all of it outlives the window.
+struct MainWindowParts {
+  Session& session;
+  Settings settings;
+  std::string title;  // the program's title, under which the settings are kept
+  platform::SettingsStore& store;
+  platform::FileLayer& files;
+  UserDialogs& dialogs;
+};
+
+/// The window `Form1`: sets up the panels and their controllers, and follows start and end.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(MainWindowParts parts);
+
+  /// Brings up what the settings say; runs once, before the window is shown.
+  void Load();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void BuildPanels();
+  void BuildMenus();
+  void ConnectPanels();
+  void RefreshChart();
+  void RefreshCaptions();
+  void MarkModified();
+  void StoreSettings();
+  [[nodiscard]] bool MayEnd();
+
+  Session& session_;
+  Settings settings_;
+  std::string title_;
+  platform::SettingsStore& store_;
+  UserDialogs& dialogs_;
+  LibraryPanel* library_;
+  TablePanel* table_;
+  ChartPanel* chart_;
+  LibraryController* libraryController_;
+  ValueModeBinding* modes_;
+  StatusLine* status_;
+};
+
+}  // namespace zentab::app

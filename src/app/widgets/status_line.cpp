@@ -1,0 +1,53 @@
+#include "app/widgets/status_line.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QStatusBar>
+
+namespace zentab::app {
+namespace {
+
+constexpr int kFailureShown = 15000;  // milliseconds
+constexpr int kLongestPath = 70;
+
+// The end of a long path tells the file; its beginning is the part one knows.
+QString Shortened(const QString& path) {
+  return path.size() <= kLongestPath ? path : QChar(0x2026) + path.right(kLongestPath);
+}
+
+QLabel* Cell(const char* name, QStatusBar* bar) {
+  auto* const label = new QLabel(bar);
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  label->setContentsMargins(6, 0, 6, 0);
+  return label;
+}
+
+}  // namespace
+
+StatusLine::StatusLine(const Session& session, QStatusBar* bar)
+    : QObject(bar),
+      session_(session),
+      bar_(bar),
+      file_(Cell("StatusFile", bar)),
+      count_(Cell("StatusCount", bar)),
+      modified_(Cell("StatusModified", bar)) {
+  bar->addWidget(file_, 1);
+  bar->addPermanentWidget(modified_);
+  bar->addPermanentWidget(count_);
+}
+
+void StatusLine::Refresh() {
+  const QString path = QDir::toNativeSeparators(QString::fromStdString(session_.tablePath));
+  file_->setText(Shortened(path));
+  file_->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
+  const std::size_t count = session_.entryNames.size();
+  count_->setText(count == 1 ? QStringLiteral("1 entry")
+                             : QStringLiteral("%1 entries").arg(static_cast<qulonglong>(count)));
+  modified_->setText(session_.table.tableModified ? QStringLiteral("● Modified") : QString());
+}
+
+void StatusLine::ShowFailure(const QString& text) { bar_->showMessage(text, kFailureShown); }
+
+}  // namespace zentab::app

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+
+#include "app/session.h"
+
+class QLabel;
+class QStatusBar;
+
+namespace zentab::app {
+
+/// The status bar: the active table file, the number of its entries, the modified mark, and for a
+/// while what could not be done.
+class StatusLine : public QObject {
+  Q_OBJECT
+
+ public:
+  StatusLine(const Session& session, QStatusBar* bar);
+
+  void Refresh();
+  void ShowFailure(const QString& text);
+
+ private:
+  const Session& session_;
+  QStatusBar* bar_;
+  QLabel* file_;
+  QLabel* count_;
+  QLabel* modified_;
+};
+
+}  // namespace zentab::app

@@ -1,0 +1,92 @@
+#include "app/widgets/table_panel.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace zentab::app {
+namespace {
+
+template <typename Control>
+Control* Named(Control* control, const char* name, const QString& tip = {}) {
+  control->setObjectName(QLatin1String(name));
+  control->setToolTip(tip);
+  return control;
+}
+
+QLabel* LabelFor(QWidget* field, const char* name, const QString& caption) {
+  auto* const label = Named(new QLabel(caption, field->parentWidget()), name);
+  label->setBuddy(qobject_cast<QLineEdit*>(field));
+  return label;
+}
+
+}  // namespace
+
+TablePanel::TablePanel(editor::WorkingTable& table, QWidget* parent)
+    : QWidget(parent), grid(new editor::CurveGridView(table, this)) {
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(BuildInstruments());
+  layout->addWidget(BuildModes());
+  layout->addWidget(grid, 1);
+  layout->addWidget(BuildClipboard());
+}
+
+QGroupBox* TablePanel::BuildInstruments() {
+  auto* const frame = Named(new QGroupBox(QStringLiteral("Select Instrument"), this), "Frame1");
+  option1 = Named(new QRadioButton(QStringLiteral("&Current"), frame), "Option1",
+                  QStringLiteral("The table belongs to the current time test"));
+  option2 = Named(new QRadioButton(QStringLiteral("Vo&ltage"), frame), "Option2",
+                  QStringLiteral("The table belongs to the voltage time test"));
+  option3 = Named(new QRadioButton(frame), "Option3");
+  option3->hide();  // it has no caption
+  auto* const row = new QHBoxLayout(frame);
+  row->addWidget(option1);
+  row->addWidget(option2);
+  row->addWidget(option3);
+  row->addStretch(1);
+  return frame;
+}
+
+QWidget* TablePanel::BuildModes() {
+  auto* const modes = new QWidget(this);
+  check1 = Named(new QCheckBox(QStringLiteral("A&bsolute values"), modes), "Check1",
+                 QStringLiteral("Load levels are amperes or volts, not multiples of the pickup value"));
+  check2 = Named(new QCheckBox(QStringLiteral("time unit is m&S"), modes), "Check2",
+                 QStringLiteral("Trip times are milliseconds, not seconds"));
+  text2 = Named(new QLineEdit(modes), "Text2");
+  text3 = Named(new QLineEdit(modes), "Text3", QStringLiteral("Every trip time is multiplied by this number"));
+  text3->setEnabled(false);
+  auto* const grid2 = new QGridLayout(modes);
+  grid2->setContentsMargins(0, 0, 0, 0);
+  grid2->addWidget(check1, 0, 0);
+  grid2->addWidget(check2, 0, 1);
+  grid2->addWidget(LabelFor(text2, "Label3", QStringLiteral("I > value (A)")), 1, 0);
+  grid2->addWidget(LabelFor(text3, "Label4", QStringLiteral("Time multiplier")), 1, 1);
+  grid2->addWidget(text2, 2, 0);
+  grid2->addWidget(text3, 2, 1);
+  return modes;
+}
+
+QWidget* TablePanel::BuildClipboard() {
+  auto* const row = new QWidget(this);
+  auto* const layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  const auto add = [&](const char* name, const QString& caption) {
+    auto* const button = Named(new QPushButton(caption, row), name);
+    button->setEnabled(false);
+    // A button without a caption has nothing to offer.
+    button->setHidden(caption.trimmed().isEmpty());
+    layout->addWidget(button);
+  };
+  add("Command7", QStringLiteral("&Import Clipboard data"));
+  add("Command8", {});
+  add("Command9", {});
+  return row;
+}
+
+}  // namespace zentab::app

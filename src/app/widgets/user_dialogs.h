@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+#include "app/message_texts.h"
+
+namespace zentab::app {
+
+/// What the main window asks the user, so that a test can give the answers.
+class UserDialogs {
+ public:
+  virtual ~UserDialogs() = default;
+
+  /// Asks with OK and Cancel; true for OK.
+  [[nodiscard]] virtual bool Confirm(const MessageText& message) = 0;
+  /// Tells something; there is only OK.
+  virtual void Inform(const MessageText& message) = 0;
+  /// Lets the user choose an existing table file; empty when cancelled.
+  [[nodiscard]] virtual QString ChooseTableFile() = 0;
+};
+
+}  // namespace zentab::app

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+
+#include "app/session.h"
+
+namespace zentab::app {
+
+class TablePanel;
+
+/// Keeps the instrument choice and the value modes of the session and their controls the same.
+class ValueModeBinding : public QObject {
+  Q_OBJECT
+
+ public:
+  ValueModeBinding(Session& session, TablePanel& panel);
+
+  /// The session's values changed: shows them.
+  void Show();
+
+ Q_SIGNALS:
+  /// The user changed one of them.
+  void Changed();
+
+ private:
+  void Take();
+
+  Session& session_;
+  TablePanel& panel_;
+  bool showing_ = false;
+};
+
+}  // namespace zentab::app

@@ -1,0 +1,48 @@
+#include "app/widgets/window_placement.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+#include <algorithm>
+
+namespace zentab::app {
+namespace {
+
+// So much of the window has to lie on a screen that it can be seen and dragged.
+constexpr int kReachable = 64;
+
+bool IsReachable(const QRect& window) {
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  return std::any_of(screens.begin(), screens.end(), [&window](const QScreen* screen) {
+    const QRect common = screen->availableGeometry() & window;
+    return common.width() >= kReachable && common.height() >= kReachable &&
+           window.top() >= screen->availableGeometry().top() - 1;
+  });
+}
+
+}  // namespace
+
+void RestorePlacement(QWidget& window, const Settings& settings) {
+  QRect place(window.pos(), window.size());
+  const std::optional<int> left = PixelsFromTwips(settings.left);
+  const std::optional<int> top = PixelsFromTwips(settings.top);
+  if (left) place.moveLeft(*left);
+  if (top) place.moveTop(*top);
+  place.setWidth(std::max(PixelsFromTwips(settings.width).value_or(place.width()),
+                          window.minimumSizeHint().width()));
+  place.setHeight(std::max(PixelsFromTwips(settings.height).value_or(place.height()),
+                           window.minimumSizeHint().height()));
+  window.resize(place.size());
+  if ((left || top) && IsReachable(place)) window.move(place.topLeft());
+}
+
+void StorePlacement(const QWidget& window, Settings& settings) {
+  const bool plain = !window.isMaximized() && !window.isFullScreen() && !window.isMinimized();
+  const QRect place = plain ? QRect(window.pos(), window.size()) : window.normalGeometry();
+  settings.left = TwipsFromPixels(place.left());
+  settings.top = TwipsFromPixels(place.top());
+  settings.width = TwipsFromPixels(place.width());
+  settings.height = TwipsFromPixels(place.height());
+}
+
+}  // namespace zentab::app

@@ -1,0 +1,218 @@
+#include "editor/widgets/curve_chart.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "editor/widgets/log_paper_ticker.h"
+
+namespace zentab::editor {
+namespace {
+
+constexpr double kMargin = 0.06;  // of the axis, on both sides of the curve
+constexpr double kMarkerSize = 6.0;
+
+QCPRange WithMargin(const Range& range, bool logarithmic) {
+  if (logarithmic) {
+    const double low = std::log10(range.minimum);
+    const double high = std::log10(range.maximum);
+    const double margin = std::max((high - low) * kMargin, 0.02);
+    return {std::pow(10.0, low - margin), std::pow(10.0, high + margin)};
+  }
+  const double span = range.maximum - range.minimum;
+  const double margin = span > 0.0 ? span * kMargin : std::max(std::abs(range.minimum), 1.0) * 0.1;
+  return {range.minimum - margin, range.maximum + margin};
+}
+
+QColor Mix(const QColor& a, const QColor& b, double share) {
+  const auto channel = [share](int x, int y) { return static_cast<int>(x + (y - x) * share); };
+  return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
+}
+
+// The marker drawn once: as a picture it is put down many times faster than as a circle.
+QPixmap Marker(const QColor& line, const QColor& fill, double pixelRatio) {
+  const double side = kMarkerSize + 2.0;
+  QPixmap marker(QSizeF(side * pixelRatio, side * pixelRatio).toSize());
+  marker.setDevicePixelRatio(pixelRatio);
+  marker.fill(Qt::transparent);
+  QPainter painter(&marker);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(line, 1.5));
+  painter.setBrush(fill);
+  painter.drawEllipse(QRectF(1.0, 1.0, kMarkerSize, kMarkerSize));
+  return marker;
+}
+
+}  // namespace
+
+// The dot on the grid's current point: a small window of its own, so that moving it draws nothing
+// but its surroundings.
+class PointMark : public QWidget {
+ public:
+  explicit PointMark(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    resize(13, 13);
+    hide();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().highlight());
+    painter.drawEllipse(rect().adjusted(1, 1, -1, -1));
+  }
+};
+
+CurveChart::CurveChart(QWidget* parent)
+    : QCustomPlot(parent),
+      line_(new QCPCurve(xAxis, yAxis)),
+      mark_(new PointMark(this)),
+      linearTicker_(new QCPAxisTicker),
+      logTicker_(new LogPaperTicker) {
+  setObjectName(QStringLiteral("MSChart1"));
+  setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
+  // Straight grid lines gain nothing from it and cost most of the drawing time.
+  setNotAntialiasedElements(QCP::aeGrid | QCP::aeSubGrid | QCP::aeAxes);
+  // One buffer instead of two halves what every refresh has to fill and blend.
+  layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmLogical);
+  connect(this, &QCustomPlot::afterReplot, this, &CurveChart::PlaceMark);
+  for (QCPAxis* const axis : {xAxis, yAxis}) {
+    axis->grid()->setSubGridVisible(true);
+    axis->grid()->setZeroLinePen(Qt::NoPen);
+    axis->setLabelPadding(6);
+    axis->setTickLength(0, 5);
+    axis->setSubTickLength(0, 3);
+  }
+  axisRect()->setupFullAxesBox(true);
+  for (QCPAxis* const axis : {xAxis2, yAxis2}) {
+    axis->setTicks(false);
+    axis->setTickLabels(false);
+  }
+  axisRect()->setMinimumMargins(QMargins(8, 12, 16, 8));
+  ApplyPalette();
+}
+
+void CurveChart::ShowCurve(const ChartCurve& curve) {
+  curve_ = curve;
+  setVisible(curve.IsShown());
+  if (!curve.IsShown()) return;
+  // A curve is drawn through its points in the order of the grid's rows, which nobody sorts.
+  QVector<double> places;
+  QVector<double> loads;
+  QVector<double> times;
+  for (const ChartPoint& point : curve.points) {
+    places.append(point.row);
+    loads.append(point.load);
+    times.append(point.time);
+  }
+  line_->setData(places, loads, times, true);
+  ApplyScaleType();
+  if (!userMovedView_) Fit();
+  replot(rpQueuedReplot);
+}
+
+void CurveChart::Fit() {
+  userMovedView_ = false;
+  if (curve_.points.empty()) return;
+  const bool logarithmic = xAxis->scaleType() == QCPAxis::stLogarithmic;
+  xAxis->setRange(WithMargin(curve_.load, logarithmic));
+  yAxis->setRange(WithMargin(curve_.time, logarithmic));
+  replot(rpQueuedReplot);
+}
+
+void CurveChart::SetAxisTitles(const QString& load, const QString& time) {
+  xAxis->setLabel(load);
+  yAxis->setLabel(time);
+  replot(rpQueuedReplot);
+}
+
+void CurveChart::SetLogarithmicWanted(bool wanted) {
+  logarithmicWanted_ = wanted;
+  ApplyScaleType();
+  Fit();
+}
+
+void CurveChart::SetDecimalSeparator(const QString& separator) {
+  QLocale numbers(separator == QLatin1String(",") ? QLocale::German : QLocale::C);
+  numbers.setNumberOptions(QLocale::OmitGroupSeparator);
+  setLocale(numbers);
+}
+
+void CurveChart::MarkRow(int row) {
+  markedRow_ = row;
+  PlaceMark();
+}
+
+void CurveChart::PlaceMark() {
+  const auto marked =
+      std::find_if(curve_.points.begin(), curve_.points.end(),
+                   [this](const ChartPoint& point) { return point.row == markedRow_; });
+  const bool inView = marked != curve_.points.end() && xAxis->range().contains(marked->load) &&
+                      yAxis->range().contains(marked->time);
+  mark_->setVisible(inView);
+  if (!inView) return;
+  const QPointF place(xAxis->coordToPixel(marked->load), yAxis->coordToPixel(marked->time));
+  mark_->move(place.toPoint() - mark_->rect().center());
+}
+
+void CurveChart::ApplyScaleType() {
+  const bool logarithmic = logarithmicWanted_ && curve_.IsPositive();
+  const auto type = logarithmic ? QCPAxis::stLogarithmic : QCPAxis::stLinear;
+  if (xAxis->scaleType() == type && xAxis->ticker() == (logarithmic ? logTicker_ : linearTicker_)) {
+    return;
+  }
+  for (QCPAxis* const axis : {xAxis, yAxis}) {
+    axis->setScaleType(type);
+    axis->setTicker(logarithmic ? logTicker_ : linearTicker_);
+  }
+  // A view chosen on the other scale means nothing on this one.
+  userMovedView_ = false;
+}
+
+void CurveChart::ApplyPalette() {
+  const QPalette& colours = palette();
+  const QColor text = colours.color(QPalette::Text);
+  const QColor base = colours.color(QPalette::Base);
+  const QColor accent = colours.color(QPalette::Highlight);
+  setBackground(QBrush(base));
+  for (QCPAxis* const axis : {xAxis, yAxis, xAxis2, yAxis2}) {
+    const QPen pen(Mix(base, text, 0.55));
+    axis->setBasePen(pen);
+    axis->setTickPen(pen);
+    axis->setSubTickPen(pen);
+    axis->setLabelColor(text);
+    axis->setTickLabelColor(text);
+    axis->setLabelFont(font());
+    axis->setTickLabelFont(font());
+    axis->grid()->setPen(QPen(Mix(base, text, 0.20)));
+    axis->grid()->setSubGridPen(QPen(Mix(base, text, 0.08)));
+  }
+  line_->setPen(QPen(accent, 2.0));
+  line_->setScatterStyle(QCPScatterStyle(Marker(accent, base, devicePixelRatioF())));
+  replot(rpQueuedReplot);
+}
+
+void CurveChart::changeEvent(QEvent* event) {
+  QCustomPlot::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
+    ApplyPalette();
+  }
+}
+
+void CurveChart::mouseDoubleClickEvent(QMouseEvent* event) {
+  QCustomPlot::mouseDoubleClickEvent(event);
+  Fit();
+}
+
+void CurveChart::wheelEvent(QWheelEvent* event) {
+  userMovedView_ = true;
+  QCustomPlot::wheelEvent(event);
+}
+
+void CurveChart::mouseMoveEvent(QMouseEvent* event) {
+  if ((event->buttons() & Qt::LeftButton) != 0) userMovedView_ = true;
+  QCustomPlot::mouseMoveEvent(event);
+}
+
+}  // namespace zentab::editor

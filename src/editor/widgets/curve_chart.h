@@ -1,0 +1,56 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include "editor/chart_curve.h"
+
+namespace zentab::editor {
+
+class PointMark;
+
+/// The chart `MSChart1`: trip time against load level, with a line and markers. Both axes are
+/// logarithmic when that is wanted and every point is positive. The wheel zooms, dragging moves,
+/// a double-click shows the whole curve again.
+class CurveChart : public QCustomPlot {
+  Q_OBJECT
+
+ public:
+  explicit CurveChart(QWidget* parent);
+
+  /// Shows a curve; hides the chart when it has fewer than two rows. A part of the chart that the
+  /// user zoomed into stays in view.
+  void ShowCurve(const ChartCurve& curve);
+
+  /// Brings the whole curve into view.
+  void Fit();
+
+  void SetAxisTitles(const QString& load, const QString& time);
+  void SetLogarithmicWanted(bool wanted);
+  /// The decimal separator of the axes' numbers.
+  void SetDecimalSeparator(const QString& separator);
+
+  /// Rings the point of a grid row, where the curve has one.
+  void MarkRow(int row);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  void ApplyScaleType();
+  void ApplyPalette();
+  void PlaceMark();
+
+  QCPCurve* line_;
+  PointMark* mark_;
+  QSharedPointer<QCPAxisTicker> linearTicker_;
+  QSharedPointer<QCPAxisTicker> logTicker_;
+  ChartCurve curve_;
+  int markedRow_ = 1;
+  bool logarithmicWanted_ = true;
+  bool userMovedView_ = false;
+};
+
+}  // namespace zentab::editor

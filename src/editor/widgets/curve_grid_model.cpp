@@ -1,0 +1,41 @@
+#include "editor/widgets/curve_grid_model.h"
+
+namespace zentab::editor {
+
+CurveGridModel::CurveGridModel(const CurveGrid& grid, QObject* parent)
+    : QAbstractTableModel(parent), grid_(grid) {}
+
+int CurveGridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : kLastRow - kFirstRow + 1;
+}
+
+int CurveGridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : kTimeColumn - kLoadColumn + 1;
+}
+
+QVariant CurveGridModel::data(const QModelIndex& index, int role) const {
+  if (role == Qt::DisplayRole) {
+    return QString::fromStdString(
+        grid_.Cell(index.row() + kFirstRow, index.column() + kLoadColumn));
+  }
+  if (role == Qt::TextAlignmentRole) return int{Qt::AlignRight | Qt::AlignVCenter};
+  return {};
+}
+
+QVariant CurveGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (role != Qt::DisplayRole) return {};
+  return QString::fromStdString(orientation == Qt::Horizontal
+                                    ? grid_.Cell(0, section + kLoadColumn)
+                                    : grid_.Cell(section + kFirstRow, 0));
+}
+
+void CurveGridModel::ShowCell(int row, int column) {
+  const QModelIndex cell = index(row - kFirstRow, column - kLoadColumn);
+  if (cell.isValid()) Q_EMIT dataChanged(cell, cell, {Qt::DisplayRole});
+}
+
+void CurveGridModel::ShowAll() {
+  Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), {Qt::DisplayRole});
+}
+
+}  // namespace zentab::editor

@@ -1,0 +1,216 @@
+#include "editor/widgets/curve_grid_view.h"
+
+#include <QFocusEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <array>
+#include <optional>
+
+#include "editor/widgets/curve_grid_model.h"
+
+namespace zentab::editor {
+namespace {
+
+struct KeyRow {
+  int key;
+  EditorKey code;
+};
+
+constexpr std::array<KeyRow, 7> kKeys = {{
+    {Qt::Key_Return, EditorKey::Enter},
+    {Qt::Key_Enter, EditorKey::Enter},
+    {Qt::Key_Escape, EditorKey::Escape},
+    {Qt::Key_Left, EditorKey::Left},
+    {Qt::Key_Up, EditorKey::Up},
+    {Qt::Key_Right, EditorKey::Right},
+    {Qt::Key_Down, EditorKey::Down},
+}};
+
+// With Shift, Ctrl or Alt the keys keep the meaning they have in every text field.
+std::optional<EditorKey> EditorKeyOf(const QKeyEvent& event) {
+  if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return std::nullopt;
+  for (const KeyRow& row : kKeys) {
+    if (row.key == event.key()) return row.code;
+  }
+  return std::nullopt;
+}
+
+bool IsEnter(const QKeyEvent& event) { return EditorKeyOf(event) == EditorKey::Enter; }
+
+QLineEdit* MakeCellField(QWidget* parent) {
+  auto* const field = new QLineEdit(parent);
+  field->setObjectName(QStringLiteral("Text11"));
+  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  field->setFrame(false);
+  field->setAutoFillBackground(true);
+  field->hide();
+  return field;
+}
+
+}  // namespace
+
+CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
+    : QTableView(parent),
+      table_(table),
+      cellEditor_(table),
+      model_(new CurveGridModel(table.grid, this)),
+      text11_(MakeCellField(viewport())) {
+  setObjectName(QStringLiteral("MSFlexGrid1"));
+  setModel(model_);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(ContiguousSelection);
+  setTabKeyNavigation(false);
+  setAlternatingRowColors(true);
+  setCornerButtonEnabled(false);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  horizontalHeader()->setHighlightSections(false);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+  verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  setCurrentIndex(model_->index(0, 0));
+
+  text11_->installEventFilter(this);
+  connect(text11_, &QLineEdit::textChanged, this, &CurveGridView::OnTextChanged);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CurveGridView::PlaceEditor);
+}
+
+void CurveGridView::GridEdit(int keyAscii) {
+  cellEditor_.GridEdit(keyAscii);
+  text11_->setFont(font());
+  {
+    const QSignalBlocker own(text11_);
+    text11_->setText(QString::fromStdString(cellEditor_.Text()));
+  }
+  text11_->setCursorPosition(cellEditor_.Caret());
+  scrollTo(currentIndex());
+  text11_->show();
+  PlaceEditor();
+  text11_->setFocus();
+  if (keyAscii < 0 || keyAscii > kOpenWithText) {
+    model_->ShowCell(table_.grid.Row(), table_.grid.Col());
+    Q_EMIT Edited();
+  }
+}
+
+void CurveGridView::CloseEditor() {
+  if (!cellEditor_.IsVisible()) return;
+  cellEditor_.Hide();
+  text11_->hide();
+  Q_EMIT EditingLeft();
+}
+
+void CurveGridView::ShowAll() { model_->ShowAll(); }
+
+void CurveGridView::OnTextChanged(const QString& text) {
+  cellEditor_.ChangeText(text.toStdString());
+  const QString kept = QString::fromStdString(cellEditor_.Text());
+  if (kept != text) {
+    const QSignalBlocker own(text11_);
+    text11_->setText(kept);
+  }
+  model_->ShowCell(table_.grid.Row(), table_.grid.Col());
+  model_->ShowCell(table_.grid.Row(), table_.grid.Col() + 1);
+  Q_EMIT Edited();
+}
+
+bool CurveGridView::OnEditorKey(const QKeyEvent& event) {
+  const std::optional<EditorKey> key = EditorKeyOf(event);
+  if (!key) return false;
+  const EditorMove move = CellEditor::MoveFor(*key, table_.grid.Row(), table_.grid.Col());
+  if (move.focusGridFirst) {
+    setFocus();
+    // The focus does not move in a window that is not active.
+    CloseEditor();
+  }
+  if (move.reopen) {
+    setCurrentIndex(model_->index(move.row - kFirstRow, move.column - kLoadColumn));
+    GridEdit(kOpenWithText);
+  }
+  return true;
+}
+
+void CurveGridView::PlaceEditor() {
+  if (cellEditor_.IsVisible()) text11_->setGeometry(visualRect(currentIndex()));
+}
+
+// The table view itself would draw all of its cells anew whenever the focus comes or goes, which
+// it does twice for every cell that is left with Enter. Only the selected ones look different.
+void CurveGridView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update(visualRegionForSelection(selectionModel()->selection()));
+}
+
+void CurveGridView::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update(visualRegionForSelection(selectionModel()->selection()));
+}
+
+void CurveGridView::updateGeometries() {
+  QTableView::updateGeometries();
+  PlaceEditor();
+}
+
+bool CurveGridView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != text11_) return QTableView::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      // The editor's keys are its own even where a menu or button uses them.
+      if (EditorKeyOf(*static_cast<QKeyEvent*>(event))) event->accept();
+      return false;
+    case QEvent::KeyPress:
+      return OnEditorKey(*static_cast<QKeyEvent*>(event));
+    case QEvent::FocusOut: {
+      // Another program or the field's own menu in front does not end the editing.
+      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+      if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) CloseEditor();
+      return false;
+    }
+    default:
+      return false;
+  }
+}
+
+void CurveGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (!current.isValid()) return;
+  table_.grid.MoveTo(current.row() + kFirstRow, current.column() + kLoadColumn);
+  if (current.row() != previous.row()) Q_EMIT RowChanged(table_.grid.Row());
+}
+
+void CurveGridView::mousePressEvent(QMouseEvent* event) {
+  pressed_ = indexAt(event->pos());
+  CloseEditor();
+  QTableView::mousePressEvent(event);
+}
+
+void CurveGridView::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  const QModelIndex released = indexAt(event->pos());
+  // A drag or a click with a modifier selects cells; a plain click edits one.
+  if (event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier &&
+      released.isValid() && released == pressed_) {
+    GridEdit(kOpenWithText);
+  }
+}
+
+void CurveGridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && indexAt(event->pos()).isValid()) {
+    setCurrentIndex(indexAt(event->pos()));
+    GridEdit(kOpenWithText);
+  }
+}
+
+void CurveGridView::keyPressEvent(QKeyEvent* event) {
+  if (IsEnter(*event) || event->key() == Qt::Key_F2) {
+    GridEdit(kOpenWithText);
+    return;
+  }
+  QTableView::keyPressEvent(event);
+}
+
+}  // namespace zentab::editor

@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Builds everything and runs every test.
+#   ./test.sh            the development build
+#   ./test.sh asan       the same under AddressSanitizer and UndefinedBehaviorSanitizer
+#   ./test.sh no-gui     what lies outside widgets/, without Qt
+#   ./test.sh all        all three, and the format check
+set -euo pipefail
+cd "$(dirname "$0")"
+. scripts/packages.sh
+
+check_format() {
+  need clang-format
+  git ls-files -z -- '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
+}
+
+run() {
+  need "${build_packages[@]}" "${test_packages[@]}"
+  [ "$1" = no-gui ] || need "${window_packages[@]}"
+  echo "== $1"
+  build "$1"
+  ctest --preset "$1" -j "$(nproc)"
+}
+
+case "${1:-dev}" in
+  dev | asan | no-gui) run "${1:-dev}" ;;
+  all)
+    check_format
+    for preset in dev no-gui asan; do run "$preset"; done
+    ;;
+  *)
+    sed -n '2,6s/^# \{0,1\}//p' "$0" >&2
+    exit 2
+    ;;
+esac

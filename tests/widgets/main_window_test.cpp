@@ -1,0 +1,302 @@
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QStatusBar>
+#include <QTest>
+
+#include "editor/widgets/curve_chart.h"
+#include "editor/widgets/curve_grid_view.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kLibrary =
+    "{\"SI\"\t(1.5;10)(2;4.25)(3;2) 001}\r\n"
+    "{\"U> ms\"\t(100;500)(110;250) 112}\r\n"
+    "{\"Empty\"\t 000}\r\n";
+
+class MainWindowTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start(const QByteArray& library = kLibrary, const std::string& separator = ".") {
+    made_ = std::make_unique<WindowFixture>(library, separator);
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    return *made_;
+  }
+  void Click(const char* name) { made_->Find<QAbstractButton>(name)->click(); }
+  void Select(int row) {
+    auto* const list = made_->Find<QListView>("List1");
+    list->setCurrentIndex(list->model()->index(row, 0));
+  }
+  [[nodiscard]] QString Names() const {
+    const auto* const model = made_->Find<QListView>("List1")->model();
+    QStringList names;
+    for (int row = 0; row < model->rowCount(); ++row) {
+      names.append(model->index(row, 0).data().toString());
+    }
+    return names.join('|');
+  }
+  [[nodiscard]] bool Enabled(const char* name) const {
+    return made_->Find<QWidget>(name)->isEnabled();
+  }
+  [[nodiscard]] bool Checked(const char* name) const {
+    return made_->Find<QAbstractButton>(name)->isChecked();
+  }
+  [[nodiscard]] QString Cell(int row, int column) const {
+    return QString::fromStdString(made_->session.table.grid.Cell(row, column));
+  }
+  [[nodiscard]] bool ChartShown() const { return made_->Find<QWidget>("MSChart1")->isVisible(); }
+  void PressInFocus(std::initializer_list<int> keys) {
+    for (const int key : keys) {
+      QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key));
+    }
+  }
+  void TypeInFocus(const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+  [[nodiscard]] QString Place() const {
+    const auto& grid = made_->session.table.grid;
+    return QStringLiteral("%1,%2").arg(grid.Row()).arg(grid.Col());
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void StartsWithTheListAndNothingInTheGrid() {
+    Start();
+    QCOMPARE(Names(), QStringLiteral("SI|U> ms|Empty"));
+    QVERIFY(Enabled("Command1"));
+    for (const char* const name : {"Command3", "Command4", "Command5"}) QVERIFY(!Enabled(name));
+    QVERIFY(!ChartShown());
+    QCOMPARE(made_->window->windowTitle(), QStringLiteral("Relay curve table editor"));
+    QCOMPARE(made_->Find<QAbstractButton>("Command5")->text(), QStringLiteral("?"));
+    QCOMPARE(made_->Find<QLineEdit>("Text2")->toolTip(),
+             QStringLiteral("Select Instrument first"));
+    QVERIFY(made_->Find<QWidget>("Command8")->isHidden());
+    QVERIFY(made_->Find<QWidget>("Option3")->isHidden());
+  }
+
+  void ReadsAnEntryWithItsSettings() {
+    Start();
+    Select(1);
+    Click("Command1");
+    QCOMPARE(Cell(2, 1), QStringLiteral("110"));
+    QVERIFY(Checked("Check1") && Checked("Check2") && Checked("Option2"));
+    QVERIFY(ChartShown() && Enabled("Command3") && Enabled("Command4"));
+    QVERIFY(!Enabled("Command5"));
+    Select(2);
+    Click("Command1");
+    QVERIFY(!ChartShown() && !Enabled("Command4"));
+    QVERIFY2(Checked("Option2"), "an entry without points leaves the settings alone");
+    QVERIFY(made_->dialogs.asked.empty());
+  }
+
+  void TypingStandsInTheCellAtOnceAndEnterWalksOn() {
+    WindowFixture& f = Start();
+    auto* const grid = f.Find<editor::CurveGridView>("MSFlexGrid1");
+    grid->setFocus();
+    PressInFocus({Qt::Key_Return});
+    QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text11"));
+    TypeInFocus(QStringLiteral("1.2"));
+    QCOMPARE(Cell(1, 1), QStringLiteral("1.2"));
+    QVERIFY(f.session.table.tableModified);
+    PressInFocus({Qt::Key_Return});
+    TypeInFocus(QStringLiteral("30"));
+    PressInFocus({Qt::Key_Enter});
+    QCOMPARE(Place(), QStringLiteral("2,1"));
+    QVERIFY(!ChartShown());
+    TypeInFocus(QStringLiteral("2"));
+    PressInFocus({Qt::Key_Right});
+    TypeInFocus(QStringLiteral("4x"));
+    PressInFocus({Qt::Key_Escape});
+    QCOMPARE(Cell(2, 2), QStringLiteral("4x"));
+    QVERIFY(f.Find<QWidget>("Text11")->isHidden() && grid->hasFocus());
+    QVERIFY(ChartShown() && Enabled("Command4"));
+    TypeInFocus(QStringLiteral("9"));
+    QVERIFY2(f.Find<QWidget>("Text11")->isHidden(), "typing on the grid opens nothing");
+    QVERIFY(f.Find<QLabel>("StatusModified")->text().contains(QStringLiteral("Modified")));
+  }
+
+  void ClickOpensTheCellAndAPastedPairFillsTheRow() {
+    WindowFixture& f = Start();
+    auto* const grid = f.Find<editor::CurveGridView>("MSFlexGrid1");
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                      grid->visualRect(grid->model()->index(4, 0)).center());
+    QCOMPARE(Place(), QStringLiteral("5,1"));
+    QVERIFY2(!f.session.table.tableModified, "opening a cell is no edit");
+    QGuiApplication::clipboard()->setText(QStringLiteral("1.5\t10\n7\t7"));
+    f.Find<QLineEdit>("Text11")->paste();
+    QCOMPARE(Cell(5, 1) + '|' + Cell(5, 2), QStringLiteral("1.5|10"));
+    QCOMPARE(f.Find<QLineEdit>("Text11")->text(), QStringLiteral("1.5"));
+    PressInFocus({Qt::Key_Right});
+    f.Find<QLineEdit>("Text11")->selectAll();
+    f.Find<QLineEdit>("Text11")->paste();
+    QCOMPARE(Cell(5, 2), QStringLiteral("1.5"));
+  }
+
+  void GridEditTakesACharacterAboveTheDoubleQuote() {
+    WindowFixture& f = Start();
+    Click("Command1");
+    auto* const grid = f.Find<editor::CurveGridView>("MSFlexGrid1");
+    grid->GridEdit(' ');
+    QCOMPARE(f.Find<QLineEdit>("Text11")->text(), QStringLiteral("1.5"));
+    QVERIFY(!f.session.table.tableModified);
+    grid->GridEdit('7');
+    QCOMPARE(Cell(1, 1), QStringLiteral("7"));
+    QCOMPARE(f.Find<QLineEdit>("Text11")->cursorPosition(), 1);
+    QVERIFY(f.session.table.tableModified);
+  }
+
+  void ReadingAsksBeforeEditsAreLost() {
+    WindowFixture& f = Start();
+    Click("Command1");
+    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    f.dialogs.answer = false;
+    Click("Command1");
+    QCOMPARE(f.dialogs.asked.size(), 1u);
+    QCOMPARE(Cell(1, 1), QStringLiteral("8"));
+    f.dialogs.answer = true;
+    Click("Command1");
+    QCOMPARE(Cell(1, 1), QStringLiteral("1.5"));
+    QVERIFY(!f.session.table.tableModified);
+  }
+
+  void UpdateAndRemoveChangeOneLineAfterAsking() {
+    WindowFixture& f = Start(kLibrary, ",");
+    Click("Command1");
+    QCOMPARE(Cell(1, 1), QStringLiteral("1,5"));
+    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('9');
+    f.dialogs.answer = false;
+    Click("Command4");
+    Click("Command2");
+    QCOMPARE(f.Bytes(), kLibrary);
+    f.dialogs.answer = true;
+    Click("Command4");
+    QByteArray expected = kLibrary;
+    expected.replace("(1.5;10)", "(9;10)");
+    QCOMPARE(f.Bytes(), expected);
+    QVERIFY(!f.session.table.tableModified);
+    QVERIFY(f.dialogs.asked.back().find("SI") != std::string::npos);
+    Click("Command2");
+    QCOMPARE(Names(), QStringLiteral("U> ms|Empty"));
+    QCOMPARE(f.Bytes(), expected.mid(expected.indexOf('\n') + 1));
+    QCOMPARE(Cell(1, 1), QStringLiteral("9"));
+  }
+
+  void AddNewTakesANameAndRefusesATakenOne() {
+    WindowFixture& f = Start();
+    Click("Command1");
+    Click("Command3");
+    auto* const box = f.Find<QLineEdit>("Text1");
+    QVERIFY(box->isVisible() && box->hasFocus());
+    TypeInFocus(QStringLiteral(" u> MS "));
+    PressInFocus({Qt::Key_Return});
+    QCOMPARE(f.dialogs.asked.size(), 1u);
+    QVERIFY(box->isVisible() && box->text().isEmpty());
+    TypeInFocus(QStringLiteral(" Neu Ü "));
+    PressInFocus({Qt::Key_Return});
+    QVERIFY(!box->isVisible());
+    QCOMPARE(Names(), QStringLiteral("SI|U> ms|Empty|Neu Ü"));
+    QCOMPARE(f.Find<QListView>("List1")->currentIndex().row(), 0);
+    QCOMPARE(f.Bytes(), kLibrary + "{\"Neu \xDC\"\t(1.5;10)(2;4.25)(3;2) 001}\r\n");
+    Click("Command3");
+    PressInFocus({Qt::Key_Return});
+    QVERIFY(!box->isVisible());
+  }
+
+  void AFileThatCannotBeWrittenIsSaidInTheStatusBarAndKeepsTheEdits() {
+    WindowFixture& f = Start();
+    Click("Command1");
+    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    QFile::setPermissions(f.Path("relayTables.dat"), QFile::ReadOwner);
+    Click("Command4");
+    QVERIFY(f.session.table.tableModified);
+    QVERIFY(!f.window->statusBar()->currentMessage().isEmpty());
+    Click("Command3");
+    TypeInFocus(QStringLiteral("kept"));
+    PressInFocus({Qt::Key_Return});
+    QCOMPARE(f.Find<QLineEdit>("Text1")->text(), QStringLiteral("kept"));
+    Click("Command2");
+    QCOMPARE(Names(), QStringLiteral("SI|U> ms|Empty"));
+    QCOMPARE(f.Bytes(), kLibrary);
+  }
+
+  void AnotherTableFileBecomesTheActiveOne() {
+    WindowFixture& f = Start();
+    QAction* const choose = f.Find<QAction>("m_act");
+    choose->trigger();
+    QCOMPARE(Names(), QStringLiteral("SI|U> ms|Empty"));
+    f.Write("other.dat", "{\"Only\"\t(1;2)(3;4) 000}");
+    f.dialogs.file = f.Path("other.dat");
+    choose->trigger();
+    QCOMPARE(Names(), QStringLiteral("Only"));
+    QVERIFY(f.Find<QLabel>("StatusFile")->text().endsWith(QStringLiteral("other.dat")));
+    Click("Command1");
+    QCOMPARE(Cell(2, 2), QStringLiteral("4"));
+  }
+
+  void ClosingKeepsTheSettingsAndAsksForEdits() {
+    WindowFixture& f = Start();
+    Select(1);
+    Click("Command1");
+    f.Find<QLineEdit>("Text2")->setText(QStringLiteral("5"));
+    f.window->setGeometry(100, 80, 1300, 840);
+    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    f.dialogs.answer = false;
+    QVERIFY(!f.window->close());
+    QCOMPARE(f.store.values["NomLoad1"], std::string("5"));
+    QCOMPARE(f.store.values["AbsValues"], std::string("1"));
+    QCOMPARE(f.store.values["TableName"], std::string("relayTables.dat"));
+    QCOMPARE(f.store.values["F1Width"], std::string("19500"));
+    f.dialogs.answer = true;
+    QVERIFY(f.window->close());
+    f.store.values["F1Left"] = "-5e7";
+    f.store.values["F1Height"] = "high";
+    f.Open();
+    QCOMPARE(f.window->width(), 1300);
+    QVERIFY(f.window->x() > -1000);
+    QVERIFY(Checked("Check1"));
+    QCOMPARE(f.Find<QLineEdit>("Text2")->text(), QString());
+  }
+
+  void BadTableFilesAreShownAsFarAsTheyGo_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("rows");
+    QTest::newRow("empty") << QByteArray() << 0;
+    QTest::newRow("LF") << QByteArray("{\"a\"\t(1;2)(2;3) 000}\n{\"b\"\t 000}") << 2;
+    QTest::newRow("CR") << QByteArray("{\"a\"\t(1;2)(2;3) 000}\r{\"b\"\t 000}\r") << 2;
+    QTest::newRow("one long line") << QByteArray("{\"") + QByteArray(5 << 20, 'x') + "\"" << 1;
+    QTest::newRow("NUL") << QByteArray("{\"a\0b\"\t(1;\0)(2;3) 000}\r\n", 25) << 1;
+    QTest::newRow("brackets") << QByteArray("{\"x\"\t") + QByteArray(1 << 20, '(') << 1;
+    QByteArray random;
+    for (unsigned i = 0, state = 1; i < 100000; ++i) {
+      state = state * 1664525u + 1013904223u;
+      random.append(static_cast<char>(state >> 24));
+    }
+    QTest::newRow("random") << random << -1;
+  }
+  void BadTableFilesAreShownAsFarAsTheyGo() {
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, rows);
+    WindowFixture& f = Start(bytes);
+    auto* const list = f.Find<QListView>("List1");
+    if (rows >= 0) QCOMPARE(list->model()->rowCount(), rows);
+    QVERIFY(!f.window->grab().isNull());
+    Click("Command1");
+    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    QVERIFY(!f.window->grab().isNull());
+    QCOMPARE(f.Bytes(), bytes);
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::MainWindowTest)
+#include "main_window_test.moc"

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "app/library_commands.h"
+#include "app/settings.h"
+#include "app/widgets/main_window.h"
+#include "app/widgets/user_dialogs.h"
+
+namespace zentab::app {
+
+/// Answers the window's questions and keeps what was asked.
+class AnsweringDialogs : public UserDialogs {
+ public:
+  bool answer = true;
+  QString file;
+  std::vector<std::string> asked;
+
+  bool Confirm(const MessageText& message) override {
+    asked.push_back(message.text);
+    return answer;
+  }
+  void Inform(const MessageText& message) override { asked.push_back(message.text); }
+  QString ChooseTableFile() override { return file; }
+};
+
+class MemoryStore : public platform::SettingsStore {
+ public:
+  std::map<std::string, std::string> values;
+
+  std::optional<std::string> Read(std::string_view, std::string_view,
+                                  std::string_view key) const override {
+    const auto found = values.find(std::string(key));
+    return found == values.end() ? std::nullopt : std::optional(found->second);
+  }
+  std::error_code Save(std::string_view, std::string_view,
+                       const std::vector<platform::Setting>& settings) override {
+    for (const platform::Setting& setting : settings) values[setting.key] = setting.value;
+    return {};
+  }
+};
+
+/// A main window on an installation folder that is thrown away.
+class WindowFixture {
+ public:
+  explicit WindowFixture(const QByteArray& library, const std::string& separator = ".") {
+    Write("relayTables.dat", library);
+    QDir::setCurrent(folder_.path());
+    session.localeDecimalSeparator = separator;
+    Open();
+  }
+  ~WindowFixture() {
+    window.reset();
+    QDir::setCurrent(QDir::tempPath());
+  }
+  WindowFixture(const WindowFixture&) = delete;
+  WindowFixture& operator=(const WindowFixture&) = delete;
+
+  void Open() {
+    const Settings settings = LoadSettings(store, "Zentab", "Zentab");
+    session.tablePath = settings.tableName;
+    session.modes.absoluteValues = settings.absValues == "1";
+    window = std::make_unique<MainWindow>(
+        MainWindowParts{session, settings, "Zentab", store, platform::SystemFiles(), dialogs});
+    window->Load();
+    window->show();
+  }
+
+  template <typename Control>
+  [[nodiscard]] Control* Find(const char* name) const {
+    return window->findChild<Control*>(QLatin1String(name));
+  }
+  [[nodiscard]] QString Path(const QString& name) const { return folder_.filePath(name); }
+  void Write(const QString& name, const QByteArray& bytes) const {
+    QFile file(Path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+      qFatal("a test file could not be written");
+    }
+  }
+  [[nodiscard]] QByteArray Bytes(const QString& name = QStringLiteral("relayTables.dat")) const {
+    QFile file(Path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  Session session;
+  MemoryStore store;
+  AnsweringDialogs dialogs;
+  std::unique_ptr<MainWindow> window;
+
+ private:
+  QTemporaryDir folder_;
+};
+
+}  // namespace zentab::app
