@@ -69,7 +69,8 @@ std::string FormatEntryLine(const CurveTableEntry& entry) {
   line += entry.absoluteValues ? '1' : '0';
   line += static_cast<char>('0' + static_cast<int>(entry.instrument));
   line += '}';
-  std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   return line;
 }
 
