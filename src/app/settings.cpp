@@ -54,8 +54,7 @@ std::error_code SaveSettings(platform::SettingsStore& store, std::string_view ti
 }
 
 std::optional<int> PixelsFromTwips(std::string_view setting) {
-  const std::optional<double> twips =
-      texts::WholeNumber(texts::SetDecimalSeparator(setting, "."));
+  const std::optional<double> twips = texts::WholeNumber(texts::SetDecimalSeparator(setting, "."));
   if (!twips || std::abs(*twips) > kLargestEdge * kTwipsPerPixel) return std::nullopt;
   return static_cast<int>(std::lround(*twips / kTwipsPerPixel));
 }

@@ -11,10 +11,10 @@ namespace zentab::app {
 
 /// What the main window keeps between two starts, as the store's texts.
 struct Settings {
-  std::string tableName;   // the active table file
-  std::string nomLoad1;    // the pickup field
-  std::string absValues;   // "1": load levels are absolute
-  std::string left;        // the window's rectangle in twips; empty where it was never saved
+  std::string tableName;  // the active table file
+  std::string nomLoad1;   // the pickup field
+  std::string absValues;  // "1": load levels are absolute
+  std::string left;       // the window's rectangle in twips; empty where it was never saved
   std::string top;
   std::string width;
   std::string height;

@@ -18,18 +18,30 @@ struct LineEnd {
   bool mayGoOn;        // a CR at the very end of the text, whose LF may still come
 };
 
+const char* Find(char wanted, const char* begin, const char* end) {
+  const auto size = static_cast<std::size_t>(end - begin);
+  const void* const found = size == 0 ? nullptr : std::memchr(begin, wanted, size);
+  return found == nullptr ? end : static_cast<const char*>(found);
+}
+
+// Looks in steps that grow from about a line's length: a file that has only one of the two
+// characters is not searched to its end for the other one at every line.
 LineEnd FindLineEnd(std::string_view text, std::size_t from) {
-  const char* const begin = text.data() + from;
-  const std::size_t size = text.size() - from;
-  const void* const lineFeed = size == 0 ? nullptr : std::memchr(begin, '\n', size);
-  const std::size_t searched =
-      lineFeed == nullptr ? size
-                          : static_cast<std::size_t>(static_cast<const char*>(lineFeed) - begin);
-  const void* const carriageReturn = searched == 0 ? nullptr : std::memchr(begin, '\r', searched);
-  if (carriageReturn == nullptr) return {from + searched, lineFeed == nullptr ? 0u : 1u, false};
-  const auto at = from + static_cast<std::size_t>(static_cast<const char*>(carriageReturn) - begin);
-  const bool followed = at + 1 < text.size();
-  return {at, followed && text[at + 1] == '\n' ? 2u : 1u, !followed};
+  const char* const end = text.data() + text.size();
+  std::ptrdiff_t step = 1024;
+  for (const char* at = text.data() + from; at != end; step *= 2) {
+    const char* const stop = at + std::min(step, end - at);
+    const char* const lineFeed = Find('\n', at, stop);
+    const char* const found = Find('\r', at, lineFeed);
+    if (found != stop) {
+      const auto place = static_cast<std::size_t>(found - text.data());
+      if (*found == '\n') return {place, 1, false};
+      const bool followed = found + 1 != end;
+      return {place, followed && found[1] == '\n' ? 2u : 1u, !followed};
+    }
+    at = stop;
+  }
+  return {text.size(), 0, false};
 }
 
 bool OpenRegular(const fs::path& path, std::ifstream& file) {

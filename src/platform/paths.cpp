@@ -7,9 +7,7 @@
 namespace zentab::platform {
 namespace fs = std::filesystem;
 
-fs::path ToPath(std::string_view utf8) {
-  return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
+fs::path ToPath(std::string_view utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
 
 std::string ToText(const fs::path& path) {
   const std::u8string text = path.u8string();

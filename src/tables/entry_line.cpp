@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "texts/characters.h"
 #include "texts/line_encoding.h"
 #include "texts/number_text.h"
 
@@ -37,20 +38,21 @@ class MarkFinder {
   bool searched_ = false;
 };
 
-std::optional<bool> FlagAt(std::string_view flags, std::size_t at) {
-  if (at >= flags.size() || (flags[at] != '0' && flags[at] != '1')) return std::nullopt;
-  return flags[at] == '1';
+std::optional<bool> FlagAt(std::u32string_view flags, std::size_t at) {
+  if (at >= flags.size() || (flags[at] != U'0' && flags[at] != U'1')) return std::nullopt;
+  return flags[at] == U'1';
 }
 
 void ReadSettings(std::string_view rest, ParsedEntry& entry) {
   const std::size_t bracket = rest.find(')');
   if (bracket != std::string_view::npos) rest.remove_prefix(bracket + 1);
   if (rest.ends_with('}')) rest.remove_suffix(1);
-  rest = TrimBlanks(rest);
-  entry.milliseconds = FlagAt(rest, 0);
-  entry.absoluteValues = FlagAt(rest, 1);
-  if (rest.size() > 2 && rest[2] == '1') entry.instrument = Instrument::Current;
-  if (rest.size() > 2 && rest[2] == '2') entry.instrument = Instrument::Voltage;
+  // Three characters, of at most four bytes each.
+  const std::u32string flags = texts::ToCharacters(TrimBlanks(rest).substr(0, 12));
+  entry.milliseconds = FlagAt(flags, 0);
+  entry.absoluteValues = FlagAt(flags, 1);
+  if (flags.size() > 2 && flags[2] == U'1') entry.instrument = Instrument::Current;
+  if (flags.size() > 2 && flags[2] == U'2') entry.instrument = Instrument::Voltage;
 }
 
 }  // namespace
@@ -67,7 +69,8 @@ std::string FormatEntryLine(const CurveTableEntry& entry) {
   line += entry.absoluteValues ? '1' : '0';
   line += static_cast<char>('0' + static_cast<int>(entry.instrument));
   line += '}';
-  std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   return line;
 }
 

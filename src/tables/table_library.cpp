@@ -26,6 +26,9 @@ std::error_code ChangeLine(platform::FileLayer& files, const fs::path& file, std
 }
 
 bool EndsInsideLine(const fs::path& file) {
+  // Opening a pipe would wait for someone to write into it.
+  std::error_code error;
+  if (!fs::is_regular_file(file, error)) return false;
   std::ifstream stream(file, std::ios::binary | std::ios::ate);
   if (!stream || stream.tellg() <= 0) return false;
   stream.seekg(-1, std::ios::end);

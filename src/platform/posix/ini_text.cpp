@@ -27,6 +27,7 @@ IniText::Place IniText::Locate(std::string_view section, std::string_view key) c
   const std::string_view all = text_;
   Place place;
   bool inside = false;
+  bool takesKeys = false;
   for (std::size_t begin = 0; begin < all.size();) {
     const std::size_t lineFeed = all.find('\n', begin);
     const std::size_t next = lineFeed == std::string_view::npos ? all.size() : lineFeed + 1;
@@ -38,12 +39,16 @@ IniText::Place IniText::Locate(std::string_view section, std::string_view key) c
     if (content.starts_with('[') && content.ends_with(']')) {
       // A section that appears twice is one section; its first part takes new keys.
       inside = NormalName(content.substr(1, content.size() - 2)) == wantedSection;
-      if (inside && place.sectionEnd == std::string::npos) place.sectionEnd = next;
+      takesKeys = inside && place.lastKeyEnd == std::string::npos;
+      if (takesKeys) place.lastKeyEnd = next;
     } else if (inside && equals != std::string_view::npos && !content.starts_with(';') &&
-               !content.starts_with('#') && NormalName(line.substr(0, equals)) == wantedKey) {
-      place.valueBegin = begin + equals + 1;
-      place.valueEnd = end;
-      return place;
+               !content.starts_with('#')) {
+      if (NormalName(line.substr(0, equals)) == wantedKey) {
+        place.valueBegin = begin + equals + 1;
+        place.valueEnd = end;
+        return place;
+      }
+      if (takesKeys) place.lastKeyEnd = next;
     }
     begin = next;
   }
@@ -64,7 +69,7 @@ bool IniText::Set(std::string_view section, std::string_view key, std::string_vi
     return true;
   }
   std::string line = std::string(key) + "=" + std::string(value) + "\n";
-  std::size_t at = place.sectionEnd;
+  std::size_t at = place.lastKeyEnd;
   if (at == std::string::npos) {
     at = text_.size();
     line.insert(0, "[" + std::string(section) + "]\n");

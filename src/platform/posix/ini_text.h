@@ -24,7 +24,7 @@ class IniText {
 
  private:
   struct Place {
-    std::size_t sectionEnd = std::string::npos;  // behind the section's last line, when it exists
+    std::size_t lastKeyEnd = std::string::npos;  // behind the section's last key, when it exists
     std::size_t valueBegin = std::string::npos;  // when the key exists
     std::size_t valueEnd = std::string::npos;
   };

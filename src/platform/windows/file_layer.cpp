@@ -9,9 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::error_code LastError() {
-  return {static_cast<int>(GetLastError()), std::system_category()};
-}
+std::error_code LastError() { return {static_cast<int>(GetLastError()), std::system_category()}; }
 
 class WindowsOutputFile final : public OutputFile {
  public:

@@ -39,9 +39,9 @@ class RegistrySettingsStore final : public SettingsStore {
     for (const Setting& setting : settings) {
       const std::wstring value = ToWide(setting.value, CP_UTF8);
       const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-      const LSTATUS status = RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(),
-                                             ToWide(setting.key, CP_UTF8).c_str(), REG_SZ,
-                                             value.c_str(), bytes);
+      const LSTATUS status =
+          RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(), ToWide(setting.key, CP_UTF8).c_str(),
+                          REG_SZ, value.c_str(), bytes);
       if (status != ERROR_SUCCESS) return SystemError(status);
     }
     return {};

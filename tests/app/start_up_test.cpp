@@ -1,0 +1,51 @@
+#include "app/start_up.h"
+
+#include <gtest/gtest.h>
+
+namespace zentab::app {
+namespace {
+
+class FakeRegistry final : public platform::Registry {
+ public:
+  explicit FakeRegistry(std::optional<std::string> value) : value_(std::move(value)) {}
+  std::optional<std::string> ReadRegistryValue(platform::RootKey root, std::string_view keyPath,
+                                               std::string_view valueName) const override {
+    const bool asked = root == platform::RootKey::LocalMachine &&
+                       keyPath == "SOFTWARE\\HALDOR\\MIRAXWIN" && valueName == "MIRAX";
+    return asked ? value_ : std::nullopt;
+  }
+
+ private:
+  std::optional<std::string> value_;
+};
+
+TEST(StartUp, TheInstallationIsWhereTheRegistrySaysOrBesideTheProgram) {
+  const std::filesystem::path executable = "/opt/suite/Zentab";
+  EXPECT_EQ(FindInstallFolder(FakeRegistry("  /srv/mirax "), executable), "/srv/mirax");
+  for (const std::optional<std::string> none : {"", "    "}) {
+    EXPECT_EQ(FindInstallFolder(FakeRegistry(none), executable), "/opt/suite");
+  }
+  EXPECT_EQ(FindInstallFolder(FakeRegistry(std::nullopt), executable), "/opt/suite");
+}
+
+TEST(StartUp, TheDecimalSeparatorIsCleanedOfWhatTheSystemAdds) {
+  const std::pair<std::optional<std::string>, std::string_view> cases[] = {
+      {".", "."},   {",", ","},          {" , ", ","}, {".\x01", "."},
+      {"::", "::"}, {std::nullopt, ","}, {"", ","},
+  };
+  for (const auto& [item, separator] : cases) {
+    EXPECT_EQ(DecimalSeparatorFrom(item), separator) << item.value_or("none");
+  }
+}
+
+TEST(StartUp, TheBaseNameDropsOnlyAnExeSuffix) {
+  for (const auto& [path, name] : {std::pair("/bin/Zentab", "Zentab"),
+                                   {"Zentab.EXE", "Zentab"},
+                                   {"/x/Zentab2.exe", "Zentab2"},
+                                   {"my.tool", "my.tool"}}) {
+    EXPECT_EQ(BaseName(path), name);
+  }
+}
+
+}  // namespace
+}  // namespace zentab::app

@@ -1,0 +1,62 @@
+#include "editor/chart_curve.h"
+
+#include <gtest/gtest.h>
+
+namespace zentab::editor {
+namespace {
+
+TEST(ChartCurve, FollowsTheRowsThatAreNotEmpty) {
+  struct Cell {
+    int row, column;
+    std::string_view text;
+  };
+  const struct {
+    std::string what;
+    std::vector<Cell> cells;
+    int rowCount;
+    std::vector<int> pointRows;
+    bool shown, positive;
+  } cases[] = {
+      {"empty", {}, 1, {}, false, false},
+      {"one point", {{1, 1, "2"}, {1, 2, "3"}}, 1, {1}, false, true},
+      {"two points",
+       {{1, 1, "2,5"}, {1, 2, "3"}, {2, 1, "4"}, {2, 2, "0.5"}},
+       2,
+       {1, 2},
+       true,
+       true},
+      {"a load alone", {{2, 1, "2"}}, 2, {}, true, false},
+      {"a time alone, far down", {{1, 1, "1"}, {1, 2, "1"}, {26, 2, "2"}}, 26, {1}, true, true},
+      {"a text", {{1, 1, "1"}, {1, 2, "1"}, {2, 1, "x"}, {2, 2, "1"}}, 2, {1}, true, true},
+      {"zero", {{1, 1, "0"}, {1, 2, "1"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true, false},
+      {"negative", {{1, 1, "1"}, {1, 2, "-1"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    CurveGrid grid;
+    for (const Cell& cell : c.cells) grid.SetCell(cell.row, cell.column, cell.text);
+    const ChartCurve curve = CurveOf(grid);
+    std::vector<int> rows;
+    for (const ChartPoint& point : curve.points) rows.push_back(point.row);
+    EXPECT_EQ(rows, c.pointRows);
+    EXPECT_EQ(curve.rowCount, c.rowCount);
+    EXPECT_EQ(curve.IsShown(), c.shown);
+    EXPECT_EQ(curve.IsPositive(), c.positive);
+  }
+}
+
+TEST(ChartCurve, RangesSpanThePoints) {
+  CurveGrid grid;
+  grid.SetCell(2, 1, "5");
+  grid.SetCell(2, 2, "0,25");
+  grid.SetCell(4, 1, "1.5");
+  grid.SetCell(4, 2, "12");
+  const ChartCurve curve = CurveOf(grid);
+  EXPECT_EQ(curve.load.minimum, 1.5);
+  EXPECT_EQ(curve.load.maximum, 5.0);
+  EXPECT_EQ(curve.time.minimum, 0.25);
+  EXPECT_EQ(curve.time.maximum, 12.0);
+}
+
+}  // namespace
+}  // namespace zentab::editor

@@ -1,0 +1,168 @@
+// Reads every file of the source and watches the order of the layers: nothing outside widgets/
+// knows Qt, no layer knows one above it, and no file grows beyond reading.
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace zentab::test {
+namespace {
+
+namespace fs = std::filesystem;
+using std::string;
+
+constexpr int kMostLines = 400;
+
+using LayerSet = std::set<string>;
+
+// Whose headers a layer may include besides its own. Windows have their own table.
+const std::map<string, LayerSet> kAllowed = {
+    {"platform", {}},
+    {"mathparser", {}},
+    {"texts", {"platform"}},
+    {"tables", {"platform", "texts"}},
+    {"editor", {"platform", "texts", "tables"}},
+    {"timetest", {"platform", "texts", "tables", "mathparser", "editor"}},
+    {"testset", {"platform", "texts", "tables", "editor"}},
+    {"exchange", {"platform", "texts", "tables", "editor"}},
+    {"app",
+     {"platform", "texts", "tables", "mathparser", "editor", "timetest", "testset", "exchange"}},
+    {"cli",
+     {"platform", "texts", "tables", "mathparser", "editor", "timetest", "testset", "exchange",
+      "app"}},
+};
+const std::map<string, LayerSet> kAllowedWindows = {
+    {"app/widgets", {"editor/widgets", "exchange/widgets"}},
+};
+
+// "editor/widgets" of "editor/widgets/grid.h", "platform" of "platform/posix/ini_text.h".
+string LayerOf(const fs::path& file) {
+  auto part = file.begin();
+  string layer = part->string();
+  if (++part != file.end() && *part == "widgets") layer += "/widgets";
+  return layer;
+}
+
+bool MayInclude(const string& from, const string& to) {
+  if (from == to) return true;
+  const bool isWindow = from.ends_with("/widgets");
+  const string base = from.substr(0, from.find('/'));
+  const auto& table = isWindow ? kAllowedWindows : kAllowed;
+  const auto row = table.find(from);
+  if (row != table.end() && row->second.count(to) != 0) return true;
+  if (!isWindow) return false;
+  const auto baseRow = kAllowed.find(base);
+  return to == base || (baseRow != kAllowed.end() && baseRow->second.count(to) != 0);
+}
+
+struct Include {
+  bool quoted;
+  string header;
+};
+
+std::optional<Include> IncludeOf(string line) {
+  std::erase_if(line, [](char c) { return c == ' ' || c == '\t'; });
+  constexpr std::string_view kDirective = "#include";
+  const std::size_t begin = kDirective.size() + 1;
+  if (!line.starts_with(kDirective) || line.size() < begin) return std::nullopt;
+  const bool quoted = line[begin - 1] == '"';
+  return Include{quoted, line.substr(begin, line.find(quoted ? '"' : '>', begin) - begin)};
+}
+
+// <QWidget>, <QtWidgets/QWidget>, <qwidget.h>, <qcustomplot.h>
+bool IsQt(const string& header) {
+  const bool capital = header.size() > 1 && header[0] == 'Q' && std::isalpha(header[1]) != 0;
+  return capital || (header.starts_with('q') && header.ends_with(".h"));
+}
+
+// What is wrong with a line of `file` (below src/), or nothing.
+std::optional<string> FaultOf(const fs::path& file, const string& line) {
+  const std::optional<Include> include = IncludeOf(line);
+  if (!include) return std::nullopt;
+  const auto& [quoted, header] = *include;
+  const string from = LayerOf(file);
+  if (IsQt(header)) {
+    if (from.ends_with("/widgets")) return std::nullopt;
+    return "Qt outside widgets/";
+  }
+  const string to = LayerOf(header);
+  const bool isOurs = kAllowed.count(to.substr(0, to.find('/'))) != 0;
+  if (!isOurs) return quoted ? std::optional("no path from src/") : std::nullopt;
+  if (!MayInclude(from, to)) return from + " may not know " + to;
+  for (const string system : {"platform/posix", "platform/windows"}) {
+    const fs::path folder = file.parent_path();
+    const bool isPlatform = folder == "platform" || folder == system;
+    if (header.starts_with(system + "/") && !isPlatform) return "a system's own header";
+  }
+  return std::nullopt;
+}
+
+TEST(Layering, TheCheckFindsFaults) {
+  const struct {
+    string file, line;
+    bool isFault;
+  } cases[] = {
+      {"editor/curve_grid.h", "#include <string>", false},
+      {"editor/curve_grid.h", "#include <utf8.h>", false},
+      {"editor/curve_grid.h", "#include <QString>", true},
+      {"editor/curve_grid.h", "  #  include <QtCore/QString>", true},
+      {"editor/curve_grid.h", "#include <qstring.h>", true},
+      {"editor/curve_grid.h", "#include \"qcustomplot.h\"", true},
+      {"editor/curve_grid.h", "// #include <QString>", false},
+      {"editor/curve_grid.h", "#include \"curve_grid.h\"", true},
+      {"editor/curve_grid.h", "#include \"tables/entry_line.h\"", false},
+      {"editor/curve_grid.h", "#include <app/session.h>", true},
+      {"editor/curve_grid.h", "#include \"editor/widgets/grid_view.h\"", true},
+      {"editor/curve_grid.h", "#include \"mathparser/math_parser.h\"", true},
+      {"editor/widgets/grid_view.cpp", "#include <QWidget>", false},
+      {"editor/widgets/grid_view.cpp", "#include <qcustomplot.h>", false},
+      {"editor/widgets/grid_view.cpp", "#include \"editor/curve_grid.h\"", false},
+      {"editor/widgets/grid_view.cpp", "#include \"tables/entry_line.h\"", false},
+      {"editor/widgets/grid_view.cpp", "#include \"app/session.h\"", true},
+      {"editor/widgets/grid_view.cpp", "#include \"app/widgets/main_window.h\"", true},
+      {"app/widgets/main_window.cpp", "#include \"editor/widgets/grid_view.h\"", false},
+      {"app/widgets/main_window.cpp", "#include \"testset/widgets/x.h\"", true},
+      {"app/session.h", "#include \"mathparser/math_parser.h\"", false},
+      {"mathparser/math_parser.h", "#include \"texts/number_text.h\"", true},
+      {"platform/paths.cpp", "#include \"texts/number_text.h\"", true},
+      {"platform/paths.cpp", "#include \"platform/posix/ini_text.h\"", false},
+      {"platform/windows/registry.cpp", "#include \"platform/windows/wide_text.h\"", false},
+      {"platform/windows/registry.cpp", "#include \"platform/posix/ini_text.h\"", true},
+      {"texts/characters.cpp", "#include \"platform/windows/wide_text.h\"", true},
+      {"cli/main.cpp", "#include \"app/session.h\"", false},
+      {"cli/main.cpp", "#include \"app/widgets/main_window.h\"", true},
+      {"unknown/x.cpp", "#include \"texts/characters.h\"", true},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(FaultOf(c.file, c.line).has_value(), c.isFault) << c.file << ": " << c.line;
+  }
+}
+
+TEST(Layering, TheSourceKeepsToTheOrder) {
+  const fs::path source = SOURCE_FOLDER;
+  int files = 0;
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(source)) {
+    const fs::path extension = entry.path().extension();
+    if (!entry.is_regular_file() || (extension != ".cpp" && extension != ".h")) continue;
+    ++files;
+    const fs::path file = entry.path().lexically_relative(source);
+    std::ifstream stream(entry.path());
+    int number = 0;
+    for (string line; std::getline(stream, line);) {
+      const std::optional<string> fault = FaultOf(file, line);
+      ++number;
+      EXPECT_FALSE(fault) << file << ':' << number << ": " << *fault << "\n  " << line;
+    }
+    EXPECT_LE(number, kMostLines) << file << " is too long to read";
+  }
+  EXPECT_GT(files, 40);
+}
+
+}  // namespace
+}  // namespace zentab::test

@@ -1,0 +1,103 @@
+// The settings store and the registry of platforms that keep both in INI files.
+#include "platform/posix/ini_text.h"
+#include "platform/registry.h"
+#include "platform/settings_store.h"
+#include "support/environment.h"
+#include "support/temporary_folder.h"
+
+namespace zentab::platform {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+using test::BytesOf;
+using test::ScopedVariable;
+
+TEST(IniText, ChangesValuesAndLeavesAllElse) {
+  const struct {
+    std::string before, section, key, value, after;
+  } cases[] = {
+      {"", "S", "k", "v", "[S]\nk=v\n"},
+      {"[S]\nk=old\n", "S", "k", "new", "[S]\nk=new\n"},
+      {"[ s ]\r\n K = old\r\nx=1\r\n", "S", "k", "new", "[ s ]\r\n K =new\r\nx=1\r\n"},
+      {"; note\nnonsense\n[T]\nk=1\n[S]\na=2", "S", "k", "v",
+       "; note\nnonsense\n[T]\nk=1\n[S]\na=2\nk=v\n"},
+      {"[S]\na=1\n\n[T]\nk=1\n", "S", "k", "v", "[S]\na=1\nk=v\n\n[T]\nk=1\n"},
+      {"[S]", "S", "k", "v", "[S]\nk=v\n"},
+      {"[S]\n;k=1\n#k=2\n", "S", "k", "", "[S]\nk=\n;k=1\n#k=2\n"},
+      {"[S]\na=1\n[T]\n[S]\nk=2\n", "S", "k", "v", "[S]\na=1\n[T]\n[S]\nk=v\n"},
+      {"[T]\nk=1", "S", "k", " a=b ", "[T]\nk=1\n[S]\nk= a=b \n"},
+  };
+  for (const auto& c : cases) {
+    IniText ini(c.before);
+    EXPECT_TRUE(ini.Set(c.section, c.key, c.value));
+    EXPECT_EQ(ini.Text(), c.after);
+    EXPECT_EQ(ini.Find(c.section, c.key), c.value);
+  }
+  IniText ini("[S]\n");
+  EXPECT_FALSE(ini.Set("S", "k", "two\nlines"));
+  EXPECT_EQ(ini.Text(), "[S]\n");
+}
+
+class IniFiles : public test::TemporaryFolder {
+ protected:
+  ScopedVariable settings_{"ZENTAB_SETTINGS_DIR", (Folder() / "settings").string()};
+  ScopedVariable registry_{"ZENTAB_REGISTRY_DIR", Folder().string()};
+  std::unique_ptr<SettingsStore> store_ = UserSettingsStore();
+};
+
+TEST_F(IniFiles, SettingsComeBackWithoutRegardToCase) {
+  EXPECT_EQ(store_->Read("Zentab", "Settings", "TableName"), std::nullopt);
+  EXPECT_FALSE(store_->Save("Zentab", "Settings", {{"TableName", "C:\\ä.dat"}, {"F1Left", ""}}));
+  EXPECT_EQ(store_->Read("Zentab", "settings", "TABLENAME"), "C:\\ä.dat");
+  EXPECT_EQ(store_->Read("Zentab", "Settings", "F1Left"), "");
+  EXPECT_EQ(store_->Read("Zentab", "F2Settings", "TableName"), std::nullopt);
+  EXPECT_EQ(store_->Read("Other", "Settings", "TableName"), std::nullopt);
+}
+
+TEST_F(IniFiles, NonsenseInASettingsFileIsKeptAndSkipped) {
+  fs::create_directory(Folder() / "settings");
+  const std::string nonsense = "\0\xFF[\n]=[x\n=\n[Settings\nTableName=no\n\r\r[]\n"s;
+  const fs::path file = Write("settings/Zentab.ini", nonsense);
+  EXPECT_EQ(store_->Read("Zentab", "Settings", "TableName"), std::nullopt);
+  EXPECT_FALSE(store_->Save("Zentab", "Settings", {{"TableName", "t.dat"}}));
+  EXPECT_EQ(store_->Read("Zentab", "Settings", "TableName"), "t.dat");
+  EXPECT_TRUE(BytesOf(file).starts_with(nonsense));
+}
+
+TEST_F(IniFiles, NothingIsSavedInPartsOrOverAFolder) {
+  EXPECT_FALSE(store_->Save("Zentab", "S", {{"a", "1"}}));
+  EXPECT_TRUE(store_->Save("Zentab", "S", {{"a", "2"}, {"b", "two\nlines"}}));
+  EXPECT_EQ(store_->Read("Zentab", "S", "a"), "1");
+  fs::create_directory(Folder() / "settings" / "Other.ini");
+  EXPECT_TRUE(store_->Save("Other", "S", {{"a", "1"}}));
+  EXPECT_EQ(store_->Read("Other", "S", "a"), std::nullopt);
+}
+
+TEST_F(IniFiles, RegistryValues) {
+  const std::string longest(1023, 'x');
+  const struct {
+    std::string written;
+    std::optional<std::string> read;
+  } cases[] = {
+      {"C:\\MIRAX", "C:\\MIRAX"}, {"", ""},
+      {"dword:0000001f", "31"},   {"dword:00000102", "258"},
+      {"dword:xyz", {}},          {"dword:", {}},
+      {"dword:100000000", {}},    {"cut\0here"s, "cut"},
+      {longest, longest},         {longest + "x", {}},
+  };
+  const auto registry = SystemRegistry();
+  const auto read = [&registry] {
+    return registry->ReadRegistryValue(RootKey::LocalMachine, "Software\\Haldor\\MIRAXWIN",
+                                       "mirax");
+  };
+  EXPECT_EQ(read(), std::nullopt);
+  for (const auto& [written, expected] : cases) {
+    Write("registry.ini",
+          "[HKEY_LOCAL_MACHINE\\SOFTWARE\\HALDOR\\MIRAXWIN]\nMIRAX=" + written + "\n");
+    EXPECT_EQ(read(), expected) << written;
+  }
+}
+
+}  // namespace
+}  // namespace zentab::platform

@@ -1,0 +1,34 @@
+#include "platform/paths.h"
+
+#include "support/temporary_folder.h"
+
+namespace zentab::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Paths = test::TemporaryFolder;
+
+TEST_F(Paths, FixedNamesAreFoundWithoutRegardToCase) {
+  fs::create_directories(Folder() / "Data" / "CURRENT");
+  for (const char* const name : {"Data/CURRENT/Result.TXT", "fcc.txt", "Fcc.txt", "both", "Both"}) {
+    Write(name, "");
+  }
+  const std::string_view cases[][2] = {
+      {"data\\current\\result.txt", "Data/CURRENT/Result.TXT"},
+      {"\\data\\current\\result.txt", "Data/CURRENT/Result.TXT"},
+      {"FCC.TXT", "Fcc.txt"},  // the first by name
+      {"both", "both"},        // as written, where there is such a file
+      {"data\\missing\\Result.txt", "Data/missing/Result.txt"},
+      {"relayTables.dat", "relayTables.dat"},
+  };
+  for (const auto& [name, found] : cases) {
+    EXPECT_EQ(FindFixedName(Folder(), name), Folder() / found) << name;
+  }
+  ASSERT_FALSE(ChangeCurrentFolder(Folder()));
+  EXPECT_EQ(FindFixedName({}, "FCC.TXT"), fs::path("Fcc.txt"));
+  EXPECT_TRUE(ChangeCurrentFolder(Folder() / "missing"));
+}
+
+}  // namespace
+}  // namespace zentab::platform
