@@ -30,8 +30,8 @@ struct OpenWindow {
       session.table.grid.SetCell(row, 1, std::to_string(1 + row));
       session.table.grid.SetCell(row, 2, std::to_string(std::lround(30000.0 / row)));
     }
-    window = std::make_unique<app::MainWindow>(app::MainWindowParts{
-        session, {}, "Zentab", *store, platform::SystemFiles(), dialogs});
+    window = std::make_unique<app::MainWindow>(
+        app::MainWindowParts{session, {}, "Zentab", *store, platform::SystemFiles(), dialogs});
     window->Load();
     window->show();
     grid = window->findChild<editor::CurveGridView*>();

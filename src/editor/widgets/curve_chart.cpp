@@ -136,8 +136,8 @@ QRectF CurveChart::AreaAround(const ChartCurve& curve, std::size_t point) const 
   const std::size_t last = std::min(point + 1, curve.points.size() - 1);
   QPolygonF corners;
   for (std::size_t at = first; at <= last; ++at) {
-    corners.append({xAxis->coordToPixel(curve.points[at].load),
-                    yAxis->coordToPixel(curve.points[at].time)});
+    corners.append(
+        {xAxis->coordToPixel(curve.points[at].load), yAxis->coordToPixel(curve.points[at].time)});
   }
   return corners.boundingRect().adjusted(-kMarkerSize, -kMarkerSize, kMarkerSize, kMarkerSize);
 }
