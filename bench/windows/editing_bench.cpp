@@ -12,6 +12,7 @@
 #include "app/widgets/qt_user_dialogs.h"
 #include "editor/grid_points.h"
 #include "editor/widgets/curve_grid_view.h"
+#include "platform/paths.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ using namespace zentab;
 struct OpenWindow {
   app::Session session;
   std::unique_ptr<platform::SettingsStore> store = platform::UserSettingsStore();
-  app::QtUserDialogs dialogs;
+  app::QtUserDialogs dialogs{session.texts.program};
   std::unique_ptr<app::MainWindow> window;
   editor::CurveGridView* grid = nullptr;
 
@@ -30,8 +31,13 @@ struct OpenWindow {
       session.table.grid.SetCell(row, 1, std::to_string(1 + row));
       session.table.grid.SetCell(row, 2, std::to_string(std::lround(30000.0 / row)));
     }
-    window = std::make_unique<app::MainWindow>(
-        app::MainWindowParts{session, {}, "Zentab", *store, platform::SystemFiles(), dialogs});
+    window = std::make_unique<app::MainWindow>(app::MainWindowParts{session,
+                                                                    {},
+                                                                    "Zentab",
+                                                                    *store,
+                                                                    platform::SystemFiles(),
+                                                                    dialogs,
+                                                                    platform::ExecutablePath()});
     window->Load();
     window->show();
     grid = window->findChild<editor::CurveGridView*>();

@@ -11,9 +11,9 @@ int main(int argc, char* argv[]) {
   app::Settings settings = app::LoadSettings(*store, "Zentab", "Zentab");
   app::Session session =
       app::StartSession(settings, *platform::SystemRegistry(), platform::ExecutablePath());
-  app::QtUserDialogs dialogs;
-  app::MainWindow window(
-      {session, std::move(settings), "Zentab", *store, platform::SystemFiles(), dialogs});
+  app::QtUserDialogs dialogs(session.texts.program);
+  app::MainWindow window({session, std::move(settings), "Zentab", *store, platform::SystemFiles(),
+                          dialogs, platform::ExecutablePath()});
   EndAfterPaint end(window);
   window.Load();
   window.show();

@@ -6,17 +6,21 @@
 #include "editor/curve_grid.h"
 #include "editor/value_modes.h"
 #include "tables/curve_table_entry.h"
+#include "texts/catalogue_texts.h"
 
 namespace zentab::app {
 
 /// The state of the main window that is not a widget's own. Texts are UTF-8.
 struct Session {
+  std::string baseName;                // of the executable; names catalogues and log
   std::string installFolder;           // the suite's installation, the working folder
   std::string localeDecimalSeparator;  // what numbers are shown with
   std::string tablePath;               // the active table file; may be relative to the folder
   editor::WorkingTable table;
   editor::ValueModes modes;
   tables::Instrument instrument = tables::Instrument::None;
+  texts::CatalogueTexts texts;
+  std::string exchangeFile;             // the file chosen last for copying entries
   std::vector<std::string> entryNames;  // of the active table file, by line number
 };
 

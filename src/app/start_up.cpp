@@ -37,9 +37,25 @@ std::string BaseName(const std::filesystem::path& executable) {
   return platform::ToText(hasSuffix ? executable.stem() : executable.filename());
 }
 
+std::vector<std::filesystem::path> CatalogueCandidates(const std::string& installFolder,
+                                                       const std::filesystem::path& executable) {
+  const std::filesystem::path installed = platform::ToPath(installFolder);
+  std::string name = BaseName(executable);
+  const bool shared = name.ends_with('2');
+  if (shared) name.pop_back();
+  // The working folder is the installation folder, unless that one is gone.
+  const std::filesystem::path numbered = shared ? std::filesystem::path() : installed;
+  return {platform::FindFixedName(installed, name + ".dxt"), platform::FindFixedName({}, "FCC.TXT"),
+          shared ? platform::FindFixedName({}, name + ".txt")
+                 : platform::FindFixedName(executable.parent_path(), name + ".txt"),
+          platform::FindFixedName(numbered, name + "1.txt"),
+          platform::FindFixedName(numbered, name + "2.txt")};
+}
+
 Session StartSession(const Settings& settings, const platform::Registry& registry,
                      const std::filesystem::path& executable) {
   Session session;
+  session.baseName = BaseName(executable);
   session.installFolder = FindInstallFolder(registry, executable);
   [[maybe_unused]] const std::error_code dropped =
       platform::ChangeCurrentFolder(platform::ToPath(session.installFolder));

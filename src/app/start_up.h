@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/session.h"
 #include "app/settings.h"
@@ -22,6 +23,12 @@ namespace zentab::app {
 
 /// An executable's base name, by which settings, catalogues and log are named.
 [[nodiscard]] std::string BaseName(const std::filesystem::path& executable);
+
+/// The text catalogues of a start, in the order in which they are applied. The first is applied
+/// again with another table file. A base name that ends in "2" shares the catalogues of the
+/// program without it; any other has the default catalogue, beside the executable, in the middle.
+[[nodiscard]] std::vector<std::filesystem::path> CatalogueCandidates(
+    const std::string& installFolder, const std::filesystem::path& executable);
 
 /// The session a start begins with: finds the installation folder, makes it the working folder,
 /// and takes over the settings. A folder that is gone leaves the working folder as it was.

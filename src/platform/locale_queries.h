@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -8,5 +9,13 @@ namespace zentab::platform {
 /// The decimal separator of the user's locale as the system gives it (UTF-8), or nothing when the
 /// locale cannot be read.
 [[nodiscard]] std::optional<std::string> UserDecimalSeparator();
+
+/// The system's default locale as a Windows locale identifier. Elsewhere it follows the locale
+/// that the environment names; 0x0409 (English, United States) for one that is not in the table.
+[[nodiscard]] std::uint32_t SystemLocaleIdentifier();
+
+/// The Windows character set of the user's locale, by the code page of its language; nothing when
+/// the system does not know it.
+[[nodiscard]] std::optional<int> UserCharacterSet();
 
 }  // namespace zentab::platform

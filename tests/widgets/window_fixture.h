@@ -21,11 +21,11 @@ class AnsweringDialogs : public UserDialogs {
   QString file;
   std::vector<std::string> asked;
 
-  bool Confirm(const MessageText& message) override {
+  bool Confirm(const texts::MessageText& message) override {
     asked.push_back(message.text);
     return answer;
   }
-  void Inform(const MessageText& message) override { asked.push_back(message.text); }
+  void Inform(const texts::MessageText& message) override { asked.push_back(message.text); }
   QString ChooseTableFile() override { return file; }
 };
 
@@ -63,10 +63,12 @@ class WindowFixture {
 
   void Open() {
     const Settings settings = LoadSettings(store, "Zentab", "Zentab");
+    session.baseName = "Zentab";
+    session.installFolder = folder_.path().toStdString();
     session.tablePath = settings.tableName;
     session.modes.absoluteValues = settings.absValues == "1";
-    window = std::make_unique<MainWindow>(
-        MainWindowParts{session, settings, "Zentab", store, platform::SystemFiles(), dialogs});
+    window = std::make_unique<MainWindow>(MainWindowParts{
+        session, settings, "Zentab", store, platform::SystemFiles(), dialogs, executable});
     window->Load();
     window->show();
   }
@@ -90,6 +92,7 @@ class WindowFixture {
   Session session;
   MemoryStore store;
   AnsweringDialogs dialogs;
+  std::filesystem::path executable = "Zentab";  // the default catalogue lies in the folder
   std::unique_ptr<MainWindow> window;
 
  private:

@@ -28,6 +28,7 @@ QWidget* ChartPanel::BuildChartPlace() {
   auto* const hint = new QLabel(
       QStringLiteral("No curve to show yet.\nRead an entry of the list, or type two points."),
       place);
+  hint->setObjectName(QStringLiteral("LabelChart"));
   hint->setAlignment(Qt::AlignCenter);
   hint->setForegroundRole(QPalette::PlaceholderText);
   chart = new editor::CurveChart(place);
@@ -50,6 +51,7 @@ QWidget* ChartPanel::BuildStrip() {
     made->setEnabled(false);
     made->setVisible(shown);
     layout->addWidget(made);
+    return made;
   };
   const auto field = [&](const char* name, const char* labelName, const QString& caption) {
     auto* const label = new QLabel(caption, strip);
@@ -64,12 +66,12 @@ QWidget* ChartPanel::BuildStrip() {
     layout->addWidget(text);
   };
   // Set GRH has its caption from the chosen instrument.
-  button("Command5", QStringLiteral("?"), true);
+  command5 = button("Command5", QStringLiteral("?"), true);
   button("Command6", QStringLiteral("Import &GRH"), false);
   layout->addStretch(1);
-  field("Text4", "Label5", QStringLiteral("Difference type"));
-  field("Text5", "Label6", QStringLiteral("Filter type"));
-  field("Text6", "Label7", QStringLiteral("Mean"));
+  field("Text4", "LabelText4", QStringLiteral("Difference type"));
+  field("Text5", "LabelText5", QStringLiteral("Filter type"));
+  field("Text6", "LabelText6", QStringLiteral("Mean"));
   button("Command10", QStringLiteral("Im&port time test"), true);
   return strip;
 }

@@ -4,6 +4,8 @@
 
 #include "editor/widgets/curve_chart.h"
 
+class QPushButton;
+
 namespace zentab::app {
 
 /// The right of the main window: the chart with the test-set commands and the time-test fields in
@@ -15,6 +17,7 @@ class ChartPanel : public QWidget {
   explicit ChartPanel(QWidget* parent);
 
   editor::CurveChart* chart = nullptr;
+  QPushButton* command5 = nullptr;  // Set GRH
 
  private:
   [[nodiscard]] QWidget* BuildChartPlace();

@@ -26,7 +26,7 @@ void LibraryController::Read() {
   Q_EMIT GridNeeded();
   if (session_.table.tableModified && !Agreed(MessageBox::DiscardEdits, *index)) return;
   if (const std::error_code error = commands_.ReadEntry(*index)) {
-    ReportFailure(QStringLiteral("The entry could not be read"), error);
+    ReportFailure(session_.texts.program.readFailed, error);
     return;
   }
   Q_EMIT TableRead();
@@ -37,7 +37,7 @@ void LibraryController::Remove() {
   const std::optional<std::size_t> index = panel_.SelectedIndex();
   if (!index || !Agreed(MessageBox::ConfirmRemoval, *index)) return;
   if (const std::error_code error = commands_.RemoveEntry(*index)) {
-    ReportFailure(QStringLiteral("The table file could not be written"), error);
+    ReportFailure(session_.texts.program.writeFailed, error);
     return;
   }
   // The entry that moved up is the next one to look at; behind the last one it is the one before.
@@ -57,7 +57,7 @@ void LibraryController::Update() {
   Q_EMIT GridNeeded();
   if (!Agreed(MessageBox::ConfirmUpdate, *index)) return;
   if (const std::error_code error = commands_.UpdateEntry(*index)) {
-    ReportFailure(QStringLiteral("The table file could not be written"), error);
+    ReportFailure(session_.texts.program.writeFailed, error);
     return;
   }
   Q_EMIT LibraryChanged();
@@ -76,12 +76,12 @@ void LibraryController::EnterName(const QString& name) {
       Q_EMIT LibraryChanged();
       break;
     case NameResult::Duplicate:
-      dialogs_.Inform(MessageFor(MessageBox::DuplicateName, name.toStdString()));
+      dialogs_.Inform(MessageFor(session_, MessageBox::DuplicateName, name.toStdString()));
       panel_.EmptyNameBox();
       break;
     case NameResult::NotWritten:
       // The box keeps the name for another try.
-      Q_EMIT Failed(QStringLiteral("The table file could not be written"));
+      Q_EMIT Failed(QString::fromStdString(session_.texts.program.writeFailed));
       break;
   }
 }
@@ -91,17 +91,18 @@ void LibraryController::SetActiveTable() {
   if (file.isEmpty()) return;
   commands_.SetActiveTable(file.toStdString());
   panel_.ShowNames(0);
+  Q_EMIT TableFileChosen();
   Q_EMIT LibraryChanged();
 }
 
 bool LibraryController::Agreed(MessageBox box, std::size_t index) const {
   const std::string name = index < session_.entryNames.size() ? session_.entryNames[index] : "";
-  return dialogs_.Confirm(MessageFor(box, name));
+  return dialogs_.Confirm(MessageFor(session_, box, name));
 }
 
-void LibraryController::ReportFailure(const QString& text, std::error_code error) {
-  Q_EMIT Failed(
-      QStringLiteral("%1: %2").arg(text, QString::fromLocal8Bit(error.message().c_str())));
+void LibraryController::ReportFailure(const std::string& text, std::error_code error) {
+  Q_EMIT Failed(QStringLiteral("%1: %2").arg(QString::fromStdString(text),
+                                             QString::fromLocal8Bit(error.message().c_str())));
 }
 
 }  // namespace zentab::app

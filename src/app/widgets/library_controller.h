@@ -3,6 +3,7 @@
 #include <QObject>
 
 #include "app/library_commands.h"
+#include "app/session_texts.h"
 #include "app/widgets/user_dialogs.h"
 
 namespace zentab::app {
@@ -34,6 +35,8 @@ class LibraryController : public QObject {
   void GridNeeded();
   /// Grid and settings hold another table.
   void TableRead();
+  /// Another table file became the active one.
+  void TableFileChosen();
   /// The active file, its entries or the modified mark changed.
   void LibraryChanged();
   /// The file could not be read or written; `text` says so in one line.
@@ -41,7 +44,7 @@ class LibraryController : public QObject {
 
  private:
   [[nodiscard]] bool Agreed(MessageBox box, std::size_t index) const;
-  void ReportFailure(const QString& text, std::error_code error);
+  void ReportFailure(const std::string& text, std::error_code error);
 
   Session& session_;
   LibraryCommands commands_;

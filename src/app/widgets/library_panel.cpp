@@ -101,6 +101,7 @@ void LibraryPanel::BuildNameBox() {
   text1_->setToolTip(QStringLiteral("The name of the new entry"));
   text1_->setPlaceholderText(QStringLiteral("Name of the new entry"));
   auto* const hint = new QLabel(QStringLiteral("Enter stores it; empty: cancel"), page);
+  hint->setObjectName(QStringLiteral("LabelText1"));
   hint->setForegroundRole(QPalette::PlaceholderText);
   column->addWidget(text1_);
   column->addWidget(hint);

@@ -42,9 +42,9 @@ int main(int argc, char* argv[]) {
   const auto store = platform::UserSettingsStore();
   app::Settings settings = app::LoadSettings(*store, app::BaseName(executable), kTitle);
   app::Session session = app::StartSession(settings, *platform::SystemRegistry(), executable);
-  app::QtUserDialogs dialogs;
+  app::QtUserDialogs dialogs(session.texts.program);
   app::MainWindow window(
-      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), dialogs});
+      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), dialogs, executable});
   dialogs.SetParent(&window);
   window.Load();
   window.show();

@@ -1,19 +1,25 @@
 #include "app/widgets/main_window.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
 
-#include "app/axis_titles.h"
+#include "app/session_texts.h"
+#include "app/start_up.h"
 #include "app/widgets/chart_panel.h"
+#include "app/widgets/form_texts.h"
 #include "app/widgets/library_controller.h"
 #include "app/widgets/library_panel.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table_panel.h"
 #include "app/widgets/value_mode_binding.h"
+#include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
 #include "editor/chart_curve.h"
 
@@ -29,8 +35,10 @@ MainWindow::MainWindow(MainWindowParts parts)
     : session_(parts.session),
       settings_(std::move(parts.settings)),
       title_(std::move(parts.title)),
+      catalogues_(CatalogueCandidates(session_.installFolder, parts.executable)),
       store_(parts.store),
       dialogs_(parts.dialogs),
+      log_(session_, parts.files),
       library_(new LibraryPanel(session_.entryNames, this)),
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
@@ -86,6 +94,7 @@ void MainWindow::BuildMenus() {
           &QAction::triggered, this, &QWidget::close);
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
+  view->setObjectName(QStringLiteral("m_view"));
   QAction* const logarithmic =
       add(view, "m_log", QStringLiteral("&Logarithmic axes"), QKeySequence(Qt::CTRL | Qt::Key_L));
   logarithmic->setCheckable(true);
@@ -97,7 +106,7 @@ void MainWindow::BuildMenus() {
 
 void MainWindow::ConnectPanels() {
   editor::CurveGridView* const grid = table_->grid;
-  connect(grid, &editor::CurveGridView::Edited, this, &MainWindow::MarkModified);
+  connect(grid, &editor::CurveGridView::Edited, status_, &StatusLine::Refresh);
   connect(grid, &editor::CurveGridView::EditingLeft, this, &MainWindow::RefreshChart);
   connect(grid, &editor::CurveGridView::RowChanged, chart_->chart, &editor::CurveChart::MarkRow);
   connect(libraryController_, &LibraryController::GridNeeded, grid,
@@ -109,6 +118,10 @@ void MainWindow::ConnectPanels() {
     RefreshCaptions();
     RefreshChart();
   });
+  connect(libraryController_, &LibraryController::TableFileChosen, this, [this] {
+    ApplyCatalogue(catalogues_.front());
+    RefreshCaptions();
+  });
   connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
   connect(libraryController_, &LibraryController::Failed, status_, &StatusLine::ShowFailure);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
@@ -116,14 +129,23 @@ void MainWindow::ConnectPanels() {
 
 void MainWindow::Load() {
   chart_->chart->SetDecimalSeparator(QString::fromStdString(session_.localeDecimalSeparator));
+  for (const std::filesystem::path& catalogue : catalogues_) ApplyCatalogue(catalogue);
   libraryController_->FillEntryList();
+  log_.WriteLogLine("%D %E Started");
+  QCoreApplication::processEvents();
+  ApplyUiFont(*this, font_);
   // The pickup value belongs to an instrument: it is shown once one is chosen.
   session_.modes.pickup.clear();
-  table_->text2->setToolTip(QStringLiteral("Select Instrument first"));
   modes_->Show();
   RefreshCaptions();
   RefreshChart();
   RestorePlacement(*this, settings_);
+}
+
+void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
+  FormTexts form(*this);
+  texts::ApplyTexts(file, form, session_.texts,
+                    [this](std::string_view text) { return Expanded(session_, text); });
 }
 
 void MainWindow::RefreshChart() {
@@ -133,12 +155,25 @@ void MainWindow::RefreshChart() {
 }
 
 void MainWindow::RefreshCaptions() {
-  const AxisTitles titles = AxisTitlesFor(session_);
+  const texts::InstrumentTexts instrument = InstrumentInUse(session_);
+  const std::string tip =
+      instrument.pickupTip.empty() ? session_.texts.program.selectInstrument : instrument.pickupTip;
+  table_->text2->setToolTip(QString::fromStdString(tip));
+  if (!instrument.setGraphCaption.empty()) {
+    chart_->command5->setText(QString::fromStdString(instrument.setGraphCaption));
+  }
+  if (!instrument.setGraphTip.empty()) {
+    chart_->command5->setToolTip(QString::fromStdString(instrument.setGraphTip));
+  }
+  table_->HideButtonsWithoutCaption();
+  const LabelPair labels = LabelsFor(session_);
+  table_->label3->setText(QString::fromStdString(labels.load));
+  table_->label2->setText(QString::fromStdString(labels.time));
+  const LabelPair titles = AxisTitlesFor(session_);
   chart_->chart->SetAxisTitles(QString::fromStdString(titles.load),
                                QString::fromStdString(titles.time));
+  status_->Refresh();
 }
-
-void MainWindow::MarkModified() { status_->Refresh(); }
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
@@ -156,13 +191,17 @@ void MainWindow::StoreSettings() {
 
 bool MainWindow::MayEnd() {
   return !session_.table.tableModified ||
-         dialogs_.Confirm(MessageFor(MessageBox::DiscardEditsOnExit, {}));
+         dialogs_.Confirm(MessageFor(session_, MessageBox::DiscardEditsOnExit, {}));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   table_->grid->CloseEditor();
   StoreSettings();
   event->setAccepted(MayEnd());
+  if (!event->isAccepted()) return;
+  log_.WriteLogLine(" Unloading... ");
+  session_.table.grid.ClearPoints();
+  log_.WriteLogLine(" %E Exit");
 }
 
 }  // namespace zentab::app

@@ -1,13 +1,17 @@
 #pragma once
 
 #include <QMainWindow>
+#include <filesystem>
 #include <string>
+#include <vector>
 
+#include "app/event_log.h"
 #include "app/session.h"
 #include "app/settings.h"
 #include "app/widgets/user_dialogs.h"
 #include "platform/file_layer.h"
 #include "platform/settings_store.h"
+#include "texts/ui_font.h"
 
 class QAction;
 
@@ -28,6 +32,7 @@ struct MainWindowParts {
   platform::SettingsStore& store;
   platform::FileLayer& files;
   UserDialogs& dialogs;
+  std::filesystem::path executable;  // beside which the default catalogue lies
 };
 
 /// The window `Form1`: sets up the panels and their controllers, and follows start and end.
@@ -49,16 +54,19 @@ class MainWindow : public QMainWindow {
   void BuildMenus();
   void ConnectPanels();
   void RefreshChart();
+  void ApplyCatalogue(const std::filesystem::path& file);
   void RefreshCaptions();
-  void MarkModified();
   void StoreSettings();
   [[nodiscard]] bool MayEnd();
 
   Session& session_;
   Settings settings_;
   std::string title_;
+  std::vector<std::filesystem::path> catalogues_;  // in the order of their application
   platform::SettingsStore& store_;
   UserDialogs& dialogs_;
+  EventLog log_;
+  texts::UiFontChoice font_;
   LibraryPanel* library_;
   TablePanel* table_;
   ChartPanel* chart_;

@@ -1,30 +1,31 @@
 #include "app/widgets/qt_user_dialogs.h"
 
+#include <QAbstractButton>
 #include <QFileDialog>
-#include <QMessageBox>
 
 namespace zentab::app {
-namespace {
 
-// Plain text: an entry's name may hold anything, also what looks like markup.
-QMessageBox::StandardButton Show(QWidget* parent, QMessageBox::Icon icon,
-                                 QMessageBox::StandardButtons buttons, const MessageText& message) {
+bool QtUserDialogs::Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
+                         const texts::MessageText& message) {
   QMessageBox box(icon, QString::fromStdString(message.title), QString::fromStdString(message.text),
-                  buttons, parent);
+                  buttons, parent_);
+  // Plain text: an entry's name may hold anything, also what looks like markup.
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::Ok);
-  return static_cast<QMessageBox::StandardButton>(box.exec());
+  box.button(QMessageBox::Ok)->setText(QString::fromStdString(texts_.ok));
+  if (QAbstractButton* const cancel = box.button(QMessageBox::Cancel)) {
+    cancel->setText(QString::fromStdString(texts_.cancel));
+  }
+  return box.exec() == QMessageBox::Ok;
 }
 
-}  // namespace
-
-bool QtUserDialogs::Confirm(const MessageText& message) {
-  return Show(parent_, QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel, message) ==
-         QMessageBox::Ok;
+bool QtUserDialogs::Confirm(const texts::MessageText& message) {
+  return Show(QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel, message);
 }
 
-void QtUserDialogs::Inform(const MessageText& message) {
-  Show(parent_, QMessageBox::Information, QMessageBox::Ok, message);
+void QtUserDialogs::Inform(const texts::MessageText& message) {
+  // There is nothing to decide.
+  [[maybe_unused]] const bool dropped = Show(QMessageBox::Information, QMessageBox::Ok, message);
 }
 
 QString QtUserDialogs::ChooseTableFile() {

@@ -1,21 +1,27 @@
 #pragma once
 
-#include "app/widgets/user_dialogs.h"
+#include <QMessageBox>
 
-class QWidget;
+#include "app/widgets/user_dialogs.h"
 
 namespace zentab::app {
 
-/// The dialogs as windows in front of `parent`.
+/// The dialogs as windows in front of the main window.
 class QtUserDialogs : public UserDialogs {
  public:
+  explicit QtUserDialogs(const texts::ProgramTexts& texts) : texts_(texts) {}
+
   void SetParent(QWidget* parent) { parent_ = parent; }
 
-  bool Confirm(const MessageText& message) override;
-  void Inform(const MessageText& message) override;
+  bool Confirm(const texts::MessageText& message) override;
+  void Inform(const texts::MessageText& message) override;
   QString ChooseTableFile() override;
 
  private:
+  [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
+                          const texts::MessageText& message);
+
+  const texts::ProgramTexts& texts_;
   QWidget* parent_ = nullptr;
 };
 

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QStatusBar>
 
+#include "app/session_texts.h"
+
 namespace zentab::app {
 namespace {
 
@@ -42,10 +44,12 @@ void StatusLine::Refresh() {
   const QString path = QDir::toNativeSeparators(QString::fromStdString(session_.tablePath));
   file_->setText(Shortened(path));
   file_->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
-  const std::size_t count = session_.entryNames.size();
-  count_->setText(count == 1 ? QStringLiteral("1 entry")
-                             : QStringLiteral("%1 entries").arg(static_cast<qulonglong>(count)));
-  modified_->setText(session_.table.tableModified ? QStringLiteral("● Modified") : QString());
+  const std::string count = std::to_string(session_.entryNames.size());
+  const texts::ProgramTexts& texts = session_.texts.program;
+  count_->setText(QString::fromStdString(Expanded(session_, texts.entries, count)));
+  modified_->setText(session_.table.tableModified
+                         ? QStringLiteral("● ") + QString::fromStdString(texts.modified)
+                         : QString());
 }
 
 void StatusLine::ShowFailure(const QString& text) { bar_->showMessage(text, kFailureShown); }

@@ -32,6 +32,7 @@ TablePanel::TablePanel(editor::WorkingTable& table, QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(BuildInstruments());
   layout->addWidget(BuildModes());
+  layout->addWidget(BuildColumnLabels());
   layout->addWidget(grid, 1);
   layout->addWidget(BuildClipboard());
 }
@@ -43,7 +44,6 @@ QGroupBox* TablePanel::BuildInstruments() {
   option2 = Named(new QRadioButton(QStringLiteral("Vo&ltage"), frame), "Option2",
                   QStringLiteral("The table belongs to the voltage time test"));
   option3 = Named(new QRadioButton(frame), "Option3");
-  option3->hide();  // it has no caption
   auto* const row = new QHBoxLayout(frame);
   row->addWidget(option1);
   row->addWidget(option2);
@@ -62,33 +62,58 @@ QWidget* TablePanel::BuildModes() {
   text2 = Named(new QLineEdit(modes), "Text2");
   text3 = Named(new QLineEdit(modes), "Text3",
                 QStringLiteral("Every trip time is multiplied by this number"));
+  // Both are offered by the catalogue.
+  check1->hide();
+  check2->hide();
   text3->setEnabled(false);
   auto* const grid2 = new QGridLayout(modes);
   grid2->setContentsMargins(0, 0, 0, 0);
   grid2->addWidget(check1, 0, 0);
   grid2->addWidget(check2, 0, 1);
-  grid2->addWidget(LabelFor(text2, "Label3", QStringLiteral("I > value (A)")), 1, 0);
-  grid2->addWidget(LabelFor(text3, "Label4", QStringLiteral("Time multiplier")), 1, 1);
+  grid2->addWidget(LabelFor(text2, "LabelText2", QStringLiteral("I > value (A)")), 1, 0);
+  grid2->addWidget(LabelFor(text3, "LabelText3", QStringLiteral("Time multiplier")), 1, 1);
   grid2->addWidget(text2, 2, 0);
   grid2->addWidget(text3, 2, 1);
   return modes;
+}
+
+QWidget* TablePanel::BuildColumnLabels() {
+  auto* const row = new QWidget(this);
+  label3 = Named(new QLabel(row), "Label3");
+  label2 = Named(new QLabel(row), "Label2");
+  auto* const layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 6, 0, 0);
+  for (QLabel* const label : {label3, label2}) {
+    label->setTextFormat(Qt::PlainText);
+    layout->addWidget(label, 1);
+  }
+  label2->setAlignment(Qt::AlignRight);
+  return row;
 }
 
 QWidget* TablePanel::BuildClipboard() {
   auto* const row = new QWidget(this);
   auto* const layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
-  const auto add = [&](const char* name, const QString& caption) {
+  for (const auto& [name, caption] :
+       {std::pair{"Command7", QStringLiteral("&Import Clipboard data")},
+        std::pair{"Command8", QString()}, std::pair{"Command9", QString()}}) {
     auto* const button = Named(new QPushButton(caption, row), name);
     button->setEnabled(false);
-    // A button without a caption has nothing to offer.
-    button->setHidden(caption.trimmed().isEmpty());
+    clipboard_.append(button);
     layout->addWidget(button);
-  };
-  add("Command7", QStringLiteral("&Import Clipboard data"));
-  add("Command8", {});
-  add("Command9", {});
+  }
+  HideButtonsWithoutCaption();
   return row;
+}
+
+void TablePanel::HideButtonsWithoutCaption() {
+  for (QPushButton* const button : clipboard_) {
+    button->setHidden(button->text().trimmed().isEmpty());
+  }
+  for (QRadioButton* const choice : {option1, option2, option3}) {
+    choice->setHidden(choice->text().trimmed().isEmpty());
+  }
 }
 
 }  // namespace zentab::app

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <QList>
 #include <QWidget>
 
 #include "editor/widgets/curve_grid_view.h"
 
 class QCheckBox;
 class QGroupBox;
+class QLabel;
 class QLineEdit;
+class QPushButton;
 class QRadioButton;
 
 namespace zentab::app {
@@ -27,12 +30,21 @@ class TablePanel : public QWidget {
   QCheckBox* check2 = nullptr;      // time unit is mS
   QLineEdit* text2 = nullptr;       // pickup value
   QLineEdit* text3 = nullptr;       // time multiplier
+  QLabel* label3 = nullptr;         // the load column's caption by the value mode
+  QLabel* label2 = nullptr;         // the time column's
   editor::CurveGridView* grid = nullptr;
+
+  /// Clipboard commands and instrument choices without a caption offer nothing; those that have
+  /// got one are shown.
+  void HideButtonsWithoutCaption();
 
  private:
   [[nodiscard]] QGroupBox* BuildInstruments();
   [[nodiscard]] QWidget* BuildModes();
+  [[nodiscard]] QWidget* BuildColumnLabels();
   [[nodiscard]] QWidget* BuildClipboard();
+
+  QList<QPushButton*> clipboard_;
 };
 
 }  // namespace zentab::app

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "app/message_texts.h"
+#include "texts/catalogue_texts.h"
 
 namespace zentab::app {
 
@@ -12,9 +12,9 @@ class UserDialogs {
   virtual ~UserDialogs() = default;
 
   /// Asks with OK and Cancel; true for OK.
-  [[nodiscard]] virtual bool Confirm(const MessageText& message) = 0;
+  [[nodiscard]] virtual bool Confirm(const texts::MessageText& message) = 0;
   /// Tells something; there is only OK.
-  virtual void Inform(const MessageText& message) = 0;
+  virtual void Inform(const texts::MessageText& message) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
 };

@@ -70,8 +70,8 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
   horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   horizontalHeader()->setHighlightSections(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  FitRows();
   setCurrentIndex(model_->index(0, 0));
 
   text11_->installEventFilter(this);
@@ -148,6 +148,15 @@ void CurveGridView::focusInEvent(QFocusEvent* event) {
 void CurveGridView::focusOutEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusOutEvent(event);
   viewport()->update(visualRegionForSelection(selectionModel()->selection()));
+}
+
+void CurveGridView::FitRows() {
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+}
+
+void CurveGridView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange) FitRows();
 }
 
 void CurveGridView::updateGeometries() {

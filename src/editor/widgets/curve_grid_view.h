@@ -42,6 +42,7 @@ class CurveGridView : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void updateGeometries() override;
   /// Typing on the grid does nothing; it does not search either.
   void keyboardSearch(const QString&) override {}
@@ -51,6 +52,7 @@ class CurveGridView : public QTableView {
   void OnTextChanged(const QString& text);
   [[nodiscard]] bool OnEditorKey(const QKeyEvent& event);
   void PlaceEditor();
+  void FitRows();
 
   WorkingTable& table_;
   CellEditor cellEditor_;

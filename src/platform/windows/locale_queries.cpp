@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <array>
+#include <cstring>
+
 #include "platform/ansi_code_page.h"
 
 namespace zentab::platform {
@@ -12,6 +15,24 @@ std::optional<std::string> UserDecimalSeparator() {
                                     static_cast<int>(buffer.size()));
   if (length <= 1) return std::nullopt;
   return FromAnsi(std::string_view(buffer).substr(0, static_cast<std::size_t>(length) - 1));
+}
+
+std::uint32_t SystemLocaleIdentifier() { return GetSystemDefaultLCID(); }
+
+std::optional<int> UserCharacterSet() {
+  LOCALESIGNATURE signature{};
+  // The wide call gives the signature itself; the narrow one would convert its bits as letters.
+  std::array<wchar_t, 32> buffer{};
+  if (GetLocaleInfoW(GetUserDefaultLCID(), LOCALE_FONTSIGNATURE, buffer.data(),
+                     static_cast<int>(buffer.size())) == 0) {
+    return std::nullopt;
+  }
+  std::memcpy(&signature, buffer.data(), sizeof signature);
+  CHARSETINFO information{};
+  if (TranslateCharsetInfo(signature.lsCsbDefault, &information, TCI_SRCFONTSIG) == 0) {
+    return std::nullopt;
+  }
+  return static_cast<int>(information.ciCharset);
 }
 
 }  // namespace zentab::platform

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+#include "app/session.h"
+#include "platform/file_layer.h"
+
+namespace zentab::app {
+
+/// The log of what the user did with instruments and tables: a text file in the installation
+/// folder, named after the executable. It is written only while the catalogue's log switch is on.
+class EventLog {
+ public:
+  EventLog(const Session& session, platform::FileLayer& files) : session_(session), files_(files) {}
+
+  /// Adds one line, a template whose fields are filled in. The file is opened and closed for it,
+  /// so that every line is on the disk when the next thing happens. A line that cannot be written
+  /// is left out.
+  void WriteLogLine(std::string_view text) const;
+
+ private:
+  [[nodiscard]] std::error_code Append(std::string_view line) const;
+
+  const Session& session_;
+  platform::FileLayer& files_;
+};
+
+}  // namespace zentab::app

@@ -1,0 +1,80 @@
+#include "app/session_texts.h"
+
+#include <ctime>
+
+#include "texts/number_text.h"
+
+namespace zentab::app {
+namespace {
+
+std::tm LocalTime() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+#ifdef _WIN32
+  localtime_s(&local, &now);
+#else
+  localtime_r(&now, &local);
+#endif
+  return local;
+}
+
+// The load levels of the points, as they stand in files.
+std::string LoadLevels(const editor::CurveGrid& grid) {
+  std::string levels;
+  for (int row = editor::kFirstRow; row <= editor::kLastRow; ++row) {
+    const std::string& cell = grid.Cell(row, editor::kLoadColumn);
+    if (cell.empty()) break;
+    if (!levels.empty()) levels += ';';
+    levels += texts::SetDecimalSeparator(cell, ".");
+  }
+  return levels;
+}
+
+}  // namespace
+
+std::string Expanded(const Session& session, std::string_view text, std::string_view argument) {
+  if (text.find('%') == std::string_view::npos) return std::string(text);
+  const texts::InstrumentTexts instrument = InstrumentInUse(session);
+  texts::TemplateFields fields;
+  fields.now = LocalTime();
+  fields.tablePath = session.tablePath;
+  fields.exchangeFile = session.exchangeFile;
+  fields.timeUnit = session.modes.TimeUnitText();
+  fields.loadLevels = LoadLevels(session.table.grid);
+  fields.instrumentName = instrument.name;
+  fields.instrumentUnit = instrument.unit;
+  return texts::ExpandTemplate(text, fields, {argument});
+}
+
+texts::MessageText MessageFor(const Session& session, MessageBox box, std::string_view entryName) {
+  const texts::MessageText& message = session.texts.messages.at(static_cast<std::size_t>(box));
+  return {message.title, Expanded(session, message.text, entryName)};
+}
+
+texts::InstrumentTexts InstrumentInUse(const Session& session) {
+  if (session.instrument == tables::Instrument::None) return {};
+  texts::InstrumentTexts used =
+      session.texts.instruments.at(static_cast<std::size_t>(session.instrument));
+  const texts::InstrumentTexts& current = session.texts.instruments[1];
+  for (std::string texts::InstrumentTexts::*const field :
+       {&texts::InstrumentTexts::setGraphCaption, &texts::InstrumentTexts::setGraphTip,
+        &texts::InstrumentTexts::pickupTip}) {
+    if ((used.*field).empty()) used.*field = current.*field;
+  }
+  return used;
+}
+
+LabelPair LabelsFor(const Session& session) {
+  const texts::LabelTexts& labels = session.texts.labels;
+  return {
+      Expanded(session, session.modes.absoluteValues ? labels.loadAbsolute : labels.loadRelative),
+      Expanded(session, session.modes.milliseconds ? labels.timeMilliseconds : labels.timeSeconds)};
+}
+
+LabelPair AxisTitlesFor(const Session& session) {
+  const LabelPair labels = LabelsFor(session);
+  return {Expanded(session, session.texts.program.loadAxis, labels.load),
+          Expanded(session, session.texts.program.timeAxis, labels.time)};
+}
+
+}  // namespace zentab::app

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/session.h"
+#include "texts/template_text.h"
+
+namespace zentab::app {
+
+/// The message boxes of the main window, by their numbers.
+enum class MessageBox {
+  DiscardEdits = 1,
+  ConfirmRemoval = 2,
+  ConfirmUpdate = 3,
+  DiscardEditsOnExit = 4,
+  DuplicateName = 5,
+};
+
+/// A template with its fields filled in from the session, at the present time.
+[[nodiscard]] std::string Expanded(const Session& session, std::string_view text,
+                                   std::string_view argument = {});
+
+/// A message box's title and text about an entry.
+[[nodiscard]] texts::MessageText MessageFor(const Session& session, MessageBox box,
+                                            std::string_view entryName);
+
+/// The texts of the chosen instrument; where the voltage one has no caption or tooltip, the
+/// current one's serves. Empty when none is chosen.
+[[nodiscard]] texts::InstrumentTexts InstrumentInUse(const Session& session);
+
+struct LabelPair {
+  std::string load;
+  std::string time;
+};
+
+/// The captions of load levels and trip times that the value modes call for.
+[[nodiscard]] LabelPair LabelsFor(const Session& session);
+
+/// The captions of the chart's axes, which hold those of the value modes.
+[[nodiscard]] LabelPair AxisTitlesFor(const Session& session);
+
+}  // namespace zentab::app

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+
+#include "texts/apply_texts.h"
+
+namespace zentab::app {
+
+/// Gives the controls of a window, by their object names, the texts of a catalogue. It knows the
+/// controls that the window has when this is made.
+class FormTexts : public texts::TextTarget {
+ public:
+  explicit FormTexts(QMainWindow& form);
+
+  void SetCaption(std::string_view control, std::string_view text) override;
+  void SetTooltip(std::string_view control, std::string_view text) override;
+  void SetShown(std::string_view control, bool shown) override;
+  void SetPlaceholder(std::string_view control, std::string_view text) override;
+  [[nodiscard]] std::string Caption(std::string_view control) const override;
+
+ private:
+  [[nodiscard]] QObject* Find(std::string_view control) const;
+  void SetProperty(std::string_view control, const char* property, const QVariant& value);
+
+  QHash<QString, QObject*> controls_;
+};
+
+}  // namespace zentab::app

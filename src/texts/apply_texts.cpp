@@ -1,0 +1,132 @@
+#include "texts/apply_texts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "platform/character_case.h"
+#include "texts/key_table.h"
+#include "texts/number_text.h"
+#include "texts/text_catalogue.h"
+
+namespace zentab::texts {
+namespace {
+
+std::optional<double> NumberOf(const std::string& text) {
+  return WholeNumber(SetDecimalSeparator(text, "."));
+}
+
+// A 16-bit integer, fractions rounded to the nearest one, halves to the even one.
+std::optional<std::int16_t> Int16Of(const std::string& text) {
+  const std::optional<double> number = NumberOf(text);
+  if (!number) return std::nullopt;
+  const double rounded = RoundHalfEven(*number, 0);
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (rounded < Limits::min() || rounded > Limits::max()) return std::nullopt;
+  return static_cast<std::int16_t>(rounded);
+}
+
+std::optional<bool> TruthOf(const std::string& text) {
+  const std::string word = platform::LowerCase(TrimBlanks(text));
+  if (word == "true" || word == "false") return word == "true";
+  const std::optional<double> number = NumberOf(text);
+  return number ? std::optional(*number != 0.0) : std::nullopt;
+}
+
+// Carries out the effect of one row; `text` is the key's text, expanded where its row says so.
+class Applier {
+ public:
+  Applier(const std::string& text, TextTarget& target, CatalogueTexts& texts)
+      : text_(text), target_(target), texts_(texts) {}
+
+  void operator()(const Caption& caption) const {
+    target_.SetCaption(caption.control, text_);
+    if (caption.shows) target_.SetShown(caption.control, true);
+  }
+  void operator()(const Tooltip& tooltip) const {
+    target_.SetTooltip(tooltip.control, text_);
+    if (tooltip.shows) target_.SetShown(tooltip.control, true);
+  }
+  void operator()(const Placeholder& field) const { target_.SetPlaceholder(field.control, text_); }
+  void operator()(const FrameCaption& frame) const {
+    target_.SetCaption(frame.control, text_);
+    target_.SetShown(frame.control, !TrimBlanks(text_).empty());
+  }
+  void operator()(const NamesFromCaptions&) const {
+    for (std::size_t kind = 1; kind < texts_.instruments.size(); ++kind) {
+      const std::string choice = "Option" + std::to_string(kind);
+      texts_.instruments[kind].name = StripAmpersands(target_.Caption(choice));
+    }
+  }
+  void operator()(const InstrumentField& field) const {
+    texts_.instruments[field.instrument].*field.field = text_;
+  }
+  void operator()(const MessageField& field) const {
+    texts_.messages[field.box].*field.field = text_;
+  }
+  void operator()(const LabelField& field) const { texts_.labels.*field.field = text_; }
+  void operator()(const ProgramField& field) const { texts_.program.*field.field = text_; }
+  void operator()(const ExchangeField& field) const {
+    texts_.*field.direction.*field.field = text_;
+  }
+  void operator()(const EquationSlot& slot) const {
+    texts_.equations[static_cast<std::size_t>(slot.stage)][slot.slot] = TrimBlanks(text_);
+  }
+  void operator()(const ImportField& field) const {
+    if (text_ == "-") {
+      target_.SetShown(field.field, true);
+      target_.SetShown(field.label, true);
+      return;
+    }
+    const std::string content(TrimBlanks(text_));
+    target_.SetCaption(field.field, content);
+    if (field.text != nullptr) texts_.import.*field.text = content;
+    if (const std::optional<std::int16_t> number = Int16Of(content)) {
+      texts_.import.*field.number = *number;
+    }
+  }
+  void operator()(const TimeoutText&) const { texts_.import.timeout = text_; }
+  void operator()(const SwitchOn& switched) const { texts_.*switched.flag = true; }
+  void operator()(const TraceSwitch&) const { texts_.import.printTable = text_ != "0"; }
+  void operator()(const ShownIfTrue& shown) const {
+    const std::optional<bool> truth = TruthOf(text_);
+    if (!truth) return;
+    target_.SetShown(shown.control, *truth);
+    target_.SetShown(shown.label, *truth);
+  }
+  void operator()(const ShownIfAboveZero& shown) const {
+    target_.SetShown(shown.control, text_ > "0");
+  }
+
+ private:
+  const std::string& text_;
+  TextTarget& target_;
+  CatalogueTexts& texts_;
+};
+
+}  // namespace
+
+void ApplyTexts(const std::filesystem::path& file, TextTarget& target, CatalogueTexts& texts,
+                const TextExpander& expand) {
+  const TextCatalogue catalogue(file);
+  for (const KeyRow& row : KeyTable()) {
+    std::string text = row.key.empty() ? std::string() : catalogue.Find(row.key);
+    if (text.empty() && !row.key.empty()) continue;
+    if (row.expanded) text = expand(text);
+    std::visit(Applier(text, target, texts), row.effect);
+  }
+}
+
+std::span<const std::string> CatalogueKeys() {
+  static const std::vector<std::string> keys = [] {
+    std::vector<std::string> all;
+    for (const KeyRow& row : KeyTable()) {
+      if (!row.key.empty()) all.push_back(row.key);
+    }
+    return all;
+  }();
+  return keys;
+}
+
+}  // namespace zentab::texts

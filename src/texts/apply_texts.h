@@ -1,0 +1,39 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "texts/catalogue_texts.h"
+
+namespace zentab::texts {
+
+/// The window whose controls get their texts from a catalogue. Controls are named as everywhere;
+/// a name that it does not know is passed over.
+class TextTarget {
+ public:
+  virtual ~TextTarget() = default;
+
+  virtual void SetCaption(std::string_view control, std::string_view text) = 0;
+  virtual void SetTooltip(std::string_view control, std::string_view text) = 0;
+  virtual void SetShown(std::string_view control, bool shown) = 0;
+  /// The text that an empty field shows in place of its content.
+  virtual void SetPlaceholder(std::string_view control, std::string_view text) = 0;
+  [[nodiscard]] virtual std::string Caption(std::string_view control) const = 0;
+};
+
+/// Fills in the fields of a text; see ExpandTemplate.
+using TextExpander = std::function<std::string(std::string_view)>;
+
+/// Applies a catalogue file to the window and the tables: every key in the fixed order of the key
+/// table, a key that is missing or empty changing nothing. A file that cannot be read changes
+/// nothing but the instruments' names, which follow the captions of their choices.
+void ApplyTexts(const std::filesystem::path& file, TextTarget& target, CatalogueTexts& texts,
+                const TextExpander& expand);
+
+/// The keys that ApplyTexts looks up, in its order.
+[[nodiscard]] std::span<const std::string> CatalogueKeys();
+
+}  // namespace zentab::texts

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace zentab::texts {
+
+/// The texts that belong to one instrument.
+struct InstrumentTexts {
+  std::string name;
+  std::string setGraphCaption;  // of `Command5`
+  std::string setGraphTip;
+  std::string pickupTip;  // of `Text2`
+  std::string firstX;     // the extension points of a reference graph, as number texts
+  std::string firstY;
+  std::string lastX;
+  std::string lastY;
+  std::string unit;
+};
+
+struct MessageText {
+  std::string title;
+  std::string text;
+};
+
+/// The texts of the exchange dialog in one of its directions.
+struct ExchangeTexts {
+  std::string heading;
+  std::string button;
+  std::string buttonTip;
+  std::string listTip;
+};
+
+enum class EquationStage { Difference, Value, Filter };
+inline constexpr int kEquationStages = 3;
+inline constexpr int kEquations = 10;
+
+/// How the import of a time test begins; its fields can overrule it.
+struct ImportSettings {
+  std::int16_t differenceType = 0;
+  std::string filterTypeText;
+  std::int16_t filterType = 0;
+  std::int16_t meanOver = 0;
+  std::string timeout;
+  bool printTable = false;
+};
+
+/// The load and time captions of the value modes.
+struct LabelTexts {
+  std::string loadRelative = "Load level (× pickup)";
+  std::string loadAbsolute = "Load level (%V)";
+  std::string timeSeconds = "Trip time (s)";
+  std::string timeMilliseconds = "Trip time (ms)";
+};
+
+/// What the window says apart from captions of its controls.
+struct ProgramTexts {
+  std::string loadAxis = "%1";  // "%1" stands for the load caption of the value mode
+  std::string timeAxis = "%1";  // and here for its time caption
+  std::string entries = "%1 entries";
+  std::string modified = "Modified";
+  std::string readFailed = "The entry could not be read";
+  std::string writeFailed = "The table file could not be written";
+  std::string selectInstrument = "Select Instrument first";
+  std::string ok = "OK";
+  std::string cancel = "Cancel";
+};
+
+/// All texts and switches of a catalogue that are no control's own. What no catalogue supplies
+/// keeps the value it has here.
+struct CatalogueTexts {
+  std::array<InstrumentTexts, 4> instruments;  // 1 current, 2 voltage, 3 the third choice
+  std::array<MessageText, 7> messages = {{
+      {},
+      {"Discard edits", "The table in the grid has edits that are not stored. Discard them?"},
+      {"Remove entry", "Remove the entry \"%1\" from the table file?"},
+      {"Update entry", "Replace the stored entry \"%1\" by the table in the grid?"},
+      {"Exit", "The table in the grid has edits that are not stored. Exit and discard them?"},
+      {"Add new", "The table file has an entry of this name already. Choose another name."},
+      {"Instrument", "The time test of the instrument could not be opened."},
+  }};  // by the boxes' numbers, from 1
+  LabelTexts labels;
+  ExchangeTexts importing;
+  ExchangeTexts exporting;
+  std::array<std::array<std::string, kEquations + 1>, kEquationStages> equations;  // from 1
+  ImportSettings import;
+  ProgramTexts program;
+  bool logSwitch = false;
+};
+
+}  // namespace zentab::texts

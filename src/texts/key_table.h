@@ -1,0 +1,83 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "texts/catalogue_texts.h"
+
+namespace zentab::texts {
+
+// What a key's text does, one type an effect.
+
+struct Caption {  // a control's caption, or a field's text
+  const char* control;
+  bool shows = false;  // makes it visible, too
+};
+struct Tooltip {
+  const char* control;
+  bool shows = false;
+};
+struct Placeholder {
+  const char* control;
+};
+struct FrameCaption {  // a text of blanks hides the frame, any other shows it
+  const char* control;
+};
+struct NamesFromCaptions {};  // the instruments' names follow the captions of their choices
+struct InstrumentField {
+  std::size_t instrument;
+  std::string InstrumentTexts::*field;
+};
+struct MessageField {
+  std::size_t box;
+  std::string MessageText::*field;
+};
+struct LabelField {
+  std::string LabelTexts::*field;
+};
+struct ProgramField {
+  std::string ProgramTexts::*field;
+};
+struct ExchangeField {
+  ExchangeTexts CatalogueTexts::*direction;
+  std::string ExchangeTexts::*field;
+};
+struct EquationSlot {
+  EquationStage stage;
+  std::size_t slot;
+};
+struct ImportField {  // "-" shows the field and its label; any other text is its content
+  const char* field;
+  const char* label;
+  std::int16_t ImportSettings::*number;
+  std::string ImportSettings::*text;  // where the text is kept as well
+};
+struct TimeoutText {};
+struct SwitchOn {  // by any text
+  bool CatalogueTexts::*flag;
+};
+struct TraceSwitch {};  // off by "0", on by any other text
+struct ShownIfTrue {    // "True" or a number other than 0 shows, "False" or 0 hides
+  const char* control;
+  const char* label;
+};
+struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
+  const char* control;
+};
+
+using TextEffect =
+    std::variant<Caption, Tooltip, Placeholder, FrameCaption, NamesFromCaptions, InstrumentField,
+                 MessageField, LabelField, ProgramField, ExchangeField, EquationSlot, ImportField,
+                 TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+
+struct KeyRow {
+  std::string key;  // empty: no text is looked up, the effect always takes place
+  TextEffect effect;
+  bool expanded = false;
+};
+
+/// Every key of a catalogue with its effect, in the order in which they are applied.
+[[nodiscard]] const std::vector<KeyRow>& KeyTable();
+
+}  // namespace zentab::texts

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace zentab::texts {
+
+// A text catalogue is a text file whose lines hold a key, in any place, and its text between the
+// first "{" and the first "}". A key is found in the first line that contains it as a part,
+// letters compared without case: a shorter key also finds the line of a longer one that it is a
+// part of. Which line comes first decides, so catalogues list the shorter key first.
+
+/// The text of a key (ASCII) in a catalogue; empty when the file cannot be read, no line has the
+/// key, or its line has no "}" or has it before the "{". A line without "{" gives all that stands
+/// before its "}". The file is opened and searched anew at each call.
+[[nodiscard]] std::string LookupText(std::string_view key, const std::filesystem::path& file);
+
+/// A catalogue that is read once for many keys; Find gives what LookupText gives.
+class TextCatalogue {
+ public:
+  explicit TextCatalogue(const std::filesystem::path& file);
+  [[nodiscard]] std::string Find(std::string_view key) const;
+
+ private:
+  std::string lines_;   // the file's lines, each ending in a line feed
+  std::string folded_;  // the same in capitals
+};
+
+/// The text without its access-key markers. A marker behind the first character drops what the
+/// result held so far: A&B&C gives BC. Catalogues rely on it.
+[[nodiscard]] std::string StripAmpersands(std::string_view text);
+
+}  // namespace zentab::texts
