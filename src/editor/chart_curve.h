@@ -11,11 +11,15 @@ struct ChartPoint {
   int row;
   double load;
   double time;
+
+  friend bool operator==(const ChartPoint&, const ChartPoint&) = default;
 };
 
 struct Range {
   double minimum = 0.0;
   double maximum = 0.0;
+
+  friend bool operator==(const Range&, const Range&) = default;
 };
 
 /// What the chart shows of a grid.
@@ -29,6 +33,8 @@ struct ChartCurve {
   [[nodiscard]] bool IsShown() const { return rowCount >= 2; }
   /// Whether logarithmic axes can show every point.
   [[nodiscard]] bool IsPositive() const;
+
+  friend bool operator==(const ChartCurve&, const ChartCurve&) = default;
 };
 
 [[nodiscard]] ChartCurve CurveOf(const CurveGrid& grid);

@@ -25,8 +25,9 @@ QWidget* ChartPanel::BuildChartPlace() {
   place->setFrameShape(QFrame::StyledPanel);
   place->setAutoFillBackground(true);
   place->setBackgroundRole(QPalette::Base);
-  auto* const hint =
-      new QLabel(QStringLiteral("No curve to show yet.\nRead an entry of the list, or type two points."), place);
+  auto* const hint = new QLabel(
+      QStringLiteral("No curve to show yet.\nRead an entry of the list, or type two points."),
+      place);
   hint->setAlignment(Qt::AlignCenter);
   hint->setForegroundRole(QPalette::PlaceholderText);
   chart = new editor::CurveChart(place);

@@ -100,7 +100,8 @@ bool LibraryController::Agreed(MessageBox box, std::size_t index) const {
 }
 
 void LibraryController::ReportFailure(const QString& text, std::error_code error) {
-  Q_EMIT Failed(QStringLiteral("%1: %2").arg(text, QString::fromLocal8Bit(error.message().c_str())));
+  Q_EMIT Failed(
+      QStringLiteral("%1: %2").arg(text, QString::fromLocal8Bit(error.message().c_str())));
 }
 
 }  // namespace zentab::app

@@ -74,8 +74,9 @@ void LibraryPanel::BuildButtons() {
   grid->setContentsMargins(0, 0, 0, 0);
   command1_ = AddButton(grid, 0, "Command1", QStringLiteral("&Read"),
                         QStringLiteral("Read the selected entry into the grid (Enter, Ctrl+R)"));
-  command4_ = AddButton(grid, 1, "Command4", QStringLiteral("&Update"),
-                        QStringLiteral("Replace the selected entry by the table in the grid (Ctrl+S)"));
+  command4_ =
+      AddButton(grid, 1, "Command4", QStringLiteral("&Update"),
+                QStringLiteral("Replace the selected entry by the table in the grid (Ctrl+S)"));
   command3_ = AddButton(grid, 2, "Command3", QStringLiteral("&Add New"),
                         QStringLiteral("Store the table in the grid under a new name (Ctrl+N)"));
   command2_ = AddButton(grid, 3, "Command2", QStringLiteral("Re&move"),

@@ -34,10 +34,9 @@ int main(int argc, char* argv[]) {
   arguments.addHelpOption();
   arguments.addOption(screenshot);
   arguments.process(application);
-  const QString picture =
-      arguments.isSet(screenshot)
-          ? QFileInfo(arguments.value(screenshot)).absoluteFilePath()
-          : QString();
+  const QString picture = arguments.isSet(screenshot)
+                              ? QFileInfo(arguments.value(screenshot)).absoluteFilePath()
+                              : QString();
 
   const std::filesystem::path executable = platform::ExecutablePath();
   const auto store = platform::UserSettingsStore();

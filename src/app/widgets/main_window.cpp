@@ -86,12 +86,11 @@ void MainWindow::BuildMenus() {
           &QAction::triggered, this, &QWidget::close);
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
-  QAction* const logarithmic = add(view, "m_log", QStringLiteral("&Logarithmic axes"),
-                                   QKeySequence(Qt::CTRL | Qt::Key_L));
+  QAction* const logarithmic =
+      add(view, "m_log", QStringLiteral("&Logarithmic axes"), QKeySequence(Qt::CTRL | Qt::Key_L));
   logarithmic->setCheckable(true);
   logarithmic->setChecked(true);
-  connect(logarithmic, &QAction::toggled, chart_->chart,
-          &editor::CurveChart::SetLogarithmicWanted);
+  connect(logarithmic, &QAction::toggled, chart_->chart, &editor::CurveChart::SetLogarithmicWanted);
   connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
           &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
 }

@@ -8,10 +8,9 @@ namespace {
 
 // Plain text: an entry's name may hold anything, also what looks like markup.
 QMessageBox::StandardButton Show(QWidget* parent, QMessageBox::Icon icon,
-                                 QMessageBox::StandardButtons buttons,
-                                 const MessageText& message) {
-  QMessageBox box(icon, QString::fromStdString(message.title),
-                  QString::fromStdString(message.text), buttons, parent);
+                                 QMessageBox::StandardButtons buttons, const MessageText& message) {
+  QMessageBox box(icon, QString::fromStdString(message.title), QString::fromStdString(message.text),
+                  buttons, parent);
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::Ok);
   return static_cast<QMessageBox::StandardButton>(box.exec());

@@ -54,12 +54,14 @@ QGroupBox* TablePanel::BuildInstruments() {
 
 QWidget* TablePanel::BuildModes() {
   auto* const modes = new QWidget(this);
-  check1 = Named(new QCheckBox(QStringLiteral("A&bsolute values"), modes), "Check1",
-                 QStringLiteral("Load levels are amperes or volts, not multiples of the pickup value"));
+  check1 =
+      Named(new QCheckBox(QStringLiteral("A&bsolute values"), modes), "Check1",
+            QStringLiteral("Load levels are amperes or volts, not multiples of the pickup value"));
   check2 = Named(new QCheckBox(QStringLiteral("time unit is m&S"), modes), "Check2",
                  QStringLiteral("Trip times are milliseconds, not seconds"));
   text2 = Named(new QLineEdit(modes), "Text2");
-  text3 = Named(new QLineEdit(modes), "Text3", QStringLiteral("Every trip time is multiplied by this number"));
+  text3 = Named(new QLineEdit(modes), "Text3",
+                QStringLiteral("Every trip time is multiplied by this number"));
   text3->setEnabled(false);
   auto* const grid2 = new QGridLayout(modes);
   grid2->setContentsMargins(0, 0, 0, 0);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "editor/widgets/log_paper_ticker.h"
 
@@ -71,12 +72,17 @@ CurveChart::CurveChart(QWidget* parent)
       linearTicker_(new QCPAxisTicker),
       logTicker_(new LogPaperTicker) {
   setObjectName(QStringLiteral("MSChart1"));
+  // Segment by segment: a polyline of this width costs ten times as much, and markers hide joints.
+  setPlottingHint(QCP::phFastPolylines);
   setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
   // Straight grid lines gain nothing from it and cost most of the drawing time.
   setNotAntialiasedElements(QCP::aeGrid | QCP::aeSubGrid | QCP::aeAxes);
   // One buffer instead of two halves what every refresh has to fill and blend.
   layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmLogical);
-  connect(this, &QCustomPlot::afterReplot, this, &CurveChart::PlaceMark);
+  connect(this, &QCustomPlot::afterReplot, this, [this] {
+    buffersFresh_ = true;
+    PlaceMark();
+  });
   for (QCPAxis* const axis : {xAxis, yAxis}) {
     axis->grid()->setSubGridVisible(true);
     axis->grid()->setZeroLinePen(Qt::NoPen);
@@ -94,30 +100,78 @@ CurveChart::CurveChart(QWidget* parent)
 }
 
 void CurveChart::ShowCurve(const ChartCurve& curve) {
-  curve_ = curve;
+  if (curve == curve_ && isHidden() != curve.IsShown()) return;
+  const ChartCurve before = std::exchange(curve_, curve);
   setVisible(curve.IsShown());
   if (!curve.IsShown()) return;
+  SetCurveData();
+  const QCPRange loads = xAxis->range();
+  const QCPRange times = yAxis->range();
+  ApplyScaleType();
+  if (!userMovedView_) FitRanges();
+  // An edit changes one point and mostly no axis: only its surroundings are drawn, and straight
+  // to the window. The plot's own way draws everything into a picture first.
+  const bool sameAxes = loads == xAxis->range() && times == yAxis->range();
+  buffersFresh_ = false;
+  if (!sameAxes) updateLayout();
+  PlaceMark();
+  update(sameAxes ? ChangedArea(before) : rect());
+}
+
+void CurveChart::SetCurveData() {
   // A curve is drawn through its points in the order of the grid's rows, which nobody sorts.
   QVector<double> places;
   QVector<double> loads;
   QVector<double> times;
-  for (const ChartPoint& point : curve.points) {
+  for (const ChartPoint& point : curve_.points) {
     places.append(point.row);
     loads.append(point.load);
     times.append(point.time);
   }
   line_->setData(places, loads, times, true);
-  ApplyScaleType();
-  if (!userMovedView_) Fit();
-  replot(rpQueuedReplot);
 }
 
-void CurveChart::Fit() {
+QRectF CurveChart::AreaAround(const ChartCurve& curve, std::size_t point) const {
+  const std::size_t first = point > 0 ? point - 1 : 0;
+  const std::size_t last = std::min(point + 1, curve.points.size() - 1);
+  QPolygonF corners;
+  for (std::size_t at = first; at <= last; ++at) {
+    corners.append(
+        {xAxis->coordToPixel(curve.points[at].load), yAxis->coordToPixel(curve.points[at].time)});
+  }
+  return corners.boundingRect().adjusted(-kMarkerSize, -kMarkerSize, kMarkerSize, kMarkerSize);
+}
+
+QRect CurveChart::ChangedArea(const ChartCurve& before) const {
+  if (before.points.size() != curve_.points.size()) return rect();
+  QRectF area;
+  for (std::size_t point = 0; point < curve_.points.size(); ++point) {
+    if (before.points[point] == curve_.points[point]) continue;
+    area = area.united(AreaAround(before, point)).united(AreaAround(curve_, point));
+  }
+  return area.toAlignedRect() & rect();
+}
+
+void CurveChart::paintEvent(QPaintEvent* event) {
+  if (buffersFresh_) {
+    QCustomPlot::paintEvent(event);
+    return;
+  }
+  QCPPainter painter(this);
+  painter.fillRect(event->rect(), palette().base());
+  draw(&painter);
+}
+
+void CurveChart::FitRanges() {
   userMovedView_ = false;
   if (curve_.points.empty()) return;
   const bool logarithmic = xAxis->scaleType() == QCPAxis::stLogarithmic;
   xAxis->setRange(WithMargin(curve_.load, logarithmic));
   yAxis->setRange(WithMargin(curve_.time, logarithmic));
+}
+
+void CurveChart::Fit() {
+  FitRanges();
   replot(rpQueuedReplot);
 }
 

@@ -34,13 +34,18 @@ class CurveChart : public QCustomPlot {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
+  void SetCurveData();
+  void FitRanges();
   void ApplyScaleType();
   void ApplyPalette();
+  [[nodiscard]] QRect ChangedArea(const ChartCurve& before) const;
+  [[nodiscard]] QRectF AreaAround(const ChartCurve& curve, std::size_t point) const;
   void PlaceMark();
 
   QCPCurve* line_;
@@ -51,6 +56,7 @@ class CurveChart : public QCustomPlot {
   int markedRow_ = 1;
   bool logarithmicWanted_ = true;
   bool userMovedView_ = false;
+  bool buffersFresh_ = false;  // the plot's own picture shows the curve
 };
 
 }  // namespace zentab::editor

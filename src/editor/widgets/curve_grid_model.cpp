@@ -24,9 +24,8 @@ QVariant CurveGridModel::data(const QModelIndex& index, int role) const {
 
 QVariant CurveGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (role != Qt::DisplayRole) return {};
-  return QString::fromStdString(orientation == Qt::Horizontal
-                                    ? grid_.Cell(0, section + kLoadColumn)
-                                    : grid_.Cell(section + kFirstRow, 0));
+  return QString::fromStdString(orientation == Qt::Horizontal ? grid_.Cell(0, section + kLoadColumn)
+                                                              : grid_.Cell(section + kFirstRow, 0));
 }
 
 void CurveGridModel::ShowCell(int row, int column) {
