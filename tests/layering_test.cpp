@@ -1,7 +1,5 @@
 // Reads every file of the source and watches the order of the layers: nothing outside widgets/
 // knows Qt, no layer knows one above it, and no file grows beyond reading.
-#include <gtest/gtest.h>
-
 #include <cctype>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +8,8 @@
 #include <set>
 #include <string>
 #include <string_view>
+
+#include "support/cases.h"
 
 namespace zentab::test {
 namespace {
@@ -104,43 +104,8 @@ std::optional<string> FaultOf(const fs::path& file, const string& line) {
 }
 
 TEST(Layering, TheCheckFindsFaults) {
-  const struct {
-    string file, line;
-    bool isFault;
-  } cases[] = {
-      {"editor/curve_grid.h", "#include <string>", false},
-      {"editor/curve_grid.h", "#include <utf8.h>", false},
-      {"editor/curve_grid.h", "#include <QString>", true},
-      {"editor/curve_grid.h", "  #  include <QtCore/QString>", true},
-      {"editor/curve_grid.h", "#include <qstring.h>", true},
-      {"editor/curve_grid.h", "#include \"qcustomplot.h\"", true},
-      {"editor/curve_grid.h", "// #include <QString>", false},
-      {"editor/curve_grid.h", "#include \"curve_grid.h\"", true},
-      {"editor/curve_grid.h", "#include \"tables/entry_line.h\"", false},
-      {"editor/curve_grid.h", "#include <app/session.h>", true},
-      {"editor/curve_grid.h", "#include \"editor/widgets/grid_view.h\"", true},
-      {"editor/curve_grid.h", "#include \"mathparser/math_parser.h\"", true},
-      {"editor/widgets/grid_view.cpp", "#include <QWidget>", false},
-      {"editor/widgets/grid_view.cpp", "#include <qcustomplot.h>", false},
-      {"editor/widgets/grid_view.cpp", "#include \"editor/curve_grid.h\"", false},
-      {"editor/widgets/grid_view.cpp", "#include \"tables/entry_line.h\"", false},
-      {"editor/widgets/grid_view.cpp", "#include \"app/session.h\"", true},
-      {"editor/widgets/grid_view.cpp", "#include \"app/widgets/main_window.h\"", true},
-      {"app/widgets/main_window.cpp", "#include \"editor/widgets/grid_view.h\"", false},
-      {"app/widgets/main_window.cpp", "#include \"testset/widgets/x.h\"", true},
-      {"app/session.h", "#include \"mathparser/math_parser.h\"", false},
-      {"mathparser/math_parser.h", "#include \"texts/number_text.h\"", true},
-      {"platform/paths.cpp", "#include \"texts/number_text.h\"", true},
-      {"platform/paths.cpp", "#include \"platform/posix/ini_text.h\"", false},
-      {"platform/windows/registry.cpp", "#include \"platform/windows/wide_text.h\"", false},
-      {"platform/windows/registry.cpp", "#include \"platform/posix/ini_text.h\"", true},
-      {"texts/characters.cpp", "#include \"platform/windows/wide_text.h\"", true},
-      {"cli/main.cpp", "#include \"app/session.h\"", false},
-      {"cli/main.cpp", "#include \"app/widgets/main_window.h\"", true},
-      {"unknown/x.cpp", "#include \"texts/characters.h\"", true},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(FaultOf(c.file, c.line).has_value(), c.isFault) << c.file << ": " << c.line;
+  for (const auto& row : Cases("includes.txt", "includes")) {
+    EXPECT_EQ(FaultOf(row[0], row[1]).has_value(), row[2] == "fault") << row[0] << ": " << row[1];
   }
 }
 

@@ -1,6 +1,7 @@
 #include "app/settings.h"
 
-#include "support/environment.h"
+#include <cstdlib>
+
 #include "support/temporary_folder.h"
 
 namespace zentab::app {
@@ -10,7 +11,7 @@ using Field = std::string Settings::*;
 
 class SettingsTest : public test::TemporaryFolder {
  protected:
-  test::ScopedVariable variable_{"ZENTAB_SETTINGS_DIR", Folder().string()};
+  SettingsTest() { ::setenv("ZENTAB_SETTINGS_DIR", Folder().c_str(), 1); }
   std::unique_ptr<platform::SettingsStore> store_ = platform::UserSettingsStore();
 };
 

@@ -1,7 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "editor/grid_points.h"
 #include "editor/grid_tidy.h"
+#include "support/cases.h"
 
 namespace zentab::editor {
 namespace {
@@ -32,24 +31,8 @@ TEST(GridPoints, ShowNormalisedNumbersInTheUsersForm) {
 }
 
 TEST(GridTidy, RoundsNumbersAndRemovesForeignCharacters) {
-  const std::string_view cases[][2] = {
-      {"1,2345", "1,234"},
-      {"1.2355", "1,236"},
-      {" 2.50 ", "2,5"},
-      {"0.0004", "0"},
-      {"", ""},
-      {"abc", "b"},
-      {"1 2", "12"},
-      {"12  A", "12 "},
-      {"12A", "12"},
-      {"1,5 A", "1,5A"},
-      {"-1,23456x", "-1,23456"},
-      {"5 %", "5%"},
-      {"1.23456.7", "1.23456.7"},
-      {"Ω5", "5"},
-      {"1E+20", "1+20"},
-  };
-  for (const auto& [before, after] : cases) {
+  for (const auto& row : test::Cases("tidy.txt", "cells")) {
+    const std::string &before = row[0], &after = row[1];
     CurveGrid grid;
     grid.SetCell(1, kLoadColumn, before);
     grid.SetCell(26, kTimeColumn, before);

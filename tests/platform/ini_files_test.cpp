@@ -1,8 +1,9 @@
 // The settings store and the registry of platforms that keep both in INI files.
+#include <cstdlib>
+
 #include "platform/posix/ini_text.h"
 #include "platform/registry.h"
 #include "platform/settings_store.h"
-#include "support/environment.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::platform {
@@ -11,7 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::string_literals;
 using test::BytesOf;
-using test::ScopedVariable;
 
 TEST(IniText, ChangesValuesAndLeavesAllElse) {
   const struct {
@@ -41,8 +41,10 @@ TEST(IniText, ChangesValuesAndLeavesAllElse) {
 
 class IniFiles : public test::TemporaryFolder {
  protected:
-  ScopedVariable settings_{"ZENTAB_SETTINGS_DIR", (Folder() / "settings").string()};
-  ScopedVariable registry_{"ZENTAB_REGISTRY_DIR", Folder().string()};
+  IniFiles() {
+    ::setenv("ZENTAB_SETTINGS_DIR", (Folder() / "settings").c_str(), 1);
+    ::setenv("ZENTAB_REGISTRY_DIR", Folder().c_str(), 1);
+  }
   std::unique_ptr<SettingsStore> store_ = UserSettingsStore();
 };
 

@@ -1,6 +1,5 @@
 #include "platform/line_reader.h"
 
-#include "platform/safe_file_replacement.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
 
@@ -23,27 +22,6 @@ TEST_F(LineFiles, EveryLineComesWithItsOwnEnd) {
     }
     EXPECT_EQ(count, lines.lines.size());
     EXPECT_FALSE(reader.Failed());
-  }
-}
-
-TEST_F(LineFiles, OnlyTheChangedLineChanges) {
-  for (const LineFile& lines : HostileLineFiles()) {
-    SCOPED_TRACE(lines.what);
-    const auto source = Write("lines", lines.Bytes());
-    const auto change = [&](std::size_t index, std::string_view replacement) {
-      return platform::ReplaceFile(
-          platform::SystemFiles(), Folder() / "copy", [&](platform::OutputFile& output) {
-            return platform::CopyChangingLine(source, index, replacement, output);
-          });
-    };
-    const std::size_t step = lines.lines.size() / 12 + 1;
-    for (std::size_t index = 0; index < lines.lines.size(); index += step) {
-      for (const std::string_view replacement : {"", "{new}\r\n"}) {
-        ASSERT_FALSE(change(index, replacement));
-        ASSERT_TRUE(BytesOf(Folder() / "copy") == lines.Bytes(index, replacement)) << index;
-      }
-    }
-    EXPECT_EQ(change(lines.lines.size(), "x"), std::errc::result_out_of_range);
   }
 }
 

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,20 +16,39 @@ namespace zentab::test {
 /// A test with an empty folder of its own, which goes when the test ends.
 class TemporaryFolder : public ::testing::Test {
  protected:
-  TemporaryFolder();
-  ~TemporaryFolder() override;
+  TemporaryFolder() { std::filesystem::create_directory(folder_); }
+  ~TemporaryFolder() override { std::filesystem::remove_all(folder_); }
 
   [[nodiscard]] const std::filesystem::path& Folder() const { return folder_; }
+
   /// Writes a file of the folder; its full path.
-  std::filesystem::path Write(std::string_view name, std::string_view bytes) const;
+  std::filesystem::path Write(std::string_view name, std::string_view bytes) const {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+    return folder_ / name;
+  }
+
   /// The names of all that the folder holds, sorted.
-  [[nodiscard]] std::vector<std::string> Names() const;
+  [[nodiscard]] std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
 
  private:
-  std::filesystem::path folder_;
+  std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
+                                  ("zentab-test-" + std::to_string(std::random_device()()));
 };
 
 /// A file's bytes; "(missing)" when it cannot be opened.
-[[nodiscard]] std::string BytesOf(const std::filesystem::path& file);
+[[nodiscard]] inline std::string BytesOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) return "(missing)";
+  std::ostringstream bytes;
+  if (stream.peek() != std::ifstream::traits_type::eof()) bytes << stream.rdbuf();
+  return std::move(bytes).str();
+}
 
 }  // namespace zentab::test
