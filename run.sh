@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Builds the editor and opens it on a fresh copy of the demo installation.
 # Without a display it draws the window into a PNG file and says where.
+#   ./run.sh          in English
+#   ./run.sh de       with the catalogue Zentab.de.txt; also zh_CN
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
@@ -11,6 +13,10 @@ build release
 # Playing never touches the checkout: installation, registry and settings are scratch copies.
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/zentab-demo.XXXXXX")
 cp -r examples/installation "$scratch/installation"
+if [ $# -gt 0 ] && [ -f "catalogues/Zentab.$1.txt" ]; then
+  cp "catalogues/Zentab.$1.txt" "$scratch/installation/Zentab2.txt"
+  shift
+fi
 mkdir "$scratch/registry" "$scratch/settings"
 printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\HALDOR\\MIRAXWIN]\nMIRAX=%s\n' "$scratch/installation" \
   >"$scratch/registry/registry.ini"

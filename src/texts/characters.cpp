@@ -21,7 +21,9 @@ std::u32string ToCharacters(std::string_view utf8) {
 std::string FromCharacters(std::u32string_view characters) {
   std::string utf8;
   for (const char32_t character : characters) {
-    utf8::unchecked::append(static_cast<utf8::uint32_t>(character), std::back_inserter(utf8));
+    const bool valid = character <= 0x10FFFF && (character < 0xD800 || character > 0xDFFF);
+    utf8::unchecked::append(valid ? static_cast<utf8::uint32_t>(character) : 0xFFFD,
+                            std::back_inserter(utf8));
   }
   return utf8;
 }

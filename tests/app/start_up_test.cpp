@@ -38,6 +38,17 @@ TEST(StartUp, TheDecimalSeparatorIsCleanedOfWhatTheSystemAdds) {
   }
 }
 
+TEST(StartUp, CataloguesComeInAFixedOrder) {
+  const auto names = [](const char* executable) {
+    std::string all;
+    for (const auto& file : CatalogueCandidates("/inst", executable)) all += file.string() + " ";
+    return all;
+  };
+  EXPECT_EQ(names("/bin/Zentab"),
+            "/inst/Zentab.dxt FCC.TXT /bin/Zentab.txt /inst/Zentab1.txt /inst/Zentab2.txt ");
+  EXPECT_EQ(names("/bin/Zentab2"), "/inst/Zentab.dxt FCC.TXT Zentab.txt Zentab1.txt Zentab2.txt ");
+}
+
 TEST(StartUp, TheBaseNameDropsOnlyAnExeSuffix) {
   for (const auto& [path, name] : {std::pair("/bin/Zentab", "Zentab"),
                                    {"Zentab.EXE", "Zentab"},

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTest>
 
@@ -262,6 +263,39 @@ class MainWindowTest : public QObject {
     QVERIFY(f.window->x() > -1000);
     QVERIFY(Checked("Check1"));
     QCOMPARE(f.Find<QLineEdit>("Text2")->text(), QString());
+  }
+
+  void TheCataloguesCaptionTheWindowAndSwitchTheLogOn() {
+    WindowFixture& f = Start();
+    QVERIFY(f.Find<QWidget>("Check1")->isHidden() && f.Find<QWidget>("Text4")->isHidden());
+    f.Write("Zentab.txt", "F1.COMMAND1.TEXT {default}\nF1.COMMAND9.TEXT {Clear}\nDIFF.TYPE {-}\n");
+    f.Write("Zentab2.txt",
+            "F1.COMMAND1.TEXT {Lesen}\nF1.LOGGFILE {x}\nF1.CHECK1.TEXT {Abs}\n"
+            "F1.LABEL2.TEXT {<%1>}\nLOAD.LABEL.REL.TEXT {Last %F}\n"
+            "F1.MSGBOX2.TXT {weg: %1}\nF1.COMMAND5.TEXT {GRH I}\n");
+    f.Open();
+    QCOMPARE(f.Find<QAbstractButton>("Command1")->text(), QStringLiteral("Lesen"));
+    for (const char* const name : {"Command9", "Check1", "Text4", "LabelText4"}) {
+      QVERIFY2(f.Find<QWidget>(name)->isVisible(), name);
+    }
+    QVERIFY(f.Find<QWidget>("Command8")->isHidden());
+    Click("Command1");
+    QCOMPARE(f.Find<QAbstractButton>("Command5")->text(), QStringLiteral("GRH I"));
+    QCOMPARE(f.Find<QLabel>("Label3")->text(), QStringLiteral("Last relayTables.dat"));
+    QCOMPARE(f.Find<editor::CurveChart>("MSChart1")->xAxis->label(),
+             QStringLiteral("<Last relayTables.dat>"));
+    Click("Command2");
+    QCOMPARE(f.dialogs.asked.back(), std::string("weg: SI"));
+    f.Write("Zentab.dxt", "F1.COMMAND1.TEXT {again}\n");
+    f.dialogs.file = f.Path("relayTables.dat");
+    f.Find<QAction>("m_act")->trigger();
+    QCOMPARE(f.Find<QAbstractButton>("Command1")->text(), QStringLiteral("again"));
+    QVERIFY(f.window->close());
+    const QStringList log = QString::fromUtf8(f.Bytes("Zentab.log")).split("\r\n");
+    QCOMPARE(log.size(), 4);
+    QVERIFY(QRegularExpression("^\\d{8} \\d\\d:\\d\\d Started$").match(log[0]).hasMatch());
+    QCOMPARE(log[1], QStringLiteral(" Unloading... "));
+    QVERIFY(QRegularExpression("^ \\d\\d:\\d\\d Exit$").match(log[2]).hasMatch());
   }
 
   void BadTableFilesAreShownAsFarAsTheyGo_data() {

@@ -28,7 +28,8 @@ IniText::Place IniText::Locate(std::string_view section, std::string_view key) c
   Place place;
   bool inside = false;
   bool takesKeys = false;
-  for (std::size_t begin = 0; begin < all.size();) {
+  // Editors of other systems put a byte-order mark in front.
+  for (std::size_t begin = all.starts_with("\xEF\xBB\xBF") ? 3 : 0; begin < all.size();) {
     const std::size_t lineFeed = all.find('\n', begin);
     const std::size_t next = lineFeed == std::string_view::npos ? all.size() : lineFeed + 1;
     std::size_t end = lineFeed == std::string_view::npos ? all.size() : lineFeed;

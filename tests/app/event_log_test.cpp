@@ -1,0 +1,58 @@
+#include "app/event_log.h"
+
+#include <regex>
+
+#include "app/session_texts.h"
+#include "platform/paths.h"
+#include "support/temporary_folder.h"
+
+namespace zentab::app {
+namespace {
+
+class EventLogTest : public test::TemporaryFolder {
+ protected:
+  EventLogTest() {
+    session.baseName = "Zentab";
+    session.installFolder = platform::ToText(Folder());
+  }
+  Session session;
+};
+
+TEST_F(EventLogTest, WritesLinesOnlyWhileItIsSwitchedOn) {
+  const EventLog log(session, platform::SystemFiles());
+  log.WriteLogLine("%D %E Started");
+  EXPECT_TRUE(Names().empty());
+  session.texts.logSwitch = true;
+  log.WriteLogLine("");
+  EXPECT_TRUE(Names().empty());
+  log.WriteLogLine("%D %E Started");
+  log.WriteLogLine(" Ü 变");
+  EXPECT_TRUE(std::regex_match(test::BytesOf(Folder() / "Zentab.log"),
+                               std::regex("\\d{8} \\d\\d:\\d\\d Started\r\n Ü 变\r\n")));
+  session.installFolder = "/nowhere/at/all";
+  log.WriteLogLine("lost");
+}
+
+TEST(SessionTexts, FollowTheInstrumentAndTheValueModes) {
+  Session session;
+  session.texts.instruments[1] = {"Current", "Set I", "tip I", "I>", "", "", "", "", "A"};
+  session.texts.instruments[2] = {"Voltage", "Set U", "", "", "", "", "", "", "V"};
+  EXPECT_EQ(InstrumentInUse(session).name, "");
+  session.instrument = tables::Instrument::Voltage;
+  EXPECT_EQ(InstrumentInUse(session).setGraphCaption, "Set U");
+  EXPECT_EQ(InstrumentInUse(session).setGraphTip, "tip I");
+  EXPECT_EQ(InstrumentInUse(session).pickupTip, "I>");
+  session.modes.absoluteValues = true;
+  session.modes.milliseconds = true;
+  session.texts.labels.timeMilliseconds = "in %X";
+  EXPECT_EQ(LabelsFor(session).load, "Load level (V)");
+  EXPECT_EQ(AxisTitlesFor(session).time, "in mS");
+  session.table.grid.SetCell(1, 1, "1,5");
+  session.table.grid.SetCell(2, 1, "2");
+  EXPECT_EQ(Expanded(session, "%U %V %T"), "Voltage V 1.5;2");
+  EXPECT_EQ(MessageFor(session, MessageBox::ConfirmRemoval, "SI").text,
+            "Remove the entry \"SI\" from the table file?");
+}
+
+}  // namespace
+}  // namespace zentab::app
