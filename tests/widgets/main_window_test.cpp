@@ -102,6 +102,7 @@ class MainWindowTest : public QObject {
     grid->setFocus();
     PressInFocus({Qt::Key_Return});
     QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text11"));
+    PressInFocus({Qt::Key_PageDown});
     TypeInFocus(QStringLiteral("1.2"));
     QCOMPARE(Cell(1, 1), QStringLiteral("1.2"));
     QVERIFY(f.session.table.tableModified);

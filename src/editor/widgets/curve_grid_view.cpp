@@ -206,6 +206,12 @@ void CurveGridView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CurveGridView::keyPressEvent(QKeyEvent* event) {
+  // What the open field has no use for (Page Down, Ctrl+Down) comes up to here, and would move the
+  // current cell away from under it: the next character would overwrite another cell.
+  if (cellEditor_.IsVisible()) {
+    event->ignore();
+    return;
+  }
   if (IsEnter(*event) || event->key() == Qt::Key_F2) {
     GridEdit(kOpenWithText);
     return;
