@@ -100,6 +100,8 @@ void CurveGridView::GridEdit(int keyAscii) {
 void CurveGridView::CloseEditor() {
   if (!cellEditor_.IsVisible()) return;
   cellEditor_.Hide();
+  // Hiding the field would pass its focus to whatever control comes next.
+  if (text11_->hasFocus()) setFocus();
   text11_->hide();
   Q_EMIT EditingLeft();
 }
