@@ -25,6 +25,13 @@ class RoomyRows : public QStyledItemDelegate {
   }
 };
 
+// A button's own shortcut is the letter underlined in its caption; setting another would take that
+// one away.
+void AddShortcut(QPushButton* button, const QKeySequence& key) {
+  auto* const shortcut = new QShortcut(key, button);
+  QObject::connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+}
+
 }  // namespace
 
 LibraryPanel::LibraryPanel(const std::vector<std::string>& names, QWidget* parent)
@@ -81,9 +88,9 @@ void LibraryPanel::BuildButtons() {
                         QStringLiteral("Store the table in the grid under a new name (Ctrl+N)"));
   command2_ = AddButton(grid, 3, "Command2", QStringLiteral("Re&move"),
                         QStringLiteral("Remove the selected entry from the table file (Delete)"));
-  command1_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
-  command4_->setShortcut(QKeySequence::Save);
-  command3_->setShortcut(QKeySequence::New);
+  AddShortcut(command1_, QKeySequence(Qt::CTRL | Qt::Key_R));
+  AddShortcut(command4_, QKeySequence::Save);
+  AddShortcut(command3_, QKeySequence::New);
   connect(command1_, &QPushButton::clicked, this, &LibraryPanel::ReadWanted);
   connect(command2_, &QPushButton::clicked, this, &LibraryPanel::RemoveWanted);
   connect(command3_, &QPushButton::clicked, this, &LibraryPanel::AddNewWanted);
