@@ -124,7 +124,8 @@ void LibraryPanel::ShowNames(std::size_t selected) {
 
 std::optional<std::size_t> LibraryPanel::SelectedIndex() const {
   const QModelIndex row = list1_->currentIndex();
-  if (!row.isValid()) return std::nullopt;
+  // The row with the keyboard's place need not be selected: Ctrl and a click take that away.
+  if (!list1_->selectionModel()->isSelected(row)) return std::nullopt;
   return static_cast<std::size_t>(row.row());
 }
 
