@@ -9,6 +9,7 @@
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStyledItemDelegate>
+#include <limits>
 
 #include "app/widgets/entry_list_model.h"
 
@@ -105,6 +106,7 @@ void LibraryPanel::BuildNameBox() {
   column->setContentsMargins(0, 0, 0, 0);
   text1_ = new QLineEdit(page);
   text1_->setObjectName(QStringLiteral("Text1"));
+  text1_->setMaxLength(std::numeric_limits<int>::max());
   text1_->setToolTip(QStringLiteral("The name of the new entry"));
   text1_->setPlaceholderText(QStringLiteral("Name of the new entry"));
   auto* const hint = new QLabel(QStringLiteral("Enter stores it; empty: cancel"), page);

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <array>
+#include <limits>
 #include <optional>
 
 #include "editor/widgets/curve_grid_model.h"
@@ -47,6 +48,7 @@ QLineEdit* MakeCellField(QWidget* parent) {
   field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   field->setFrame(false);
   field->setAutoFillBackground(true);
+  field->setMaxLength(std::numeric_limits<int>::max());
   field->hide();
   return field;
 }
