@@ -258,10 +258,10 @@ class MainWindowTest : public QObject {
     f.dialogs.answer = true;
     QVERIFY(f.window->close());
     f.store.values["F1Left"] = "-5e7";
-    f.store.values["F1Height"] = "high";
+    f.store.values["F1Height"] = "1499999";
     f.Open();
     QCOMPARE(f.window->width(), 1300);
-    QVERIFY(f.window->x() > -1000);
+    QVERIFY(f.window->x() > -1000 && f.window->height() < 10000);
     QVERIFY(Checked("Check1"));
     QCOMPARE(f.Find<QLineEdit>("Text2")->text(), QString());
   }
