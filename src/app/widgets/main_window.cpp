@@ -16,6 +16,7 @@
 #include "app/widgets/value_mode_binding.h"
 #include "app/widgets/window_placement.h"
 #include "editor/chart_curve.h"
+#include "platform/paths.h"
 
 namespace zentab::app {
 namespace {
@@ -160,9 +161,14 @@ bool MainWindow::MayEnd() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  // A file dialog may have changed the working folder. One that is gone leaves it as it is.
+  [[maybe_unused]] const std::error_code dropped =
+      platform::ChangeCurrentFolder(platform::ToPath(session_.installFolder));
   table_->grid->CloseEditor();
   StoreSettings();
-  event->setAccepted(MayEnd());
+  const bool ends = MayEnd();
+  if (ends) session_.table.grid.ClearPoints();
+  event->setAccepted(ends);
 }
 
 }  // namespace zentab::app
