@@ -1,5 +1,6 @@
 #include "app/library_commands.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "editor/grid_points.h"
@@ -58,7 +59,10 @@ std::error_code LibraryCommands::UpdateEntry(std::size_t index) {
 }
 
 NameResult LibraryCommands::EnterName(std::string_view typed) {
-  const std::string name(texts::TrimBlanks(typed));
+  std::string name(texts::TrimBlanks(typed));
+  // A pasted line break would end the entry's line; file and list take a blank for it.
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   if (name.empty()) return NameResult::Empty;
   if (tables::HasName(session_.entryNames, name)) return NameResult::Duplicate;
   if (tables::AppendEntry(files_, File(), EntryFromGrid(name))) return NameResult::NotWritten;

@@ -61,7 +61,7 @@ Session StartSession(const Settings& settings, const platform::Registry& registr
       platform::ChangeCurrentFolder(platform::ToPath(session.installFolder));
   session.localeDecimalSeparator = DecimalSeparatorFrom(platform::UserDecimalSeparator());
   session.tablePath = settings.tableName;
-  session.modes.absoluteValues = settings.absValues == "1";
+  session.modes.absoluteValues = texts::WholeNumber(settings.absValues) == 1.0;
   session.modes.pickup = settings.nomLoad1;
   return session;
 }

@@ -60,9 +60,7 @@ std::size_t ReadBlock(std::ifstream& file, char* to, std::size_t size) {
 
 }  // namespace
 
-LineReader::LineReader(const fs::path& path) : open_(OpenRegular(path, file_)) {
-  if (!open_) atEnd_ = true;
-}
+LineReader::LineReader(const fs::path& path) : atEnd_(!OpenRegular(path, file_)) {}
 
 bool LineReader::Refill() {
   if (atEnd_) return false;
@@ -73,7 +71,6 @@ bool LineReader::Refill() {
   if (buffer_.size() - kept < kBlock) buffer_.resize(std::max(kept + kBlock, 2 * kept));
   const std::size_t count = ReadBlock(file_, buffer_.data() + end_, buffer_.size() - end_);
   end_ += count;
-  failed_ = file_.bad();
   atEnd_ = !file_;
   return count > 0;
 }

@@ -20,13 +20,10 @@ struct RawLine {
 
 /// Reads a file line by line, in large blocks, each line valid until the next is read. Memory
 /// grows with the longest line, not with the file. A file that cannot be opened, or is no regular
-/// file, has no lines; a read that fails ends the file early and leaves Failed() true.
+/// file, has no lines; a read that fails ends the file early.
 class LineReader {
  public:
   explicit LineReader(const std::filesystem::path& path);
-
-  [[nodiscard]] bool IsOpen() const { return open_; }
-  [[nodiscard]] bool Failed() const { return failed_; }
 
   /// The next line; false at the end of the file.
   [[nodiscard]] bool Next(RawLine& line);
@@ -38,8 +35,6 @@ class LineReader {
   std::vector<char> buffer_;
   std::size_t begin_ = 0;  // the unread bytes are [begin_, end_) of the buffer
   std::size_t end_ = 0;
-  bool open_ = false;
-  bool failed_ = false;
   bool atEnd_ = false;
 };
 

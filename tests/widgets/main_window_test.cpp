@@ -77,6 +77,7 @@ class MainWindowTest : public QObject {
     QVERIFY(!ChartShown());
     QCOMPARE(made_->window->windowTitle(), QStringLiteral("Relay curve table editor"));
     QCOMPARE(made_->Find<QAbstractButton>("Command5")->text(), QStringLiteral("?"));
+    QCOMPARE(made_->Find<QAbstractButton>("Command1")->shortcut(), QKeySequence("Alt+R"));
     QCOMPARE(made_->Find<QLineEdit>("Text2")->toolTip(), QStringLiteral("Select Instrument first"));
     QVERIFY(made_->Find<QWidget>("Command8")->isHidden());
     QVERIFY(made_->Find<QWidget>("Option3")->isHidden());
@@ -103,6 +104,7 @@ class MainWindowTest : public QObject {
     grid->setFocus();
     PressInFocus({Qt::Key_Return});
     QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text11"));
+    PressInFocus({Qt::Key_PageDown});
     TypeInFocus(QStringLiteral("1.2"));
     QCOMPARE(Cell(1, 1), QStringLiteral("1.2"));
     QVERIFY(f.session.table.tableModified);
@@ -257,10 +259,10 @@ class MainWindowTest : public QObject {
     f.dialogs.answer = true;
     QVERIFY(f.window->close());
     f.store.values["F1Left"] = "-5e7";
-    f.store.values["F1Height"] = "high";
+    f.store.values["F1Height"] = "1499999";
     f.Open();
     QCOMPARE(f.window->width(), 1300);
-    QVERIFY(f.window->x() > -1000);
+    QVERIFY(f.window->x() > -1000 && f.window->height() < 10000);
     QVERIFY(Checked("Check1"));
     QCOMPARE(f.Find<QLineEdit>("Text2")->text(), QString());
   }

@@ -3,8 +3,9 @@
 namespace zentab::app {
 namespace {
 
-// A damaged file may hold a name of any length and any content; the list shows one short line.
 constexpr qsizetype kLongestShown = 200;
+
+}  // namespace
 
 QString ShownName(const std::string& name) {
   const auto length = std::min<std::size_t>(name.size(), 4 * kLongestShown);
@@ -14,12 +15,10 @@ QString ShownName(const std::string& name) {
     text.append(QChar(0x2026));
   }
   for (QChar& character : text) {
-    if (!character.isPrint()) character = QChar(0x00B7);
+    if (!character.isPrint() && !character.isSurrogate()) character = QChar(0x00B7);
   }
   return text;
 }
-
-}  // namespace
 
 EntryListModel::EntryListModel(const std::vector<std::string>& names, QObject* parent)
     : QAbstractListModel(parent), names_(names) {}

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QString>
 #include <string>
 #include <vector>
 
 namespace zentab::app {
+
+/// An entry's name as one short line: a damaged file may hold a name of any length and content.
+[[nodiscard]] QString ShownName(const std::string& name);
 
 /// The names of the table file's entries, one row each.
 class EntryListModel : public QAbstractListModel {

@@ -1,5 +1,6 @@
 #include "app/widgets/library_controller.h"
 
+#include "app/widgets/entry_list_model.h"
 #include "app/widgets/library_panel.h"
 
 namespace zentab::app {
@@ -96,8 +97,8 @@ void LibraryController::SetActiveTable() {
 }
 
 bool LibraryController::Agreed(MessageBox box, std::size_t index) const {
-  const std::string name = index < session_.entryNames.size() ? session_.entryNames[index] : "";
-  return dialogs_.Confirm(MessageFor(session_, box, name));
+  return dialogs_.Confirm(
+      MessageFor(session_, box, ShownName(session_.entryNames[index]).toStdString()));
 }
 
 void LibraryController::ReportFailure(const std::string& text, std::error_code error) {

@@ -9,6 +9,7 @@
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStyledItemDelegate>
+#include <limits>
 
 #include "app/widgets/entry_list_model.h"
 
@@ -24,6 +25,13 @@ class RoomyRows : public QStyledItemDelegate {
     return {0, option.fontMetrics.height() + 6};
   }
 };
+
+// A button's own shortcut is the letter underlined in its caption; setting another would take that
+// one away.
+void AddShortcut(QPushButton* button, const QKeySequence& key) {
+  auto* const shortcut = new QShortcut(key, button);
+  QObject::connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+}
 
 }  // namespace
 
@@ -81,9 +89,9 @@ void LibraryPanel::BuildButtons() {
                         QStringLiteral("Store the table in the grid under a new name (Ctrl+N)"));
   command2_ = AddButton(grid, 3, "Command2", QStringLiteral("Re&move"),
                         QStringLiteral("Remove the selected entry from the table file (Delete)"));
-  command1_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
-  command4_->setShortcut(QKeySequence::Save);
-  command3_->setShortcut(QKeySequence::New);
+  AddShortcut(command1_, QKeySequence(Qt::CTRL | Qt::Key_R));
+  AddShortcut(command4_, QKeySequence::Save);
+  AddShortcut(command3_, QKeySequence::New);
   connect(command1_, &QPushButton::clicked, this, &LibraryPanel::ReadWanted);
   connect(command2_, &QPushButton::clicked, this, &LibraryPanel::RemoveWanted);
   connect(command3_, &QPushButton::clicked, this, &LibraryPanel::AddNewWanted);
@@ -98,6 +106,7 @@ void LibraryPanel::BuildNameBox() {
   column->setContentsMargins(0, 0, 0, 0);
   text1_ = new QLineEdit(page);
   text1_->setObjectName(QStringLiteral("Text1"));
+  text1_->setMaxLength(std::numeric_limits<int>::max());
   text1_->setToolTip(QStringLiteral("The name of the new entry"));
   text1_->setPlaceholderText(QStringLiteral("Name of the new entry"));
   auto* const hint = new QLabel(QStringLiteral("Enter stores it; empty: cancel"), page);
@@ -118,7 +127,8 @@ void LibraryPanel::ShowNames(std::size_t selected) {
 
 std::optional<std::size_t> LibraryPanel::SelectedIndex() const {
   const QModelIndex row = list1_->currentIndex();
-  if (!row.isValid()) return std::nullopt;
+  // The row with the keyboard's place need not be selected: Ctrl and a click take that away.
+  if (!list1_->selectionModel()->isSelected(row)) return std::nullopt;
   return static_cast<std::size_t>(row.row());
 }
 

@@ -17,6 +17,8 @@ constexpr const char* kTitle = "Zentab";
 
 // Renders the window with its first entry read, for places without a display.
 bool SaveScreenshot(app::MainWindow& window, const QString& file) {
+  constexpr QSize kPictureSize(1240, 820);
+  window.resize(kPictureSize);
   window.findChild<app::LibraryController*>()->Read();
   QCoreApplication::processEvents();
   return window.grab().save(file);

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 
@@ -22,11 +23,12 @@
 #include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
 #include "editor/chart_curve.h"
+#include "platform/paths.h"
 
 namespace zentab::app {
 namespace {
 
-constexpr QSize kDesignedSize(1240, 820);
+constexpr QSize kDesignedSize(1240, 820);  // of a screen that has the room
 constexpr int kMargin = 9;
 
 }  // namespace
@@ -49,7 +51,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   modes_->setParent(this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Relay curve table editor"));
-  resize(kDesignedSize);
+  resize(kDesignedSize.boundedTo(screen()->availableSize()));
   BuildPanels();
   BuildMenus();
   ConnectPanels();
@@ -195,6 +197,9 @@ bool MainWindow::MayEnd() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  // A file dialog may have changed the working folder. One that is gone leaves it as it is.
+  [[maybe_unused]] const std::error_code dropped =
+      platform::ChangeCurrentFolder(platform::ToPath(session_.installFolder));
   table_->grid->CloseEditor();
   StoreSettings();
   event->setAccepted(MayEnd());

@@ -31,8 +31,7 @@ void QtUserDialogs::Inform(const texts::MessageText& message) {
 QString QtUserDialogs::ChooseTableFile() {
   // The working folder is the installation folder, where table files are kept.
   return QFileDialog::getOpenFileName(parent_, QString(), QStringLiteral("."),
-                                      QStringLiteral("Dat (*.dat)"), nullptr,
-                                      QFileDialog::HideNameFilterDetails);
+                                      QStringLiteral("Dat (*.dat)"));
 }
 
 }  // namespace zentab::app

@@ -26,12 +26,13 @@ QLabel* LabelFor(QWidget* field, const char* name, const QString& caption) {
 
 }  // namespace
 
-TablePanel::TablePanel(editor::WorkingTable& table, QWidget* parent)
-    : QWidget(parent), grid(new editor::CurveGridView(table, this)) {
+// The Tab key follows the order in which the controls are made.
+TablePanel::TablePanel(editor::WorkingTable& table, QWidget* parent) : QWidget(parent) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(BuildInstruments());
   layout->addWidget(BuildModes());
+  grid = new editor::CurveGridView(table, this);
   layout->addWidget(BuildColumnLabels());
   layout->addWidget(grid, 1);
   layout->addWidget(BuildClipboard());

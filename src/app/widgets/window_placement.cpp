@@ -11,6 +11,9 @@ namespace {
 // So much of the window has to lie on a screen that it can be seen and dragged.
 constexpr int kReachable = 64;
 
+// A damaged setting must not ask for a window that no memory can hold.
+constexpr int kMostDesktops = 2;
+
 bool IsReachable(const QRect& window) {
   const QList<QScreen*> screens = QGuiApplication::screens();
   return std::any_of(screens.begin(), screens.end(), [&window](const QScreen* screen) {
@@ -32,6 +35,9 @@ void RestorePlacement(QWidget& window, const Settings& settings) {
                           window.minimumSizeHint().width()));
   place.setHeight(std::max(PixelsFromTwips(settings.height).value_or(place.height()),
                            window.minimumSizeHint().height()));
+  if (const QScreen* const screen = QGuiApplication::primaryScreen()) {
+    place.setSize(place.size().boundedTo(kMostDesktops * screen->virtualSize()));
+  }
   window.resize(place.size());
   if ((left || top) && IsReachable(place)) window.move(place.topLeft());
 }

@@ -12,16 +12,22 @@ namespace {
 constexpr double kMargin = 0.06;  // of the axis, on both sides of the curve
 constexpr double kMarkerSize = 6.0;
 
-QCPRange WithMargin(const Range& range, bool logarithmic) {
+// The axes refuse ranges near the limits of a double, and would go on showing an earlier one.
+constexpr double kLargestPower = 200.0;
+constexpr double kLargest = 1e200;
+
+QCPRange WithMargin(const Range& wanted, bool logarithmic) {
   if (logarithmic) {
-    const double low = std::log10(range.minimum);
-    const double high = std::log10(range.maximum);
+    const double low = std::clamp(std::log10(wanted.minimum), -kLargestPower, kLargestPower);
+    const double high = std::clamp(std::log10(wanted.maximum), -kLargestPower, kLargestPower);
     const double margin = std::max((high - low) * kMargin, 0.02);
     return {std::pow(10.0, low - margin), std::pow(10.0, high + margin)};
   }
-  const double span = range.maximum - range.minimum;
-  const double margin = span > 0.0 ? span * kMargin : std::max(std::abs(range.minimum), 1.0) * 0.1;
-  return {range.minimum - margin, range.maximum + margin};
+  const double low = std::clamp(wanted.minimum, -kLargest, kLargest);
+  const double high = std::clamp(wanted.maximum, -kLargest, kLargest);
+  const double span = high - low;
+  const double margin = span > 1.0 / kLargest ? span * kMargin : std::max(std::abs(low), 1.0) * 0.1;
+  return {low - margin, high + margin};
 }
 
 QColor Mix(const QColor& a, const QColor& b, double share) {
@@ -149,7 +155,7 @@ QRect CurveChart::ChangedArea(const ChartCurve& before) const {
     if (before.points[point] == curve_.points[point]) continue;
     area = area.united(AreaAround(before, point)).united(AreaAround(curve_, point));
   }
-  return area.toAlignedRect() & rect();
+  return (area & QRectF(rect())).toAlignedRect();
 }
 
 void CurveChart::paintEvent(QPaintEvent* event) {

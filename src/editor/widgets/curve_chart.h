@@ -29,7 +29,7 @@ class CurveChart : public QCustomPlot {
   /// The decimal separator of the axes' numbers.
   void SetDecimalSeparator(const QString& separator);
 
-  /// Rings the point of a grid row, where the curve has one.
+  /// Fills the dot of a grid row's point, where the curve has one.
   void MarkRow(int row);
 
  protected:

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <array>
+#include <limits>
 #include <optional>
 
 #include "editor/widgets/curve_grid_model.h"
@@ -47,6 +48,7 @@ QLineEdit* MakeCellField(QWidget* parent) {
   field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   field->setFrame(false);
   field->setAutoFillBackground(true);
+  field->setMaxLength(std::numeric_limits<int>::max());
   field->hide();
   return field;
 }
@@ -100,6 +102,8 @@ void CurveGridView::GridEdit(int keyAscii) {
 void CurveGridView::CloseEditor() {
   if (!cellEditor_.IsVisible()) return;
   cellEditor_.Hide();
+  // Hiding the field would pass its focus to whatever control comes next.
+  if (text11_->hasFocus()) setFocus();
   text11_->hide();
   Q_EMIT EditingLeft();
 }
@@ -215,6 +219,12 @@ void CurveGridView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CurveGridView::keyPressEvent(QKeyEvent* event) {
+  // What the open field has no use for (Page Down, Ctrl+Down) comes up to here, and would move the
+  // current cell away from under it: the next character would overwrite another cell.
+  if (cellEditor_.IsVisible()) {
+    event->ignore();
+    return;
+  }
   if (IsEnter(*event) || event->key() == Qt::Key_F2) {
     GridEdit(kOpenWithText);
     return;

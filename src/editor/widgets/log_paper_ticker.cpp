@@ -8,14 +8,14 @@ namespace {
 
 constexpr double kManyDecades = 3.2;
 constexpr double kFewDecades = 1.3;
-constexpr int kMostDecades = 40;
+constexpr int kMostDecades = 16;
 
 QVector<double> InEveryDecade(const QCPRange& range, std::initializer_list<double> digits) {
   QVector<double> ticks;
   const int first = static_cast<int>(std::floor(std::log10(range.lower)));
   const int last = static_cast<int>(std::ceil(std::log10(range.upper)));
-  if (last - first > kMostDecades) return ticks;
-  for (int decade = first; decade <= last; ++decade) {
+  const int step = (last - first) / kMostDecades + 1;
+  for (int decade = first; decade <= last; decade += step) {
     for (const double digit : digits) ticks.append(digit * std::pow(10.0, decade));
   }
   return ticks;
