@@ -3,14 +3,14 @@
 #   ./test.sh            the development build
 #   ./test.sh asan       the same under AddressSanitizer and UndefinedBehaviorSanitizer
 #   ./test.sh no-gui     what lies outside widgets/, without Qt
-#   ./test.sh all        all three, and the format check
+#   ./test.sh all        all three, the format check, and whether the benchmarks build
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
 
 check_format() {
   need clang-format
-  git ls-files -z -- '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
+  find src tests bench tools -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
 }
 
 run() {
@@ -26,6 +26,8 @@ case "${1:-dev}" in
   all)
     check_format
     for preset in dev no-gui asan; do run "$preset"; done
+    need "${bench_packages[@]}"
+    build bench
     ;;
   *)
     sed -n '2,6s/^# \{0,1\}//p' "$0" >&2
