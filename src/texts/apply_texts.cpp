@@ -109,9 +109,10 @@ class Applier {
 
 void ApplyTexts(const std::filesystem::path& file, TextTarget& target, CatalogueTexts& texts,
                 const TextExpander& expand) {
-  const TextCatalogue catalogue(file);
+  std::vector<std::string> found = LookupTexts(CatalogueKeys(), file);
+  auto next = found.begin();
   for (const KeyRow& row : KeyTable()) {
-    std::string text = row.key.empty() ? std::string() : catalogue.Find(row.key);
+    std::string text = row.key.empty() ? std::string() : std::move(*next++);
     if (text.empty() && !row.key.empty()) continue;
     if (row.expanded) text = expand(text);
     std::visit(Applier(text, target, texts), row.effect);

@@ -1,16 +1,13 @@
 #include "texts/text_catalogue.h"
 
 #include <algorithm>
-#include <functional>
+#include <cstdint>
 
 #include "platform/line_reader.h"
 #include "texts/line_encoding.h"
 
 namespace zentab::texts {
 namespace {
-
-// A damaged file in a catalogue's place is not worth the memory.
-constexpr std::size_t kLargestCatalogue = 4u << 20;
 
 char Folded(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
@@ -29,6 +26,44 @@ std::string TextOfLine(std::string_view line) {
   return DecodePart(line, line.substr(begin, close - begin));
 }
 
+// Keys by their first two characters: a place in a line is compared with few of them, so that even
+// a large file in a catalogue's place is passed in little time.
+class KeyIndex {
+ public:
+  explicit KeyIndex(std::span<const std::string> keys) : groups_(1) {
+    for (const std::string& key : keys) {
+      const std::size_t number = keys_.size();
+      keys_.push_back(Folded(key));
+      std::uint16_t& group = groupOf_[Start(keys_.back(), 0)];
+      if (group == 0) {
+        group = static_cast<std::uint16_t>(groups_.size());
+        groups_.emplace_back();
+      }
+      groups_[group].push_back(number);
+    }
+  }
+
+  // Calls `found` with the number of every key that stands in a line of capitals.
+  template <typename Found>
+  void FindIn(std::string_view line, const Found& found) const {
+    for (std::size_t at = 0; at + 1 < line.size(); ++at) {
+      for (const std::size_t number : groups_[groupOf_[Start(line, at)]]) {
+        if (line.substr(at).starts_with(keys_[number])) found(number);
+      }
+    }
+  }
+
+ private:
+  static std::size_t Start(std::string_view text, std::size_t at) {
+    return static_cast<std::size_t>(static_cast<unsigned char>(text[at])) << 8 |
+           static_cast<unsigned char>(text[at + 1]);
+  }
+
+  std::vector<std::string> keys_;
+  std::vector<std::vector<std::size_t>> groups_;  // the first one is empty
+  std::vector<std::uint16_t> groupOf_ = std::vector<std::uint16_t>(1u << 16);
+};
+
 }  // namespace
 
 std::string LookupText(std::string_view key, const std::filesystem::path& file) {
@@ -43,24 +78,20 @@ std::string LookupText(std::string_view key, const std::filesystem::path& file) 
   return {};
 }
 
-TextCatalogue::TextCatalogue(const std::filesystem::path& file) {
+std::vector<std::string> LookupTexts(std::span<const std::string> keys,
+                                     const std::filesystem::path& file) {
+  const KeyIndex index(keys);
+  std::vector<std::string> texts(keys.size());
+  std::vector<bool> known(keys.size());
   platform::LineReader reader(file);
   platform::RawLine line;
-  while (reader.Next(line) && lines_.size() + line.text.size() < kLargestCatalogue) {
-    lines_.append(line.text).push_back('\n');
+  while (reader.Next(line)) {
+    index.FindIn(Folded(line.text), [&](std::size_t number) {
+      if (!known[number]) texts[number] = TextOfLine(line.text);
+      known[number] = true;
+    });
   }
-  folded_ = Folded(lines_);
-}
-
-std::string TextCatalogue::Find(std::string_view key) const {
-  const std::string wanted = Folded(key);
-  const auto found = std::search(folded_.begin(), folded_.end(),
-                                 std::boyer_moore_horspool_searcher(wanted.begin(), wanted.end()));
-  if (found == folded_.end()) return {};
-  const auto at = static_cast<std::size_t>(found - folded_.begin());
-  const std::size_t before = lines_.rfind('\n', at);
-  const std::size_t begin = before == std::string::npos ? 0 : before + 1;
-  return TextOfLine(std::string_view(lines_).substr(begin, lines_.find('\n', at) - begin));
+  return texts;
 }
 
 std::string StripAmpersands(std::string_view text) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zentab::texts {
 
@@ -16,16 +18,10 @@ namespace zentab::texts {
 /// before its "}". The file is opened and searched anew at each call.
 [[nodiscard]] std::string LookupText(std::string_view key, const std::filesystem::path& file);
 
-/// A catalogue that is read once for many keys; Find gives what LookupText gives.
-class TextCatalogue {
- public:
-  explicit TextCatalogue(const std::filesystem::path& file);
-  [[nodiscard]] std::string Find(std::string_view key) const;
-
- private:
-  std::string lines_;   // the file's lines, each ending in a line feed
-  std::string folded_;  // the same in capitals
-};
+/// What LookupText gives for each of the keys (of two characters or more), in their order, from
+/// one reading of the file.
+[[nodiscard]] std::vector<std::string> LookupTexts(std::span<const std::string> keys,
+                                                   const std::filesystem::path& file);
 
 /// The text without its access-key markers. A marker behind the first character drops what the
 /// result held so far: A&B&C gives BC. Catalogues rely on it.

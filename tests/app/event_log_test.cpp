@@ -1,6 +1,6 @@
 #include "app/event_log.h"
 
-#include <regex>
+#include <algorithm>
 
 #include "app/session_texts.h"
 #include "platform/paths.h"
@@ -27,8 +27,10 @@ TEST_F(EventLogTest, WritesLinesOnlyWhileItIsSwitchedOn) {
   EXPECT_TRUE(Names().empty());
   log.WriteLogLine("%D %E Started");
   log.WriteLogLine(" Ü 变");
-  EXPECT_TRUE(std::regex_match(test::BytesOf(Folder() / "Zentab.log"),
-                               std::regex("\\d{8} \\d\\d:\\d\\d Started\r\n Ü 变\r\n")));
+  std::string written = test::BytesOf(Folder() / "Zentab.log");
+  std::replace_if(
+      written.begin(), written.end(), [](char c) { return c >= '0' && c <= '9'; }, '0');
+  EXPECT_EQ(written, "00000000 00:00 Started\r\n Ü 变\r\n");
   session.installFolder = "/nowhere/at/all";
   log.WriteLogLine("lost");
 }
