@@ -1,0 +1,37 @@
+#pragma once
+
+#include "mathparser/instruction.h"
+
+namespace zentab::mathparser {
+
+/// The operations that are computed two or three in one instruction, by Forms::fusion. Those
+/// before kFuseGreater may take the results of others.
+enum Fusion : int {
+  kFuseAdd,
+  kFuseSubtract,
+  kFuseMultiply,
+  kFuseDivide,
+  kFuseMinimum,
+  kFuseMaximum,
+  kFuseGreater,
+  kFuseGreaterOrEqual,
+  kFuseLess,
+  kFuseLessOrEqual,
+  kFuseEqual,
+  kFuseNotEqual,
+  kFusions,
+};
+
+// The handlers of two or three operations at once, null where there is none; `outer` is the one
+// computed last. Operands are in the order of the text.
+
+/// (leaf inner leaf) outer leaf
+[[nodiscard]] Handler FusedLeft(int inner, int outer);
+/// leaf outer (leaf inner leaf)
+[[nodiscard]] Handler FusedRight(int outer, int inner);
+/// accumulator outer (leaf inner leaf)
+[[nodiscard]] Handler FusedAccumulator(int outer, int inner);
+/// (leaf left leaf) outer (leaf right leaf)
+[[nodiscard]] Handler FusedFour(int left, int outer, int right);
+
+}  // namespace zentab::mathparser

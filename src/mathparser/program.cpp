@@ -1,0 +1,296 @@
+#include "mathparser/program.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "mathparser/function_catalogue.h"
+#include "mathparser/fused_operations.h"
+#include "mathparser/operations.h"
+
+namespace zentab::mathparser {
+namespace {
+
+constexpr std::uint16_t kScratchPlace = kMaxVariables + 1;  // for spills of nothing
+
+double End(const Instruction*, double*, double accumulator) { return accumulator; }
+
+double Store(const Instruction* at, double* values, double accumulator) {
+  values[at->spill] = accumulator;
+  return Next(at, values, accumulator);
+}
+
+double Guard(const Instruction* at, double* values, double accumulator) {
+  if (accumulator != 0.0) {
+    // A comparison that failed fails the whole; one that holds makes the product its other factor.
+    return accumulator == 1.0 ? Next(at, values, accumulator) : accumulator;
+  }
+  const Instruction* target = at + at->skip;
+  return target->handler(target, values, 0.0);
+}
+
+// Apart from Call, so that no local array keeps that from handing over in place.
+double CallKernel(const Instruction* at, const double* values) {
+  std::array<double, kMaxArguments> arguments{};
+  const auto count = static_cast<std::size_t>(at->function->arguments);
+  double poison = 0.0;
+  for (std::size_t i = 0; i < count; ++i) {
+    arguments[i] = values[at->operand[i]];
+    poison += Poison(arguments[i]);
+  }
+  if (poison != 0.0) return poison;
+  CallContext context{.angleFactor = values[kAngleFactorPlace]};
+  return at->function->kernel(arguments.data(), context);
+}
+
+double Call(const Instruction* at, double* values, double accumulator) {
+  values[at->spill] = accumulator;
+  return Next(at, values, CallKernel(at, values));
+}
+
+const Forms& NegateForms() { return *operators::kNegate.forms; }
+
+}  // namespace
+
+std::uint16_t Lowering::NewPlace(double value) {
+  program_.values.push_back(value);
+  return static_cast<std::uint16_t>(program_.values.size() - 1);
+}
+
+Instruction& Lowering::Emit(Handler handler) {
+  Instruction& made = program_.code.emplace_back();
+  made.handler = handler;
+  return made;
+}
+
+// An instruction that does not go on from the accumulator saves what that holds.
+Instruction& Lowering::EmitAnew(Handler handler) {
+  Instruction& made = Emit(handler);
+  made.spill = kScratchPlace;
+  if (inAccumulator_ != nullptr) {
+    made.spill = NewPlace(0.0);
+    *inAccumulator_ = {Value::Kind::Leaf, made.spill, 0, nullptr};
+    inAccumulator_ = nullptr;
+  }
+  return made;
+}
+
+void Lowering::OwnAccumulator(Value& value) {
+  value = {Value::Kind::Accumulator, 0, 0, nullptr};
+  inAccumulator_ = &value;
+}
+
+// Brings a lazy or negative value into the accumulator.
+void Lowering::Compute(Value& value) {
+  if (value.kind == Value::Kind::Negative) {
+    EmitAnew(NegateForms().leaf).operand[0] = value.place;
+    OwnAccumulator(value);
+  } else if (value.kind == Value::Kind::Lazy) {
+    Instruction& made = EmitAnew(value.function->forms->leafLeaf);
+    made.operand[0] = value.place;
+    made.operand[1] = value.second;
+    OwnAccumulator(value);
+  }
+}
+
+void Lowering::Push(const Value& value) {
+  Value& top = stack_[depth_++];
+  top = value;
+  if (value.kind == Value::Kind::Accumulator) inAccumulator_ = &top;
+}
+
+void Lowering::Pop(Value& value) {
+  const Value& top = stack_[--depth_];
+  value = top;
+  if (inAccumulator_ == &top) inAccumulator_ = &value;
+}
+
+Lowering::Value Lowering::Leaf(const Operand& operand) {
+  if (operand.variable == 0) return {Value::Kind::Leaf, NewPlace(operand.value), 0, nullptr};
+  return {operand.sign < 0 ? Value::Kind::Negative : Value::Kind::Leaf,
+          static_cast<std::uint16_t>(operand.variable), 0, nullptr};
+}
+
+Lowering::Value Lowering::LowerUnary(const Row& row, Value& a) {
+  const Forms& forms = *row.function->forms;
+  Compute(a);
+  if (a.kind == Value::Kind::Accumulator) {
+    Emit(forms.accumulator);
+  } else {
+    EmitAnew(forms.leaf).operand[0] = a.place;
+  }
+  return {Value::Kind::Accumulator, 0, 0, nullptr};
+}
+
+// Computes lazy operands together with the operation, where there is an instruction for both.
+bool Lowering::LowerFused(const FunctionEntry& function, Value& left, Value& right) {
+  using Kind = Value::Kind;
+  const int outer = function.forms->fusion;
+  const bool leftLazy = left.kind == Kind::Lazy;
+  const bool rightLazy = right.kind == Kind::Lazy;
+  const int leftInner = leftLazy ? left.function->forms->fusion : -1;
+  const int rightInner = rightLazy ? right.function->forms->fusion : -1;
+  Handler handler = nullptr;
+  if (leftLazy && rightLazy) {
+    handler = FusedFour(leftInner, outer, rightInner);
+    if (handler == nullptr) return false;
+    EmitAnew(handler).operand = {left.place, left.second, right.place, right.second};
+  } else if (leftLazy && right.kind == Kind::Leaf) {
+    handler = FusedLeft(leftInner, outer);
+    if (handler == nullptr) return false;
+    EmitAnew(handler).operand = {left.place, left.second, right.place};
+  } else if (rightLazy && left.kind == Kind::Leaf) {
+    handler = FusedRight(outer, rightInner);
+    if (handler == nullptr) return false;
+    EmitAnew(handler).operand = {left.place, right.place, right.second};
+  } else if (rightLazy && left.kind == Kind::Accumulator) {
+    handler = FusedAccumulator(outer, rightInner);
+    if (handler == nullptr) return false;
+    Emit(handler).operand = {right.place, right.second};
+  }
+  return handler != nullptr;
+}
+
+Lowering::Value Lowering::LowerBinary(const Row& row, Value& left, Value& right) {
+  using Kind = Value::Kind;
+  const Forms& forms = *row.function->forms;
+  const Value result{Kind::Accumulator, 0, 0, nullptr};
+  if (left.kind == Kind::Negative) Compute(left);
+  if (right.kind == Kind::Negative) Compute(right);
+  if (left.kind == Kind::Leaf && right.kind == Kind::Leaf && forms.fusion >= 0) {
+    return {Kind::Lazy, left.place, right.place, row.function};
+  }
+  if (LowerFused(*row.function, left, right)) return result;
+  Compute(left);
+  Compute(right);
+  if (left.kind == Kind::Accumulator) {
+    Emit(forms.accumulatorLeaf).operand[0] = right.place;
+  } else if (right.kind == Kind::Accumulator) {
+    Emit(forms.leafAccumulator).operand[0] = left.place;
+  } else {
+    EmitAnew(forms.leafLeaf).operand = {left.place, right.place};
+  }
+  return result;
+}
+
+// A function without ready-made code finds its arguments in the values.
+Lowering::Value Lowering::LowerCall(const Row& row, std::array<Value, kMaxArguments>& arguments) {
+  const auto count = static_cast<std::size_t>(row.arguments);
+  for (std::size_t i = 0; i < count; ++i) Compute(arguments[i]);
+  Instruction& made = EmitAnew(Call);
+  made.function = row.function;
+  for (std::size_t i = 0; i < count; ++i) made.operand[i] = arguments[i].place;
+  return {Value::Kind::Accumulator, 0, 0, nullptr};
+}
+
+void Lowering::TakeArgument(const Row& row, std::size_t slot, Value& value) {
+  const int source = row.source[slot];
+  if (source == 0) {
+    value = Leaf(row.operand[slot]);
+  } else if (table_.At(source).alsoFeeds != 0) {
+    value = {Value::Kind::Leaf, sharedPlace_[static_cast<std::size_t>(source)], 0, nullptr};
+  } else {
+    Pop(value);
+  }
+}
+
+// The factor of a product that lets the other one be left out, 0 when it has none.
+int Lowering::GuardOfProduct(const Row& row) const {
+  if (row.function != &operators::kMultiply || row.source[0] == 0 || row.source[1] == 0) return 0;
+  if (table_.At(row.source[1]).guard == row.source[0]) return row.source[0];
+  return table_.At(row.source[0]).guard == row.source[1] ? row.source[1] : 0;
+}
+
+// The end of a guarded product: as the guard is 1 when this place is reached, it is the other
+// factor as it is.
+Lowering::Value Lowering::LowerGuarded(int guard) {
+  Value guarded;
+  Pop(guarded);
+  Compute(guarded);
+  const std::size_t jump = jump_[static_cast<std::size_t>(guard)];
+  program_.code[jump].skip = static_cast<std::uint16_t>(program_.code.size() - jump);
+  return guarded;
+}
+
+Lowering::Value Lowering::LowerOperation(const Row& row) {
+  std::array<Value, kMaxArguments> arguments;
+  for (auto slot = static_cast<std::size_t>(row.arguments); slot-- > 0;) {
+    TakeArgument(row, slot, arguments[slot]);
+  }
+  Value result;
+  if (row.function->forms == nullptr) {
+    result = LowerCall(row, arguments);
+  } else if (row.arguments == 1) {
+    result = LowerUnary(row, arguments[0]);
+  } else {
+    result = LowerBinary(row, arguments[0], arguments[1]);
+  }
+  // The arguments end here, and whatever of them was in the accumulator has been used up.
+  if (result.kind == Value::Kind::Accumulator) inAccumulator_ = nullptr;
+  return result;
+}
+
+void Lowering::LowerRow(int number) {
+  const Row& row = table_.At(number);
+  if (row.function == &operators::kRight) {
+    if (row.source[1] == 0) Push(Leaf(row.operand[1]));
+    return;
+  }
+  const int guard = GuardOfProduct(row);
+  Finish(number, guard != 0 ? LowerGuarded(guard) : LowerOperation(row));
+}
+
+// Puts a row's result where the row that needs it looks for it.
+void Lowering::Finish(int number, Value result) {
+  const Row& row = table_.At(number);
+  if (result.kind == Value::Kind::Accumulator) inAccumulator_ = &result;
+  if (row.sign < 0) {
+    Compute(result);
+    Emit(NegateForms().accumulator);
+  }
+  const bool isGuard = row.argumentOf != 0 && GuardOfProduct(table_.At(row.argumentOf)) == number;
+  if (isGuard) {
+    // When the comparison is false, everything up to the product is left out.
+    Compute(result);
+    jump_[static_cast<std::size_t>(number)] = program_.code.size();
+    Emit(Guard);
+  } else if (row.alsoFeeds != 0) {
+    Compute(result);
+    const std::uint16_t place = NewPlace(0.0);
+    Emit(Store).spill = place;
+    sharedPlace_[static_cast<std::size_t>(number)] = place;
+  } else {
+    Push(result);
+    return;
+  }
+  inAccumulator_ = nullptr;
+}
+
+// The postfix order with every guard ahead of what it guards.
+std::vector<std::int16_t> Lowering::GuardsFirst() const {
+  std::vector<std::int16_t> order = table_.postfix;
+  std::array<std::ptrdiff_t, kMaxRows + 1> size{};
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    const auto number = static_cast<std::size_t>(order[i]);
+    const Row& row = table_.At(order[i]);
+    size[number] += 1;
+    size[static_cast<std::size_t>(row.argumentOf)] += size[number];
+    if (row.source[1] == 0 || GuardOfProduct(row) != row.source[1]) continue;
+    const auto end = order.begin() + static_cast<std::ptrdiff_t>(i);
+    const auto guard = end - size[static_cast<std::size_t>(row.source[1])];
+    std::rotate(guard - size[static_cast<std::size_t>(row.source[0])], guard, end);
+  }
+  return order;
+}
+
+void Lowering::Lower() {
+  program_.code.clear();
+  program_.values.resize(kScratchPlace + 1);
+  std::fill(program_.values.begin() + 1, program_.values.end(), 0.0);
+  if (table_.isRandom || table_.rows.empty()) return;
+  program_.code.reserve(table_.rows.size() + 1);
+  for (const std::int16_t row : table_.hasGuards ? GuardsFirst() : table_.postfix) LowerRow(row);
+  Compute(stack_[0]);
+  Emit(End);
+}
+
+}  // namespace zentab::mathparser
