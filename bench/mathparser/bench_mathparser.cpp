@@ -80,10 +80,20 @@ void SingleMuParser(benchmark::State& state, const Formula& formula, std::index_
   CountItems(state, kPoints);
 }
 
+// Values that are none of the random ones.
+std::vector<double> OtherVariables(const Formula& formula) {
+  std::vector<double> variables(formula.variables.size());
+  for (std::size_t i = 0; i < variables.size(); ++i) {
+    const auto share = static_cast<double>(i + 1) / static_cast<double>(variables.size() + 1);
+    variables[i] = formula.lowest + share * (formula.highest - formula.lowest);
+  }
+  return variables;
+}
+
 // The first variable runs through a million values, the others stay.
 void MultiNative(benchmark::State& state, const Formula& formula) {
   const std::vector<double> inputs = RandomInputs(formula, kMultiPoints);
-  std::vector<double> variables(inputs.end() - 8, inputs.end());
+  std::vector<double> variables = OtherVariables(formula);
   std::vector<double> results(kMultiPoints);
   double (*native)(const double*) = formula.native;
   benchmark::DoNotOptimize(native);
@@ -101,8 +111,9 @@ void MultiEval(benchmark::State& state, const Formula& formula) {
   const std::vector<double> inputs = RandomInputs(formula, kMultiPoints);
   MathParser parser;
   if (!parser.StoreExpression(formula.text)) state.SkipWithError("does not compile");
+  const std::vector<double> variables = OtherVariables(formula);
   for (int i = 1; i <= parser.VarTop(); ++i) {
-    parser.VarValue(i, inputs[kMultiPoints - 9 + static_cast<std::size_t>(i)]);
+    parser.VarValue(i, variables[static_cast<std::size_t>(i) - 1]);
   }
   for (auto _ : state) {
     std::vector<double> results = parser.EvalMulti(inputs, 1);
@@ -134,10 +145,10 @@ void CompileMuParser(benchmark::State& state, const Formula& formula) {
 template <std::size_t N>
 void RegisterSingles(const Formula& formula, const std::string& number) {
   if (formula.variables.size() != N) return;
-  constexpr auto kIndices = std::make_index_sequence<N>();
+  using Indices = std::make_index_sequence<N>;
   const auto add = [&](const char* what, auto function) {
     benchmark::RegisterBenchmark((what + number).c_str(), [&formula, function](auto& state) {
-      function(state, formula, kIndices);
+      function(state, formula, Indices());
     });
   };
   add("Native/", [](auto& s, const Formula& f, auto i) { SingleNative(s, f, i); });

@@ -16,7 +16,7 @@ double SlopeDifference(const double* v) {
 double Mean(const double* v) { return (v[0] + v[1] + v[2]) / 3.0; }
 
 double Smaller(const double* v) {
-  return (v[0] < v[1] ? 1.0 : 0.0) * v[0] + (v[0] >= v[1] ? 1.0 : 0.0) * v[1];
+  return static_cast<double>(v[0] < v[1]) * v[0] + static_cast<double>(v[0] >= v[1]) * v[1];
 }
 
 double InverseTime(const double* v) { return 0.14 / (std::pow(v[0] / v[1], 0.02) - 1.0); }

@@ -20,9 +20,7 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
 double RatioReporter::Nanoseconds(const std::string& what, std::size_t formula) const {
   const auto found = times_.find(what + '/' + std::to_string(formula));
   if (found == times_.end()) return std::nan("");
-  std::vector<double> sorted = found->second;
-  std::sort(sorted.begin(), sorted.end());
-  return sorted[sorted.size() / 2];
+  return *std::min_element(found->second.begin(), found->second.end());
 }
 
 void RatioReporter::Finalize() {

@@ -9,7 +9,8 @@
 namespace zentab::mathparser::bench {
 
 /// Prints every run as the console does and, at the end, the table of ratios in Markdown. A
-/// benchmark is named "what/formula number"; of repeated runs the median counts.
+/// benchmark is named "what/formula number"; of repeated runs the fastest counts, as whatever else
+/// the machine does only slows them.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override;

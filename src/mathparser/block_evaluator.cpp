@@ -106,13 +106,13 @@ void BlockEvaluator::CallForEach(const Operation& operation, double* result, std
   for (std::size_t slot = 0; slot < count; ++slot) data[slot] = Data(operation.arguments[slot]);
   for (std::size_t i = 0; i < n; ++i) {
     std::array<double, kMaxArguments> arguments{};
-    double poison = 0.0;
+    double trouble = 0.0;
     for (std::size_t slot = 0; slot < count; ++slot) {
       arguments[slot] = data[slot][operation.arguments[slot].IsBlock() ? i : 0];
-      poison += Poison(arguments[slot]);
+      trouble += Trouble(arguments[slot]);
     }
     CallContext context{.angleFactor = values_[kAngleFactorPlace]};
-    result[i] = poison == 0.0 ? operation.function->kernel(arguments.data(), context) : poison;
+    result[i] = trouble == 0.0 ? operation.function->kernel(arguments.data(), context) : trouble;
   }
 }
 
@@ -143,9 +143,9 @@ bool BlockEvaluator::Run(const double* in, double* out, std::size_t n) {
     double* result = &operation == &last ? out : &buffers_[operation.result * kBlock];
     Do(operation, result, n);
   }
-  double poison = 0.0;
-  for (std::size_t i = 0; i < n; ++i) poison += Poison(out[i]);
-  return poison == 0.0;
+  double trouble = 0.0;
+  for (std::size_t i = 0; i < n; ++i) trouble += Trouble(out[i]);
+  return trouble == 0.0;
 }
 
 }  // namespace zentab::mathparser

@@ -36,20 +36,20 @@ double LogarithmTo(double a, double b) { return b == 0.0 ? kNoNumber : std::log(
 double Random(const double* a, CallContext& context) { return context.random->Next() * a[0]; }
 
 constexpr std::array kFunctions = {
-    One<[](double a, double) { return std::abs(a); }>("abs", 7),
-    One<[](double a, double) { return -a; }>("neg", 75),
+    OnePropagating<[](double a, double) { return std::abs(a); }>("abs", 7),
+    OnePropagating<[](double a, double) { return -a; }>("neg", 75),
     One<[](double a, double) { return std::exp(a); }>("exp", 12),
-    One<[](double a, double) { return std::log(a); }>("ln", 15),
-    One<[](double a, double) { return std::log(a); }>("log", 16),
+    OnePropagating<[](double a, double) { return std::log(a); }>("ln", 15),
+    OnePropagating<[](double a, double) { return std::log(a); }>("log", 16),
     Two<LogarithmTo>("logn", 77),
-    One<[](double a, double) { return std::sqrt(a); }>("sqr", 19),
+    OnePropagating<[](double a, double) { return std::sqrt(a); }>("sqr", 19),
     One<CubeRoot>("cbr", 65),
     Two<Root>("root", 66),
     FunctionEntry{.keyword = "rnd", .code = 17, .kernel = Random, .isRandom = true},
 
-    One<[](double a, double f) { return std::sin(a * f); }>("sin", 11),
-    One<[](double a, double f) { return std::cos(a * f); }>("cos", 9),
-    One<[](double a, double f) { return std::tan(a * f); }>("tan", 20),
+    OnePropagating<[](double a, double f) { return std::sin(a * f); }>("sin", 11),
+    OnePropagating<[](double a, double f) { return std::cos(a * f); }>("cos", 9),
+    OnePropagating<[](double a, double f) { return std::tan(a * f); }>("tan", 20),
     One<[](double a, double f) { return 1.0 / std::sin(a * f); }>("csc", 53),
     One<[](double a, double f) { return 1.0 / std::cos(a * f); }>("sec", 54),
     One<[](double a, double f) { return 1.0 / std::tan(a * f); }>("cot", 55),

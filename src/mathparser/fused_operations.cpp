@@ -24,55 +24,72 @@ double LeafPlace(const Instruction* at, const double* values, std::size_t i) {
   return values[at->operand[i]];
 }
 
-template <class Inner, class Outer>
-double Left(const Instruction* at, double* values, double accumulator) {
-  values[at->spill] = accumulator;
-  const double inner = Inner::Of(LeafPlace(at, values, 0), LeafPlace(at, values, 1));
-  return Next(at, values, Outer::Of(inner, LeafPlace(at, values, 2)));
+template <class Inner, class Outer, Mode M>
+double Left(const Instruction* at, double* values, double accumulator, double trouble) {
+  Spill<M>(at, values, accumulator);
+  const double inner = Do<Inner>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
+  const double result = Do<Outer>(inner, LeafPlace(at, values, 2), trouble);
+  return HandOver<M>(at, values, result, trouble);
 }
 
-template <class Inner, class Outer>
-double Right(const Instruction* at, double* values, double accumulator) {
-  values[at->spill] = accumulator;
-  const double inner = Inner::Of(LeafPlace(at, values, 1), LeafPlace(at, values, 2));
-  return Next(at, values, Outer::Of(LeafPlace(at, values, 0), inner));
+template <class Inner, class Outer, Mode M>
+double Right(const Instruction* at, double* values, double accumulator, double trouble) {
+  Spill<M>(at, values, accumulator);
+  const double inner = Do<Inner>(LeafPlace(at, values, 1), LeafPlace(at, values, 2), trouble);
+  const double result = Do<Outer>(LeafPlace(at, values, 0), inner, trouble);
+  return HandOver<M>(at, values, result, trouble);
 }
 
-template <class Inner, class Outer>
-double OnAccumulator(const Instruction* at, double* values, double accumulator) {
-  const double inner = Inner::Of(LeafPlace(at, values, 0), LeafPlace(at, values, 1));
-  return Next(at, values, Outer::Of(accumulator, inner));
+template <class Inner, class Outer, Mode M>
+double OnAccumulator(const Instruction* at, double* values, double accumulator, double trouble) {
+  const double inner = Do<Inner>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
+  const double result = Do<Outer>(accumulator, inner, trouble);
+  return HandOver<M>(at, values, result, trouble);
 }
 
-template <class LeftOp, class Outer, class RightOp>
-double Four(const Instruction* at, double* values, double accumulator) {
-  values[at->spill] = accumulator;
-  const double left = LeftOp::Of(LeafPlace(at, values, 0), LeafPlace(at, values, 1));
-  const double right = RightOp::Of(LeafPlace(at, values, 2), LeafPlace(at, values, 3));
-  return Next(at, values, Outer::Of(left, right));
+template <class LeftOp, class Outer, class RightOp, Mode M>
+double Four(const Instruction* at, double* values, double accumulator, double trouble) {
+  Spill<M>(at, values, accumulator);
+  const double left = Do<LeftOp>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
+  const double right = Do<RightOp>(LeafPlace(at, values, 2), LeafPlace(at, values, 3), trouble);
+  return HandOver<M>(at, values, Do<Outer>(left, right, trouble), trouble);
 }
+
+template <class I, class O>
+constexpr HandlerSet kLeftSet{Left<I, O, Mode::Plain>, Left<I, O, Mode::Spilling>,
+                              Left<I, O, Mode::Last>};
+template <class I, class O>
+constexpr HandlerSet kRightSet{Right<I, O, Mode::Plain>, Right<I, O, Mode::Spilling>,
+                               Right<I, O, Mode::Last>};
+template <class I, class O>
+constexpr HandlerSet kAccumulatorSet{OnAccumulator<I, O, Mode::Plain>, nullptr,
+                                     OnAccumulator<I, O, Mode::Last>};
+template <class L, class O, class R>
+constexpr HandlerSet kFourSet{Four<L, O, R, Mode::Plain>, Four<L, O, R, Mode::Spilling>,
+                              Four<L, O, R, Mode::Last>};
 
 // Place inner * kOuter + outer.
-using Pairs = std::array<Handler, kInner * kOuter>;
+using Pairs = std::array<HandlerSet, kInner * kOuter>;
 
 template <std::size_t... N>
 constexpr Pairs LeftPairs(std::index_sequence<N...>) {
-  return {Left<Operation<N / kOuter>, Operation<N % kOuter>>...};
+  return {kLeftSet<Operation<N / kOuter>, Operation<N % kOuter>>...};
 }
 template <std::size_t... N>
 constexpr Pairs RightPairs(std::index_sequence<N...>) {
-  return {Right<Operation<N / kOuter>, Operation<N % kOuter>>...};
+  return {kRightSet<Operation<N / kOuter>, Operation<N % kOuter>>...};
 }
 template <std::size_t... N>
 constexpr Pairs AccumulatorPairs(std::index_sequence<N...>) {
-  return {OnAccumulator<Operation<N / kOuter>, Operation<N % kOuter>>...};
+  return {kAccumulatorSet<Operation<N / kOuter>, Operation<N % kOuter>>...};
 }
 
-using Triples = std::array<Handler, kArithmetic * kArithmetic * kArithmetic>;
+// Place (left * kArithmetic + outer) * kArithmetic + right.
+using Triples = std::array<HandlerSet, kArithmetic * kArithmetic * kArithmetic>;
 template <std::size_t... N>
 constexpr Triples FourTriples(std::index_sequence<N...>) {
-  return {Four<Operation<N / (kArithmetic * kArithmetic)>, Operation<N / kArithmetic % kArithmetic>,
-               Operation<N % kArithmetic>>...};
+  return {kFourSet<Operation<N / (kArithmetic * kArithmetic)>,
+                   Operation<N / kArithmetic % kArithmetic>, Operation<N % kArithmetic>>...};
 }
 
 constexpr auto kEveryPair = std::make_index_sequence<kInner * kOuter>();
@@ -81,22 +98,24 @@ constexpr Pairs kRight = RightPairs(kEveryPair);
 constexpr Pairs kAccumulator = AccumulatorPairs(kEveryPair);
 constexpr Triples kFour = FourTriples(std::make_index_sequence<std::tuple_size_v<Triples>>());
 
-Handler PairOf(const Pairs& pairs, int inner, int outer) {
+const HandlerSet* PairOf(const Pairs& pairs, int inner, int outer) {
   if (inner < 0 || outer < 0 || outer >= static_cast<int>(kOuter)) return nullptr;
-  return pairs[static_cast<std::size_t>(inner) * kOuter + static_cast<std::size_t>(outer)];
+  return &pairs[static_cast<std::size_t>(inner) * kOuter + static_cast<std::size_t>(outer)];
 }
 
 }  // namespace
 
-Handler FusedLeft(int inner, int outer) { return PairOf(kLeft, inner, outer); }
-Handler FusedRight(int outer, int inner) { return PairOf(kRight, inner, outer); }
-Handler FusedAccumulator(int outer, int inner) { return PairOf(kAccumulator, inner, outer); }
+const HandlerSet* FusedLeft(int inner, int outer) { return PairOf(kLeft, inner, outer); }
+const HandlerSet* FusedRight(int outer, int inner) { return PairOf(kRight, inner, outer); }
+const HandlerSet* FusedAccumulator(int outer, int inner) {
+  return PairOf(kAccumulator, inner, outer);
+}
 
-Handler FusedFour(int left, int outer, int right) {
+const HandlerSet* FusedFour(int left, int outer, int right) {
   const auto isArithmetic = [](int f) { return f >= 0 && f < static_cast<int>(kArithmetic); };
   if (!isArithmetic(left) || !isArithmetic(outer) || !isArithmetic(right)) return nullptr;
   const auto place = static_cast<std::size_t>(left) * kArithmetic + static_cast<std::size_t>(outer);
-  return kFour[place * kArithmetic + static_cast<std::size_t>(right)];
+  return &kFour[place * kArithmetic + static_cast<std::size_t>(right)];
 }
 
 }  // namespace zentab::mathparser

@@ -22,16 +22,16 @@ enum Fusion : int {
   kFusions,
 };
 
-// The handlers of two or three operations at once, null where there is none; `outer` is the one
+// The handlers of two or three operations at once, null where there are none; `outer` is the one
 // computed last. Operands are in the order of the text.
 
 /// (leaf inner leaf) outer leaf
-[[nodiscard]] Handler FusedLeft(int inner, int outer);
+[[nodiscard]] const HandlerSet* FusedLeft(int inner, int outer);
 /// leaf outer (leaf inner leaf)
-[[nodiscard]] Handler FusedRight(int outer, int inner);
+[[nodiscard]] const HandlerSet* FusedRight(int outer, int inner);
 /// accumulator outer (leaf inner leaf)
-[[nodiscard]] Handler FusedAccumulator(int outer, int inner);
+[[nodiscard]] const HandlerSet* FusedAccumulator(int outer, int inner);
 /// (leaf left leaf) outer (leaf right leaf)
-[[nodiscard]] Handler FusedFour(int left, int outer, int right);
+[[nodiscard]] const HandlerSet* FusedFour(int left, int outer, int right);
 
 }  // namespace zentab::mathparser

@@ -12,8 +12,18 @@ struct Instruction;
 
 /// Does one instruction and hands over to the one behind it, the value so far in `accumulator`.
 /// `values` holds, from its start: the angle factor, the variables 1 to 100, constants,
-/// temporaries.
-using Handler = double (*)(const Instruction* at, double* values, double accumulator);
+/// temporaries. `trouble` is +0 until an operation swallows a value that is no finite number, then
+/// NaN.
+using Handler = double (*)(const Instruction* at, double* values, double accumulator,
+                           double trouble);
+
+/// The variants of a handler.
+enum class Mode : std::uint8_t {
+  Plain,
+  Spilling,  // begins anew and saves the accumulator first
+  Last,      // gives the result instead of handing over
+};
+using HandlerSet = std::array<Handler, 3>;  // by Mode
 
 /// One step of a lowered expression. Operands are places in the values.
 struct Instruction {
@@ -26,8 +36,8 @@ struct Instruction {
 
 inline constexpr std::uint16_t kAngleFactorPlace = 0;
 
-inline double Next(const Instruction* at, double* values, double accumulator) {
-  return at[1].handler(at + 1, values, accumulator);
+inline double Next(const Instruction* at, double* values, double accumulator, double trouble) {
+  return at[1].handler(at + 1, values, accumulator, trouble);
 }
 
 using UnaryBlock = void (*)(const double* a, double* result, double angleFactor, std::size_t n);
@@ -37,13 +47,13 @@ using BinaryBlock = void (*)(const double* a, const double* b, double* result, s
 /// values, "accumulator" for the value just computed.
 struct Forms {
   // One argument.
-  Handler leaf = nullptr;
-  Handler accumulator = nullptr;
+  HandlerSet leaf{};
+  HandlerSet accumulator{};
   UnaryBlock block = nullptr;
   // Two arguments, in their order.
-  Handler leafLeaf = nullptr;
-  Handler accumulatorLeaf = nullptr;
-  Handler leafAccumulator = nullptr;
+  HandlerSet leafLeaf{};
+  HandlerSet accumulatorLeaf{};
+  HandlerSet leafAccumulator{};
   BinaryBlock blockBlock = nullptr;
   BinaryBlock blockScalar = nullptr;
   BinaryBlock scalarBlock = nullptr;

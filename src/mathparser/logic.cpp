@@ -6,8 +6,6 @@
 namespace zentab::mathparser {
 namespace {
 
-double Truth(bool isTrue) { return isTrue ? 1.0 : 0.0; }
-
 constexpr std::array kFunctions = {
     One<[](double a, double) { return Truth(a == 0.0); }>("not", 44),
     Two<[](double a, double b) { return Truth(a != 0.0 && b != 0.0); }>("and", 42),

@@ -42,6 +42,7 @@ std::string_view TrimBlanks(std::string_view text) {
 bool MathParser::StoreExpression(std::string_view text) {
   expression_ = TrimBlanks(text);
   assignments_ = 0;
+  countsAssignments_ = true;
   shown_ = Shown::Rows;
   Compiler compiler(*catalogue_, table_);
   isCompiled_ = compiler.Compile(expression_);
@@ -63,13 +64,21 @@ std::string_view MathParser::VarName(int variable) const {
   return table_.Name(table_.variables[static_cast<std::size_t>(variable) - 1].name);
 }
 
+// Only whether there were as many assignments as variables ever counts, and which variables had
+// none: with more assignments than variables and none left out, all has been said.
+void MathParser::CountAssignment(int variable) {
+  table_.variables[static_cast<std::size_t>(variable) - 1].assigned = true;
+  if (assignments_ <= varTop_) ++assignments_;
+  countsAssignments_ = assignments_ <= varTop_ ||
+                       !std::all_of(table_.variables.begin(), table_.variables.end(),
+                                    [](const VariableName& other) { return other.assigned; });
+}
+
 void MathParser::Variable(int variable, double value) {
   if (!IsVariable(variable)) return;
   program_.values[static_cast<std::size_t>(variable)] = value;
-  bool& assigned = table_.variables[static_cast<std::size_t>(variable) - 1].assigned;
-  if (!explicit_ || assigned) return;
-  assigned = true;
-  ++assignments_;
+  const bool assigned = table_.variables[static_cast<std::size_t>(variable) - 1].assigned;
+  if (explicit_ && !assigned) CountAssignment(variable);
 }
 
 std::string_view MathParser::AngleUnit() const {
@@ -157,8 +166,13 @@ void MathParser::RequireMulti(int variable) {
 
 std::vector<double> MathParser::EvalMulti(std::span<const double> values, int variable) {
   RequireMulti(variable);
-  std::vector<double> results(values.size());
-  EvalMulti(values, results, variable);
+  std::vector<double> results;
+  results.reserve(values.size());
+  // Grown block by block: the zeros that this writes first stay in the cache.
+  EvalBlocks(values, variable, [&](std::size_t at, std::size_t n) {
+    results.resize(at + n);
+    return results.data() + at;
+  });
   return results;
 }
 
@@ -170,32 +184,29 @@ std::vector<double> MathParser::EvalMulti(std::span<const double> values,
 void MathParser::EvalMulti(std::span<const double> values, std::span<double> results,
                            int variable) {
   RequireMulti(variable);
-  if (values.empty()) return;
-  BlockEvaluator blocks(table_, program_.values.data(), variable);
-  if (!blocks.CanRun()) {
-    EvalEach(values, results, variable);
-    return;
-  }
-  for (std::size_t at = 0; at < values.size(); at += BlockEvaluator::kBlock) {
-    const std::size_t n = std::min(BlockEvaluator::kBlock, values.size() - at);
-    if (!blocks.Run(values.data() + at, results.data() + at, n)) {
-      EvalEach(values.subspan(at, n), results.subspan(at, n), variable);
-    }
-  }
-  program_.values[static_cast<std::size_t>(variable)] = values.back();
-  shown_ = Shown::Variables;
+  EvalBlocks(values, variable, [&](std::size_t at, std::size_t) { return results.data() + at; });
 }
 
-void MathParser::EvalEach(std::span<const double> values, std::span<double> results, int variable) {
+template <class Results>
+void MathParser::EvalBlocks(std::span<const double> values, int variable, Results resultsOf) {
+  BlockEvaluator blocks(table_, program_.values.data(), variable);
+  for (std::size_t at = 0; at < values.size(); at += BlockEvaluator::kBlock) {
+    const auto block = values.subspan(at, std::min(BlockEvaluator::kBlock, values.size() - at));
+    double* results = resultsOf(at, block.size());
+    if (!blocks.CanRun() || !blocks.Run(block.data(), results, block.size())) {
+      EvalEach(block, results, variable);
+    }
+  }
+  if (values.empty()) return;
+  program_.values[static_cast<std::size_t>(variable)] = values.back();
+  if (!program_.code.empty()) shown_ = Shown::Variables;
+}
+
+void MathParser::EvalEach(std::span<const double> values, double* results, int variable) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     program_.values[static_cast<std::size_t>(variable)] = values[i];
     const double value = program_.code.empty() ? std::nan("") : program_.Run();
-    if (std::isfinite(value)) {
-      results[i] = value;
-      shown_ = Shown::Variables;
-    } else {
-      results[i] = EvalAgain(kEvalError);
-    }
+    results[i] = std::isfinite(value) ? value : EvalAgain(kEvalError);
   }
 }
 

@@ -53,8 +53,7 @@ class MathParser {
   void VarValue(int variable, double value) {
     if (!IsVariable(variable)) return;
     program_.values[static_cast<std::size_t>(variable)] = value;
-    table_.variables[static_cast<std::size_t>(variable) - 1].assigned = true;
-    ++assignments_;
+    if (countsAssignments_) CountAssignment(variable);
   }
 
   /// The number of the variable of that name, not its value; 0 for an unknown name.
@@ -90,7 +89,8 @@ class MathParser {
     if (isReady_) {
       const double value = program_.Run();
       if (value - value == 0.0) {
-        shown_ = Shown::Variables;
+        // Asked first, as a store for every evaluation would cost more.
+        if (shown_ != Shown::Variables) shown_ = Shown::Variables;
         return value;
       }
     }
@@ -123,12 +123,15 @@ class MathParser {
   enum class Shown : std::uint8_t { Rows, Variables, Single };
 
   [[nodiscard]] bool IsVariable(int variable) const { return variable > 0 && variable <= varTop_; }
+  void CountAssignment(int variable);
   double EvalChecked();
   double EvalAgain(int errorNumber);
   bool EvalRows();
   bool AreAssigned();
   void RequireMulti(int variable);
-  void EvalEach(std::span<const double> values, std::span<double> results, int variable);
+  template <class Results>
+  void EvalBlocks(std::span<const double> values, int variable, Results resultsOf);
+  void EvalEach(std::span<const double> values, double* results, int variable);
   void SetReady();
 
   const FunctionCatalogue* catalogue_;
@@ -140,9 +143,10 @@ class MathParser {
   TableEvaluator rows_;
   RandomSource random_;
   int varTop_ = 0;
-  long long assignments_ = 0;
+  int assignments_ = 0;
   double single_ = 0.0;  // the x of Eval1
   int angleUnit_ = 0;
+  bool countsAssignments_ = true;  // off when no further one can make a difference
   bool isCompiled_ = false;
   bool explicit_ = false;
   bool isReady_ = false;  // compiled, lowered and without a check to make

@@ -7,126 +7,199 @@
 namespace zentab::mathparser {
 
 // A row fails when what goes into it or comes out of it is no finite number. Instead of asking
-// after every step, the operations let such a value run through to the end: where arithmetic would
-// swallow it (1/infinity is 0, NaN<1 is false) the result is poisoned. x-x is +0 for every finite
-// x and NaN for the others, and subtracting +0 changes no bit of a finite result.
-inline double Poison(double a) { return a - a; }
-inline double Poison(double a, double b) { return (a - a) + (b - b); }
+// after every step, such a value is left to run through to the end, where it shows in the result.
+// An operation that may swallow it on the way (1/infinity is 0, NaN<1 is false) reports trouble:
+// x-x is +0 for every finite x and NaN for the others, and subtracting +0 from the result changes
+// no bit of it. Trouble may be seen where there is none (a-b overflows), as it only makes the
+// expression be evaluated row by row once more.
+inline double Trouble(double a) { return a - a; }
+inline double Trouble(double a, double b) { return Trouble(a - b); }
 
-struct Add {
+/// For operations that give no finite number when they get none.
+struct Propagating {
+  static constexpr bool kSwallows = false;
+};
+struct Swallowing {
+  static constexpr bool kSwallows = true;
+  static double TroubleOf(double a, double b) { return Trouble(a, b); }
+};
+
+struct Add : Propagating {
   static double Of(double a, double b) { return a + b; }
 };
-struct Subtract {
+struct Subtract : Propagating {
   static double Of(double a, double b) { return a - b; }
 };
-struct Multiply {
+struct Multiply : Propagating {
   static double Of(double a, double b) { return a * b; }
 };
 struct Divide {
-  static double Of(double a, double b) { return a / b - Poison(b); }
+  static constexpr bool kSwallows = true;
+  static double Of(double a, double b) { return a / b; }
+  static double TroubleOf(double, double b) { return Trouble(b); }
 };
-struct Less {
-  static double Of(double a, double b) { return (a < b ? 1.0 : 0.0) - Poison(a, b); }
+/// 1 or 0, without a jump that random values would make the processor guess wrong.
+inline double Truth(bool isTrue) { return static_cast<double>(isTrue); }
+
+struct Less : Swallowing {
+  static double Of(double a, double b) { return Truth(a < b); }
 };
-struct LessOrEqual {
-  static double Of(double a, double b) { return (a <= b ? 1.0 : 0.0) - Poison(a, b); }
+struct LessOrEqual : Swallowing {
+  static double Of(double a, double b) { return Truth(a <= b); }
 };
-struct Greater {
-  static double Of(double a, double b) { return (a > b ? 1.0 : 0.0) - Poison(a, b); }
+struct Greater : Swallowing {
+  static double Of(double a, double b) { return Truth(a > b); }
 };
-struct GreaterOrEqual {
-  static double Of(double a, double b) { return (a >= b ? 1.0 : 0.0) - Poison(a, b); }
+struct GreaterOrEqual : Swallowing {
+  static double Of(double a, double b) { return Truth(a >= b); }
 };
-struct Equal {
-  static double Of(double a, double b) { return (a == b ? 1.0 : 0.0) - Poison(a, b); }
+struct Equal : Swallowing {
+  static double Of(double a, double b) { return Truth(a == b); }
 };
-struct NotEqual {
-  static double Of(double a, double b) { return (a != b ? 1.0 : 0.0) - Poison(a, b); }
+struct NotEqual : Swallowing {
+  static double Of(double a, double b) { return Truth(a != b); }
 };
-struct Minimum {
-  static double Of(double a, double b) { return (a < b ? a : b) - Poison(a, b); }
+struct Minimum : Swallowing {
+  static double Of(double a, double b) { return a < b ? a : b; }
 };
-struct Maximum {
-  static double Of(double a, double b) { return (a > b ? a : b) - Poison(a, b); }
+struct Maximum : Swallowing {
+  static double Of(double a, double b) { return a > b ? a : b; }
 };
 
 /// A function of one argument and the angle factor as an operation.
-template <auto F>
+template <auto F, bool Swallows>
 struct UnaryOf {
-  static double Of(double a, double angleFactor) { return F(a, angleFactor) - Poison(a); }
+  static constexpr bool kSwallows = Swallows;
+  static double Of(double a, double angleFactor) { return F(a, angleFactor); }
+  static double TroubleOf(double a, double) { return Trouble(a); }
 };
 
 /// A function of two arguments as an operation.
 template <auto F>
-struct BinaryOf {
-  static double Of(double a, double b) { return F(a, b) - Poison(a, b); }
+struct BinaryOf : Swallowing {
+  static double Of(double a, double b) { return F(a, b); }
+  static double TroubleOf(double a, double b) { return Trouble(a) + Trouble(b); }
 };
+
+/// Computes and takes down trouble.
+template <class Op>
+double Do(double a, double b, double& trouble) {
+  if constexpr (Op::kSwallows) trouble += Op::TroubleOf(a, b);
+  return Op::Of(a, b);
+}
+
+/// Computes, trouble included in the result.
+template <class Op>
+double DoAtOnce(double a, double b) {
+  if constexpr (Op::kSwallows) return Op::Of(a, b) - Op::TroubleOf(a, b);
+  return Op::Of(a, b);
+}
+
+template <Mode M>
+double HandOver(const Instruction* at, double* values, double result, double trouble) {
+  if constexpr (M == Mode::Last) return result - trouble;
+  return Next(at, values, result, trouble);
+}
+
+template <Mode M>
+void Spill(const Instruction* at, double* values, double accumulator) {
+  if constexpr (M == Mode::Spilling) values[at->spill] = accumulator;
+}
 
 template <class Op>
 struct UnaryCode {
   static double Call(const double* a, CallContext& context) {
     return Op::Of(a[0], context.angleFactor);
   }
-  static double OfLeaf(const Instruction* at, double* values, double accumulator) {
-    values[at->spill] = accumulator;
-    return Next(at, values, Op::Of(values[at->operand[0]], values[kAngleFactorPlace]));
+  template <Mode M>
+  static double OfLeaf(const Instruction* at, double* values, double accumulator, double trouble) {
+    Spill<M>(at, values, accumulator);
+    const double result = Do<Op>(values[at->operand[0]], values[kAngleFactorPlace], trouble);
+    return HandOver<M>(at, values, result, trouble);
   }
-  static double OfAccumulator(const Instruction* at, double* values, double accumulator) {
-    return Next(at, values, Op::Of(accumulator, values[kAngleFactorPlace]));
+  template <Mode M>
+  static double OfAccumulator(const Instruction* at, double* values, double accumulator,
+                              double trouble) {
+    const double result = Do<Op>(accumulator, values[kAngleFactorPlace], trouble);
+    return HandOver<M>(at, values, result, trouble);
   }
   static void OfBlock(const double* __restrict a, double* __restrict result, double angleFactor,
                       std::size_t n) {
-    for (std::size_t i = 0; i < n; ++i) result[i] = Op::Of(a[i], angleFactor);
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], angleFactor);
   }
 };
 
 template <class Op>
 struct BinaryCode {
   static double Call(const double* a, CallContext&) { return Op::Of(a[0], a[1]); }
-  static double OfLeafLeaf(const Instruction* at, double* values, double accumulator) {
-    values[at->spill] = accumulator;
-    return Next(at, values, Op::Of(values[at->operand[0]], values[at->operand[1]]));
+  template <Mode M>
+  static double OfLeafLeaf(const Instruction* at, double* values, double accumulator,
+                           double trouble) {
+    Spill<M>(at, values, accumulator);
+    const double result = Do<Op>(values[at->operand[0]], values[at->operand[1]], trouble);
+    return HandOver<M>(at, values, result, trouble);
   }
-  static double OfAccumulatorLeaf(const Instruction* at, double* values, double accumulator) {
-    return Next(at, values, Op::Of(accumulator, values[at->operand[0]]));
+  template <Mode M>
+  static double OfAccumulatorLeaf(const Instruction* at, double* values, double accumulator,
+                                  double trouble) {
+    const double result = Do<Op>(accumulator, values[at->operand[0]], trouble);
+    return HandOver<M>(at, values, result, trouble);
   }
-  static double OfLeafAccumulator(const Instruction* at, double* values, double accumulator) {
-    return Next(at, values, Op::Of(values[at->operand[0]], accumulator));
+  template <Mode M>
+  static double OfLeafAccumulator(const Instruction* at, double* values, double accumulator,
+                                  double trouble) {
+    const double result = Do<Op>(values[at->operand[0]], accumulator, trouble);
+    return HandOver<M>(at, values, result, trouble);
   }
   static void OfBlockBlock(const double* __restrict a, const double* __restrict b,
                            double* __restrict result, std::size_t n) {
-    for (std::size_t i = 0; i < n; ++i) result[i] = Op::Of(a[i], b[i]);
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], b[i]);
   }
   static void OfBlockScalar(const double* __restrict a, const double* __restrict b,
                             double* __restrict result, std::size_t n) {
     const double right = *b;
-    for (std::size_t i = 0; i < n; ++i) result[i] = Op::Of(a[i], right);
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], right);
   }
   static void OfScalarBlock(const double* __restrict a, const double* __restrict b,
                             double* __restrict result, std::size_t n) {
     const double left = *a;
-    for (std::size_t i = 0; i < n; ++i) result[i] = Op::Of(left, b[i]);
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(left, b[i]);
   }
 };
 
 template <class Op>
-inline constexpr Forms kUnaryForms{.leaf = UnaryCode<Op>::OfLeaf,
-                                   .accumulator = UnaryCode<Op>::OfAccumulator,
-                                   .block = UnaryCode<Op>::OfBlock};
+inline constexpr Forms kUnaryForms{
+    .leaf = {UnaryCode<Op>::template OfLeaf<Mode::Plain>,
+             UnaryCode<Op>::template OfLeaf<Mode::Spilling>,
+             UnaryCode<Op>::template OfLeaf<Mode::Last>},
+    .accumulator = {UnaryCode<Op>::template OfAccumulator<Mode::Plain>, nullptr,
+                    UnaryCode<Op>::template OfAccumulator<Mode::Last>},
+    .block = UnaryCode<Op>::OfBlock};
 
 template <class Op, int Fusion = -1>
-inline constexpr Forms kBinaryForms{.leafLeaf = BinaryCode<Op>::OfLeafLeaf,
-                                    .accumulatorLeaf = BinaryCode<Op>::OfAccumulatorLeaf,
-                                    .leafAccumulator = BinaryCode<Op>::OfLeafAccumulator,
-                                    .blockBlock = BinaryCode<Op>::OfBlockBlock,
-                                    .blockScalar = BinaryCode<Op>::OfBlockScalar,
-                                    .scalarBlock = BinaryCode<Op>::OfScalarBlock,
-                                    .fusion = Fusion};
+inline constexpr Forms kBinaryForms{
+    .leafLeaf = {BinaryCode<Op>::template OfLeafLeaf<Mode::Plain>,
+                 BinaryCode<Op>::template OfLeafLeaf<Mode::Spilling>,
+                 BinaryCode<Op>::template OfLeafLeaf<Mode::Last>},
+    .accumulatorLeaf = {BinaryCode<Op>::template OfAccumulatorLeaf<Mode::Plain>, nullptr,
+                        BinaryCode<Op>::template OfAccumulatorLeaf<Mode::Last>},
+    .leafAccumulator = {BinaryCode<Op>::template OfLeafAccumulator<Mode::Plain>, nullptr,
+                        BinaryCode<Op>::template OfLeafAccumulator<Mode::Last>},
+    .blockBlock = BinaryCode<Op>::OfBlockBlock,
+    .blockScalar = BinaryCode<Op>::OfBlockScalar,
+    .scalarBlock = BinaryCode<Op>::OfScalarBlock,
+    .fusion = Fusion};
 
 /// The catalogue entry of F(a, angle factor).
 template <auto F>
 constexpr FunctionEntry One(std::string_view keyword, int code) {
-  return {keyword, code, 1, UnaryCode<UnaryOf<F>>::Call, &kUnaryForms<UnaryOf<F>>};
+  return {keyword, code, 1, UnaryCode<UnaryOf<F, true>>::Call, &kUnaryForms<UnaryOf<F, true>>};
+}
+
+/// As One, for a function that gives no finite number when it gets none.
+template <auto F>
+constexpr FunctionEntry OnePropagating(std::string_view keyword, int code) {
+  return {keyword, code, 1, UnaryCode<UnaryOf<F, false>>::Call, &kUnaryForms<UnaryOf<F, false>>};
 }
 
 /// The catalogue entry of F(a, b).

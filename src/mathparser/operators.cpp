@@ -39,15 +39,17 @@ constinit const FunctionEntry kAdd = Fusible<Add, kFuseAdd>("+", 0);
 constinit const FunctionEntry kSubtract = Fusible<Subtract, kFuseSubtract>("-", 1);
 constinit const FunctionEntry kMultiply = Fusible<Multiply, kFuseMultiply>("*", 2);
 constinit const FunctionEntry kDivide = Fusible<Divide, kFuseDivide>("/", 3);
-constinit const FunctionEntry kPercent = One<[](double a, double) { return a / 100.0; }>("%", 4);
+constinit const FunctionEntry kPercent =
+    OnePropagating<[](double a, double) { return a / 100.0; }>("%", 4);
 constinit const FunctionEntry kIntegerDivide = Two<IntegerQuotient>("\\", 5);
 constinit const FunctionEntry kPower =
     Two<[](double a, double b) { return std::pow(a, b); }>("^", 6);
 constinit const FunctionEntry kAbsolute =
-    One<[](double a, double) { return std::abs(a); }>("abs", 7);
+    OnePropagating<[](double a, double) { return std::abs(a); }>("abs", 7);
 constinit const FunctionEntry kFactorial =
     One<[](double a, double) { return Factorial(a); }>("!", 30);
-constinit const FunctionEntry kNegate = One<[](double a, double) { return -a; }>("neg", 75);
+constinit const FunctionEntry kNegate =
+    OnePropagating<[](double a, double) { return -a; }>("neg", 75);
 constinit const FunctionEntry kRight = Two<[](double, double b) { return b; }>("@Right", 1000);
 
 const FunctionEntry* Comparison(std::string_view sign) {

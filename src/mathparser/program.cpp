@@ -10,42 +10,47 @@
 namespace zentab::mathparser {
 namespace {
 
-constexpr std::uint16_t kScratchPlace = kMaxVariables + 1;  // for spills of nothing
+constexpr std::size_t kFirstFreePlace = kMaxVariables + 1;
 
-double End(const Instruction*, double*, double accumulator) { return accumulator; }
-
-double Store(const Instruction* at, double* values, double accumulator) {
-  values[at->spill] = accumulator;
-  return Next(at, values, accumulator);
+double End(const Instruction*, double*, double accumulator, double trouble) {
+  return accumulator - trouble;
 }
 
-double Guard(const Instruction* at, double* values, double accumulator) {
-  if (accumulator != 0.0) {
-    // A comparison that failed fails the whole; one that holds makes the product its other factor.
-    return accumulator == 1.0 ? Next(at, values, accumulator) : accumulator;
-  }
+double Store(const Instruction* at, double* values, double accumulator, double trouble) {
+  values[at->spill] = accumulator;
+  return Next(at, values, accumulator, trouble);
+}
+
+double Guard(const Instruction* at, double* values, double accumulator, double trouble) {
+  if (accumulator != 0.0) return Next(at, values, accumulator, trouble);
   const Instruction* target = at + at->skip;
-  return target->handler(target, values, 0.0);
+  return target->handler(target, values, 0.0, trouble);
 }
 
 // Apart from Call, so that no local array keeps that from handing over in place.
 double CallKernel(const Instruction* at, const double* values) {
   std::array<double, kMaxArguments> arguments{};
   const auto count = static_cast<std::size_t>(at->function->arguments);
-  double poison = 0.0;
+  double trouble = 0.0;
   for (std::size_t i = 0; i < count; ++i) {
     arguments[i] = values[at->operand[i]];
-    poison += Poison(arguments[i]);
+    trouble += Trouble(arguments[i]);
   }
-  if (poison != 0.0) return poison;
+  if (trouble != 0.0) return trouble;
   CallContext context{.angleFactor = values[kAngleFactorPlace]};
   return at->function->kernel(arguments.data(), context);
 }
 
-double Call(const Instruction* at, double* values, double accumulator) {
-  values[at->spill] = accumulator;
-  return Next(at, values, CallKernel(at, values));
+template <Mode M>
+double Call(const Instruction* at, double* values, double accumulator, double trouble) {
+  Spill<M>(at, values, accumulator);
+  return HandOver<M>(at, values, CallKernel(at, values), trouble);
 }
+
+constexpr HandlerSet kEnd{End, nullptr, End};
+constexpr HandlerSet kStore{Store, nullptr, nullptr};
+constexpr HandlerSet kGuard{Guard, nullptr, nullptr};
+constexpr HandlerSet kCall{Call<Mode::Plain>, Call<Mode::Spilling>, Call<Mode::Last>};
 
 const Forms& NegateForms() { return *operators::kNegate.forms; }
 
@@ -56,17 +61,18 @@ std::uint16_t Lowering::NewPlace(double value) {
   return static_cast<std::uint16_t>(program_.values.size() - 1);
 }
 
-Instruction& Lowering::Emit(Handler handler) {
+Instruction& Lowering::Emit(const HandlerSet& handlers) {
   Instruction& made = program_.code.emplace_back();
-  made.handler = handler;
+  made.handler = handlers[static_cast<std::size_t>(Mode::Plain)];
+  emitted_ = &handlers;
   return made;
 }
 
 // An instruction that does not go on from the accumulator saves what that holds.
-Instruction& Lowering::EmitAnew(Handler handler) {
-  Instruction& made = Emit(handler);
-  made.spill = kScratchPlace;
+Instruction& Lowering::EmitAnew(const HandlerSet& handlers) {
+  Instruction& made = Emit(handlers);
   if (inAccumulator_ != nullptr) {
+    made.handler = handlers[static_cast<std::size_t>(Mode::Spilling)];
     made.spill = NewPlace(0.0);
     *inAccumulator_ = {Value::Kind::Leaf, made.spill, 0, nullptr};
     inAccumulator_ = nullptr;
@@ -129,25 +135,25 @@ bool Lowering::LowerFused(const FunctionEntry& function, Value& left, Value& rig
   const bool rightLazy = right.kind == Kind::Lazy;
   const int leftInner = leftLazy ? left.function->forms->fusion : -1;
   const int rightInner = rightLazy ? right.function->forms->fusion : -1;
-  Handler handler = nullptr;
+  const HandlerSet* handlers = nullptr;
   if (leftLazy && rightLazy) {
-    handler = FusedFour(leftInner, outer, rightInner);
-    if (handler == nullptr) return false;
-    EmitAnew(handler).operand = {left.place, left.second, right.place, right.second};
+    handlers = FusedFour(leftInner, outer, rightInner);
+    if (handlers == nullptr) return false;
+    EmitAnew(*handlers).operand = {left.place, left.second, right.place, right.second};
   } else if (leftLazy && right.kind == Kind::Leaf) {
-    handler = FusedLeft(leftInner, outer);
-    if (handler == nullptr) return false;
-    EmitAnew(handler).operand = {left.place, left.second, right.place};
+    handlers = FusedLeft(leftInner, outer);
+    if (handlers == nullptr) return false;
+    EmitAnew(*handlers).operand = {left.place, left.second, right.place};
   } else if (rightLazy && left.kind == Kind::Leaf) {
-    handler = FusedRight(outer, rightInner);
-    if (handler == nullptr) return false;
-    EmitAnew(handler).operand = {left.place, right.place, right.second};
+    handlers = FusedRight(outer, rightInner);
+    if (handlers == nullptr) return false;
+    EmitAnew(*handlers).operand = {left.place, right.place, right.second};
   } else if (rightLazy && left.kind == Kind::Accumulator) {
-    handler = FusedAccumulator(outer, rightInner);
-    if (handler == nullptr) return false;
-    Emit(handler).operand = {right.place, right.second};
+    handlers = FusedAccumulator(outer, rightInner);
+    if (handlers == nullptr) return false;
+    Emit(*handlers).operand = {right.place, right.second};
   }
-  return handler != nullptr;
+  return handlers != nullptr;
 }
 
 Lowering::Value Lowering::LowerBinary(const Row& row, Value& left, Value& right) {
@@ -176,7 +182,7 @@ Lowering::Value Lowering::LowerBinary(const Row& row, Value& left, Value& right)
 Lowering::Value Lowering::LowerCall(const Row& row, std::array<Value, kMaxArguments>& arguments) {
   const auto count = static_cast<std::size_t>(row.arguments);
   for (std::size_t i = 0; i < count; ++i) Compute(arguments[i]);
-  Instruction& made = EmitAnew(Call);
+  Instruction& made = EmitAnew(kCall);
   made.function = row.function;
   for (std::size_t i = 0; i < count; ++i) made.operand[i] = arguments[i].place;
   return {Value::Kind::Accumulator, 0, 0, nullptr};
@@ -252,11 +258,11 @@ void Lowering::Finish(int number, Value result) {
     // When the comparison is false, everything up to the product is left out.
     Compute(result);
     jump_[static_cast<std::size_t>(number)] = program_.code.size();
-    Emit(Guard);
+    Emit(kGuard);
   } else if (row.alsoFeeds != 0) {
     Compute(result);
     const std::uint16_t place = NewPlace(0.0);
-    Emit(Store).spill = place;
+    Emit(kStore).spill = place;
     sharedPlace_[static_cast<std::size_t>(number)] = place;
   } else {
     Push(result);
@@ -284,13 +290,16 @@ std::vector<std::int16_t> Lowering::GuardsFirst() const {
 
 void Lowering::Lower() {
   program_.code.clear();
-  program_.values.resize(kScratchPlace + 1);
+  program_.values.resize(kFirstFreePlace);
   std::fill(program_.values.begin() + 1, program_.values.end(), 0.0);
   if (table_.isRandom || table_.rows.empty()) return;
   program_.code.reserve(table_.rows.size() + 1);
   for (const std::int16_t row : table_.hasGuards ? GuardsFirst() : table_.postfix) LowerRow(row);
   Compute(stack_[0]);
-  Emit(End);
+  // A false guard may still lead to the end behind the last operation.
+  const Handler last = (*emitted_)[static_cast<std::size_t>(Mode::Last)];
+  if (last != nullptr) program_.code.back().handler = last;
+  Emit(kEnd);
 }
 
 }  // namespace zentab::mathparser

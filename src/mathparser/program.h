@@ -16,7 +16,7 @@ struct Program {
   std::vector<Instruction> code;  // empty when the expression cannot be lowered (random numbers)
   std::vector<double> values;     // the angle factor, the variables from place 1, the rest
 
-  [[nodiscard]] double Run() { return code.front().handler(code.data(), values.data(), 0.0); }
+  [[nodiscard]] double Run() { return code.front().handler(code.data(), values.data(), 0.0, 0.0); }
 };
 
 /// Makes `program` anew from a table; its variables are 0 then, the angle factor stays.
@@ -54,8 +54,8 @@ class Lowering {
   void TakeArgument(const Row& row, std::size_t slot, Value& value);
   Value Leaf(const Operand& operand);
   void Compute(Value& value);
-  Instruction& Emit(Handler handler);
-  Instruction& EmitAnew(Handler handler);
+  Instruction& Emit(const HandlerSet& handlers);
+  Instruction& EmitAnew(const HandlerSet& handlers);
   void OwnAccumulator(Value& value);
   std::uint16_t NewPlace(double value);
 
@@ -63,7 +63,8 @@ class Lowering {
   Program& program_;
   std::array<Value, kMaxRows + 2> stack_{};
   std::size_t depth_ = 0;
-  Value* inAccumulator_ = nullptr;  // the value that the accumulator holds
+  const HandlerSet* emitted_ = nullptr;  // of the last instruction
+  Value* inAccumulator_ = nullptr;       // the value that the accumulator holds
   std::array<std::uint16_t, kMaxRows + 1> sharedPlace_{};
   std::array<std::size_t, kMaxRows + 1> jump_{};  // of a guard's row, its instruction
 };
