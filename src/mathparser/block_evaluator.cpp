@@ -9,7 +9,7 @@ namespace zentab::mathparser {
 
 BlockEvaluator::BlockEvaluator(const ExpressionTable& table, const double* values, int variable)
     : table_(table), values_(values) {
-  canRun_ = !table.hasGuards && !table.isRandom && Plan(variable);
+  canRun_ = !table.hasGuards && !table.byRowsOnly && Plan(variable);
   if (canRun_) buffers_.resize(kBlock * bufferCount_);
 }
 
@@ -50,7 +50,6 @@ bool BlockEvaluator::Plan(int variable) {
 
 // Computes at once what is the same for every value.
 bool BlockEvaluator::PlanScalar(const Operation& operation, Reference& result) {
-  if (operation.function->kernel == nullptr) return false;
   std::array<double, kMaxArguments> arguments{};
   for (std::size_t i = 0; i < static_cast<std::size_t>(operation.function->arguments); ++i) {
     arguments[i] = *Data(operation.arguments[i]);

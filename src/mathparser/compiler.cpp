@@ -19,6 +19,13 @@ bool IsClosing(char c) { return c == ')' || c == ']' || c == '}'; }
 bool IsComparisonSign(char c) { return c == '<' || c == '=' || c == '>'; }
 bool IsRight(const Row& row) { return row.function == &operators::kRight; }
 
+// What stands between two rows is the last operand of the left one as well, unless a row feeds
+// that already, as one in front of a "!" does.
+void SetLastOperand(Row& row, const Operand& operand) {
+  const std::size_t slot = row.arguments == 1 ? 0 : 1;
+  if (row.source[slot] == 0) row.operand[slot] = operand;
+}
+
 // A character that is not the first byte of its own.
 bool Continues(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
@@ -75,7 +82,7 @@ bool Compiler::Compile(std::string_view text) {
   table_.order.clear();
   table_.postfix.clear();
   table_.hasGuards = false;
-  table_.isRandom = false;
+  table_.byRowsOnly = false;
   if (std::count(text.begin(), text.end(), '|') % 2 != 0) {
     return Fail("abs symbols |.| mismatch");
   }
@@ -319,10 +326,9 @@ bool Compiler::Finish() {
       return false;
     }
   }
-  Row& last = table_.rows.back();
-  if (!TakeOperand(last.operand[static_cast<std::size_t>(std::min<int>(last.arguments, 2)) - 1])) {
-    return false;
-  }
+  Operand operand;
+  if (!TakeOperand(operand)) return false;
+  SetLastOperand(table_.rows.back(), operand);
   if (unfinishedCall_) return Fail("missing argument");
   while (waitingCount_ > 0) LinkTop(0);
   return true;
@@ -354,14 +360,11 @@ bool Compiler::AddRow(const NewRow& made) {
   row.position = made.position;
   row.arguments = static_cast<std::int8_t>(made.arguments);
   if (made.takesOperand && !TakeOperand(row.operand[0])) return false;
-  // What stands between two rows is the last operand of the left one as well.
-  if (!table_.rows.empty()) {
-    Row& left = table_.rows.back();
-    left.operand[static_cast<std::size_t>(std::min<int>(left.arguments, 2)) - 1] = row.operand[0];
-  }
+  if (!table_.rows.empty()) SetLastOperand(table_.rows.back(), row.operand[0]);
   table_.rows.push_back(row);
   LinkBefore(LastRow(), made.continues);
-  table_.isRandom = table_.isRandom || made.function->isRandom;
+  table_.byRowsOnly =
+      table_.byRowsOnly || made.function->isRandom || made.function->kernel == nullptr;
   closed_ = Closed::No;
   return true;
 }

@@ -59,7 +59,7 @@ struct ExpressionTable {
   std::vector<std::int16_t> order;    // row numbers in the order of evaluation
   std::vector<std::int16_t> postfix;  // row numbers, each subtree contiguous, a parent last
   bool hasGuards = false;
-  bool isRandom = false;
+  bool byRowsOnly = false;  // random numbers, or a function that always fails
 
   [[nodiscard]] std::string_view Name(NameRange range) const {
     return std::string_view(names).substr(range.begin, range.length);

@@ -292,13 +292,16 @@ void Lowering::Lower() {
   program_.code.clear();
   program_.values.resize(kFirstFreePlace);
   std::fill(program_.values.begin() + 1, program_.values.end(), 0.0);
-  if (table_.isRandom || table_.rows.empty()) return;
+  if (table_.byRowsOnly || table_.rows.empty()) return;
   program_.code.reserve(table_.rows.size() + 1);
   for (const std::int16_t row : table_.hasGuards ? GuardsFirst() : table_.postfix) LowerRow(row);
   Compute(stack_[0]);
-  // A false guard may still lead to the end behind the last operation.
-  const Handler last = (*emitted_)[static_cast<std::size_t>(Mode::Last)];
-  if (last != nullptr) program_.code.back().handler = last;
+  // The last operation gives the result itself, unless it has to spill first. A false guard may
+  // still lead to the end behind it.
+  Instruction& last = program_.code.back();
+  const Handler plain = (*emitted_)[static_cast<std::size_t>(Mode::Plain)];
+  const Handler ending = (*emitted_)[static_cast<std::size_t>(Mode::Last)];
+  if (last.handler == plain && ending != nullptr) last.handler = ending;
   Emit(kEnd);
 }
 
