@@ -6,6 +6,24 @@
 #include "mathparser/operations.h"
 
 namespace zentab::mathparser {
+namespace {
+
+// Several sums side by side, which do not wait for each other.
+bool AllFinite(const double* values, std::size_t n) {
+  std::array<double, 8> trouble{};
+  std::size_t i = 0;
+  for (; i + trouble.size() <= n; i += trouble.size()) {
+    for (std::size_t lane = 0; lane < trouble.size(); ++lane) {
+      trouble[lane] += Trouble(values[i + lane]);
+    }
+  }
+  double sum = 0.0;
+  for (; i < n; ++i) sum += Trouble(values[i]);
+  for (const double lane : trouble) sum += lane;
+  return sum == 0.0;
+}
+
+}  // namespace
 
 BlockEvaluator::BlockEvaluator(const ExpressionTable& table, const double* values, int variable)
     : table_(table), values_(values) {
@@ -142,9 +160,7 @@ bool BlockEvaluator::Run(const double* in, double* out, std::size_t n) {
     double* result = &operation == &last ? out : &buffers_[operation.result * kBlock];
     Do(operation, result, n);
   }
-  double trouble = 0.0;
-  for (std::size_t i = 0; i < n; ++i) trouble += Trouble(out[i]);
-  return trouble == 0.0;
+  return AllFinite(out, n);
 }
 
 }  // namespace zentab::mathparser

@@ -47,6 +47,14 @@ double OnAccumulator(const Instruction* at, double* values, double accumulator, 
   return HandOver<M>(at, values, result, trouble);
 }
 
+template <class Inner, class Middle, class Outer, Mode M>
+double OnAccumulatorLeft(const Instruction* at, double* values, double accumulator,
+                         double trouble) {
+  const double inner = Do<Inner>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
+  const double middle = Do<Middle>(inner, LeafPlace(at, values, 2), trouble);
+  return HandOver<M>(at, values, Do<Outer>(accumulator, middle, trouble), trouble);
+}
+
 template <class LeftOp, class Outer, class RightOp, Mode M>
 double Four(const Instruction* at, double* values, double accumulator, double trouble) {
   Spill<M>(at, values, accumulator);
@@ -64,6 +72,9 @@ constexpr HandlerSet kRightSet{Right<I, O, Mode::Plain>, Right<I, O, Mode::Spill
 template <class I, class O>
 constexpr HandlerSet kAccumulatorSet{OnAccumulator<I, O, Mode::Plain>, nullptr,
                                      OnAccumulator<I, O, Mode::Last>};
+template <class I, class M, class O>
+constexpr HandlerSet kAccumulatorLeftSet{OnAccumulatorLeft<I, M, O, Mode::Plain>, nullptr,
+                                         OnAccumulatorLeft<I, M, O, Mode::Last>};
 template <class L, class O, class R>
 constexpr HandlerSet kFourSet{Four<L, O, R, Mode::Plain>, Four<L, O, R, Mode::Spilling>,
                               Four<L, O, R, Mode::Last>};
@@ -92,11 +103,26 @@ constexpr Triples FourTriples(std::index_sequence<N...>) {
                    Operation<N / kArithmetic % kArithmetic>, Operation<N % kArithmetic>>...};
 }
 
+// Place (inner * kArithmetic + middle) * kArithmetic + outer.
+using InnerTriples = std::array<HandlerSet, kInner * kArithmetic * kArithmetic>;
+template <std::size_t... N>
+constexpr InnerTriples AccumulatorLeftTriples(std::index_sequence<N...>) {
+  return {
+      kAccumulatorLeftSet<Operation<N / (kArithmetic * kArithmetic)>,
+                          Operation<N / kArithmetic % kArithmetic>, Operation<N % kArithmetic>>...};
+}
+
 constexpr auto kEveryPair = std::make_index_sequence<kInner * kOuter>();
 constexpr Pairs kLeft = LeftPairs(kEveryPair);
 constexpr Pairs kRight = RightPairs(kEveryPair);
 constexpr Pairs kAccumulator = AccumulatorPairs(kEveryPair);
+constexpr InnerTriples kAccumulatorLeft =
+    AccumulatorLeftTriples(std::make_index_sequence<std::tuple_size_v<InnerTriples>>());
 constexpr Triples kFour = FourTriples(std::make_index_sequence<std::tuple_size_v<Triples>>());
+
+bool IsArithmetic(int operation) {
+  return operation >= 0 && operation < static_cast<int>(kArithmetic);
+}
 
 const HandlerSet* PairOf(const Pairs& pairs, int inner, int outer) {
   if (inner < 0 || outer < 0 || outer >= static_cast<int>(kOuter)) return nullptr;
@@ -111,9 +137,15 @@ const HandlerSet* FusedAccumulator(int outer, int inner) {
   return PairOf(kAccumulator, inner, outer);
 }
 
+const HandlerSet* FusedAccumulatorLeft(int outer, int inner, int middle) {
+  if (inner < 0 || !IsArithmetic(middle) || !IsArithmetic(outer)) return nullptr;
+  const auto place =
+      static_cast<std::size_t>(inner) * kArithmetic + static_cast<std::size_t>(middle);
+  return &kAccumulatorLeft[place * kArithmetic + static_cast<std::size_t>(outer)];
+}
+
 const HandlerSet* FusedFour(int left, int outer, int right) {
-  const auto isArithmetic = [](int f) { return f >= 0 && f < static_cast<int>(kArithmetic); };
-  if (!isArithmetic(left) || !isArithmetic(outer) || !isArithmetic(right)) return nullptr;
+  if (!IsArithmetic(left) || !IsArithmetic(outer) || !IsArithmetic(right)) return nullptr;
   const auto place = static_cast<std::size_t>(left) * kArithmetic + static_cast<std::size_t>(outer);
   return &kFour[place * kArithmetic + static_cast<std::size_t>(right)];
 }

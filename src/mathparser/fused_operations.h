@@ -31,6 +31,8 @@ enum Fusion : int {
 [[nodiscard]] const HandlerSet* FusedRight(int outer, int inner);
 /// accumulator outer (leaf inner leaf)
 [[nodiscard]] const HandlerSet* FusedAccumulator(int outer, int inner);
+/// accumulator outer ((leaf inner leaf) middle leaf)
+[[nodiscard]] const HandlerSet* FusedAccumulatorLeft(int outer, int inner, int middle);
 /// (leaf left leaf) outer (leaf right leaf)
 [[nodiscard]] const HandlerSet* FusedFour(int left, int outer, int right);
 

@@ -38,26 +38,33 @@ struct Divide {
   static double Of(double a, double b) { return a / b; }
   static double TroubleOf(double, double b) { return Trouble(b); }
 };
-/// 1 or 0, without a jump that random values would make the processor guess wrong.
+/// 1 or 0, without a jump that random values would make the processor guess wrong. In a block the
+/// plain choice is the one that becomes a vector operation.
 inline double Truth(bool isTrue) { return static_cast<double>(isTrue); }
 
 struct Less : Swallowing {
   static double Of(double a, double b) { return Truth(a < b); }
+  static double InBlock(double a, double b) { return a < b ? 1.0 : 0.0; }
 };
 struct LessOrEqual : Swallowing {
   static double Of(double a, double b) { return Truth(a <= b); }
+  static double InBlock(double a, double b) { return a <= b ? 1.0 : 0.0; }
 };
 struct Greater : Swallowing {
   static double Of(double a, double b) { return Truth(a > b); }
+  static double InBlock(double a, double b) { return a > b ? 1.0 : 0.0; }
 };
 struct GreaterOrEqual : Swallowing {
   static double Of(double a, double b) { return Truth(a >= b); }
+  static double InBlock(double a, double b) { return a >= b ? 1.0 : 0.0; }
 };
 struct Equal : Swallowing {
   static double Of(double a, double b) { return Truth(a == b); }
+  static double InBlock(double a, double b) { return a == b ? 1.0 : 0.0; }
 };
 struct NotEqual : Swallowing {
   static double Of(double a, double b) { return Truth(a != b); }
+  static double InBlock(double a, double b) { return a != b ? 1.0 : 0.0; }
 };
 struct Minimum : Swallowing {
   static double Of(double a, double b) { return a < b ? a : b; }
@@ -91,8 +98,13 @@ double Do(double a, double b, double& trouble) {
 /// Computes, trouble included in the result.
 template <class Op>
 double DoAtOnce(double a, double b) {
-  if constexpr (Op::kSwallows) return Op::Of(a, b) - Op::TroubleOf(a, b);
-  return Op::Of(a, b);
+  if constexpr (requires { Op::InBlock(a, b); }) {
+    return Op::InBlock(a, b) - Op::TroubleOf(a, b);
+  } else if constexpr (Op::kSwallows) {
+    return Op::Of(a, b) - Op::TroubleOf(a, b);
+  } else {
+    return Op::Of(a, b);
+  }
 }
 
 template <Mode M>

@@ -74,14 +74,14 @@ Instruction& Lowering::EmitAnew(const HandlerSet& handlers) {
   if (inAccumulator_ != nullptr) {
     made.handler = handlers[static_cast<std::size_t>(Mode::Spilling)];
     made.spill = NewPlace(0.0);
-    *inAccumulator_ = {Value::Kind::Leaf, made.spill, 0, nullptr};
+    *inAccumulator_ = {.kind = Value::Kind::Leaf, .place = made.spill};
     inAccumulator_ = nullptr;
   }
   return made;
 }
 
 void Lowering::OwnAccumulator(Value& value) {
-  value = {Value::Kind::Accumulator, 0, 0, nullptr};
+  value = {.kind = Value::Kind::Accumulator};
   inAccumulator_ = &value;
 }
 
@@ -94,6 +94,10 @@ void Lowering::Compute(Value& value) {
     Instruction& made = EmitAnew(value.function->forms->leafLeaf);
     made.operand[0] = value.place;
     made.operand[1] = value.second;
+    OwnAccumulator(value);
+  } else if (value.kind == Value::Kind::LazyThree) {
+    EmitAnew(*FusedLeft(value.function->forms->fusion, value.outer->forms->fusion)).operand = {
+        value.place, value.second, value.third};
     OwnAccumulator(value);
   }
 }
@@ -111,9 +115,9 @@ void Lowering::Pop(Value& value) {
 }
 
 Lowering::Value Lowering::Leaf(const Operand& operand) {
-  if (operand.variable == 0) return {Value::Kind::Leaf, NewPlace(operand.value), 0, nullptr};
-  return {operand.sign < 0 ? Value::Kind::Negative : Value::Kind::Leaf,
-          static_cast<std::uint16_t>(operand.variable), 0, nullptr};
+  if (operand.variable == 0) return {.kind = Value::Kind::Leaf, .place = NewPlace(operand.value)};
+  return {.kind = operand.sign < 0 ? Value::Kind::Negative : Value::Kind::Leaf,
+          .place = static_cast<std::uint16_t>(operand.variable)};
 }
 
 Lowering::Value Lowering::LowerUnary(const Row& row, Value& a) {
@@ -124,7 +128,7 @@ Lowering::Value Lowering::LowerUnary(const Row& row, Value& a) {
   } else {
     EmitAnew(forms.leaf).operand[0] = a.place;
   }
-  return {Value::Kind::Accumulator, 0, 0, nullptr};
+  return {.kind = Value::Kind::Accumulator};
 }
 
 // Computes lazy operands together with the operation, where there is an instruction for both.
@@ -140,14 +144,15 @@ bool Lowering::LowerFused(const FunctionEntry& function, Value& left, Value& rig
     handlers = FusedFour(leftInner, outer, rightInner);
     if (handlers == nullptr) return false;
     EmitAnew(*handlers).operand = {left.place, left.second, right.place, right.second};
-  } else if (leftLazy && right.kind == Kind::Leaf) {
-    handlers = FusedLeft(leftInner, outer);
-    if (handlers == nullptr) return false;
-    EmitAnew(*handlers).operand = {left.place, left.second, right.place};
   } else if (rightLazy && left.kind == Kind::Leaf) {
     handlers = FusedRight(outer, rightInner);
     if (handlers == nullptr) return false;
     EmitAnew(*handlers).operand = {left.place, right.place, right.second};
+  } else if (right.kind == Kind::LazyThree && left.kind == Kind::Accumulator) {
+    handlers =
+        FusedAccumulatorLeft(outer, right.function->forms->fusion, right.outer->forms->fusion);
+    if (handlers == nullptr) return false;
+    Emit(*handlers).operand = {right.place, right.second, right.third};
   } else if (rightLazy && left.kind == Kind::Accumulator) {
     handlers = FusedAccumulator(outer, rightInner);
     if (handlers == nullptr) return false;
@@ -156,15 +161,38 @@ bool Lowering::LowerFused(const FunctionEntry& function, Value& left, Value& rig
   return handlers != nullptr;
 }
 
+// Leaves an operation on leaves to the instruction that will need its result.
+bool Lowering::PutOff(const FunctionEntry& function, const Value& left, const Value& right,
+                      Value& result) {
+  const int fusion = function.forms->fusion;
+  if (fusion < 0 || right.kind != Value::Kind::Leaf) return false;
+  if (left.kind == Value::Kind::Leaf) {
+    result = {.kind = Value::Kind::Lazy,
+              .place = left.place,
+              .second = right.place,
+              .function = &function};
+    return true;
+  }
+  if (left.kind != Value::Kind::Lazy) return false;
+  if (FusedLeft(left.function->forms->fusion, fusion) == nullptr) return false;
+  result = left;
+  result.kind = Value::Kind::LazyThree;
+  result.third = right.place;
+  result.outer = &function;
+  return true;
+}
+
 Lowering::Value Lowering::LowerBinary(const Row& row, Value& left, Value& right) {
   using Kind = Value::Kind;
   const Forms& forms = *row.function->forms;
-  const Value result{Kind::Accumulator, 0, 0, nullptr};
+  const Value result{.kind = Kind::Accumulator};
   if (left.kind == Kind::Negative) Compute(left);
   if (right.kind == Kind::Negative) Compute(right);
-  if (left.kind == Kind::Leaf && right.kind == Kind::Leaf && forms.fusion >= 0) {
-    return {Kind::Lazy, left.place, right.place, row.function};
-  }
+  Value lazy;
+  if (PutOff(*row.function, left, right, lazy)) return lazy;
+  // What stands left of a lazy operand is computed first, so that it is in the accumulator.
+  if (left.kind == Kind::LazyThree) Compute(left);
+  if (right.kind == Kind::LazyThree && left.kind == Kind::Lazy) Compute(left);
   if (LowerFused(*row.function, left, right)) return result;
   Compute(left);
   Compute(right);
@@ -185,7 +213,7 @@ Lowering::Value Lowering::LowerCall(const Row& row, std::array<Value, kMaxArgume
   Instruction& made = EmitAnew(kCall);
   made.function = row.function;
   for (std::size_t i = 0; i < count; ++i) made.operand[i] = arguments[i].place;
-  return {Value::Kind::Accumulator, 0, 0, nullptr};
+  return {.kind = Value::Kind::Accumulator};
 }
 
 void Lowering::TakeArgument(const Row& row, std::size_t slot, Value& value) {
@@ -193,7 +221,7 @@ void Lowering::TakeArgument(const Row& row, std::size_t slot, Value& value) {
   if (source == 0) {
     value = Leaf(row.operand[slot]);
   } else if (table_.At(source).alsoFeeds != 0) {
-    value = {Value::Kind::Leaf, sharedPlace_[static_cast<std::size_t>(source)], 0, nullptr};
+    value = {.kind = Value::Kind::Leaf, .place = sharedPlace_[static_cast<std::size_t>(source)]};
   } else {
     Pop(value);
   }

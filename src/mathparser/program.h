@@ -31,12 +31,16 @@ class Lowering {
       Leaf,         // at `place`
       Negative,     // a variable with a minus
       Lazy,         // two leaves and a fusible operation, not computed yet
+      LazyThree,    // a lazy value, an operation to its right and a leaf
       Accumulator,  // just computed
     };
     Kind kind = Kind::Leaf;
     std::uint16_t place = 0;
-    std::uint16_t second = 0;                 // the right leaf of a lazy value
-    const FunctionEntry* function = nullptr;  // of a lazy value
+    // Of lazy values: the leaves to the right and the operations.
+    std::uint16_t second = 0;
+    std::uint16_t third = 0;
+    const FunctionEntry* function = nullptr;
+    const FunctionEntry* outer = nullptr;
   };
 
   [[nodiscard]] std::vector<std::int16_t> GuardsFirst() const;
@@ -44,6 +48,8 @@ class Lowering {
   Value LowerUnary(const Row& row, Value& a);
   Value LowerBinary(const Row& row, Value& left, Value& right);
   bool LowerFused(const FunctionEntry& function, Value& left, Value& right);
+  static bool PutOff(const FunctionEntry& function, const Value& left, const Value& right,
+                     Value& result);
   Value LowerCall(const Row& row, std::array<Value, kMaxArguments>& arguments);
   [[nodiscard]] int GuardOfProduct(const Row& row) const;
   Value LowerOperation(const Row& row);
