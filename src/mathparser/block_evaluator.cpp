@@ -141,12 +141,12 @@ void BlockEvaluator::Do(const Operation& operation, double* result, std::size_t 
     CallForEach(operation, result, n);
   } else if (operation.function->arguments == 1) {
     forms->block(Data(left), result, values_[kAngleFactorPlace], n);
-  } else if (left.IsBlock() && right.IsBlock()) {
-    forms->blockBlock(Data(left), Data(right), result, n);
-  } else if (left.IsBlock()) {
-    forms->blockScalar(Data(left), Data(right), result, n);
   } else {
-    forms->scalarBlock(Data(left), Data(right), result, n);
+    const BlockSet& blocks = forms->blocks[HasWideVectors() ? 1 : 0];
+    const BinaryBlock block = !left.IsBlock()   ? blocks.scalarBlock
+                              : right.IsBlock() ? blocks.blockBlock
+                                                : blocks.blockScalar;
+    block(Data(left), Data(right), result, n);
   }
   if (operation.negate) {
     for (std::size_t i = 0; i < n; ++i) result[i] = -result[i];

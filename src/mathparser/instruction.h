@@ -43,6 +43,13 @@ inline double Next(const Instruction* at, double* values, double accumulator, do
 using UnaryBlock = void (*)(const double* a, double* result, double angleFactor, std::size_t n);
 using BinaryBlock = void (*)(const double* a, const double* b, double* result, std::size_t n);
 
+/// By which of the operands are blocks; a scalar is pointed at.
+struct BlockSet {
+  BinaryBlock blockBlock = nullptr;
+  BinaryBlock blockScalar = nullptr;
+  BinaryBlock scalarBlock = nullptr;
+};
+
 /// The ready-made code of a function of one or two arguments. "Leaf" stands for an operand in the
 /// values, "accumulator" for the value just computed.
 struct Forms {
@@ -54,9 +61,7 @@ struct Forms {
   HandlerSet leafLeaf{};
   HandlerSet accumulatorLeaf{};
   HandlerSet leafAccumulator{};
-  BinaryBlock blockBlock = nullptr;
-  BinaryBlock blockScalar = nullptr;
-  BinaryBlock scalarBlock = nullptr;
+  std::array<BlockSet, 2> blocks{};  // the second where vectors are wide
   int fusion = -1;  // number among the operations that can be fused with others, -1 for none
 };
 

@@ -42,7 +42,7 @@ std::string_view TrimBlanks(std::string_view text) {
 bool MathParser::StoreExpression(std::string_view text) {
   expression_ = TrimBlanks(text);
   assignments_ = 0;
-  countsAssignments_ = true;
+  uncounted_ = 0;
   shown_ = Shown::Rows;
   Compiler compiler(*catalogue_, table_);
   isCompiled_ = compiler.Compile(expression_);
@@ -55,8 +55,13 @@ bool MathParser::StoreExpression(std::string_view text) {
   return isCompiled_;
 }
 
+double MathParser::NotReady(const Instruction*, double*, double, double) {
+  return std::numeric_limits<double>::quiet_NaN();
+}
+
 void MathParser::SetReady() {
-  isReady_ = isCompiled_ && !program_.code.empty() && (!explicit_ || varTop_ == 0);
+  const bool isReady = isCompiled_ && !program_.code.empty() && (!explicit_ || varTop_ == 0);
+  entry_ = isReady ? program_.code.front().handler : NotReady;
 }
 
 std::string_view MathParser::VarName(int variable) const {
@@ -64,14 +69,21 @@ std::string_view MathParser::VarName(int variable) const {
   return table_.Name(table_.variables[static_cast<std::size_t>(variable) - 1].name);
 }
 
+void MathParser::SetCounted(int variable, double value) {
+  if (!IsVariable(variable)) return;
+  program_.values[static_cast<std::size_t>(variable)] = value;
+  CountAssignment(variable);
+}
+
 // Only whether there were as many assignments as variables ever counts, and which variables had
 // none: with more assignments than variables and none left out, all has been said.
 void MathParser::CountAssignment(int variable) {
   table_.variables[static_cast<std::size_t>(variable) - 1].assigned = true;
   if (assignments_ <= varTop_) ++assignments_;
-  countsAssignments_ = assignments_ <= varTop_ ||
-                       !std::all_of(table_.variables.begin(), table_.variables.end(),
-                                    [](const VariableName& other) { return other.assigned; });
+  const bool isSettled = assignments_ > varTop_ &&
+                         std::all_of(table_.variables.begin(), table_.variables.end(),
+                                     [](const VariableName& other) { return other.assigned; });
+  uncounted_ = isSettled ? static_cast<unsigned>(varTop_) : 0U;
 }
 
 void MathParser::Variable(int variable, double value) {

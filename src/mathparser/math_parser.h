@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+#include <limits>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -51,9 +53,11 @@ class MathParser {
   }
   /// Sets a variable; every call counts as an assignment.
   void VarValue(int variable, double value) {
-    if (!IsVariable(variable)) return;
-    program_.values[static_cast<std::size_t>(variable)] = value;
-    if (countsAssignments_) CountAssignment(variable);
+    if (static_cast<unsigned>(variable) - 1U < uncounted_) [[likely]] {
+      program_.values[static_cast<std::size_t>(variable)] = value;
+    } else {
+      SetCounted(variable, value);
+    }
   }
 
   /// The number of the variable of that name, not its value; 0 for an unknown name.
@@ -86,13 +90,11 @@ class MathParser {
 
   /// The value for the variables as they are set. Throws EvaluationError 1001.
   double Eval() {
-    if (isReady_) {
-      const double value = program_.Run();
-      if (value - value == 0.0) {
-        // Asked first, as a store for every evaluation would cost more.
-        if (shown_ != Shown::Variables) shown_ = Shown::Variables;
-        return value;
-      }
+    const double value = entry_(program_.code.data(), program_.values.data(), 0.0, 0.0);
+    if (std::abs(value) <= std::numeric_limits<double>::max()) [[likely]] {
+      // Asked first, as a store for every evaluation would cost more.
+      if (shown_ != Shown::Variables) shown_ = Shown::Variables;
+      return value;
     }
     return EvalChecked();
   }
@@ -123,6 +125,8 @@ class MathParser {
   enum class Shown : std::uint8_t { Rows, Variables, Single };
 
   [[nodiscard]] bool IsVariable(int variable) const { return variable > 0 && variable <= varTop_; }
+  static double NotReady(const Instruction*, double*, double, double);
+  void SetCounted(int variable, double value);
   void CountAssignment(int variable);
   double EvalChecked();
   double EvalAgain(int errorNumber);
@@ -142,14 +146,16 @@ class MathParser {
   Program program_;
   TableEvaluator rows_;
   RandomSource random_;
+  // The first instruction's handler, or NotReady when there is no program or a check to make.
+  Handler entry_ = NotReady;
+  // How many variables may be set without counting: all once counting makes no difference, else 0.
+  unsigned uncounted_ = 0;
   int varTop_ = 0;
   int assignments_ = 0;
   double single_ = 0.0;  // the x of Eval1
   int angleUnit_ = 0;
-  bool countsAssignments_ = true;  // off when no further one can make a difference
   bool isCompiled_ = false;
   bool explicit_ = false;
-  bool isReady_ = false;  // compiled, lowered and without a check to make
   Shown shown_ = Shown::Rows;
 };
 

@@ -163,20 +163,44 @@ struct BinaryCode {
     const double result = Do<Op>(values[at->operand[0]], accumulator, trouble);
     return HandOver<M>(at, values, result, trouble);
   }
-  static void OfBlockBlock(const double* __restrict a, const double* __restrict b,
-                           double* __restrict result, std::size_t n) {
-    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], b[i]);
+};
+
+// The loops over blocks, once for any processor and once for those with vectors of four doubles.
+// Either way every element is computed alone and in the same order, so the bits are the same.
+#if defined(__GNUC__) && defined(__x86_64__)
+#define ZENTAB_MATHPARSER_WIDE __attribute__((target("avx2")))
+inline bool HasWideVectors() {
+  static const bool kHas = __builtin_cpu_supports("avx2") != 0;
+  return kHas;
+}
+#else
+#define ZENTAB_MATHPARSER_WIDE
+inline bool HasWideVectors() { return false; }
+#endif
+
+#define ZENTAB_MATHPARSER_BLOCKS(ATTRIBUTE)                                                 \
+  ATTRIBUTE static void BlockBlock(const double* __restrict a, const double* __restrict b,  \
+                                   double* __restrict result, std::size_t n) {              \
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], b[i]);               \
+  }                                                                                         \
+  ATTRIBUTE static void BlockScalar(const double* __restrict a, const double* __restrict b, \
+                                    double* __restrict result, std::size_t n) {             \
+    const double right = *b;                                                                \
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], right);              \
+  }                                                                                         \
+  ATTRIBUTE static void ScalarBlock(const double* __restrict a, const double* __restrict b, \
+                                    double* __restrict result, std::size_t n) {             \
+    const double left = *a;                                                                 \
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(left, b[i]);               \
   }
-  static void OfBlockScalar(const double* __restrict a, const double* __restrict b,
-                            double* __restrict result, std::size_t n) {
-    const double right = *b;
-    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], right);
-  }
-  static void OfScalarBlock(const double* __restrict a, const double* __restrict b,
-                            double* __restrict result, std::size_t n) {
-    const double left = *a;
-    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(left, b[i]);
-  }
+
+template <class Op>
+struct Blocks {
+  ZENTAB_MATHPARSER_BLOCKS()
+};
+template <class Op>
+struct WideBlocks {
+  ZENTAB_MATHPARSER_BLOCKS(ZENTAB_MATHPARSER_WIDE)
 };
 
 template <class Op>
@@ -188,6 +212,16 @@ inline constexpr Forms kUnaryForms{
                     UnaryCode<Op>::template OfAccumulator<Mode::Last>},
     .block = UnaryCode<Op>::OfBlock};
 
+// Only plain arithmetic gains by wide vectors; the functions are calls for each element.
+template <class Op, int Fusion>
+inline constexpr std::array<BlockSet, 2> kBlockSet{
+    BlockSet{Blocks<Op>::BlockBlock, Blocks<Op>::BlockScalar, Blocks<Op>::ScalarBlock},
+    BlockSet{Blocks<Op>::BlockBlock, Blocks<Op>::BlockScalar, Blocks<Op>::ScalarBlock}};
+template <class Op, int Fusion>
+requires(Fusion >= 0) inline constexpr std::array<BlockSet, 2> kBlockSet<Op, Fusion>{
+    BlockSet{Blocks<Op>::BlockBlock, Blocks<Op>::BlockScalar, Blocks<Op>::ScalarBlock},
+    BlockSet{WideBlocks<Op>::BlockBlock, WideBlocks<Op>::BlockScalar, WideBlocks<Op>::ScalarBlock}};
+
 template <class Op, int Fusion = -1>
 inline constexpr Forms kBinaryForms{
     .leafLeaf = {BinaryCode<Op>::template OfLeafLeaf<Mode::Plain>,
@@ -197,9 +231,7 @@ inline constexpr Forms kBinaryForms{
                         BinaryCode<Op>::template OfAccumulatorLeaf<Mode::Last>},
     .leafAccumulator = {BinaryCode<Op>::template OfLeafAccumulator<Mode::Plain>, nullptr,
                         BinaryCode<Op>::template OfLeafAccumulator<Mode::Last>},
-    .blockBlock = BinaryCode<Op>::OfBlockBlock,
-    .blockScalar = BinaryCode<Op>::OfBlockScalar,
-    .scalarBlock = BinaryCode<Op>::OfScalarBlock,
+    .blocks = kBlockSet<Op, Fusion>,
     .fusion = Fusion};
 
 /// The catalogue entry of F(a, angle factor).
