@@ -107,14 +107,31 @@ void MultiNative(benchmark::State& state, const Formula& formula) {
   CountItems(state, kMultiPoints);
 }
 
-void MultiEval(benchmark::State& state, const Formula& formula) {
-  const std::vector<double> inputs = RandomInputs(formula, kMultiPoints);
-  MathParser parser;
+void PrepareMulti(benchmark::State& state, MathParser& parser, const Formula& formula) {
   if (!parser.StoreExpression(formula.text)) state.SkipWithError("does not compile");
   const std::vector<double> variables = OtherVariables(formula);
   for (int i = 1; i <= parser.VarTop(); ++i) {
     parser.VarValue(i, variables[static_cast<std::size_t>(i) - 1]);
   }
+}
+
+// Into memory of the caller, as the native loop does it.
+void MultiEval(benchmark::State& state, const Formula& formula) {
+  const std::vector<double> inputs = RandomInputs(formula, kMultiPoints);
+  std::vector<double> results(kMultiPoints);
+  MathParser parser;
+  PrepareMulti(state, parser, formula);
+  for (auto _ : state) {
+    parser.EvalMulti(inputs, results, 1);
+    benchmark::DoNotOptimize(results.data());
+  }
+  CountItems(state, kMultiPoints);
+}
+
+void MultiEvalVector(benchmark::State& state, const Formula& formula) {
+  const std::vector<double> inputs = RandomInputs(formula, kMultiPoints);
+  MathParser parser;
+  PrepareMulti(state, parser, formula);
   for (auto _ : state) {
     std::vector<double> results = parser.EvalMulti(inputs, 1);
     benchmark::DoNotOptimize(results.data());
@@ -172,6 +189,7 @@ void Register() {
     };
     add("NativeMulti/", MultiNative);
     add("EvalMulti/", MultiEval);
+    add("EvalMultiVector/", MultiEvalVector);
     add("Compile/", Compile);
     add("MuParserCompile/", CompileMuParser);
   }

@@ -31,29 +31,32 @@ void RatioReporter::Finalize() {
   constexpr Column kRatios[] = {{"Eval", "Native"},
                                 {"MuParserEval", "Eval"},
                                 {"EvalMulti", "NativeMulti"},
+                                {"EvalMultiVector", "NativeMulti"},
                                 {"MuParserCompile", "Compile"}};
   std::printf(
       "\n| formula | native ns | Eval ns | Eval / native | muParser / Eval | "
-      "native ns, 10^6 points | EvalMulti ns | EvalMulti / native | compile ns | "
-      "muParser compile / compile |\n|---|---:|---:|---:|---:|---:|---:|---:|---:|---:|\n");
-  double logarithms[4] = {};
+      "native ns, 10^6 points | EvalMulti ns | EvalMulti / native | with a new vector / native | "
+      "compile ns | muParser compile / compile |\n"
+      "|---|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|\n");
+  double logarithms[5] = {};
   for (std::size_t i = 0; i < Formulas().size(); ++i) {
-    double ratios[4] = {};
-    for (std::size_t r = 0; r < 4; ++r) {
+    double ratios[5] = {};
+    for (std::size_t r = 0; r < 5; ++r) {
       ratios[r] = Nanoseconds(kRatios[r].ours, i) / Nanoseconds(kRatios[r].other, i);
       logarithms[r] += std::log(ratios[r]);
     }
-    std::printf("| `%.*s` | %.2f | %.2f | %.2f | %.2f | %.2f | %.2f | %.2f | %.0f | %.2f |\n",
-                static_cast<int>(Formulas()[i].text.size()), Formulas()[i].text.data(),
-                Nanoseconds("Native", i), Nanoseconds("Eval", i), ratios[0], ratios[1],
-                Nanoseconds("NativeMulti", i), Nanoseconds("EvalMulti", i), ratios[2],
-                Nanoseconds("Compile", i), ratios[3]);
+    std::printf(
+        "| `%.*s` | %.2f | %.2f | %.2f | %.2f | %.2f | %.2f | %.2f | %.2f | %.0f | %.2f |\n",
+        static_cast<int>(Formulas()[i].text.size()), Formulas()[i].text.data(),
+        Nanoseconds("Native", i), Nanoseconds("Eval", i), ratios[0], ratios[1],
+        Nanoseconds("NativeMulti", i), Nanoseconds("EvalMulti", i), ratios[2], ratios[3],
+        Nanoseconds("Compile", i), ratios[4]);
   }
   const auto mean = [&](std::size_t r) {
     return std::exp(logarithms[r] / static_cast<double>(Formulas().size()));
   };
-  std::printf("| geometric mean | | | %.2f | %.2f | | | %.2f | | %.2f |\n", mean(0), mean(1),
-              mean(2), mean(3));
+  std::printf("| geometric mean | | | %.2f | %.2f | | | %.2f | %.2f | | %.2f |\n", mean(0), mean(1),
+              mean(2), mean(3), mean(4));
 }
 
 }  // namespace zentab::mathparser::bench

@@ -15,7 +15,7 @@ namespace zentab::mathparser {
 /// of one evaluation per value.
 class BlockEvaluator {
  public:
-  static constexpr std::size_t kBlock = 128;
+  static constexpr std::size_t kBlock = 256;
 
   /// `values` as a Program holds them: the angle factor and the variables. They and the table must
   /// outlive the object and stay as they are.
