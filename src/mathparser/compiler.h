@@ -74,6 +74,7 @@ class Compiler {
   void LinkBefore(int row, int continues);
   void LinkTop(int right);
   void Feed(int row, int target, int index);
+  void SetLastOperand(const Operand& operand);
   bool TakeOperand(Operand& operand);
   bool ParseToken();
 
