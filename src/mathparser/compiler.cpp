@@ -13,6 +13,8 @@ constexpr int kProductPriority = 3;
 constexpr int kPowerPriority = 4;
 constexpr int kPostfixPriority = 9;
 
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
 bool IsClosing(char c) { return c == ')' || c == ']' || c == '}'; }
 bool IsComparisonSign(char c) { return c == '<' || c == '=' || c == '>'; }
 
@@ -42,7 +44,7 @@ void Compiler::ClearToken() {
 }
 
 Compiler::Number Compiler::NextNumber(Number state, char c) {
-  const bool digit = c >= '0' && c <= '9';
+  const bool digit = IsDigit(c);
   const bool mark = c == 'e' || c == 'E';
   switch (state) {
     case Number::None:
@@ -85,6 +87,17 @@ bool Compiler::Compile(std::string_view text) {
   return true;
 }
 
+// How many characters from here on leave the token what it is: letters and digits of what is no
+// number, digits of a whole number. They need not be looked at one by one.
+std::size_t Compiler::RunLength(std::string_view text, std::size_t at) const {
+  if (closed_ != Closed::No) return 0;
+  const bool anything = number_ == Number::Other;
+  if (!anything && number_ != Number::Whole) return 0;
+  std::size_t end = at;
+  while (end < text.size() && (IsDigit(text[end]) || (anything && IsLetter(text[end])))) ++end;
+  return end - at;
+}
+
 bool Compiler::Scan(std::string_view text) {
   std::size_t continued = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
@@ -96,6 +109,12 @@ bool Compiler::Scan(std::string_view text) {
       continue;
     }
     if (c == ' ') continue;
+    if (const std::size_t run = RunLength(text, at); run > 0) {
+      table_.names.append(text, at, run);
+      at += run - 1;
+      last_ = text[at];
+      continue;
+    }
     position_ = static_cast<int>(at + 1 - continued);
     if (!Step(text, at)) return false;
     last_ = c;

@@ -55,6 +55,7 @@ class Compiler {
     int continues = 0;  // the first row of a function whose later comma this is
   };
 
+  [[nodiscard]] std::size_t RunLength(std::string_view text, std::size_t at) const;
   bool Scan(std::string_view text);
   bool Step(std::string_view text, std::size_t& at);
   bool TokenCharacter(char c);

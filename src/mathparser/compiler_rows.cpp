@@ -45,7 +45,7 @@ bool Compiler::AddRow(const NewRow& made) {
   row.key = made.isChain ? 2 * Level() + 1 : 2 * made.level;
   row.isChain = made.isChain;
   row.position = made.position;
-  row.arguments = static_cast<std::int8_t>(made.arguments);
+  row.arguments = static_cast<std::int16_t>(made.arguments);
   if (made.takesOperand && !TakeOperand(row.operand[0])) return false;
   if (!table_.rows.empty()) SetLastOperand(row.operand[0]);
   table_.rows.push_back(row);
