@@ -167,7 +167,8 @@ struct BinaryCode {
 
 // The loops over blocks, once for any processor and once for those with vectors of four doubles.
 // Either way every element is computed alone and in the same order, so the bits are the same.
-#if defined(__GNUC__) && defined(__x86_64__)
+// Not on Windows, where GCC does not keep the stack aligned for them.
+#if defined(__GNUC__) && defined(__x86_64__) && !defined(_WIN32)
 #define ZENTAB_MATHPARSER_WIDE __attribute__((target("avx2"), flatten))
 inline bool HasWideVectors() {
   static const bool kHas = __builtin_cpu_supports("avx2") != 0;
