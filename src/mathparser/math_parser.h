@@ -1,0 +1,162 @@
+#pragma once
+
+#include <cmath>
+#include <limits>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "mathparser/expression_table.h"
+#include "mathparser/function_catalogue.h"
+#include "mathparser/program.h"
+#include "mathparser/table_evaluator.h"
+
+namespace zentab::mathparser {
+
+/// An evaluation that failed. what() is the parser's ErrorDescription at that time.
+class EvaluationError : public std::runtime_error {
+ public:
+  EvaluationError(int number, const std::string& description)
+      : std::runtime_error(description), number_(number) {}
+
+  [[nodiscard]] int Number() const { return number_; }  // 1001, or 1002 from Eval1
+  [[nodiscard]] static std::string_view Source() { return "MathParser"; }
+  [[nodiscard]] std::string Description() const { return what(); }
+
+ private:
+  int number_;
+};
+
+/// One expression, compiled once and evaluated as often as needed.
+///
+/// Texts are UTF-8. Variables are numbered from 1 in the order in which they first appear; a
+/// number or name that is none is ignored when set and gives 0 when read. Objects are independent
+/// of each other and can be copied; one object is for one thread at a time.
+class MathParser {
+ public:
+  explicit MathParser(const FunctionCatalogue& catalogue = StandardCatalogue())
+      : catalogue_(&catalogue) {}
+
+  /// Compiles a text, at most 2 GB. On false ErrorDescription() says why and nothing can be
+  /// evaluated. Either way the variables are new ones, all 0 and unassigned.
+  bool StoreExpression(std::string_view text);
+  /// The stored text without the blanks at its ends.
+  [[nodiscard]] const std::string& Expression() const { return expression_; }
+
+  [[nodiscard]] int VarTop() const { return varTop_; }
+  [[nodiscard]] std::string_view VarName(int variable) const;
+
+  [[nodiscard]] double VarValue(int variable) const {
+    return IsVariable(variable) ? program_.values[static_cast<std::size_t>(variable)] : 0.0;
+  }
+  /// Sets a variable; every call counts as an assignment.
+  void VarValue(int variable, double value) {
+    if (static_cast<unsigned>(variable) - 1U < uncounted_) [[likely]] {
+      program_.values[static_cast<std::size_t>(variable)] = value;
+    } else {
+      SetCounted(variable, value);
+    }
+  }
+
+  /// The number of the variable of that name, not its value; 0 for an unknown name.
+  [[nodiscard]] double VarSymb(std::string_view name) const { return table_.FindVariable(name); }
+  /// Sets the variable of that name; every call counts as an assignment.
+  void VarSymb(std::string_view name, double value) { VarValue(table_.FindVariable(name), value); }
+
+  [[nodiscard]] double Variable(int variable) const { return VarValue(variable); }
+  [[nodiscard]] double Variable(std::string_view name) const {
+    return VarValue(table_.FindVariable(name));
+  }
+  /// Sets a variable; counts as an assignment only while OpAssignExplicit() is on, and only the
+  /// first time.
+  void Variable(int variable, double value);
+  void Variable(std::string_view name, double value) { Variable(table_.FindVariable(name), value); }
+
+  /// "RAD", "DEG" or "GRAD", in which angles go into and come out of functions. Stays when
+  /// another expression is stored.
+  [[nodiscard]] std::string_view AngleUnit() const;
+  /// Without regard to case; any other text changes nothing.
+  void AngleUnit(std::string_view unit);
+
+  /// Whether Eval insists that as many assignments as variables were made. Off at first; stays
+  /// when another expression is stored.
+  [[nodiscard]] bool OpAssignExplicit() const { return explicit_; }
+  void OpAssignExplicit(bool isExplicit);
+
+  /// The text of the last error, "" after a good compile.
+  [[nodiscard]] const std::string& ErrorDescription() const { return error_; }
+
+  /// The value for the variables as they are set. Throws EvaluationError 1001.
+  double Eval() {
+    const double value = entry_(program_.code.data(), program_.values.data(), 0.0, 0.0);
+    if (std::abs(value) <= std::numeric_limits<double>::max()) [[likely]] {
+      // Asked first, as a store for every evaluation would cost more.
+      if (shown_ != Shown::Variables) shown_ = Shown::Variables;
+      return value;
+    }
+    return EvalChecked();
+  }
+
+  /// The value for x in place of the only variable, which itself stays as it is. Throws
+  /// EvaluationError 1002, also when there is more than one variable.
+  double Eval1(double x);
+
+  /// The values for each of `values` in turn as one variable, by its number or name; element 0
+  /// belongs to the first. The other variables stay as they are, the one keeps the last value, or
+  /// the one that failed. No assignment is counted or asked for. Throws EvaluationError 1001, also
+  /// for an expression without that variable.
+  std::vector<double> EvalMulti(std::span<const double> values, int variable = 1);
+  std::vector<double> EvalMulti(std::span<const double> values, std::string_view variable);
+  /// As above, into `results`, which has at least as many elements and may not overlap `values`.
+  void EvalMulti(std::span<const double> values, std::span<double> results, int variable = 1);
+
+  /// A title row and one row of texts per operation, in the order of the expression. Values are
+  /// those of the last evaluation, computed anew from the variables as they are now.
+  std::vector<std::vector<std::string>> ET_Dump();
+
+  /// The decimal separator of numbers in messages and in ET_Dump; "." at first.
+  [[nodiscard]] const std::string& DecimalSeparator() const { return decimalSeparator_; }
+  void DecimalSeparator(std::string_view separator) { decimalSeparator_ = separator; }
+
+ private:
+  // What the rows of ET_Dump are to show: themselves, or an evaluation that left them out.
+  enum class Shown : std::uint8_t { Rows, Variables, Single };
+
+  [[nodiscard]] bool IsVariable(int variable) const { return variable > 0 && variable <= varTop_; }
+  static double NotReady(const Instruction*, double*, double, double);
+  void SetCounted(int variable, double value);
+  void CountAssignment(int variable);
+  double EvalChecked();
+  double EvalAgain(int errorNumber);
+  bool EvalRows();
+  bool AreAssigned();
+  void RequireMulti(int variable);
+  template <class Results>
+  void EvalBlocks(std::span<const double> values, int variable, Results resultsOf);
+  void EvalEach(std::span<const double> values, double* results, int variable);
+  void SetReady();
+
+  const FunctionCatalogue* catalogue_;
+  std::string expression_;
+  std::string error_;
+  std::string decimalSeparator_ = ".";
+  ExpressionTable table_;
+  Program program_;
+  TableEvaluator rows_;
+  RandomSource random_;
+  // The first instruction's handler, or NotReady when there is no program or a check to make.
+  Handler entry_ = NotReady;
+  // How many variables may be set without counting: all once counting makes no difference, else 0.
+  unsigned uncounted_ = 0;
+  int varTop_ = 0;
+  int assignments_ = 0;
+  double single_ = 0.0;  // the x of Eval1
+  int angleUnit_ = 0;
+  bool isCompiled_ = false;
+  bool explicit_ = false;
+  Shown shown_ = Shown::Rows;
+};
+
+}  // namespace zentab::mathparser

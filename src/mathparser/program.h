@@ -1,0 +1,78 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "mathparser/expression_table.h"
+#include "mathparser/instruction.h"
+
+namespace zentab::mathparser {
+
+/// An expression table lowered to code that runs without names, links or allocation. It gives the
+/// very bits that the table's operations give one by one, and NaN or an infinity when one of them
+/// fails; which one and why, only the table knows.
+struct Program {
+  std::vector<Instruction> code;  // empty when the expression cannot be lowered (random numbers)
+  std::vector<double> values;     // the angle factor, the variables from place 1, the rest
+
+  [[nodiscard]] double Run() { return code.front().handler(code.data(), values.data(), 0.0, 0.0); }
+};
+
+/// Makes `program` anew from a table; its variables are 0 then, the angle factor stays.
+class Lowering {
+ public:
+  Lowering(const ExpressionTable& table, Program& program) : table_(table), program_(program) {}
+  void Lower();
+
+ private:
+  struct Value {
+    enum class Kind : std::uint8_t {
+      Leaf,         // at `place`
+      Negative,     // a variable with a minus
+      Lazy,         // two leaves and a fusible operation, not computed yet
+      LazyThree,    // a lazy value, an operation to its right and a leaf
+      Accumulator,  // just computed
+    };
+    Kind kind = Kind::Leaf;
+    std::uint16_t place = 0;
+    // Of lazy values: the leaves to the right and the operations.
+    std::uint16_t second = 0;
+    std::uint16_t third = 0;
+    const FunctionEntry* function = nullptr;
+    const FunctionEntry* outer = nullptr;
+  };
+
+  [[nodiscard]] std::vector<std::int16_t> GuardsFirst() const;
+  void LowerRow(int number);
+  Value LowerUnary(const Row& row, Value& a);
+  Value LowerBinary(const Row& row, Value& left, Value& right);
+  bool LowerFused(const FunctionEntry& function, Value& left, Value& right);
+  static bool PutOff(const FunctionEntry& function, const Value& left, const Value& right,
+                     Value& result);
+  Value LowerCall(const Row& row, std::array<Value, kMaxArguments>& arguments);
+  [[nodiscard]] int GuardOfProduct(const Row& row) const;
+  Value LowerOperation(const Row& row);
+  Value LowerGuarded(int guard);
+  void Finish(int number, Value result);
+  void Push(const Value& value);
+  void Pop(Value& value);
+  void TakeArgument(const Row& row, std::size_t slot, Value& value);
+  Value Leaf(const Operand& operand);
+  void Compute(Value& value);
+  Instruction& Emit(const HandlerSet& handlers);
+  Instruction& EmitAnew(const HandlerSet& handlers);
+  void OwnAccumulator(Value& value);
+  std::uint16_t NewPlace(double value);
+
+  const ExpressionTable& table_;
+  Program& program_;
+  std::array<Value, kMaxRows + 2> stack_{};
+  std::size_t depth_ = 0;
+  const HandlerSet* emitted_ = nullptr;  // of the last instruction
+  Value* inAccumulator_ = nullptr;       // the value that the accumulator holds
+  std::array<std::uint16_t, kMaxRows + 1> sharedPlace_{};
+  std::array<std::size_t, kMaxRows + 1> jump_{};  // of a guard's row, its instruction
+};
+
+}  // namespace zentab::mathparser

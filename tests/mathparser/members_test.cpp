@@ -1,0 +1,258 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "mathparser/math_parser.h"
+
+namespace zentab::mathparser {
+namespace {
+
+template <class Evaluate>
+std::string ErrorOf(Evaluate evaluate) {
+  try {
+    evaluate();
+  } catch (const EvaluationError& error) {
+    return std::to_string(error.Number()) + " " + error.Description();
+  }
+  return "";
+}
+
+std::string EvalError(MathParser& parser) {
+  return ErrorOf([&] { (void)parser.Eval(); });
+}
+
+TEST(Members, ExpressionAndVariables) {
+  MathParser parser;
+  EXPECT_EQ(EvalError(parser), "1001 ");
+  ASSERT_TRUE(parser.StoreExpression("  T0 + t0*alpha + T0  "));
+  EXPECT_EQ(parser.Expression(), "T0 + t0*alpha + T0");
+  ASSERT_EQ(parser.VarTop(), 3);
+  EXPECT_EQ(parser.VarName(1), "T0");
+  EXPECT_EQ(parser.VarName(3), "alpha");
+  EXPECT_EQ(parser.VarSymb("t0"), 2.0);
+  parser.VarValue(1, 1.0);
+  parser.VarSymb("t0", 2.0);
+  parser.Variable("alpha", 3.0);
+  EXPECT_EQ(parser.Eval(), 8.0);
+  parser.Variable(3, 4.0);
+  EXPECT_EQ(parser.Variable("alpha"), 4.0);
+  EXPECT_EQ(parser.Variable(2), 2.0);
+  EXPECT_EQ(parser.Eval(), 10.0);
+
+  // Numbers and names that are none.
+  for (const int none : {-1, 0, 4, 1000000}) {
+    parser.VarValue(none, 9.0);
+    parser.Variable(none, 9.0);
+    EXPECT_EQ(parser.VarValue(none), 0.0);
+    EXPECT_EQ(parser.Variable(none), 0.0);
+    EXPECT_EQ(parser.VarName(none), "");
+  }
+  parser.VarSymb("nobody", 9.0);
+  parser.Variable("1", 9.0);
+  EXPECT_EQ(parser.VarSymb("nobody"), 0.0);
+  EXPECT_EQ(parser.Variable("1"), 0.0);
+  EXPECT_EQ(parser.Eval(), 10.0);
+}
+
+// What counts as an assignment: every set by VarValue and VarSymb, but of Variable only the first
+// while explicit assignment is asked for.
+TEST(Members, ExplicitAssignment) {
+  const std::string noX = "1001 Variable < x > not assigned";
+  const std::string noY = "1001 Variable < y > not assigned";
+  struct Case {
+    const char* name;
+    std::function<void(MathParser&)> assign;
+    std::string error;
+  };
+  const Case cases[] = {
+      {"none", [](MathParser&) {}, noX},
+      {"first", [](MathParser& p) { p.VarValue(1, 1.0); }, noY},
+      {"second", [](MathParser& p) { p.VarSymb("y", 1.0); }, noX},
+      {"both", [](MathParser& p) { p.VarValue(1, 1.0), p.VarSymb("y", 1.0); }, ""},
+      {"one twice", [](MathParser& p) { p.VarValue(1, 1.0), p.VarValue(1, 1.0); }, ""},
+      {"one thrice",
+       [](MathParser& p) { p.VarSymb("y", 1.0), p.VarSymb("y", 1.0), p.VarSymb("y", 1.0); }, noX},
+      {"thrice, then the other",
+       [](MathParser& p) {
+         for (int i = 0; i < 3; ++i) p.VarValue(1, 1.0);
+         p.VarValue(2, 1.0);
+       },
+       ""},
+      {"Variable twice", [](MathParser& p) { p.Variable(1, 1.0), p.Variable("x", 1.0); }, noY},
+      {"Variable both", [](MathParser& p) { p.Variable(1, 1.0), p.Variable("y", 1.0); }, ""},
+      {"Variable while off",
+       [](MathParser& p) {
+         p.OpAssignExplicit(false);
+         p.Variable(1, 1.0), p.Variable(2, 1.0);
+         p.OpAssignExplicit(true);
+       },
+       noX},
+      {"nobody", [](MathParser& p) { p.VarSymb("z", 1.0), p.VarValue(3, 1.0); }, noX},
+      {"EvalMulti",
+       [](MathParser& p) {
+         (void)p.EvalMulti(std::vector<double>{1.0, 2.0}, "x");
+         (void)p.EvalMulti(std::vector<double>{1.0, 2.0}, "y");
+       },
+       noX},
+  };
+  for (const Case& tried : cases) {
+    SCOPED_TRACE(tried.name);
+    MathParser parser;
+    parser.OpAssignExplicit(true);
+    ASSERT_TRUE(parser.StoreExpression("x+y"));
+    tried.assign(parser);
+    EXPECT_EQ(EvalError(parser), tried.error);
+    EXPECT_EQ(EvalError(parser), tried.error);
+    parser.OpAssignExplicit(false);
+    EXPECT_EQ(EvalError(parser), "");
+  }
+}
+
+TEST(Members, WhatSurvivesARecompile) {
+  MathParser parser;
+  EXPECT_EQ(parser.AngleUnit(), "RAD");
+  parser.AngleUnit("deg");
+  parser.AngleUnit("degrees");
+  EXPECT_EQ(parser.AngleUnit(), "DEG");
+  parser.OpAssignExplicit(true);
+  ASSERT_TRUE(parser.StoreExpression("sin(x)"));
+  parser.VarValue(1, 90.0);
+  EXPECT_EQ(parser.Eval(), 1.0);
+  parser.AngleUnit("GRAD");
+  parser.VarValue(1, 100.0);
+  EXPECT_EQ(parser.Eval(), 1.0);
+
+  ASSERT_TRUE(parser.StoreExpression("cos(x)"));
+  EXPECT_EQ(parser.AngleUnit(), "GRAD");
+  EXPECT_TRUE(parser.OpAssignExplicit());
+  EXPECT_EQ(parser.VarValue(1), 0.0);
+  EXPECT_EQ(EvalError(parser), "1001 Variable < x > not assigned");
+  EXPECT_EQ(parser.ErrorDescription(), "Variable < x > not assigned");
+
+  EXPECT_FALSE(parser.StoreExpression("cos(x"));
+  EXPECT_EQ(EvalError(parser), "1001 Not enough closing brackets");
+  ASSERT_TRUE(parser.StoreExpression("cos(0)"));
+  EXPECT_EQ(parser.ErrorDescription(), "");
+  EXPECT_EQ(parser.Eval(), 1.0);
+}
+
+TEST(Members, AFailureLeavesTheExpressionAsItIs) {
+  MathParser parser;
+  ASSERT_TRUE(parser.StoreExpression("ln(x)*1.5"));
+  parser.VarValue(1, -0.5);
+  EXPECT_EQ(EvalError(parser), "1001 Evaluation error < ln(-0.5) > at pos: 3");
+  EXPECT_EQ(parser.VarValue(1), -0.5);
+  parser.DecimalSeparator("\u066B");
+  EXPECT_EQ(EvalError(parser), "1001 Evaluation error < ln(-0\u066B5) > at pos: 3");
+  parser.VarValue(1, 1.0);
+  EXPECT_EQ(parser.Eval(), 0.0);
+
+  // Copies have variables of their own.
+  MathParser copy = parser;
+  copy.VarValue(1, -1.0);
+  EXPECT_EQ(parser.Eval(), 0.0);
+  EXPECT_NE(EvalError(copy), "");
+}
+
+TEST(Members, Eval1) {
+  MathParser parser;
+  ASSERT_TRUE(parser.StoreExpression("2*x-x^2"));
+  parser.OpAssignExplicit(true);
+  EXPECT_EQ(parser.Eval1(3.0), -3.0);
+  EXPECT_EQ(parser.VarValue(1), 0.0);
+  ASSERT_TRUE(parser.StoreExpression("5"));
+  EXPECT_EQ(parser.Eval1(3.0), 5.0);
+  ASSERT_TRUE(parser.StoreExpression("1/-x"));
+  EXPECT_EQ(ErrorOf([&] { (void)parser.Eval1(0.0); }), "1002 Evaluation error < 1 / 0 > at pos: 2");
+  ASSERT_TRUE(parser.StoreExpression("x*y"));
+  EXPECT_EQ(ErrorOf([&] { (void)parser.Eval1(1.0); }), "1002 too many variables");
+  EXPECT_EQ(parser.ErrorDescription(), "too many variables");
+}
+
+TEST(Members, EvalMulti) {
+  const std::vector<double> values = {1.0, 2.0, 3.0};
+  MathParser parser;
+  ASSERT_TRUE(parser.StoreExpression("2*x+y/(x-4)"));
+  EXPECT_EQ(parser.EvalMulti(values), (std::vector<double>{2.0, 4.0, 6.0}));
+  EXPECT_EQ(parser.VarValue(1), 3.0);
+  parser.VarSymb("y", 3.0);
+  EXPECT_EQ(parser.EvalMulti(values, "x"), (std::vector<double>{1.0, 2.5, 3.0}));
+  EXPECT_EQ(parser.EvalMulti(values, 2), (std::vector<double>{5.0, 4.0, 3.0}));
+  EXPECT_EQ(parser.EvalMulti({}, "y"), std::vector<double>());
+  EXPECT_EQ(parser.VarValue(2), 3.0);
+
+  const auto error = [&](const std::vector<double>& at, auto variable) {
+    return ErrorOf([&] { (void)parser.EvalMulti(at, variable); });
+  };
+  EXPECT_EQ(error({1.0, 4.0, 5.0}, 1), "1001 Evaluation error < 3 / 0 > at pos: 6");
+  EXPECT_EQ(parser.VarValue(1), 4.0);
+  EXPECT_EQ(error(values, "q"), "1001 Variable not found");
+  EXPECT_EQ(error(values, 3), "1001 Variable not found");
+  EXPECT_EQ(error(values, 0), "1001 Variable not found");
+  ASSERT_TRUE(parser.StoreExpression("2"));
+  EXPECT_EQ(error(values, 1), "1001 No variables");
+}
+
+TEST(Members, RandomNumbers) {
+  MathParser parser;
+  ASSERT_TRUE(parser.StoreExpression("rnd(x)"));
+  const std::vector<double> draws = parser.EvalMulti(std::vector<double>(4000, 2.0));
+  double sum = 0.0;
+  for (const double draw : draws) {
+    ASSERT_TRUE(draw >= 0.0 && draw < 2.0);
+    sum += draw;
+  }
+  EXPECT_NEAR(sum / 4000.0, 1.0, 0.1);
+  EXPECT_NE(draws[0], draws[1]);
+  EXPECT_NE(parser.Eval(), parser.Eval());
+}
+
+std::vector<std::string> ColumnOf(MathParser& parser, const std::string& title) {
+  const std::vector<std::vector<std::string>> dump = parser.ET_Dump();
+  std::vector<std::string> column;
+  for (std::size_t i = 0; i < dump[0].size(); ++i) {
+    if (dump[0][i] != title) continue;
+    for (std::size_t row = 1; row < dump.size(); ++row) column.push_back(dump[row][i]);
+  }
+  return column;
+}
+
+TEST(Members, Dump) {
+  using Column = std::vector<std::string>;
+  MathParser parser;
+  ASSERT_TRUE(parser.StoreExpression("-Max(x, 2*y)+clip(x,(1),|y|)!"));
+  EXPECT_EQ(ColumnOf(parser, "Fun"), (Column{"Max", "*", "+", "clip", "@Right", "abs", "!"}));
+  EXPECT_EQ(ColumnOf(parser, "Value"), Column(7, "0"));
+  parser.VarValue(1, 3.0);
+  parser.VarValue(2, 4.0);
+  EXPECT_EQ(parser.Eval(), -2.0);
+  EXPECT_EQ(ColumnOf(parser, "Value"), (Column{"-8", "8", "-2", "3", "4", "4", "6"}));
+  EXPECT_EQ(ColumnOf(parser, "ArgTop"), (Column{"2", "2", "2", "3", "2", "1", "1"}));
+  EXPECT_EQ(ColumnOf(parser, "ArgOf"), (Column{"3", "1", "0", "7", "4", "5", "3"}));
+  EXPECT_EQ(ColumnOf(parser, "ArgIdx"), (Column{"1", "2", "0", "1", "3", "2", "2"}));
+  EXPECT_EQ(ColumnOf(parser, "A1 Idx"), (Column{"1", "0", "0", "1", "0", "2", "0"}));
+  EXPECT_EQ(ColumnOf(parser, "Arg2 Name"), (Column{"", "y", "", "", "", "", ""}));
+  EXPECT_EQ(ColumnOf(parser, "Arg2 Value"), (Column{"8", "4", "6", "1", "4", "0", "0"}));
+  EXPECT_EQ(ColumnOf(parser, "PosInExpr"), (Column{"5", "10", "13", "18", "18", "25", "29"}));
+  EXPECT_EQ(ColumnOf(parser, "PriLvl"), (Column{"10", "13", "2", "10", "10", "20", "9"}));
+  EXPECT_EQ(ColumnOf(parser, "PriIdx"), (Column{"6", "2", "1", "5", "4", "7", "3"}));
+
+  ASSERT_TRUE(parser.StoreExpression("(x<0)*sqr(-x)+1/x"));
+  EXPECT_EQ(parser.Eval1(2.0), 0.5);
+  EXPECT_EQ(ColumnOf(parser, "Value"), (Column{"0", "0", "0", "0.5", "0.5"}));
+  EXPECT_EQ(parser.Eval1(-4.0), 1.75);
+  EXPECT_EQ(ColumnOf(parser, "Value"), (Column{"1", "2", "2", "1.75", "-0.25"}));
+  EXPECT_EQ(ColumnOf(parser, "PriLvl"), (Column{"111", "3", "10", "2", "3"}));
+  EXPECT_EQ(ColumnOf(parser, "PriIdx"), (Column{"1", "3", "2", "5", "4"}));
+  EXPECT_EQ(ColumnOf(parser, "Cond"), (Column{"0", "0", "1", "0", "0"}));
+  // A failure keeps what was computed before it.
+  EXPECT_NE(ErrorOf([&] { (void)parser.Eval1(0.0); }), "");
+  EXPECT_EQ(ColumnOf(parser, "Value"), (Column{"0", "0", "0", "1.75", "0"}));
+}
+
+}  // namespace
+}  // namespace zentab::mathparser
