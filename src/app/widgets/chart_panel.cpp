@@ -70,14 +70,15 @@ QWidget* ChartPanel::BuildStrip() {
     fields->addWidget(label);
     fields->addWidget(text);
   };
-  // Set GRH has its caption from the chosen instrument.
-  command5 = button("Command5", QStringLiteral("?"), true);
-  button("Command6", QStringLiteral("Import &GRH"), false);
-  buttons->addStretch(1);
+  // The Tab key follows the order in which they are made.
   fields->addStretch(1);
   field("Text4", "LabelText4", QStringLiteral("Difference type"));
   field("Text5", "LabelText5", QStringLiteral("Filter type"));
   field("Text6", "LabelText6", QStringLiteral("Mean"));
+  // Set GRH has its caption from the chosen instrument.
+  command5 = button("Command5", QStringLiteral("?"), true);
+  button("Command6", QStringLiteral("Import &GRH"), false);
+  buttons->addStretch(1);
   button("Command10", QStringLiteral("Im&port time test"), true);
   return strip;
 }
