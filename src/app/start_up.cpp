@@ -1,9 +1,9 @@
 #include "app/start_up.h"
 
-#include "platform/character_case.h"
 #include "platform/locale_queries.h"
 #include "platform/paths.h"
 #include "texts/number_text.h"
+#include "texts/text_catalogue.h"
 
 namespace zentab::app {
 namespace {
@@ -32,22 +32,16 @@ std::string DecimalSeparatorFrom(std::optional<std::string> localeItem) {
   return trimmed.empty() ? "," : std::string(trimmed);
 }
 
-std::string BaseName(const std::filesystem::path& executable) {
-  const bool hasSuffix = platform::LowerCase(platform::ToText(executable.extension())) == ".exe";
-  return platform::ToText(hasSuffix ? executable.stem() : executable.filename());
-}
-
 std::vector<std::filesystem::path> CatalogueCandidates(const std::string& installFolder,
                                                        const std::filesystem::path& executable) {
   const std::filesystem::path installed = platform::ToPath(installFolder);
-  std::string name = BaseName(executable);
+  std::string name = platform::BaseName(executable);
   const bool shared = name.ends_with('2');
   if (shared) name.pop_back();
   // The working folder is the installation folder, unless that one is gone.
   const std::filesystem::path numbered = shared ? std::filesystem::path() : installed;
   return {platform::FindFixedName(installed, name + ".dxt"), platform::FindFixedName({}, "FCC.TXT"),
-          shared ? platform::FindFixedName({}, name + ".txt")
-                 : platform::FindFixedName(executable.parent_path(), name + ".txt"),
+          shared ? platform::FindFixedName({}, name + ".txt") : texts::DefaultCatalogue(executable),
           platform::FindFixedName(numbered, name + "1.txt"),
           platform::FindFixedName(numbered, name + "2.txt")};
 }
@@ -55,7 +49,7 @@ std::vector<std::filesystem::path> CatalogueCandidates(const std::string& instal
 Session StartSession(const Settings& settings, const platform::Registry& registry,
                      const std::filesystem::path& executable) {
   Session session;
-  session.baseName = BaseName(executable);
+  session.baseName = platform::BaseName(executable);
   session.installFolder = FindInstallFolder(registry, executable);
   [[maybe_unused]] const std::error_code dropped =
       platform::ChangeCurrentFolder(platform::ToPath(session.installFolder));

@@ -21,9 +21,6 @@ namespace zentab::app {
 /// control character and blanks; "," when the locale gives none.
 [[nodiscard]] std::string DecimalSeparatorFrom(std::optional<std::string> localeItem);
 
-/// An executable's base name, by which settings, catalogues and log are named.
-[[nodiscard]] std::string BaseName(const std::filesystem::path& executable);
-
 /// The text catalogues of a start, in the order in which they are applied. The first is applied
 /// again with another table file. A base name that ends in "2" shares the catalogues of the
 /// program without it; any other has the default catalogue, beside the executable, in the middle.

@@ -10,8 +10,7 @@ bool IsPointCell(int row, int column) {
 }  // namespace
 
 CurveGrid::CurveGrid() {
-  cells_[0][kLoadColumn] = "LoadLevel";
-  cells_[0][kTimeColumn] = "Time";
+  SetHeadings("LoadLevel", "Time");
   for (std::size_t row = kFirstRow; row < kGridRows; ++row) cells_[row][0] = std::to_string(row);
 }
 
@@ -23,6 +22,11 @@ bool CurveGrid::SetCell(int row, int column, std::string_view text) {
   if (!IsPointCell(row, column)) return false;
   cells_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
   return true;
+}
+
+void CurveGrid::SetHeadings(std::string_view load, std::string_view time) {
+  cells_[0][kLoadColumn] = load;
+  cells_[0][kTimeColumn] = time;
 }
 
 void CurveGrid::ClearPoints() {

@@ -17,7 +17,7 @@ inline constexpr int kTimeColumn = 2;
 /// points. Rows are neither sorted nor added; rows without a load and a time are empty.
 class CurveGrid {
  public:
-  /// Writes the headings and row numbers; all points are empty.
+  /// Writes the row numbers and English headings; all points are empty.
   CurveGrid();
 
   /// A cell's text; `row` in 0..26, `column` in 0..2.
@@ -25,6 +25,9 @@ class CurveGrid {
 
   /// Writes a cell of a point. False, and nothing written, outside rows 1..26, columns 1..2.
   bool SetCell(int row, int column, std::string_view text);
+
+  /// Names the two columns of points.
+  void SetHeadings(std::string_view load, std::string_view time);
 
   /// Empties both columns of all points.
   void ClearPoints();

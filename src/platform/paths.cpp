@@ -44,6 +44,11 @@ fs::path FindFixedName(const fs::path& folder, std::string_view name) {
   return result;
 }
 
+std::string BaseName(const fs::path& executable) {
+  const bool hasSuffix = LowerCase(ToText(executable.extension())) == ".exe";
+  return ToText(hasSuffix ? executable.stem() : executable.filename());
+}
+
 std::error_code ChangeCurrentFolder(const fs::path& folder) {
   std::error_code error;
   fs::current_path(folder, error);

@@ -23,6 +23,9 @@ namespace zentab::platform {
 /// The program's own executable file; an empty path when the system does not tell.
 [[nodiscard]] std::filesystem::path ExecutablePath();
 
+/// An executable's base name, by which settings, catalogues and log are named.
+[[nodiscard]] std::string BaseName(const std::filesystem::path& executable);
+
 /// Makes `folder` the working folder (on Windows its drive, too).
 [[nodiscard]] std::error_code ChangeCurrentFolder(const std::filesystem::path& folder);
 

@@ -56,8 +56,10 @@ struct LabelTexts {
 
 /// What the window says apart from captions of its controls.
 struct ProgramTexts {
-  std::string loadAxis = "%1";  // "%1" stands for the load caption of the value mode
-  std::string timeAxis = "%1";  // and here for its time caption
+  std::string loadAxis = "%1";            // "%1" stands for the load caption of the value mode
+  std::string timeAxis = "%1";            // and here for its time caption
+  std::string loadHeading = "LoadLevel";  // of the grid's columns
+  std::string timeHeading = "Time";
   std::string entries = "%1 entries";
   std::string modified = "Modified";
   std::string readFailed = "The entry could not be read";

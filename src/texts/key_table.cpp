@@ -145,6 +145,8 @@ const std::vector<KeyRow>& OwnRows() {
       {"F1.PICKUP.EMPTY.TIP", ProgramField{&P::selectInstrument}},
       {"F1.NEWNAME.FIELD", Placeholder{"Text1"}, kExpanded},
       {"F1.NEWNAME.HINT", Caption{"LabelText1"}, kExpanded},
+      {"GRID.LOAD.HEADING", ProgramField{&P::loadHeading}},
+      {"GRID.TIME.HEADING", ProgramField{&P::timeHeading}},
       {"F1.CHART.EMPTY", Caption{"LabelChart"}, kExpanded},
       {"F1.MENU.1.EXIT", Caption{"m_exit"}, kExpanded},
       {"F1.MENU.2.HEADING", Caption{"m_view"}, kExpanded},

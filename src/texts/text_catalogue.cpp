@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "platform/line_reader.h"
+#include "platform/paths.h"
 #include "texts/line_encoding.h"
 
 namespace zentab::texts {
@@ -64,11 +65,19 @@ class KeyIndex {
   std::vector<std::uint16_t> groupOf_ = std::vector<std::uint16_t>(1u << 16);
 };
 
+std::filesystem::path FileOrDefault(const std::filesystem::path& file) {
+  return file.empty() ? DefaultCatalogue(platform::ExecutablePath()) : file;
+}
+
 }  // namespace
+
+std::filesystem::path DefaultCatalogue(const std::filesystem::path& executable) {
+  return platform::FindFixedName(executable.parent_path(), platform::BaseName(executable) + ".txt");
+}
 
 std::string LookupText(std::string_view key, const std::filesystem::path& file) {
   const std::string wanted = Folded(key);
-  platform::LineReader reader(file);
+  platform::LineReader reader(FileOrDefault(file));
   platform::RawLine line;
   while (reader.Next(line)) {
     const auto found = std::search(line.text.begin(), line.text.end(), wanted.begin(), wanted.end(),
@@ -83,7 +92,7 @@ std::vector<std::string> LookupTexts(std::span<const std::string> keys,
   const KeyIndex index(keys);
   std::vector<std::string> texts(keys.size());
   std::vector<bool> known(keys.size());
-  platform::LineReader reader(file);
+  platform::LineReader reader(FileOrDefault(file));
   platform::RawLine line;
   while (reader.Next(line)) {
     index.FindIn(Folded(line.text), [&](std::size_t number) {

@@ -13,9 +13,13 @@ namespace zentab::texts {
 // letters compared without case: a shorter key also finds the line of a longer one that it is a
 // part of. Which line comes first decides, so catalogues list the shorter key first.
 
+/// The catalogue that lies beside an executable and has its name.
+[[nodiscard]] std::filesystem::path DefaultCatalogue(const std::filesystem::path& executable);
+
 /// The text of a key (ASCII) in a catalogue; empty when the file cannot be read, no line has the
 /// key, or its line has no "}" or has it before the "{". A line without "{" gives all that stands
-/// before its "}". The file is opened and searched anew at each call.
+/// before its "}". The file is opened and searched anew at each call; an empty path means
+/// the default catalogue of the running program.
 [[nodiscard]] std::string LookupText(std::string_view key, const std::filesystem::path& file);
 
 /// What LookupText gives for each of the keys (of two characters or more), in their order, from

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/paths.h"
+
 namespace zentab::app {
 namespace {
 
@@ -54,7 +56,7 @@ TEST(StartUp, TheBaseNameDropsOnlyAnExeSuffix) {
                                    {"Zentab.EXE", "Zentab"},
                                    {"/x/Zentab2.exe", "Zentab2"},
                                    {"my.tool", "my.tool"}}) {
-    EXPECT_EQ(BaseName(path), name);
+    EXPECT_EQ(platform::BaseName(path), name);
   }
 }
 

@@ -273,7 +273,7 @@ class MainWindowTest : public QObject {
     f.Write("Zentab.txt", "F1.COMMAND1.TEXT {default}\nF1.COMMAND9.TEXT {Clear}\nDIFF.TYPE {-}\n");
     f.Write("Zentab2.txt",
             "F1.COMMAND1.TEXT {Lesen}\nF1.LOGGFILE {x}\nF1.CHECK1.TEXT {Abs}\n"
-            "F1.LABEL2.TEXT {<%1>}\nLOAD.LABEL.REL.TEXT {Last %F}\n"
+            "F1.LABEL2.TEXT {<%1>}\nGRID.LOAD.HEADING {Last}\nLOAD.LABEL.REL.TEXT {Last %F}\n"
             "F1.MSGBOX2.TXT {weg: %1}\nF1.COMMAND5.TEXT {GRH I}\n");
     f.Open();
     QCOMPARE(f.Find<QAbstractButton>("Command1")->text(), QStringLiteral("Lesen"));
@@ -286,6 +286,8 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.Find<QLabel>("Label3")->text(), QStringLiteral("Last relayTables.dat"));
     QCOMPARE(f.Find<editor::CurveChart>("MSChart1")->xAxis->label(),
              QStringLiteral("<Last relayTables.dat>"));
+    QCOMPARE(f.Find<QTableView>("MSFlexGrid1")->model()->headerData(0, Qt::Horizontal).toString(),
+             QStringLiteral("Last"));
     Click("Command2");
     QCOMPARE(f.dialogs.asked.back(), std::string("weg: SI"));
     f.Write("Zentab.dxt", "F1.COMMAND1.TEXT {again}\n");

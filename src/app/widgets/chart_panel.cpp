@@ -43,14 +43,19 @@ QWidget* ChartPanel::BuildChartPlace() {
 
 QWidget* ChartPanel::BuildStrip() {
   auto* const strip = new QWidget(this);
-  auto* const layout = new QHBoxLayout(strip);
-  layout->setContentsMargins(0, 0, 0, 0);
+  // Two rows: with the captions of some languages one would be wider than a small screen.
+  auto* const rows = new QVBoxLayout(strip);
+  rows->setContentsMargins(0, 0, 0, 0);
+  auto* const fields = new QHBoxLayout;
+  auto* const buttons = new QHBoxLayout;
+  rows->addLayout(fields);
+  rows->addLayout(buttons);
   const auto button = [&](const char* name, const QString& caption, bool shown) {
     auto* const made = new QPushButton(caption, strip);
     made->setObjectName(QLatin1String(name));
     made->setEnabled(false);
     made->setVisible(shown);
-    layout->addWidget(made);
+    buttons->addWidget(made);
     return made;
   };
   const auto field = [&](const char* name, const char* labelName, const QString& caption) {
@@ -62,16 +67,18 @@ QWidget* ChartPanel::BuildStrip() {
     text->setObjectName(QLatin1String(name));
     text->setMaximumWidth(kFieldWidth);
     text->hide();
-    layout->addWidget(label);
-    layout->addWidget(text);
+    fields->addWidget(label);
+    fields->addWidget(text);
   };
-  // Set GRH has its caption from the chosen instrument.
-  command5 = button("Command5", QStringLiteral("?"), true);
-  button("Command6", QStringLiteral("Import &GRH"), false);
-  layout->addStretch(1);
+  // The Tab key follows the order in which they are made.
+  fields->addStretch(1);
   field("Text4", "LabelText4", QStringLiteral("Difference type"));
   field("Text5", "LabelText5", QStringLiteral("Filter type"));
   field("Text6", "LabelText6", QStringLiteral("Mean"));
+  // Set GRH has its caption from the chosen instrument.
+  command5 = button("Command5", QStringLiteral("?"), true);
+  button("Command6", QStringLiteral("Import &GRH"), false);
+  buttons->addStretch(1);
   button("Command10", QStringLiteral("Im&port time test"), true);
   return strip;
 }

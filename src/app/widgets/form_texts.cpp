@@ -1,6 +1,7 @@
 #include "app/widgets/form_texts.h"
 
 #include <QMetaProperty>
+#include <QTextDocument>
 
 namespace zentab::app {
 namespace {
@@ -41,7 +42,8 @@ void FormTexts::SetCaption(std::string_view control, std::string_view text) {
 }
 
 void FormTexts::SetTooltip(std::string_view control, std::string_view text) {
-  SetProperty(control, "toolTip", ToQt(text));
+  // Plain text would stand in one line, however long, unless it happens to look like markup.
+  SetProperty(control, "toolTip", Qt::convertFromPlainText(ToQt(text), Qt::WhiteSpaceNormal));
 }
 
 void FormTexts::SetShown(std::string_view control, bool shown) {

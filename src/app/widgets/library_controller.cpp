@@ -77,7 +77,8 @@ void LibraryController::EnterName(const QString& name) {
       Q_EMIT LibraryChanged();
       break;
     case NameResult::Duplicate:
-      dialogs_.Inform(MessageFor(session_, MessageBox::DuplicateName, name.toStdString()));
+      dialogs_.Inform(MessageFor(session_, MessageBox::DuplicateName,
+                                 ShownName(name.trimmed().toStdString()).toStdString()));
       panel_.EmptyNameBox();
       break;
     case NameResult::NotWritten:

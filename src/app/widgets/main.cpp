@@ -42,7 +42,7 @@ int main(int argc, char* argv[]) {
 
   const std::filesystem::path executable = platform::ExecutablePath();
   const auto store = platform::UserSettingsStore();
-  app::Settings settings = app::LoadSettings(*store, app::BaseName(executable), kTitle);
+  app::Settings settings = app::LoadSettings(*store, platform::BaseName(executable), kTitle);
   app::Session session = app::StartSession(settings, *platform::SystemRegistry(), executable);
   app::QtUserDialogs dialogs(session.texts.program);
   app::MainWindow window(

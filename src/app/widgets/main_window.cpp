@@ -171,6 +171,9 @@ void MainWindow::RefreshCaptions() {
   const LabelPair labels = LabelsFor(session_);
   table_->label3->setText(QString::fromStdString(labels.load));
   table_->label2->setText(QString::fromStdString(labels.time));
+  session_.table.grid.SetHeadings(session_.texts.program.loadHeading,
+                                  session_.texts.program.timeHeading);
+  table_->grid->ShowAll();
   const LabelPair titles = AxisTitlesFor(session_);
   chart_->chart->SetAxisTitles(QString::fromStdString(titles.load),
                                QString::fromStdString(titles.time));

@@ -35,6 +35,7 @@ void CurveGridModel::ShowCell(int row, int column) {
 
 void CurveGridModel::ShowAll() {
   Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), {Qt::DisplayRole});
+  Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }
 
 }  // namespace zentab::editor

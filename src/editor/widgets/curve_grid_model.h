@@ -22,7 +22,7 @@ class CurveGridModel : public QAbstractTableModel {
 
   /// One cell of the grid has a new text; no cell outside the points does.
   void ShowCell(int row, int column);
-  /// All of them have.
+  /// All of them and the headings have.
   void ShowAll();
 
  private:

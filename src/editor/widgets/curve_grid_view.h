@@ -23,7 +23,7 @@ class CurveGridView : public QTableView {
   /// Closes the cell editor where it is open; what was typed stands in the grid already.
   void CloseEditor();
 
-  /// The grid has new texts.
+  /// The grid has new texts or headings.
   void ShowAll();
 
  Q_SIGNALS:
