@@ -51,6 +51,7 @@ double NumberOf(std::string_view digits, int point) {
 double Round(double a, double decimals) {
   const double magnitude = std::abs(a);
   const double wanted = std::nearbyint(decimals);
+  if (!std::isfinite(a) || std::isnan(wanted)) return kNoNumber;
   if (magnitude == 0.0 || wanted > 400.0) return a;
   Decimal decimal = DecimalOf(magnitude);
   const double kept = decimal.point + std::max(wanted, -400.0);
@@ -76,6 +77,7 @@ double Round(double a, double decimals) {
 }
 
 double DecimalPart(double a) {
+  if (!std::isfinite(a)) return kNoNumber;
   if (a == 0.0) return a;
   const Decimal decimal = DecimalOf(std::abs(a));
   const std::string_view digits(decimal.digits.data(), decimal.digits.size());
