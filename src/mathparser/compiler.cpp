@@ -102,7 +102,8 @@ bool Compiler::Scan(std::string_view text) {
   std::size_t continued = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
     const char c = text[at];
-    if (Continues(c)) {
+    // With nothing to continue it is a character of its own.
+    if (Continues(c) && !Token().empty() && closed_ == Closed::No) {
       ++continued;
       table_.names.push_back(c);
       number_ = Number::Other;

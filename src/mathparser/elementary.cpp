@@ -19,15 +19,16 @@ double CubeRoot(double a, double) {
   return whole * whole * whole == a ? whole : root;
 }
 
-// The b-th root of a; of a negative a for odd whole b.
+// The b-th root of a; of a negative a for odd whole b, and where the power 1/b of it exists.
 double Root(double a, double b) {
   if (b == 0.0) return kNoNumber;
   if (b == 2.0) return std::sqrt(a);
   if (b == 3.0) return CubeRoot(a, 1.0);
-  const double magnitude = std::pow(a < 0.0 && IsOdd(b) ? -a : a, 1.0 / b);
+  const bool turned = a < 0.0 && IsOdd(b);
+  const double magnitude = std::pow(turned ? -a : a, 1.0 / b);
   const double whole = std::nearbyint(magnitude);
   const double root = std::pow(whole, b) == std::abs(a) ? whole : magnitude;
-  return a < 0.0 ? -root : root;
+  return turned ? -root : root;
 }
 
 // Dividing by the logarithm of 0 would give 0.

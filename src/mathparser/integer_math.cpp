@@ -14,7 +14,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kExactIntegers = 9007199254740992.0;  // 2^53
 constexpr std::size_t kFactorials = 171;               // 170! is the last that a double holds
 
-bool IsWhole(double a) { return std::trunc(a) == a; }
+bool IsWhole(double a) { return std::isfinite(a) && std::trunc(a) == a; }
 
 // Products of doubles drift by a unit in the last place here and there, so the rounding error of
 // each is carried along. The power of two is kept apart, or the error would overflow first.

@@ -38,6 +38,10 @@ class MathParser {
  public:
   explicit MathParser(const FunctionCatalogue& catalogue = StandardCatalogue())
       : catalogue_(&catalogue) {}
+  // No moves: they would leave an object that runs a program which is gone.
+  MathParser(const MathParser&) = default;
+  MathParser& operator=(const MathParser&) = default;
+  ~MathParser() = default;
 
   /// Compiles a text, at most 2 GB. On false ErrorDescription() says why and nothing can be
   /// evaluated. Either way the variables are new ones, all 0 and unassigned.

@@ -168,22 +168,23 @@ std::optional<double> AngleValue(std::string_view token) {
   struct Part {
     std::string_view mark;
     std::string_view letter;
-    double share;
+    int sixtieths;  // how often it is divided by 60
   };
-  constexpr std::array kParts = {Part{"°", "d", 1.0}, Part{"'", "m", 60.0},
-                                 Part{"\"", "s", 3600.0}};
+  constexpr std::array kParts = {Part{"°", "d", 0}, Part{"'", "m", 1}, Part{"\"", "s", 2}};
   double angle = 0.0;
   for (const Part& part : kParts) {
     const std::size_t length = DecimalLength(token);
     const std::string_view rest = token.substr(length);
     const bool byMark = rest.starts_with(part.mark);
     if (length == 0 || (!byMark && !rest.starts_with(part.letter))) {
-      if (part.share == 1.0) return std::nullopt;
+      if (part.sixtieths == 0) return std::nullopt;
       continue;
     }
     const std::optional<double> number = NumberValue(token.substr(0, length));
     if (!number) return std::nullopt;
-    angle += *number / part.share;
+    double degrees = *number;
+    for (int i = 0; i < part.sixtieths; ++i) degrees /= 60.0;
+    angle += degrees;
     token = rest.substr(byMark ? part.mark.size() : part.letter.size());
   }
   if (!token.empty() || !std::isfinite(angle)) return std::nullopt;

@@ -247,7 +247,8 @@ inline constexpr Forms kBinaryForms{
     .blocks = kBlockSet<Op, Fusion>,
     .fusion = Fusion};
 
-/// The catalogue entry of F(a, angle factor).
+/// The catalogue entry of F(a, angle factor). F is called with NaN and infinities too before the
+/// failure shows, here and below: whatever it makes of them, it must come back.
 template <auto F>
 constexpr FunctionEntry One(std::string_view keyword, int code) {
   return {keyword, code, 1, UnaryCode<UnaryOf<F, true>>::Call, &kUnaryForms<UnaryOf<F, true>>};

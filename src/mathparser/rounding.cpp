@@ -47,14 +47,27 @@ double NumberOf(std::string_view digits, int point) {
   return result.ec == std::errc() ? number : kNoNumber;
 }
 
+// To more digits than the user sees, 15 or 16; all 17 are the number itself.
+double RoundExactly(double a, int digits) {
+  std::array<char, 40> text{};
+  const char* end = std::to_chars(text.data(), text.data() + text.size(), a,
+                                  std::chars_format::scientific, digits - 1)
+                        .ptr;
+  double number = 0.0;
+  const auto result = std::from_chars(text.data(), end, number);
+  return result.ec == std::errc() ? number : kNoNumber;
+}
+
 // Halves, told by the decimal digits rather than the binary ones, go to the even digit.
 double Round(double a, double decimals) {
   const double magnitude = std::abs(a);
   const double wanted = std::nearbyint(decimals);
+  if (!std::isfinite(a) || std::isnan(wanted)) return kNoNumber;
   if (magnitude == 0.0 || wanted > 400.0) return a;
   Decimal decimal = DecimalOf(magnitude);
   const double kept = decimal.point + std::max(wanted, -400.0);
-  if (kept >= kSignificantDigits) return a;
+  if (kept >= kSignificantDigits + 2) return a;
+  if (kept >= kSignificantDigits) return RoundExactly(a, static_cast<int>(kept));
   if (kept < 0.0) return std::copysign(0.0, a);
   const auto length = static_cast<std::size_t>(kept);
   const char* first = decimal.digits.data() + length;
@@ -76,6 +89,7 @@ double Round(double a, double decimals) {
 }
 
 double DecimalPart(double a) {
+  if (!std::isfinite(a)) return kNoNumber;
   if (a == 0.0) return a;
   const Decimal decimal = DecimalOf(std::abs(a));
   const std::string_view digits(decimal.digits.data(), decimal.digits.size());

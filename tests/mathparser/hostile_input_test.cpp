@@ -65,6 +65,7 @@ TEST(HostileInput, LongAndDeepTexts) {
       {"a name", Repeated("abc", m), ""},
       {"a function's name", Repeated("abc", m) + "(1)", "Function < abc"},
       {"continuation bytes", Repeated("\x80", m), "Syntax error: \x80"},
+      {"a stray continuation byte", "3!\x80", "Syntax error at pos: 3"},
       {"zero bytes", std::string(m, '\0'), "Syntax error: "},
       {"200 rows", Sum(201, "1"), ""},
       {"201 rows", Sum(202, "1"), "too many rows"},

@@ -4,6 +4,7 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "mathparser/math_parser.h"
@@ -156,6 +157,9 @@ TEST(Members, AFailureLeavesTheExpressionAsItIs) {
   copy.VarValue(1, -1.0);
   EXPECT_EQ(parser.Eval(), 0.0);
   EXPECT_NE(EvalError(copy), "");
+
+  const MathParser moved = std::move(parser);
+  EXPECT_EQ(parser.Eval(), 0.0);
 }
 
 TEST(Members, Eval1) {
