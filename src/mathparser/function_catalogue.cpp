@@ -1,5 +1,7 @@
 #include "mathparser/function_catalogue.h"
 
+#include "mathparser/special/special_functions.h"
+
 namespace zentab::mathparser {
 namespace {
 
@@ -50,6 +52,21 @@ const FunctionCatalogue& StandardCatalogue() {
       LogicFunctions(),
       IntegerFunctions(),
       RoundingFunctions(),
+      GammaFunctions(),
+      ErrorFunctions(),
+      IncompleteFunctions(),
+      DistributionFunctions(),
+      BesselFunctions(),
+      ModifiedBesselFunctions(),
+      AiryFunctions(),
+      EllipticFunctions(),
+      ExponentialIntegralFunctions(),
+      SineIntegralFunctions(),
+      FresnelFunctions(),
+      ZetaFunctions(),
+      PolynomialFunctions(),
+      HypergeometricFunctions(),
+      WaveformFunctions(),
   };
   return catalogue;
 }

@@ -1,0 +1,132 @@
+#include <array>
+#include <numbers>
+
+#include "mathparser/special/decaying_integral.h"
+#include "mathparser/special/special_functions.h"
+
+namespace zentab::mathparser {
+namespace {
+
+constexpr Wide kAiAtZero = 0.355028053887817239260063186004183177L;
+constexpr Wide kMinusSlopeAtZero = 0.258819403792806798405183560189203963L;
+constexpr Wide kRootOfThree = 1.73205080756887729352744634150587237L;
+constexpr double kFarthest = -100000.0;  // beyond, the phase loses its digits
+
+enum class Which { Ai, Bi };
+
+// The solution of y'' = x y about a point from its value and slope there (DLMF 9.2.1): term n+2
+// follows from the terms n and n-1.
+Wide TaylorAbout(Wide centre, Wide value, Wide slope, Wide h) {
+  Wide before = 0.0L, term = value, next = slope * h, sum = value + next;
+  const Wide square = h * h;
+  for (Wide n = 0.0L; n < 120.0L; n += 1.0L) {
+    const Wide after = square * (centre * term + h * before) / ((n + 1.0L) * (n + 2.0L));
+    before = term;
+    term = next;
+    next = after;
+    sum += after;
+    if (std::abs(after) + std::abs(next) + std::abs(term) < 1e-21L * std::abs(sum)) break;
+  }
+  return sum;
+}
+
+// Ai = c1 f - c2 g, Bi = sqrt(3) (c1 f + c2 g) by the two power series (DLMF 9.4.1, 9.4.3).
+Wide Maclaurin(Which which, Wide x) {
+  const Wide cube = x * x * x;
+  Wide termF = kAiAtZero, termG = kMinusSlopeAtZero * x;
+  Wide f = termF, g = termG;
+  for (Wide k = 3.0L; k < 300.0L; k += 3.0L) {
+    termF *= cube / ((k - 1.0L) * k);
+    termG *= cube / (k * (k + 1.0L));
+    f += termF;
+    g += termG;
+    if (std::abs(termF) + std::abs(termG) < 1e-21L * (std::abs(f) + std::abs(g))) break;
+  }
+  return which == Which::Ai ? f - g : kRootOfThree * (f + g);
+}
+
+// The sums of u_k / zeta^k, the even and the odd ones (DLMF 9.7.2); sign -1 makes them alternate
+// each for itself.
+struct Sums {
+  double even = 1.0;
+  double odd = 0.0;
+  Sums(double zeta, double sign) {
+    double term = 1.0;
+    for (int k = 1; k < 40; ++k) {
+      const double n = k;
+      const double next = term * (6.0 * n - 5.0) * (6.0 * n - 3.0) * (6.0 * n - 1.0) /
+                          (216.0 * n * (2.0 * n - 1.0) * zeta);
+      if (std::abs(next) >= std::abs(term)) break;
+      term = next;
+      (k % 2 == 0 ? even : odd) += (k % 4 < 2) ? term : sign * term;
+      if (term < 1e-18) break;
+    }
+  }
+};
+
+Wide ZetaOf(Wide size) { return 2.0L / 3.0L * size * std::sqrt(size); }
+
+// DLMF 9.7.9 and 9.7.11 for x <= -9.5.
+double Oscillating(Which which, double x) {
+  if (x < kFarthest) return kNoNumber;
+  const Wide zeta = ZetaOf(-static_cast<Wide>(x));
+  const Sums sums(static_cast<double>(zeta), -1.0);
+  const Wide phase = zeta - kWidePi / 4.0L;
+  const auto sine = static_cast<double>(std::sin(phase));
+  const auto cosine = static_cast<double>(std::cos(phase));
+  const double size = std::numbers::inv_sqrtpi / std::sqrt(std::sqrt(-x));
+  return size * (which == Which::Ai ? cosine * sums.even + sine * sums.odd
+                                    : cosine * sums.odd - sine * sums.even);
+}
+
+// About -8 by Taylor's series; the values there are those of the series of 9.4 at 60 digits.
+double Middle(Which which, double x) {
+  const Wide h = static_cast<Wide>(x) + 8.0L;
+  return static_cast<double>(which == Which::Ai
+                                 ? TaylorAbout(-8.0L, -0.052705050356386202622082675793888621L,
+                                               0.935560938198306551025522462132635732L, h)
+                                 : TaylorAbout(-8.0L, -0.331251580751137859969876239275707020L,
+                                               -0.159450497812981389349935733650156225L, h));
+}
+
+// Ai(x). Domain: x >= -100000. Method: power series from -6 to 2 (DLMF 9.4.1), Taylor's series
+// about -8 to -9.75, the asymptotic expansions beyond (9.7.5, 9.7.9), above 2 the trapezoidal rule
+// on K_1/3 (9.6.2).
+double AiryA(double x) {
+  if (x < -9.75) return Oscillating(Which::Ai, x);
+  if (x < -6.0) return Middle(Which::Ai, x);
+  if (x <= 2.0) return static_cast<double>(Maclaurin(Which::Ai, x));
+  if (x > 110.0) return 0.0;
+  const Wide zeta = ZetaOf(x);
+  const auto decay = std::exp(-zeta);
+  const auto rounded = static_cast<double>(zeta);
+  if (x < 10.0) {
+    const double scaled = ScaledBesselK(1.0 / 3.0, rounded) * std::sqrt(x / 3.0);
+    return static_cast<double>(decay * static_cast<Wide>(scaled * std::numbers::inv_pi));
+  }
+  const Sums sums(rounded, 1.0);
+  const double size = 0.5 * std::numbers::inv_sqrtpi / std::sqrt(std::sqrt(x));
+  return static_cast<double>(decay * static_cast<Wide>(size * (sums.even - sums.odd)));
+}
+
+// Bi(x). Domain: x >= -100000 until it overflows near 104. Method: power series from -6 to 10
+// (DLMF 9.4.3), Taylor's series about -8 to -9.75, the asymptotic expansions beyond (9.7.7,
+// 9.7.11).
+double AiryB(double x) {
+  if (x < -9.75) return Oscillating(Which::Bi, x);
+  if (x < -6.0) return Middle(Which::Bi, x);
+  if (x <= 10.0) return static_cast<double>(Maclaurin(Which::Bi, x));
+  if (x > 110.0) return kNoNumber;
+  const Wide zeta = ZetaOf(x);
+  const Sums sums(static_cast<double>(zeta), 1.0);
+  const double size = std::numbers::inv_sqrtpi / std::sqrt(std::sqrt(x));
+  return static_cast<double>(std::exp(zeta) * static_cast<Wide>(size * (sums.even + sums.odd)));
+}
+
+constexpr std::array kFunctions = {Special<AiryA>("airya", 99), Special<AiryB>("airyb", 100)};
+
+}  // namespace
+
+FunctionFamily AiryFunctions() { return kFunctions; }
+
+}  // namespace zentab::mathparser

@@ -1,0 +1,190 @@
+#include "mathparser/special/bessel.h"
+
+#include <algorithm>
+#include <array>
+#include <numbers>
+
+namespace zentab::mathparser {
+namespace {
+
+constexpr double kSeriesEnd = 4.0;
+constexpr double kHankelStart = 25.0;
+constexpr double kTwoOverPi = 2.0 * std::numbers::inv_pi;
+constexpr Wide kWideTwoOverPi = 0.63661977236758134307553505349005745L;
+
+enum class Kind { First, Second };
+
+// Power series for x <= 4 (Abramowitz & Stegun 9.1.10 to 9.1.13) of order 0 or 1.
+double SeriesOf(Kind kind, int order, double x) {
+  const Wide half = static_cast<Wide>(x) / 2.0L;
+  const Wide square = -half * half;
+  const Wide logarithm = kind == Kind::Second ? std::log(half) + kWideEuler : 0.0L;
+  const Wide nu = order;
+  Wide term = order == 0 ? 1.0L : half;
+  Wide harmonics = nu;  // H_k + H_(k + order)
+  Wide first = term;
+  Wide second = -term * harmonics;
+  for (Wide k = 1.0L; k < 40.0L; k += 1.0L) {
+    const Wide next = 1.0L / (k * (k + nu));
+    term *= square * next;
+    harmonics += (2.0L * k + nu) * next;
+    first += term;
+    second -= term * harmonics;
+    if (std::abs(term) * 40.0L < 1e-20L * std::abs(half)) break;
+  }
+  if (kind == Kind::First) return static_cast<double>(first);
+  const Wide pole = order == 0 ? 0.0L : -1.0L / (half * kWidePi);
+  return static_cast<double>(pole + kWideTwoOverPi * logarithm * first + second / kWidePi);
+}
+
+// Recurrence downwards from nothing, scaled by J0 + 2 J2 + 2 J4 + ... = 1 (Miller's method,
+// Abramowitz & Stegun 9.12), with Neumann's series for Y (9.1.88 and 9.1.89) on the way.
+struct DownwardRun {
+  Wide j0 = 0.0L, j1 = 0.0L, atOrder = 0.0L;
+  Wide y0Sum = 0.0L, y1Sum = 0.0L;
+
+  DownwardRun(double n, double x, bool wantSecond) {
+    const double start = 2.0 * std::ceil(StartOrder(n, x) / 2.0);
+    const Wide twoOverX = 2.0L / static_cast<Wide>(x);
+    Wide above = 0.0L, here = 1e-100L, total = 0.0L;
+    for (double k = start; k > 0.0; k -= 1.0) {
+      const Wide below = static_cast<Wide>(k) * twoOverX * here - above;
+      if (k == n) atOrder = here;
+      if (std::fmod(k, 2.0) == 0.0) {
+        total += here;
+        if (wantSecond) {
+          const Wide sign = std::fmod(k, 4.0) == 0.0 ? 2.0L : -2.0L;
+          y0Sum += sign * here / static_cast<Wide>(k);
+          y1Sum += sign * (below - above) / static_cast<Wide>(k);
+        }
+      }
+      above = here;
+      here = below;
+    }
+    total = 2.0L * total + here;
+    j0 = here / total;
+    j1 = above / total;
+    atOrder = n == 0.0 ? j0 : atOrder / total;
+    y0Sum /= total;
+    y1Sum /= total;
+  }
+};
+
+double MiddleOf(Kind kind, int order, double x) {
+  const DownwardRun run(order, x, kind == Kind::Second);
+  if (kind == Kind::First) return static_cast<double>(order == 0 ? run.j0 : run.j1);
+  const Wide wide = x;
+  const Wide logarithm = std::log(wide / 2.0L) + kWideEuler;
+  const Wide sum = order == 0 ? logarithm * run.j0 - 2.0L * run.y0Sum
+                              : logarithm * run.j1 - run.j0 / wide + run.y1Sum;
+  return static_cast<double>(kWideTwoOverPi * sum);
+}
+
+// Hankel's expansion for x >= 25 (DLMF 10.17.3, 10.17.4). The phase x - pi/4 (- pi/2) is split by
+// the addition theorem, so that a large x keeps its digits.
+double AsymptoticOf(Kind kind, int order, double x) {
+  const HankelSums sums = HankelExpansion(order == 0 ? 0.0 : 4.0, x);
+  const double sine = std::sin(x);
+  const double cosine = std::cos(x);
+  const double rootHalf = 1.0 / std::numbers::sqrt2;
+  const double phaseCosine = order == 0 ? cosine + sine : sine - cosine;
+  const double phaseSine = order == 0 ? sine - cosine : -sine - cosine;
+  const double size = std::sqrt(kTwoOverPi / x) * rootHalf;
+  return kind == Kind::First ? size * (phaseCosine * sums.even - phaseSine * sums.odd)
+                             : size * (phaseSine * sums.even + phaseCosine * sums.odd);
+}
+
+double LowOrder(Kind kind, int order, double x) {
+  if (x <= kSeriesEnd) return SeriesOf(kind, order, x);
+  return x < kHankelStart ? MiddleOf(kind, order, x) : AsymptoticOf(kind, order, x);
+}
+
+// J_(n+1) = (2n / x) J_n - J_(n-1), stable for J up to n = x and for Y always.
+double Upwards(double before, double here, double n, double x) {
+  for (double k = 1.0; k < n && std::isfinite(here); k += 1.0) {
+    const double next = 2.0 * k / x * here - before;
+    before = here;
+    here = next;
+  }
+  return here;
+}
+
+double FirstKind(double n, double x) {
+  if (n <= 1.0) return LowOrder(Kind::First, static_cast<int>(n), x);
+  if (x == 0.0) return 0.0;
+  if (x >= kHankelStart && n <= x) {
+    return Upwards(LowOrder(Kind::First, 0, x), LowOrder(Kind::First, 1, x), n, x);
+  }
+  if (n > x && DecayInDigits(n, x) > 400.0) return 0.0;
+  const DownwardRun run(n, x, false);
+  if (x < kHankelStart) return static_cast<double>(run.atOrder);
+  // The sum that scales the run cancels for large x; J0 and J1 are at hand.
+  const Wide scale = std::abs(run.j0) > std::abs(run.j1)
+                         ? static_cast<Wide>(LowOrder(Kind::First, 0, x)) / run.j0
+                         : static_cast<Wide>(LowOrder(Kind::First, 1, x)) / run.j1;
+  return static_cast<double>(run.atOrder * scale);
+}
+
+// J_n(x). Domain: all x, whole |n| <= 50000. Method: power series up to 4 (Abramowitz & Stegun
+// 9.1.10), Miller's recurrence downwards up to 25 and for n > x, Hankel's expansion beyond (DLMF
+// 10.17.3) with the recurrence upwards while n <= x.
+double BesselJ(double x, double n) {
+  if (!IsWholeNumber(n) || std::abs(n) > kLargestOrder) return kNoNumber;
+  const double value = FirstKind(std::abs(n), std::abs(x));
+  return (x < 0.0) != (n < 0.0) && IsOddNumber(n) ? -value : value;
+}
+
+// Y_n(x). Domain: x > 0, whole |n| <= 50000. Method: for n = 0 and 1 power series up to 4
+// (Abramowitz & Stegun 9.1.11), Neumann's series up to 25 (9.1.88), Hankel's expansion beyond
+// (DLMF 10.17.4); higher orders by the recurrence upwards.
+double BesselY(double x, double n) {
+  if (x <= 0.0 || !IsWholeNumber(n) || std::abs(n) > kLargestOrder) return kNoNumber;
+  const double order = std::abs(n);
+  const double sign = n < 0.0 && IsOddNumber(n) ? -1.0 : 1.0;
+  if (order <= 1.0) return sign * LowOrder(Kind::Second, static_cast<int>(order), x);
+  const double zero = LowOrder(Kind::Second, 0, x);
+  return sign * Upwards(zero, LowOrder(Kind::Second, 1, x), order, x);
+}
+
+double J0(double x) { return FirstKind(0.0, std::abs(x)); }
+double Y0(double x) { return BesselY(x, 0.0); }
+
+constexpr std::array kFunctions = {Special<J0>("j0", 89), Special<Y0>("y0", 90),
+                                   Special<BesselJ>("besselj", 85),
+                                   Special<BesselY>("bessely", 86)};
+
+}  // namespace
+
+HankelSums HankelExpansion(double fourNuSquared, double x) {
+  HankelSums sums;
+  const double eighth = 0.125 / x;
+  double term = 1.0;
+  for (int k = 1; k < 60; ++k) {
+    const double odd = 2.0 * k - 1.0;
+    const double next = term * (fourNuSquared - odd * odd) * eighth / k;
+    if (std::abs(next) >= std::abs(term)) break;
+    term = next;
+    if (k % 2 == 1) {
+      sums.odd += (k % 4 == 1) ? term : -term;
+    } else {
+      sums.even += (k % 4 == 2) ? -term : term;
+    }
+    if (std::abs(term) < 1e-18) break;
+  }
+  return sums;
+}
+
+double DecayInDigits(double n, double x) {
+  return 0.5 * std::log10(6.28 * n) - n * std::log10(1.36 * x / n);
+}
+
+double StartOrder(double n, double x) {
+  double start = std::floor(1.1 * std::max(n, x)) + 5.0;
+  const double wanted = 20.0 + (n > x ? std::max(0.0, DecayInDigits(n, x)) : 0.0);
+  while (DecayInDigits(start, x) < wanted) start += 4.0;
+  return start;
+}
+
+FunctionFamily BesselFunctions() { return kFunctions; }
+
+}  // namespace zentab::mathparser

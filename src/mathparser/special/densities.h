@@ -1,0 +1,19 @@
+#pragma once
+
+#include "mathparser/special/special_functions.h"
+
+namespace zentab::mathparser {
+
+/// From here on products of gammas and powers go through Stirling's form, not through pairs.
+inline constexpr double kLargeArgument = 1000.0;
+
+/// x^a e^-x / gamma(a + 1), for a >= 0 and x > 0.
+[[nodiscard]] double PoissonTerm(double a, Wide x);
+
+/// x^a y^b / beta(a, b), for a, b > 0 and x + y = 1, both inside (0,1).
+[[nodiscard]] double BetaTerm(double a, double b, Wide x, Wide y);
+
+/// beta(a, b) where the larger of the two is at least kLargeArgument.
+[[nodiscard]] double LargeBeta(double a, double b);
+
+}  // namespace zentab::mathparser

@@ -1,0 +1,97 @@
+#include <array>
+
+#include "mathparser/special/special_functions.h"
+
+namespace zentab::mathparser {
+namespace {
+
+constexpr double kTiny = 1e-30;
+constexpr double kEpsilon = 1e-16;
+
+// e^-x, also where it is denormal.
+double Decay(double x) { return x > 760.0 ? 0.0 : std::exp(-x); }
+
+// E_n(x) for x > 1 by Lentz' method (Abramowitz & Stegun 5.1.22 in its even form).
+double Fraction(double n, double x) {
+  double b = x + n;
+  double c = 1.0 / kTiny;
+  double d = 1.0 / b;
+  double h = d;
+  for (int step = 1; step < 200; ++step) {
+    const double i = step;
+    const double a = -i * (n - 1.0 + i);
+    b += 2.0;
+    d = 1.0 / (a * d + b);
+    c = b + a / c;
+    const double change = c * d;
+    h *= change;
+    if (std::abs(change - 1.0) < kEpsilon) break;
+  }
+  return h * Decay(x);
+}
+
+// E_n(x) for 0 < x <= 1 and n >= 1 (Abramowitz & Stegun 5.1.12).
+double Series(double n, double x) {
+  const Wide wide = x;
+  Wide power = 1.0L;  // (-x)^m / m!
+  Wide sum = 0.0L;
+  for (double m = 0.0; m < 60.0; m += 1.0) {
+    if (m > 0.0) power *= -wide / static_cast<Wide>(m);
+    if (m == n - 1.0) {
+      Wide psi = -kWideEuler;
+      for (Wide k = 1.0L; k < static_cast<Wide>(n); k += 1.0L) psi += 1.0L / k;
+      sum += power * (psi - std::log(wide));
+    } else {
+      sum -= power / static_cast<Wide>(m - n + 1.0);
+      if (std::abs(power) < 1e-21L && m > n - 1.0) break;
+    }
+    if (m > 25.0 && n > m) break;
+  }
+  return static_cast<double>(sum);
+}
+
+// The exponential integral of order n. Domain: whole n >= 0, x > 0; also x = 0 for n >= 2 and
+// x < 0 for n = 0. Method: power series up to 1 (Abramowitz & Stegun 5.1.12), continued fraction
+// beyond (5.1.22).
+double Ein(double x, double n) {
+  if (n < 0.0 || !IsWholeNumber(n)) return kNoNumber;
+  if (n == 0.0) return x == 0.0 ? kNoNumber : (x < 0.0 ? std::exp(-x) : Decay(x)) / x;
+  if (x < 0.0) return kNoNumber;
+  if (x == 0.0) return n < 2.0 ? kNoNumber : 1.0 / (n - 1.0);
+  return x <= 1.0 ? Series(n, x) : Fraction(n, x);
+}
+
+// The exponential integral Ei, for x > 0 its principal value. Domain: x != 0, until it overflows
+// near 716. Method: power series up to 40 (Abramowitz & Stegun 5.1.10), asymptotic series beyond
+// (DLMF 6.12.2); below 0 it is -E_1(-x).
+double Ei(double x) {
+  if (x == 0.0 || x > 760.0) return kNoNumber;
+  if (x < 0.0) return -Ein(-x, 1.0);
+  if (x < 40.0) {
+    double term = 1.0;
+    double sum = 0.0;
+    for (int k = 1; k < 200; ++k) {
+      term *= x / k;
+      sum += term / k;
+      if (term < sum * kEpsilon && k > x) break;
+    }
+    const Wide logarithm = std::log(static_cast<Wide>(x)) + kWideEuler;
+    return static_cast<double>(logarithm + static_cast<Wide>(sum));
+  }
+  double term = 1.0;
+  double sum = 1.0;
+  for (int k = 1; k < x && term > 1e-18; ++k) {
+    term *= k / x;
+    sum += term;
+  }
+  const Wide power = std::exp(static_cast<Wide>(x)) / static_cast<Wide>(x);
+  return static_cast<double>(power * static_cast<Wide>(sum));
+}
+
+constexpr std::array kFunctions = {Special<Ei>("ei", 52), Special<Ein>("ein", 80)};
+
+}  // namespace
+
+FunctionFamily ExponentialIntegralFunctions() { return kFunctions; }
+
+}  // namespace zentab::mathparser

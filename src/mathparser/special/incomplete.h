@@ -1,0 +1,15 @@
+#pragma once
+
+#include "mathparser/special/special_functions.h"
+
+namespace zentab::mathparser {
+
+/// The regularised incomplete gamma functions, lower and upper, for any a > 0 and x >= 0. NaN where
+/// a series would take too long (a beyond about 1e9).
+[[nodiscard]] double LowerGamma(double a, double x);
+[[nodiscard]] double UpperGamma(double a, double x);
+
+/// The regularised incomplete beta function of x for a, b > 0, where x + y = 1.
+[[nodiscard]] double IncompleteBeta(Wide x, Wide y, double a, double b);
+
+}  // namespace zentab::mathparser

@@ -1,0 +1,134 @@
+#!/usr/bin/env python3
+"""Writes special_reference.txt (make_reference.py FILE [KEYWORD...]): for each function, or those
+named, the points of POINTS, with the values of reference_functions.py. Every argument is the double nearest to the number given."""
+
+import random
+import sys
+from decimal import Decimal as D
+
+import reference_functions as reference
+
+ORDERS = (0, 1, 2, 3, 5, 10, 20, 50, 100)
+
+
+def around(*edges):
+    """Both sides of each switch between two methods."""
+    return [e * f for e in edges for f in (1 - 1e-9, 1, 1 + 1e-9)]
+
+
+def spread(low, high, count, seed=1):
+    """Random numbers, evenly over the logarithm."""
+    source = random.Random(seed)
+    return [low * (high / low) ** source.random() for _ in range(count)]
+
+
+def both(points):
+    return [s * x for x in points for s in (1, -1)]
+
+
+def with_orders(points, orders=ORDERS):
+    return [(x, n) for x in points for n in orders]
+
+
+def gamma_points():
+    return (spread(1e-8, 170, 40) + [1e-300, 0.5, 1, 1.5, 2, 5, 10, 100.5, 170.5, 171.6] +
+            [-x - 0.01 for x in range(8)] + [-x - 0.99 for x in range(8)] +
+            [-0.5, -1e-9, -25.3, -100.4, -160.7, -170.6])
+
+
+def count_points():
+    return [(k, n, p) for n in (1, 5, 20, 100, 1000, 3000, 20000)
+            for k in sorted({0, 1, n // 10, n // 3, n // 2, n - 1, n})
+            for p in (1e-6, 0.01, 0.3, 0.5, 0.9)]
+
+
+def event_points():
+    return [(k, m) for m in (1e-5, 0.3, 1, 7.5, 40, 200, 999.5, 5000.25)
+            for k in sorted({0, 1, 3, 10, 50, int(m), int(m * 1.2), int(m * 0.8) + 1})]
+
+
+def beta_points():
+    values = (1e-4, 0.5, 1, 2.5, 10, 15.9, 16.1, 70, 300, 999, 1001, 5000)
+    return [(a, b) for a in values for b in values]
+
+
+def bessel_points():
+    return spread(1e-6, 200, 24) + around(4, 20, 25) + [1e-30, 1, 2, 3, 7, 12, 18, 50, 100, 300]
+
+
+def hypergeometric_points():
+    parameters = [(1, 1, 2), (0.5, 0.5, 1), (0.5, 1, 1.5), (2, 3, 4.5), (1.3, 2.7, 4), (5, 6, 2.5),
+                  (-0.3, 1.6, 0.9), (10, 0.2, 3), (1, 2, 3.0000001), (0.1, 20, 7), (-3, 2, 1.5),
+                  (-7, 8.5, 1), (2.5, -1.5, 3.2), (20, 30, 40)]
+    points = [-0.999, -0.8, -0.6, -0.5, -0.3, -1e-5, 1e-10, 0.2, 0.5, 0.74, 0.75, 0.76, 0.9, 0.95,
+              0.99, 0.999]
+    return [(x, *p) for p in parameters for x in points]
+
+
+POINTS = {
+    "gamma": gamma_points(),
+    "gammaln": spread(1e-8, 1e6, 40) + [1, 1.01, 2, 2.01, 0.99, 171, 172, 1000, 1e10, 1e100, 1e300,
+                                        1e-300, -1.5, -3.5, -99.5, -1000.5 - 1],
+    "digamma": both(spread(0.01, 1000, 30)) + around(8) + [1e-12, 1, 2, 0.5, 1.4616, 1e8, 1e300],
+    "beta": beta_points() + [(-0.5, 0.7), (-2.5, 0.25), (-1.2, -2.1), (100, 200), (1e6, 3.5)],
+    "erf": both(spread(1e-10, 7, 40)) + around(1, 6) + [1e-300, 0.5, 2, 3, 5],
+    "gammai": [(a, x) for a in (1e-5, 0.1, 0.5, 1, 2, 7.5, 30, 100, 170)
+               for x in (1e-6, 0.01, 0.5, 1, 2, 5, 10, 29, 31, 32, 90, 110, 200, 700)] +
+              [(a, a + 1 + d) for a in (0.5, 3, 20, 169) for d in (-1e-9, 0, 1e-9)],
+    "betai": [(x, a, b) for a in (0.01, 0.5, 1, 3, 20, 150, 999, 1500) for b in (0.3, 2, 40, 2000)
+              for x in (1e-6, 0.01, 0.1, 0.3, 0.5, 0.75, 0.99)],
+    "dnorm": [(x, 0, 1) for x in both(spread(0.01, 37, 15))] + [(3.7, 1.5, 0.3), (1e3, 1e3, 1e-3)],
+    "cnorm": [(x, 0, 1) for x in both(spread(0.01, 37, 25)) + both(around(0.5 * 2**0.5, 2**0.5))] +
+             [(3.7, 1.5, 0.3), (2, 5, 0.25)],
+    "dbinom": count_points(), "cbinom": [p for p in count_points() if p[1] < 20000],
+    "dpoisson": [(k, m) for k, m in event_points()] + [(100000, 1e5), (99000, 1e5)],
+    "cpoisson": event_points(),
+    "j0": both(bessel_points()) + [1e3], "y0": bessel_points() + [1e3],
+    "i0": both(bessel_points()) + [700, 712], "k0": bessel_points() + [600, 700],
+    "besselj": with_orders(bessel_points()) + [(-3.3, 3), (3.3, -3), (-30.0, -5), (1500, 7)],
+    "bessely": with_orders(bessel_points()) + [(3.3, -3), (1500, 7)],
+    "besseli": with_orders(bessel_points()) + [(-3.3, 3), (600, 7)],
+    "besselk": with_orders(bessel_points()) + [(3.3, -3), (600, 7)],
+    "airya": both(spread(1e-5, 60, 40)) + around(-9.75, -6, 2, 10) + [0, 1, 100, -200],
+    "airyb": both(spread(1e-5, 60, 40)) + around(-9.75, -6, 10) + [0, 1, 100, -200],
+    "elli1": [(p, k) for p in (1e-6, 1, 30, 45, 60, 89, 89.999, 90, -50, 120, 270, 1000)
+              for k in (0, 1e-5, 0.3, -0.7, 0.9, 0.999, 0.9999999)] +
+             [(30, 1), (80, 1), (30, 1.5), (10, 5)],
+    "elli2": [(p, k) for p in (1e-6, 1, 30, 45, 60, 89, 89.999, 90, -50, 120, 270, 1000)
+              for k in (0, 1e-5, 0.3, -0.7, 0.9, 0.999, 0.9999999)] +
+             [(30, 1), (80, 1), (30, 1.5), (10, 5)],
+    "ei": both(spread(1e-8, 300, 40)) + around(1, -1, 40) + [600, 700, 713, 0.3725, -700],
+    "ein": with_orders(spread(1e-6, 100, 12) + around(1) + [1e-30, 0.5, 10, 30, 700]),
+    "si": both(spread(1e-6, 300, 40)) + around(10, 42) + [1e-200, 20, 1000],
+    "ci": spread(1e-6, 300, 40) + around(10, 42) + [1e-100, 20, 1000],
+    "fresnels": both(spread(1e-4, 12, 40)) + around(2.5, 5) + [1e-50, 30],
+    "fresnelc": both(spread(1e-4, 12, 40)) + around(2.5, 5) + [1e-50, 30],
+    "zeta": both(spread(1e-6, 60, 40)) + [0, 0.5, 0.999999, 1.000001, 2, 4, 69.9, 70.1, 100, -1, -3,
+                                          -99.5, -170.3, -255.1],
+    "hypgeom": hypergeometric_points(),
+    **{name: with_orders([-1, -0.99, -0.4, 0, 1e-5, 0.3, 0.7, 0.9999, 1, 1.5, 4, 30])
+       for name in ("polyle", "polyla", "polyhe", "polych")},
+}
+POINTS["polyla"] = POINTS["polyla"] + with_orders([10, 100, 350.5])
+
+
+def main(path, names):
+    with open(path, "w", encoding="ascii") as out:
+        out.write("# Written by tools/special_reference/make_reference.py: keyword, arguments\n"
+                  "# (hexadecimal doubles), value. The values are sums of the defining series and\n"
+                  "# recurrences in decimal arithmetic, at least 50 digits and as many more as\n"
+                  "# cancellation takes.\n")
+        for name, function in reference.FUNCTIONS.items():
+            if names and name not in names: continue
+            for point in POINTS[name]:
+                arguments = [float(a) for a in (point if isinstance(point, tuple) else (point,))]
+                with reference.working(reference.DIGITS + 10):
+                    value = function(*(D(a) for a in arguments))
+                if abs(value) > D("1.7e308") or (value != 0 and abs(value) < D("1e-290")):
+                    continue
+                out.write(f"{name} {' '.join(a.hex() for a in arguments)} {value:.49e}\n")
+            print(name, file=sys.stderr, flush=True)
+
+
+if __name__ == "__main__":
+    main(sys.argv[1], sys.argv[2:])
