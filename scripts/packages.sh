@@ -36,8 +36,9 @@ window_packages=(qt6-base-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
 test_packages=(libgtest-dev)
 bench_packages=(libbenchmark-dev libmuparser-dev)
 
-# build PRESET: configures once, then builds what changed.
+# build PRESET: configures once (again in a checkout that was moved), then builds what changed.
 build() {
-  [ -f "build/$1/build.ninja" ] || cmake --preset "$1" >/dev/null || return 1
+  grep -qsx "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$1/CMakeCache.txt" &&
+    [ -f "build/$1/build.ninja" ] || cmake --fresh --preset "$1" >/dev/null || return 1
   cmake --build --preset "$1" -- --quiet
 }
