@@ -104,7 +104,8 @@ GammaPair operator/(GammaPair a, GammaPair b) {
 
 double Join(GammaPair pair) {
   if (std::abs(pair.exponent) < 290.0) return TimesPowerOfTen(pair.mantissa, pair.exponent);
-  if (std::abs(pair.exponent) > 1000.0) return pair.exponent < 0.0 ? 0.0 : pair.mantissa / 0.0;
+  if (std::abs(pair.exponent) > 1000.0)
+    return pair.exponent < 0.0 ? 0.0 : pair.mantissa * std::numeric_limits<double>::infinity();
   return static_cast<double>(pair.mantissa * std::pow(10.0L, static_cast<Wide>(pair.exponent)));
 }
 
