@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "mathparser/operand_reader.h"
-
 namespace zentab::mathparser {
 namespace {
 
@@ -15,16 +13,10 @@ constexpr int kProductPriority = 3;
 constexpr int kPowerPriority = 4;
 constexpr int kPostfixPriority = 9;
 
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
 bool IsClosing(char c) { return c == ')' || c == ']' || c == '}'; }
 bool IsComparisonSign(char c) { return c == '<' || c == '=' || c == '>'; }
-bool IsRight(const Row& row) { return row.function == &operators::kRight; }
-
-// What stands between two rows is the last operand of the left one as well, unless a row feeds
-// that already, as one in front of a "!" does.
-void SetLastOperand(Row& row, const Operand& operand) {
-  const std::size_t slot = row.arguments == 1 ? 0 : 1;
-  if (row.source[slot] == 0) row.operand[slot] = operand;
-}
 
 // A character that is not the first byte of its own.
 bool Continues(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
@@ -52,7 +44,7 @@ void Compiler::ClearToken() {
 }
 
 Compiler::Number Compiler::NextNumber(Number state, char c) {
-  const bool digit = c >= '0' && c <= '9';
+  const bool digit = IsDigit(c);
   const bool mark = c == 'e' || c == 'E';
   switch (state) {
     case Number::None:
@@ -95,6 +87,17 @@ bool Compiler::Compile(std::string_view text) {
   return true;
 }
 
+// How many characters from here on leave the token what it is: letters and digits of what is no
+// number, digits of a whole number. They need not be looked at one by one.
+std::size_t Compiler::RunLength(std::string_view text, std::size_t at) const {
+  if (closed_ != Closed::No) return 0;
+  const bool anything = number_ == Number::Other;
+  if (!anything && number_ != Number::Whole) return 0;
+  std::size_t end = at;
+  while (end < text.size() && (IsDigit(text[end]) || (anything && IsLetter(text[end])))) ++end;
+  return end - at;
+}
+
 bool Compiler::Scan(std::string_view text) {
   std::size_t continued = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
@@ -106,6 +109,12 @@ bool Compiler::Scan(std::string_view text) {
       continue;
     }
     if (c == ' ') continue;
+    if (const std::size_t run = RunLength(text, at); run > 0) {
+      table_.names.append(text, at, run);
+      at += run - 1;
+      last_ = text[at];
+      continue;
+    }
     position_ = static_cast<int>(at + 1 - continued);
     if (!Step(text, at)) return false;
     last_ = c;
@@ -328,112 +337,9 @@ bool Compiler::Finish() {
   }
   Operand operand;
   if (!TakeOperand(operand)) return false;
-  SetLastOperand(table_.rows.back(), operand);
+  SetLastOperand(operand);
   if (unfinishedCall_) return Fail("missing argument");
   while (waitingCount_ > 0) LinkTop(0);
-  return true;
-}
-
-bool Compiler::AddFunctionRow(const FunctionEntry& function, NameRange written) {
-  const char sign = sign_;
-  if (!AddRow({.function = &function,
-               .level = Level(),
-               .position = position_,
-               .arguments = 1,
-               .takesOperand = false})) {
-    return false;
-  }
-  table_.rows.back().written = written;
-  table_.rows.back().sign = sign == '-' ? -1 : 1;
-  return true;
-}
-
-bool Compiler::AddRow(const NewRow& made) {
-  if (table_.rows.size() == kMaxRows) return Fail("too many rows");
-  Row row;
-  row.function = made.function;
-  row.level = made.level;
-  // A chain's product binds looser than its comparisons, yet tighter than the function in whose
-  // bracket it stands.
-  row.key = made.isChain ? 2 * Level() + 1 : 2 * made.level;
-  row.isChain = made.isChain;
-  row.position = made.position;
-  row.arguments = static_cast<std::int8_t>(made.arguments);
-  if (made.takesOperand && !TakeOperand(row.operand[0])) return false;
-  if (!table_.rows.empty()) SetLastOperand(table_.rows.back(), row.operand[0]);
-  table_.rows.push_back(row);
-  LinkBefore(LastRow(), made.continues);
-  table_.byRowsOnly =
-      table_.byRowsOnly || made.function->isRandom || made.function->kernel == nullptr;
-  closed_ = Closed::No;
-  return true;
-}
-
-// Links the waiting rows that bind no looser than a new one, then lets the new one wait.
-void Compiler::LinkBefore(int row, int continues) {
-  const int key = table_.At(row).key;
-  const auto waitingKey = [this] {
-    return table_.At(waiting_[static_cast<std::size_t>(waitingCount_) - 1]).key;
-  };
-  if (continues != 0) {
-    // The rows of the argument that ends here all feed one to their left.
-    while (waitingKey() > key) LinkTop(0);
-    if (waiting_[static_cast<std::size_t>(waitingCount_) - 1] != continues) LinkTop(0);
-  } else {
-    while (waitingCount_ > 0 && waitingKey() >= key) LinkTop(row);
-  }
-  waiting_[static_cast<std::size_t>(waitingCount_++)] = static_cast<std::int16_t>(row);
-}
-
-void Compiler::LinkTop(int right) {
-  const std::int16_t number = waiting_[static_cast<std::size_t>(--waitingCount_)];
-  table_.postfix.push_back(number);
-  const Row& row = table_.At(number);
-  const int left = waitingCount_ > 0 ? waiting_[static_cast<std::size_t>(waitingCount_) - 1] : 0;
-  if (IsRight(row)) {
-    Feed(number, row.argumentOf, row.argumentIndex);
-  } else if (left != 0 && (right == 0 || table_.At(left).key >= table_.At(right).key)) {
-    Feed(number, left, std::min<int>(table_.At(left).arguments, 2));
-  } else if (right != 0) {
-    Feed(number, right, 1);
-  }
-}
-
-void Compiler::Feed(int number, int target, int index) {
-  Row& row = table_.At(number);
-  Row& fed = table_.At(target);
-  row.argumentOf = static_cast<std::int16_t>(target);
-  row.argumentIndex = static_cast<std::int16_t>(index);
-  const auto slot = static_cast<std::size_t>(index) - 1;
-  fed.source[slot] = static_cast<std::int16_t>(number);
-  if (slot < fed.operand.size()) fed.operand[slot] = {};
-}
-
-bool Compiler::TakeOperand(Operand& operand) {
-  if (!parsed_ && !ParseToken()) return false;
-  operand = operand_;
-  return true;
-}
-
-bool Compiler::ParseToken() {
-  if (Token().empty()) return Fail("missing argument");
-  ReadOperand read = ReadOperandToken(Token());
-  if (read.kind == ReadOperand::Kind::Failure) return Fail(std::move(read.message));
-  operand_ = {};
-  const std::int16_t sign = sign_ == '-' ? -1 : 1;
-  if (read.kind == ReadOperand::Kind::Literal) {
-    operand_.value = sign * read.value;
-  } else {
-    int variable = table_.FindVariable(Token());
-    if (variable == 0) {
-      if (table_.variables.size() == kMaxVariables) return Fail("too many variables");
-      table_.variables.push_back({TokenRange()});
-      variable = static_cast<int>(table_.variables.size());
-    }
-    operand_.variable = static_cast<std::int16_t>(variable);
-    operand_.sign = sign;
-  }
-  parsed_ = true;
   return true;
 }
 

@@ -55,6 +55,7 @@ class Compiler {
     int continues = 0;  // the first row of a function whose later comma this is
   };
 
+  [[nodiscard]] std::size_t RunLength(std::string_view text, std::size_t at) const;
   bool Scan(std::string_view text);
   bool Step(std::string_view text, std::size_t& at);
   bool TokenCharacter(char c);
@@ -74,6 +75,7 @@ class Compiler {
   void LinkBefore(int row, int continues);
   void LinkTop(int right);
   void Feed(int row, int target, int index);
+  void SetLastOperand(const Operand& operand);
   bool TakeOperand(Operand& operand);
   bool ParseToken();
 

@@ -40,8 +40,8 @@ struct Row {
   std::int16_t argumentIndex = 0;
   std::int16_t alsoFeeds = 0;  // a comparison whose slot 1 this row feeds as well
   std::int16_t guard = 0;      // comparison row that must not be 0 for this one to run
-  std::int8_t sign = 1;
-  std::int8_t arguments = 2;
+  std::int16_t sign = 1;
+  std::int16_t arguments = 2;
   bool isChain = false;  // the product that a<x<b puts between its comparisons
 };
 

@@ -52,7 +52,8 @@ double OnAccumulatorLeft(const Instruction* at, double* values, double accumulat
                          double trouble) {
   const double inner = Do<Inner>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
   const double middle = Do<Middle>(inner, LeafPlace(at, values, 2), trouble);
-  return HandOver<M>(at, values, Do<Outer>(accumulator, middle, trouble), trouble);
+  const double result = Do<Outer>(accumulator, middle, trouble);
+  return HandOver<M>(at, values, result, trouble);
 }
 
 template <class LeftOp, class Outer, class RightOp, Mode M>
@@ -60,7 +61,8 @@ double Four(const Instruction* at, double* values, double accumulator, double tr
   Spill<M>(at, values, accumulator);
   const double left = Do<LeftOp>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
   const double right = Do<RightOp>(LeafPlace(at, values, 2), LeafPlace(at, values, 3), trouble);
-  return HandOver<M>(at, values, Do<Outer>(left, right, trouble), trouble);
+  const double result = Do<Outer>(left, right, trouble);
+  return HandOver<M>(at, values, result, trouble);
 }
 
 template <class I, class O>

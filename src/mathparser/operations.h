@@ -167,8 +167,9 @@ struct BinaryCode {
 
 // The loops over blocks, once for any processor and once for those with vectors of four doubles.
 // Either way every element is computed alone and in the same order, so the bits are the same.
-#if defined(__GNUC__) && defined(__x86_64__)
-#define ZENTAB_MATHPARSER_WIDE __attribute__((target("avx2")))
+// Not on Windows, where GCC does not keep the stack aligned for them.
+#if defined(__GNUC__) && defined(__x86_64__) && !defined(_WIN32)
+#define ZENTAB_MATHPARSER_WIDE __attribute__((target("avx2"), flatten))
 inline bool HasWideVectors() {
   static const bool kHas = __builtin_cpu_supports("avx2") != 0;
   return kHas;
@@ -178,29 +179,41 @@ inline bool HasWideVectors() {
 inline bool HasWideVectors() { return false; }
 #endif
 
-#define ZENTAB_MATHPARSER_BLOCKS(ATTRIBUTE)                                                 \
-  ATTRIBUTE static void BlockBlock(const double* __restrict a, const double* __restrict b,  \
-                                   double* __restrict result, std::size_t n) {              \
-    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], b[i]);               \
-  }                                                                                         \
-  ATTRIBUTE static void BlockScalar(const double* __restrict a, const double* __restrict b, \
-                                    double* __restrict result, std::size_t n) {             \
-    const double right = *b;                                                                \
-    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], right);              \
-  }                                                                                         \
-  ATTRIBUTE static void ScalarBlock(const double* __restrict a, const double* __restrict b, \
-                                    double* __restrict result, std::size_t n) {             \
-    const double left = *a;                                                                 \
-    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(left, b[i]);               \
-  }
-
 template <class Op>
 struct Blocks {
-  ZENTAB_MATHPARSER_BLOCKS()
+  static void BlockBlock(const double* __restrict a, const double* __restrict b,
+                         double* __restrict result, std::size_t n) {
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], b[i]);
+  }
+  static void BlockScalar(const double* __restrict a, const double* __restrict b,
+                          double* __restrict result, std::size_t n) {
+    const double right = *b;
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(a[i], right);
+  }
+  static void ScalarBlock(const double* __restrict a, const double* __restrict b,
+                          double* __restrict result, std::size_t n) {
+    const double left = *a;
+    for (std::size_t i = 0; i < n; ++i) result[i] = DoAtOnce<Op>(left, b[i]);
+  }
 };
+
 template <class Op>
 struct WideBlocks {
-  ZENTAB_MATHPARSER_BLOCKS(ZENTAB_MATHPARSER_WIDE)
+  ZENTAB_MATHPARSER_WIDE static void BlockBlock(const double* __restrict a,
+                                                const double* __restrict b,
+                                                double* __restrict result, std::size_t n) {
+    Blocks<Op>::BlockBlock(a, b, result, n);
+  }
+  ZENTAB_MATHPARSER_WIDE static void BlockScalar(const double* __restrict a,
+                                                 const double* __restrict b,
+                                                 double* __restrict result, std::size_t n) {
+    Blocks<Op>::BlockScalar(a, b, result, n);
+  }
+  ZENTAB_MATHPARSER_WIDE static void ScalarBlock(const double* __restrict a,
+                                                 const double* __restrict b,
+                                                 double* __restrict result, std::size_t n) {
+    Blocks<Op>::ScalarBlock(a, b, result, n);
+  }
 };
 
 template <class Op>

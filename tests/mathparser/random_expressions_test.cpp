@@ -272,7 +272,7 @@ bool SameBits(const Result& a, const Result& b) {
 
 // EvalMulti over more than a block, against a loop of Eval; both end at the first failure.
 void CompareMulti(MathParser& parser, int variable, Generator& generator) {
-  Values inputs(150);
+  Values inputs(300);
   for (double& input : inputs) input = generator.Number();
   Values expected;
   for (const double input : inputs) {
