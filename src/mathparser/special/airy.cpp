@@ -91,7 +91,7 @@ double Middle(Which which, double x) {
 
 // Ai(x). Domain: x >= -100000. Method: power series from -6 to 2 (DLMF 9.4.1), Taylor's series
 // about -8 to -9.75, the asymptotic expansions beyond (9.7.5, 9.7.9), above 2 the trapezoidal rule
-// on K_1/3 (9.6.2).
+// on K_1/3 (9.6.2). Error: measured up to 3.1e-16 of the value or, near zeros, of 0.1.
 double AiryA(double x) {
   if (x < -9.75) return Oscillating(Which::Ai, x);
   if (x < -6.0) return Middle(Which::Ai, x);
@@ -109,9 +109,9 @@ double AiryA(double x) {
   return static_cast<double>(decay * static_cast<Wide>(size * (sums.even - sums.odd)));
 }
 
-// Bi(x). Domain: x >= -100000 until it overflows near 104. Method: power series from -6 to 10
-// (DLMF 9.4.3), Taylor's series about -8 to -9.75, the asymptotic expansions beyond (9.7.7,
-// 9.7.11).
+// Bi(x). Domain: x >= -100000 until it overflows near 104. Method: power series from -6 to 10 (DLMF
+// 9.4.3), Taylor's series about -8 to -9.75, the asymptotic expansions beyond (9.7.7, 9.7.11).
+// Error: measured up to 2.4e-16 of the value or, near zeros, of 0.1.
 double AiryB(double x) {
   if (x < -9.75) return Oscillating(Which::Bi, x);
   if (x < -6.0) return Middle(Which::Bi, x);
