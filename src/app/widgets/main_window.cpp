@@ -108,7 +108,7 @@ void MainWindow::BuildMenus() {
 
 void MainWindow::ConnectPanels() {
   editor::CurveGridView* const grid = table_->grid;
-  connect(grid, &editor::CurveGridView::Edited, status_, &StatusLine::Refresh);
+  connect(grid, &editor::CurveGridView::Edited, status_, &StatusLine::RefreshModified);
   connect(grid, &editor::CurveGridView::EditingLeft, this, &MainWindow::RefreshChart);
   connect(grid, &editor::CurveGridView::RowChanged, chart_->chart, &editor::CurveChart::MarkRow);
   connect(libraryController_, &LibraryController::GridNeeded, grid,

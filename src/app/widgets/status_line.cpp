@@ -45,8 +45,13 @@ void StatusLine::Refresh() {
   file_->setText(Shortened(path));
   file_->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
   const std::string count = std::to_string(session_.entryNames.size());
+  const std::string& entries = session_.texts.program.entries;
+  count_->setText(QString::fromStdString(Expanded(session_, entries, count)));
+  RefreshModified();
+}
+
+void StatusLine::RefreshModified() {
   const texts::ProgramTexts& texts = session_.texts.program;
-  count_->setText(QString::fromStdString(Expanded(session_, texts.entries, count)));
   modified_->setText(session_.table.tableModified
                          ? QStringLiteral("● ") + QString::fromStdString(texts.modified)
                          : QString());

@@ -18,6 +18,8 @@ class StatusLine : public QObject {
   StatusLine(const Session& session, QStatusBar* bar);
 
   void Refresh();
+  /// Only the modified mark, as after every key in a cell.
+  void RefreshModified();
   void ShowFailure(const QString& text);
 
  private:
