@@ -34,7 +34,7 @@ build_packages=(g++ cmake ninja-build libutfcpp-dev)
 window_packages=(qt6-base-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
   fonts-dejavu-core fonts-noto-cjk)
 test_packages=(libgtest-dev)
-bench_packages=(libbenchmark-dev libmuparser-dev)
+bench_packages=(libbenchmark-dev libmuparser-dev libboost-math-dev)
 
 # build PRESET: configures once (again in a checkout that was moved), then builds what changed.
 build() {

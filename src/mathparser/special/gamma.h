@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mathparser/special/double_double.h"
 #include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
@@ -10,10 +11,11 @@ struct GammaPair {
   double exponent = 0.0;
 };
 
-/// The gamma function of x.
-[[nodiscard]] GammaPair GammaPairOf(Wide x);
-/// base^power of a positive base.
-[[nodiscard]] GammaPair PowerPairOf(Wide base, Wide power);
+/// The gamma function of x for what combines several of them, to about 2e-16. NaN where the
+/// mantissa would have no digits left, beyond about 1e15.
+[[nodiscard]] GammaPair GammaPairOf(DoubleDouble x);
+/// e^x, NaN beyond about 1e15.
+[[nodiscard]] GammaPair ExpPairOf(DoubleDouble x);
 [[nodiscard]] GammaPair operator*(GammaPair a, GammaPair b);
 [[nodiscard]] GammaPair operator/(GammaPair a, GammaPair b);
 /// The pair as one number: infinite or 0 where a double cannot hold it.
@@ -25,6 +27,6 @@ struct GammaPair {
 [[nodiscard]] double Beta(double a, double b);
 
 /// sin(pi x), exact at the whole numbers.
-[[nodiscard]] Wide SinPi(Wide x);
+[[nodiscard]] double SinPi(double x);
 
 }  // namespace zentab::mathparser

@@ -104,9 +104,9 @@ class Walk {
 
 // The value at 1 (Abramowitz & Stegun 15.1.20).
 double AtOne(double a, double b, double c) {
-  const Wide rest = static_cast<Wide>(c) - static_cast<Wide>(a) - static_cast<Wide>(b);
-  const Wide first = static_cast<Wide>(c) - static_cast<Wide>(a);
-  const Wide second = static_cast<Wide>(c) - static_cast<Wide>(b);
+  const DoubleDouble first = SumOf(c, -a);
+  const DoubleDouble second = SumOf(c, -b);
+  const DoubleDouble rest = first - DoubleDouble(b);
   const GammaPair lower = GammaPairOf(first) * GammaPairOf(second);
   if (!std::isfinite(lower.mantissa)) return EndsSeries(c) ? kNoNumber : 0.0;
   return Join(GammaPairOf(c) * GammaPairOf(rest) / lower);

@@ -3,11 +3,11 @@
 #include <array>
 
 #include "mathparser/special/densities.h"
+#include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
 namespace {
 
-constexpr double kTiny = 1e-290;
 constexpr double kEpsilon = 1e-16;
 constexpr int kMostSteps = 25000;
 
@@ -25,44 +25,62 @@ double LowerSeries(double a, double x) {
   return kNoNumber;
 }
 
-// DLMF 8.9.2 in its even form by Lentz' method, good for x >= a + 1.
+// A continued fraction b0 + a1 / (b1 + a2 / (b2 + ...)) from its beginning, as upper / lower (DLMF
+// 1.12.5): without a division a step.
+class Fraction {
+ public:
+  explicit Fraction(Wide b0) : upper_(b0) {}
+
+  void Take(Wide a, Wide b) {
+    const Wide upper = b * upper_ + a * upperBefore_;
+    const Wide lower = b * lower_ + a * lowerBefore_;
+    upperBefore_ = upper_;
+    lowerBefore_ = lower_;
+    upper_ = upper;
+    lower_ = lower;
+  }
+  // Whether the last step changed less than a double can show.
+  [[nodiscard]] bool IsSettled() {
+    const Wide here = upper_ * lowerBefore_;
+    const Wide before = upperBefore_ * lower_;
+    if (std::abs(here - before) <= static_cast<Wide>(kEpsilon) * std::abs(here)) return true;
+    if (std::abs(upper_) + std::abs(lower_) > kHuge) {
+      for (Wide* part : {&upper_, &lower_, &upperBefore_, &lowerBefore_}) *part /= kHuge;
+    }
+    return false;
+  }
+  [[nodiscard]] double Inverse() const { return static_cast<double>(lower_ / upper_); }
+
+ private:
+  static constexpr Wide kHuge = 1e100L;
+
+  Wide upper_, lower_ = 1.0L, upperBefore_ = 1.0L, lowerBefore_ = 0.0L;
+};
+
+// DLMF 8.9.2 in its even form, good for x >= a + 1.
 double UpperFraction(double a, double x) {
-  double b = x + 1.0 - a;
-  double c = 1.0 / kTiny;
-  double d = 1.0 / b;
-  double h = d;
+  const Wide wide = a;
+  Wide b = static_cast<Wide>(x) + 1.0L - wide;
+  Fraction fraction(b);
   for (int step = 1; step < kMostSteps; ++step) {
-    const double i = step;
-    const double numerator = -i * (i - a);
-    b += 2.0;
-    d = 1.0 / (numerator * d + b);
-    c = b + numerator / c;
-    const double change = d * c;
-    h *= change;
-    if (std::abs(change - 1.0) < 2.0 * kEpsilon) return h * a * PoissonTerm(a, x);
+    const Wide i = step;
+    b += 2.0L;
+    fraction.Take(i * (wide - i), b);
+    if (fraction.IsSettled()) return fraction.Inverse() * a * PoissonTerm(a, x);
   }
   return kNoNumber;
 }
 
-// DLMF 8.17.22 by Lentz' method, good for x < (a + 1) / (a + b + 2).
-double BetaFraction(double x, double a, double b) {
-  double c = 1.0;
-  double d = 1.0 - (a + b) * x / (a + 1.0);
-  d = 1.0 / (d == 0.0 ? kTiny : d);
-  double h = d;
-  for (int step = 1; step < kMostSteps; ++step) {
-    const double m = step;
-    const double even = m * (b - m) * x / ((a + 2.0 * m - 1.0) * (a + 2.0 * m));
-    d = 1.0 / (1.0 + even * d);
-    c = 1.0 + even / c;
-    h *= d * c;
-    const double odd = -(a + m) * (a + b + m) * x / ((a + 2.0 * m) * (a + 2.0 * m + 1.0));
-    d = 1.0 / (1.0 + odd * d);
-    c = 1.0 + odd / c;
-    const double change = d * c;
-    h *= change;
-    if (std::abs(change - 1.0) < 2.0 * kEpsilon) return h;
-    if (!std::isfinite(h)) break;
+// DLMF 8.17.22 over a, its denominators cleared; good for x < (a + 1) / (a + b + 2).
+double BetaFraction(Wide x, double shapeA, double shapeB) {
+  const Wide a = shapeA;
+  const Wide b = shapeB;
+  Fraction fraction(a);
+  for (int step = 0; step < kMostSteps; ++step) {
+    const Wide m = step;
+    if (step > 0) fraction.Take(m * (b - m) * x, a + 2.0L * m);
+    fraction.Take(-(a + m) * (a + b + m) * x, a + 2.0L * m + 1.0L);
+    if (fraction.IsSettled()) return fraction.Inverse();
   }
   return kNoNumber;
 }
@@ -99,7 +117,7 @@ double GammaI(const double* arguments, CallContext& context) {
 // measured up to 5.9e-14 relative.
 double BetaI(double x, double a, double b) {
   if (!(x >= 0.0 && x <= 1.0) || a <= 0.0 || b <= 0.0) return kNoNumber;
-  return IncompleteBeta(x, 1.0L - static_cast<Wide>(x), a, b);
+  return IncompleteBeta(x, SumOf(1.0, -x), a, b);
 }
 
 constexpr std::array kFunctions = {FunctionEntry{"gammai", 94, 2, GammaI},
@@ -117,19 +135,17 @@ double UpperGamma(double a, double x) {
   return AtMostOne(x < a + 1.0 ? 1.0 - LowerSeries(a, x) : UpperFraction(a, x));
 }
 
-double IncompleteBeta(Wide x, Wide y, double a, double b) {
-  if (x <= 0.0L) return 0.0;
-  if (y <= 0.0L) return 1.0;
+double IncompleteBeta(DoubleDouble x, DoubleDouble y, double a, double b) {
+  if (x.high <= 0.0) return 0.0;
+  if (y.high <= 0.0) return 1.0;
   const double term = BetaTerm(a, b, x, y);
-  const auto rounded = static_cast<double>(x);
-  if (rounded < (a + 1.0) / (a + b + 2.0)) {
-    return AtMostOne(term / a * BetaFraction(rounded, a, b));
-  }
-  const double value = 1.0 - term / b * BetaFraction(static_cast<double>(y), b, a);
+  const Wide wideX = static_cast<Wide>(x.high) + static_cast<Wide>(x.low);
+  const Wide wideY = static_cast<Wide>(y.high) + static_cast<Wide>(y.low);
+  if (x.high < (a + 1.0) / (a + b + 2.0)) return AtMostOne(term * BetaFraction(wideX, a, b));
+  const double value = 1.0 - term * BetaFraction(wideY, b, a);
   // A small b leaves little here, too, which the difference from 1 would not show exactly.
   if (b >= 1.0 || value > 0.1) return AtMostOne(value);
-  const auto power = static_cast<double>(std::exp(static_cast<Wide>(-b) * std::log(y)));
-  return term * power * BetaSeries(x, a, b);
+  return term * Exp(DoubleDouble(-b) * Log(y)) * BetaSeries(wideX, a, b);
 }
 
 FunctionFamily IncompleteFunctions() { return kFunctions; }

@@ -1,12 +1,20 @@
 #!/usr/bin/env python3
-"""Writes special_reference.txt (make_reference.py FILE [KEYWORD...]): for each function, or those
-named, the points of POINTS, with the values of reference_functions.py. Every argument is the double nearest to the number given."""
+"""Writes the reference values of the special functions with mpmath (Debian: python3-mpmath):
 
+    tools/make_special_reference.py tests/data/mathparser/special_reference.txt [KEYWORD...]
+
+takes each function, or those named, at the points of POINTS. Every argument is the double nearest
+to the number given. A value counts once a second run with half as many digits again confirms it to
+50 digits; until then the working precision is raised."""
+
+import math
 import random
 import sys
-from decimal import Decimal as D
 
-import reference_functions as reference
+from mpmath import mp, mpf
+
+DIGITS = 50
+MOST_DIGITS = 4000
 
 ORDERS = (0, 1, 2, 3, 5, 10, 20, 50, 100)
 
@@ -42,6 +50,13 @@ def count_points():
             for p in (1e-6, 0.01, 0.3, 0.5, 0.9)]
 
 
+def count_pairs():
+    return [(n, k) for n in (1, 2, 5, 10, 30, 50, 52, 56, 57, 60, 100, 170, 171, 200, 500, 1000, 1029,
+                             10000, 1e6, 1e9, 1e15)
+            for k in sorted({0, 1, 2, 3, 5, 17, 30, 100, int(n) // 2, int(n) - 2, int(n)})
+            if 0 <= k <= n and (k < 1100 or n - k < 1100)]
+
+
 def event_points():
     return [(k, m) for m in (1e-5, 0.3, 1, 7.5, 40, 200, 999.5, 5000.25)
             for k in sorted({0, 1, 3, 10, 50, int(m), int(m * 1.2), int(m * 0.8) + 1})]
@@ -71,6 +86,8 @@ POINTS = {
                                         1e-300, -1.5, -3.5, -99.5, -1000.5 - 1],
     "digamma": both(spread(0.01, 1000, 30)) + around(8) + [1e-12, 1, 2, 0.5, 1.4616, 1e8, 1e300],
     "beta": beta_points() + [(-0.5, 0.7), (-2.5, 0.25), (-1.2, -2.1), (100, 200), (1e6, 3.5)],
+    "comb": count_pairs(),
+    "perm": [(n, k) for n, k in count_pairs() if k < 1100],
     "erf": both(spread(1e-10, 7, 40)) + around(1, 6) + [1e-300, 0.5, 2, 3, 5],
     "gammai": [(a, x) for a in (1e-5, 0.1, 0.5, 1, 2, 7.5, 30, 100, 170)
                for x in (1e-6, 0.01, 0.5, 1, 2, 5, 10, 29, 31, 32, 90, 110, 200, 700)] +
@@ -113,21 +130,123 @@ POINTS = {
 POINTS["polyla"] = POINTS["polyla"] + with_orders([10, 100, 350.5])
 
 
+def logarithm_of_beta(a, b):
+    return mp.loggamma(a) + mp.loggamma(b) - mp.loggamma(a + b)
+
+
+def beta(a, b):
+    return mp.exp(logarithm_of_beta(a, b)) if a > 0 and b > 0 else mp.beta(a, b)
+
+
+def lower_gamma(a, x):
+    return mp.exp(a * mp.log(x) - x - mp.loggamma(a + 1)) * mp.hyp1f1(1, a + 1, x)
+
+
+def lower_beta(x, a, b):
+    """By the series of the tail that is the smaller one."""
+    if x > (a + 1) / (a + b + 2):
+        return 1 - lower_beta(1 - x, b, a)
+    logarithm = a * mp.log(x) + b * mp.log1p(-x) - logarithm_of_beta(a, b)
+    return mp.exp(logarithm) / a * mp.hyp2f1(a + b, 1, a + 1, x)
+
+
+def binomial_density(k, n, p):
+    return math.comb(int(n), int(k)) * p ** int(k) * (1 - p) ** int(n - k)
+
+
+def binomial_distribution(k, n, p):
+    return mp.fsum(binomial_density(i, n, p) for i in range(int(k) + 1))
+
+
+def poisson_density(k, mean):
+    return mp.exp(k * mp.log(mean) - mean - mp.loggamma(k + 1))
+
+
+def poisson_distribution(k, mean):
+    return mp.fsum(poisson_density(i, mean) for i in range(int(k) + 1))
+
+
+def laguerre(x, n):
+    """Written out: mp.laguerre raises an error at a zero."""
+    return mp.fsum(math.comb(int(n), k) * (-x) ** k / mp.factorial(k) for k in range(int(n) + 1))
+
+
+FUNCTIONS = {
+    "gamma": mp.gamma,
+    "gammaln": lambda x: mp.loggamma(x) if x > 0 else mp.log(mp.gamma(x)),
+    "digamma": mp.digamma,
+    "beta": beta,
+    "comb": lambda n, k: mpf(math.comb(int(n), int(k))),
+    "perm": lambda n, k: mpf(math.perm(int(n), int(k))),
+    "erf": mp.erf,
+    "gammai": lower_gamma,
+    "betai": lower_beta,
+    "dnorm": mp.npdf,
+    "cnorm": lambda x, mean, deviation: mp.erfc((mean - x) / deviation / mp.sqrt(2)) / 2,
+    "dbinom": binomial_density,
+    "cbinom": binomial_distribution,
+    "dpoisson": poisson_density,
+    "cpoisson": poisson_distribution,
+    "j0": lambda x: mp.besselj(0, x),
+    "y0": lambda x: mp.bessely(0, x),
+    "i0": lambda x: mp.besseli(0, x),
+    "k0": lambda x: mp.besselk(0, x),
+    "besselj": lambda x, n: mp.besselj(int(n), x),
+    "bessely": lambda x, n: mp.bessely(int(n), x),
+    "besseli": lambda x, n: mp.besseli(int(n), x),
+    "besselk": lambda x, n: mp.besselk(int(n), x),
+    "airya": mp.airyai,
+    "airyb": mp.airybi,
+    "elli1": lambda phi, k: mp.ellipf(phi * mp.pi / 180, k * k),
+    "elli2": lambda phi, k: mp.ellipe(phi * mp.pi / 180, k * k),
+    "ei": mp.ei,
+    "ein": lambda x, n: mp.expint(int(n), x),
+    "si": mp.si,
+    "ci": mp.ci,
+    "fresnels": mp.fresnels,
+    "fresnelc": mp.fresnelc,
+    "zeta": mp.zeta,
+    "polyle": lambda x, n: mp.legendre(int(n), x),
+    "polyla": laguerre,
+    "polyhe": lambda x, n: mp.hermite(int(n), x),
+    "polych": lambda x, n: mp.chebyt(int(n), x),
+    "hypgeom": lambda x, a, b, c: mp.hyp2f1(a, b, c, x),
+}
+
+
+def confirmed(function, arguments):
+    """The value to 50 digits."""
+    digits = DIGITS + 15
+    while digits < MOST_DIGITS:
+        values = []
+        for mp.dps in (digits, digits + digits // 2):
+            try:
+                values.append(mp.re(function(*(mpf(a) for a in arguments))))
+            except mp.NoConvergence:
+                values.append(mp.nan)
+        first, second = values
+        if abs(first - second) <= abs(second) * mpf(10) ** -DIGITS:
+            return second
+        if max(abs(first), abs(second)) < mpf(10) ** (-digits // 2):
+            return mpf(0)  # what is left where terms cancel entirely
+        digits = digits * 2
+    raise ArithmeticError(f"no {DIGITS} digits at {arguments}")
+
+
 def main(path, names):
     with open(path, "w", encoding="ascii") as out:
-        out.write("# Written by tools/special_reference/make_reference.py: keyword, arguments\n"
-                  "# (hexadecimal doubles), value. The values are sums of the defining series and\n"
-                  "# recurrences in decimal arithmetic, at least 50 digits and as many more as\n"
-                  "# cancellation takes.\n")
-        for name, function in reference.FUNCTIONS.items():
-            if names and name not in names: continue
+        out.write("# Written by tools/make_special_reference.py with mpmath: keyword, arguments\n"
+                  "# (hexadecimal doubles), value to 50 digits.\n")
+        for name, function in FUNCTIONS.items():
+            if names and name not in names:
+                continue
             for point in POINTS[name]:
                 arguments = [float(a) for a in (point if isinstance(point, tuple) else (point,))]
-                with reference.working(reference.DIGITS + 10):
-                    value = function(*(D(a) for a in arguments))
-                if abs(value) > D("1.7e308") or (value != 0 and abs(value) < D("1e-290")):
+                value = confirmed(function, arguments)
+                if abs(value) > mpf("1.7e308") or (value != 0 and abs(value) < mpf("1e-290")):
                     continue
-                out.write(f"{name} {' '.join(a.hex() for a in arguments)} {value:.49e}\n")
+                out.write(f"{name} {' '.join(a.hex() for a in arguments)} "
+                          f"{mp.nstr(value, DIGITS, strip_zeros=False, min_fixed=1, max_fixed=0)}\n")
             print(name, file=sys.stderr, flush=True)
 
 
