@@ -38,20 +38,15 @@ constexpr std::array<TableEntry, kTableSize> MakeTable() {
 }
 constexpr std::array<TableEntry, kTableSize> kTable = MakeTable();
 
-// ln(1 + r) for |r| < 2^-6 (DLMF 4.6.1).
-DoubleDouble LogNearOne(DoubleDouble r) {
-  const double x = r.high;
-  const double cubic =
-      1.0 / 3 -
-      x * (1.0 / 4 -
-           x * (1.0 / 5 -
-                x * (1.0 / 6 -
-                     x * (1.0 / 7 -
-                          x * (1.0 / 8 - x * (1.0 / 9 - x * (1.0 / 10 - x * (1.0 / 11))))))));
-  const DoubleDouble square = r * r;
-  const DoubleDouble head = SumOf(x, -0.5 * square.high);
-  const double rest = x * square.high * cubic - 0.5 * square.low + r.low + head.low;
-  return OrderedSumOf(head.high, rest);
+// ln 2 in a part of 42 bits, whose multiples are exact, and the rest.
+constexpr double kLn2Upper = 0x1.62e42fefa38p-1;
+constexpr double kLn2Lower = 5.497923018708371e-14;
+
+// r^3/3 - r^4/4 + ... for |r| < 2^-7.
+double HigherTerms(double r, double square) {
+  const double even = 1.0 / 3 + square * (1.0 / 5 + square * (1.0 / 7 + square * (1.0 / 9)));
+  const double odd = 1.0 / 4 + square * (1.0 / 6 + square * (1.0 / 8 + square * (1.0 / 10)));
+  return r * square * (even - r * odd);
 }
 
 }  // namespace
@@ -72,15 +67,22 @@ DoubleDouble Log(DoubleDouble a) {
 
   const double upper = UpperHalf(mantissa);
   const DoubleDouble r = SumOf(upper * entry.factor - 1.0, (mantissa - upper) * entry.factor);
+  const DoubleDouble square = ProductOf(r.high, r.high);
+  const DoubleDouble powers = SumOf(exponent * kLn2Upper, entry.logarithm.high);
+  const DoubleDouble near = SumOf(r.high, -0.5 * square.high);
+  const DoubleDouble sum = SumOf(powers.high, near.high);
   // What is below the last place of a changes the logarithm by its share of it.
-  const DoubleDouble near = LogNearOne({r.high, r.low});
-  const DoubleDouble powers = DoubleDouble(exponent) * kLn2 + entry.logarithm;
-  return powers + near + DoubleDouble(a.low / a.high);
+  const double rest = HigherTerms(r.high, square.high) - 0.5 * square.low + a.low / a.high +
+                      r.low * (1.0 - r.high) + exponent * kLn2Lower + entry.logarithm.low;
+  return SumOf(sum.high, rest + (powers.low + near.low + sum.low));
 }
 
 DoubleDouble LogOnePlus(DoubleDouble a) {
-  if (std::abs(a.high) < 0x1p-7) return LogNearOne(a);
-  return Log(DoubleDouble(1.0) + a);
+  if (std::abs(a.high) > 0x1p-8) return Log(a + 1.0);
+  const DoubleDouble square = a * a;
+  const DoubleDouble head = SumOf(a.high, -0.5 * square.high);
+  const double rest = HigherTerms(a.high, square.high) - 0.5 * square.low + a.low + head.low;
+  return OrderedSumOf(head.high, rest);
 }
 
 }  // namespace zentab::mathparser

@@ -11,6 +11,9 @@ namespace {
 constexpr double kG = 4.7421875;
 constexpr double kScale = 0.021856673804604737157;        // sqrt(6.28318530717959) / e^g
 constexpr double kFittedScale = 0.021856673804604731029;  // the same with all digits of 2 pi
+// ln 10 in a part of 41 bits, whose multiples up to 2048 are exact, and the rest.
+constexpr double kLn10Upper = 0x1.26bb1bbb55p+1;
+constexpr double kLn10Lower = 5.779870756024433e-13;
 constexpr double kMostPower = 1e15;  // of e: beyond, a pair of doubles leaves no mantissa
 
 using Coefficients = std::array<double, 15>;
@@ -73,7 +76,8 @@ double TimesPowerOfTen(double mantissa, double exponent) {
 GammaPair Normalised(double mantissa, double exponent) {
   const double magnitude = std::abs(mantissa);
   if (magnitude >= 1.0 && magnitude < 10.0) return {mantissa, exponent};
-  if (magnitude >= 10.0 && magnitude < 100.0) return {mantissa / 10.0, exponent + 1.0};
+  if (magnitude >= 0.1 && magnitude < 1.0) return {mantissa * 10.0, exponent - 1.0};
+  if (magnitude >= 0.01 && magnitude < 0.1) return {mantissa * 100.0, exponent - 2.0};
   const double k = std::floor(std::log10(magnitude));
   if (!(std::abs(k) <= kMostDecimals)) return {mantissa, exponent};
   return {TimesPowerOfTen(mantissa, -k), exponent + k};
@@ -98,8 +102,12 @@ double LanczosSum(double x) {
 // exponent, and what is left of the power the mantissa.
 GammaPair PairOf(DoubleDouble power, double factor) {
   if (!(std::abs(power.high) < kMostPower)) return {kNoNumber, 0.0};
-  const double exponent = std::floor(power.high / kLn10.high);
-  return Normalised(Exp(power - DoubleDouble(exponent) * kLn10) * factor, exponent);
+  const double exponent = std::floor(power.high * std::numbers::log10e);
+  if (std::abs(exponent) < 2048.0) {
+    const double upper = power.high - exponent * kLn10Upper;
+    return Normalised(Exp({upper, power.low - exponent * kLn10Lower}) * factor, exponent);
+  }
+  return Normalised(Exp(power - kLn10 * exponent) * factor, exponent);
 }
 
 // x > 0.
@@ -110,8 +118,7 @@ GammaPair LanczosPair(DoubleDouble x) {
     const GammaPair pair = LanczosPair<c>(x.high * 1e100);
     return {pair.mantissa, pair.exponent + 100.0};
   }
-  const DoubleDouble power =
-      (x - DoubleDouble(0.5)) * (Log(x + DoubleDouble(kG - 0.5)) - DoubleDouble(1.0));
+  const DoubleDouble power = (x - 0.5) * (Log(x + (kG - 0.5)) - 1.0);
   return PairOf(power, LanczosSum<c>(x.high) * (&c == &kFitted ? kFittedScale : kScale));
 }
 
@@ -120,7 +127,7 @@ GammaPair AnyPair(DoubleDouble x) {
   if (x.high > 0.0) return LanczosPair<c>(x);
   if (std::trunc(x.high) == x.high && x.low == 0.0) return {kNoNumber, 0.0};
   // DLMF 5.5.3: gamma(x) = pi / (sin(pi x) gamma(1 - x)).
-  const GammaPair mirrored = LanczosPair<c>(DoubleDouble(1.0) - x);
+  const GammaPair mirrored = LanczosPair<c>(-x + 1.0);
   const double nearest = std::round(x.high);
   const double rest = (x.high - nearest) + x.low;
   const double sine = (std::fmod(nearest, 2.0) == 0.0 ? 1.0 : -1.0) * SinPi(rest);
