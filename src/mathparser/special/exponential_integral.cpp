@@ -1,33 +1,26 @@
 #include <array>
 
-#include "mathparser/special/special_functions.h"
+#include "mathparser/special/continued_fraction.h"
 
 namespace zentab::mathparser {
 namespace {
 
-constexpr double kTiny = 1e-30;
 constexpr double kEpsilon = 1e-16;
 
 // e^-x, also where it is denormal.
 double Decay(double x) { return x > 760.0 ? 0.0 : std::exp(-x); }
 
-// E_n(x) for x > 1 by Lentz' method (Abramowitz & Stegun 5.1.22 in its even form).
-double Fraction(double n, double x) {
-  double b = x + n;
-  double c = 1.0 / kTiny;
-  double d = 1.0 / b;
-  double h = d;
-  for (int step = 1; step < 200; ++step) {
-    const double i = step;
-    const double a = -i * (n - 1.0 + i);
-    b += 2.0;
-    d = 1.0 / (a * d + b);
-    c = b + a / c;
-    const double change = c * d;
-    h *= change;
-    if (std::abs(change - 1.0) < kEpsilon) break;
+// E_n(x) for x > 1 (Abramowitz & Stegun 5.1.22 in its even form).
+double Fraction(double order, double x) {
+  const Wide n = order;
+  Wide b = static_cast<Wide>(x) + n;
+  ContinuedFraction fraction(b);
+  for (int step = 1; step < 200 && !fraction.IsSettled(); ++step) {
+    const Wide i = step;
+    b += 2.0L;
+    fraction.Take(-i * (n - 1.0L + i), b);
   }
-  return h * Decay(x);
+  return static_cast<double>(fraction.Inverse() * static_cast<Wide>(Decay(x)));
 }
 
 // E_n(x) for 0 < x <= 1 and n >= 1 (Abramowitz & Stegun 5.1.12).

@@ -196,7 +196,7 @@ double Digamma(double x) {
   Wide result = 0.0L;
   Wide z = x;
   if (x < 0.0) {
-    const Wide rest = std::remainder(z, 1.0L);
+    const Wide rest = x - std::round(x);
     result = std::abs(rest) == 0.5L ? 0.0L : -kWidePi / std::tan(kWidePi * rest);
     z = 1.0L - z;
   }

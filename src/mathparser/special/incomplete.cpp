@@ -2,80 +2,62 @@
 
 #include <array>
 
+#include "mathparser/special/continued_fraction.h"
 #include "mathparser/special/densities.h"
 #include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
 namespace {
 
-constexpr double kEpsilon = 1e-16;
+constexpr Wide kEpsilon = 1e-18L;
 constexpr int kMostSteps = 25000;
 
-// DLMF 8.7.1, good for x < a + 1.
+// DLMF 8.7.1, good for x < a + 1: as numerator over denominator, without a division a term.
 double LowerSeries(double a, double x) {
-  double term = 1.0;
-  double sum = 1.0;
-  double n = a;
+  constexpr Wide kHuge = 1e100L;
+  const Wide wide = x;
+  Wide n = a;
+  Wide power = 1.0L;
+  Wide numerator = 1.0L;
+  Wide denominator = 1.0L;
   for (int step = 0; step < kMostSteps; ++step) {
-    n += 1.0;
-    term *= x / n;
-    sum += term;
-    if (term < sum * kEpsilon) return sum * PoissonTerm(a, x);
+    n += 1.0L;
+    power *= wide;
+    numerator = numerator * n + power;
+    denominator *= n;
+    if (power < numerator * kEpsilon) {
+      return static_cast<double>(numerator / denominator * static_cast<Wide>(PoissonTerm(a, x)));
+    }
+    if (numerator > kHuge) {
+      power /= kHuge;
+      numerator /= kHuge;
+      denominator /= kHuge;
+    }
   }
   return kNoNumber;
 }
-
-// A continued fraction b0 + a1 / (b1 + a2 / (b2 + ...)) from its beginning, as upper / lower (DLMF
-// 1.12.5): without a division a step.
-class Fraction {
- public:
-  explicit Fraction(Wide b0) : upper_(b0) {}
-
-  void Take(Wide a, Wide b) {
-    const Wide upper = b * upper_ + a * upperBefore_;
-    const Wide lower = b * lower_ + a * lowerBefore_;
-    upperBefore_ = upper_;
-    lowerBefore_ = lower_;
-    upper_ = upper;
-    lower_ = lower;
-  }
-  // Whether the last step changed less than a double can show.
-  [[nodiscard]] bool IsSettled() {
-    const Wide here = upper_ * lowerBefore_;
-    const Wide before = upperBefore_ * lower_;
-    if (std::abs(here - before) <= static_cast<Wide>(kEpsilon) * std::abs(here)) return true;
-    if (std::abs(upper_) + std::abs(lower_) > kHuge) {
-      for (Wide* part : {&upper_, &lower_, &upperBefore_, &lowerBefore_}) *part /= kHuge;
-    }
-    return false;
-  }
-  [[nodiscard]] double Inverse() const { return static_cast<double>(lower_ / upper_); }
-
- private:
-  static constexpr Wide kHuge = 1e100L;
-
-  Wide upper_, lower_ = 1.0L, upperBefore_ = 1.0L, lowerBefore_ = 0.0L;
-};
 
 // DLMF 8.9.2 in its even form, good for x >= a + 1.
 double UpperFraction(double a, double x) {
   const Wide wide = a;
   Wide b = static_cast<Wide>(x) + 1.0L - wide;
-  Fraction fraction(b);
+  ContinuedFraction fraction(b);
   for (int step = 1; step < kMostSteps; ++step) {
     const Wide i = step;
     b += 2.0L;
     fraction.Take(i * (wide - i), b);
-    if (fraction.IsSettled()) return fraction.Inverse() * a * PoissonTerm(a, x);
+    if (fraction.IsSettled()) {
+      return static_cast<double>(fraction.Inverse() * wide * static_cast<Wide>(PoissonTerm(a, x)));
+    }
   }
   return kNoNumber;
 }
 
 // DLMF 8.17.22 over a, its denominators cleared; good for x < (a + 1) / (a + b + 2).
-double BetaFraction(Wide x, double shapeA, double shapeB) {
+Wide BetaFraction(Wide x, double shapeA, double shapeB) {
   const Wide a = shapeA;
   const Wide b = shapeB;
-  Fraction fraction(a);
+  ContinuedFraction fraction(a);
   for (int step = 0; step < kMostSteps; ++step) {
     const Wide m = step;
     if (step > 0) fraction.Take(m * (b - m) * x, a + 2.0L * m);
@@ -94,7 +76,7 @@ double BetaSeries(Wide x, Wide a, Wide b) {
     term *= (n - b) / n * x;
     const Wide change = term / (a + n);
     sum += change;
-    if (change < sum * static_cast<Wide>(kEpsilon) * (1.0L - x)) return static_cast<double>(sum);
+    if (change < sum * kEpsilon * (1.0L - x)) return static_cast<double>(sum);
   }
   return kNoNumber;
 }
@@ -138,14 +120,16 @@ double UpperGamma(double a, double x) {
 double IncompleteBeta(DoubleDouble x, DoubleDouble y, double a, double b) {
   if (x.high <= 0.0) return 0.0;
   if (y.high <= 0.0) return 1.0;
-  const double term = BetaTerm(a, b, x, y);
+  const Wide term = BetaTerm(a, b, x, y);
   const Wide wideX = static_cast<Wide>(x.high) + static_cast<Wide>(x.low);
   const Wide wideY = static_cast<Wide>(y.high) + static_cast<Wide>(y.low);
-  if (x.high < (a + 1.0) / (a + b + 2.0)) return AtMostOne(term * BetaFraction(wideX, a, b));
-  const double value = 1.0 - term * BetaFraction(wideY, b, a);
+  if (x.high < (a + 1.0) / (a + b + 2.0)) {
+    return AtMostOne(static_cast<double>(term * BetaFraction(wideX, a, b)));
+  }
+  const auto value = static_cast<double>(1.0L - term * BetaFraction(wideY, b, a));
   // A small b leaves little here, too, which the difference from 1 would not show exactly.
   if (b >= 1.0 || value > 0.1) return AtMostOne(value);
-  return term * Exp(DoubleDouble(-b) * Log(y)) * BetaSeries(wideX, a, b);
+  return static_cast<double>(term) * Exp(Log(y) * -b) * BetaSeries(wideX, a, b);
 }
 
 FunctionFamily IncompleteFunctions() { return kFunctions; }

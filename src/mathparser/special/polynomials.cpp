@@ -27,8 +27,8 @@ double Recurrence(double n, Wide first, Step step) {
 double Legendre(double argument, double n) {
   const Wide x = argument;
   return Recurrence(n, x, [x](Wide k, Wide p, Wide before) {
-    const Wide rise = x * p - before;
-    return x * p + rise - rise / (k + 1.0L);
+    const Wide share = 1.0L / (k + 1.0L);
+    return (2.0L - share) * x * p - (1.0L - share) * before;
   });
 }
 
@@ -37,7 +37,8 @@ double Legendre(double argument, double n) {
 double Laguerre(double argument, double n) {
   const Wide x = argument;
   return Recurrence(n, 1.0L - x, [x](Wide k, Wide p, Wide before) {
-    return ((2.0L * k + 1.0L - x) * p - k * before) / (k + 1.0L);
+    const Wide share = 1.0L / (k + 1.0L);
+    return (2.0L * k + 1.0L - x) * share * p - (1.0L - share) * before;
   });
 }
 
@@ -47,7 +48,7 @@ double Laguerre(double argument, double n) {
 double Hermite(double argument, double n) {
   const Wide x = argument;
   return Recurrence(n, 2.0L * x,
-                    [x](Wide k, Wide p, Wide before) { return 2.0L * (x * p - k * before); });
+                    [x](Wide k, Wide p, Wide before) { return 2.0L * x * p - 2.0L * k * before; });
 }
 
 // Chebyshev's polynomial of the first kind of degree n. Domain: all x, whole n from 0 to 50000.
