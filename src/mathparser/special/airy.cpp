@@ -2,6 +2,7 @@
 #include <numbers>
 
 #include "mathparser/special/decaying_integral.h"
+#include "mathparser/special/double_double.h"
 #include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
@@ -45,10 +46,10 @@ Wide Maclaurin(Which which, Wide x) {
   return which == Which::Ai ? f - g : kRootOfThree * (f + g);
 }
 
-// The sums of u_k / zeta^k, the even and the odd ones (DLMF 9.7.2); sign -1 makes them alternate
-// each for itself.
+// The sums of u_k / zeta^k, the even ones but for the first, 1, and the odd ones (DLMF 9.7.2); sign
+// -1 makes them alternate each for itself.
 struct Sums {
-  double even = 1.0;
+  double even = 0.0;
   double odd = 0.0;
   Sums(double zeta, double sign) {
     double term = 1.0;
@@ -64,6 +65,11 @@ struct Sums {
   }
 };
 
+// x^(-1/4) / sqrt(pi).
+Wide SizeOf(double x) {
+  return 0.564189583547756286948079451560772586L / std::sqrt(std::sqrt(static_cast<Wide>(x)));
+}
+
 Wide ZetaOf(Wide size) { return 2.0L / 3.0L * size * std::sqrt(size); }
 
 // DLMF 9.7.9 and 9.7.11 for x <= -9.5.
@@ -75,8 +81,9 @@ double Oscillating(Which which, double x) {
   const auto sine = static_cast<double>(std::sin(phase));
   const auto cosine = static_cast<double>(std::cos(phase));
   const double size = std::numbers::inv_sqrtpi / std::sqrt(std::sqrt(-x));
-  return size * (which == Which::Ai ? cosine * sums.even + sine * sums.odd
-                                    : cosine * sums.odd - sine * sums.even);
+  const double even = 1.0 + sums.even;
+  return size *
+         (which == Which::Ai ? cosine * even + sine * sums.odd : cosine * sums.odd - sine * even);
 }
 
 // About -8 by Taylor's series; the values there are those of the series of 9.4 at 60 digits.
@@ -98,15 +105,15 @@ double AiryA(double x) {
   if (x <= 2.0) return static_cast<double>(Maclaurin(Which::Ai, x));
   if (x > 110.0) return 0.0;
   const Wide zeta = ZetaOf(x);
-  const auto decay = std::exp(-zeta);
   const auto rounded = static_cast<double>(zeta);
+  const Wide decay = WideExp({-rounded, static_cast<double>(static_cast<Wide>(rounded) - zeta)});
   if (x < 10.0) {
-    const double scaled = ScaledBesselK(1.0 / 3.0, rounded) * std::sqrt(x / 3.0);
-    return static_cast<double>(decay * static_cast<Wide>(scaled * std::numbers::inv_pi));
+    const Wide size = std::sqrt(static_cast<Wide>(x) / 3.0L) / kWidePi;
+    return static_cast<double>(decay * size * static_cast<Wide>(ScaledBesselK(1.0 / 3.0, rounded)));
   }
   const Sums sums(rounded, 1.0);
-  const double size = 0.5 * std::numbers::inv_sqrtpi / std::sqrt(std::sqrt(x));
-  return static_cast<double>(decay * static_cast<Wide>(size * (sums.even - sums.odd)));
+  return static_cast<double>(decay * SizeOf(x) *
+                             (0.5L + static_cast<Wide>(0.5 * (sums.even - sums.odd))));
 }
 
 // Bi(x). Domain: x >= -100000 until it overflows near 104. Method: power series from -6 to 10 (DLMF
@@ -118,9 +125,12 @@ double AiryB(double x) {
   if (x <= 10.0) return static_cast<double>(Maclaurin(Which::Bi, x));
   if (x > 110.0) return kNoNumber;
   const Wide zeta = ZetaOf(x);
-  const Sums sums(static_cast<double>(zeta), 1.0);
-  const double size = std::numbers::inv_sqrtpi / std::sqrt(std::sqrt(x));
-  return static_cast<double>(std::exp(zeta) * static_cast<Wide>(size * (sums.even + sums.odd)));
+  const auto rounded = static_cast<double>(zeta);
+  const Sums sums(rounded, 1.0);
+  const Wide half =
+      WideExp({0.5 * rounded, 0.5 * static_cast<double>(zeta - static_cast<Wide>(rounded))});
+  return static_cast<double>(half * SizeOf(x) * (1.0L + static_cast<Wide>(sums.even + sums.odd)) *
+                             half);
 }
 
 constexpr std::array kFunctions = {Special<AiryA>("airya", 99), Special<AiryB>("airyb", 100)};

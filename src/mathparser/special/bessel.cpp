@@ -71,8 +71,7 @@ struct DownwardRun {
   }
 };
 
-Wide MiddleOf(Kind kind, int order, double x) {
-  const DownwardRun run(order, x, kind == Kind::Second);
+Wide MiddleOf(Kind kind, int order, double x, const DownwardRun& run) {
   if (kind == Kind::First) return order == 0 ? run.j0 : run.j1;
   const Wide wide = x;
   const Wide logarithm = std::log(wide / 2.0L) + kWideEuler;
@@ -111,10 +110,8 @@ struct HankelSums {
 // Hankel's expansion for x >= 25 (DLMF 10.17.3, 10.17.4). The phase x - pi/4 (- pi/2) is split by
 // the addition theorem, so that a large x keeps its digits.
 template <class Real>
-Real AsymptoticOf(Kind kind, int order, Real x) {
+Real AsymptoticOf(Kind kind, int order, Real x, Real sine, Real cosine) {
   const HankelSums<Real> sums(order, x);
-  const Real sine = std::sin(x);
-  const Real cosine = std::cos(x);
   const Real phaseCosine = order == 0 ? cosine + sine : sine - cosine;
   const Real phaseSine = order == 0 ? sine - cosine : -sine - cosine;
   const Real size = std::sqrt(static_cast<Real>(1.0L / kWidePi) / x);
@@ -122,18 +119,38 @@ Real AsymptoticOf(Kind kind, int order, Real x) {
                              : size * (phaseSine * sums.even + phaseCosine * sums.odd);
 }
 
-// Order 0 or 1; in Wide what a recurrence starts from.
-template <class Real>
-Real LowOrder(Kind kind, int order, double x) {
-  if (x <= kSeriesEnd) return static_cast<Real>(SeriesOf(kind, order, x));
-  if (x < kHankelStart) return static_cast<Real>(MiddleOf(kind, order, x));
-  return AsymptoticOf<Real>(kind, order, x);
+double LowOrder(Kind kind, int order, double x) {
+  if (x <= kSeriesEnd) return static_cast<double>(SeriesOf(kind, order, x));
+  if (x >= kHankelStart) return AsymptoticOf(kind, order, x, std::sin(x), std::cos(x));
+  const DownwardRun run(order, x, kind == Kind::Second);
+  return static_cast<double>(MiddleOf(kind, order, x, run));
 }
+
+// What a recurrence starts from.
+struct FirstTwo {
+  Wide zero, one;
+
+  FirstTwo(Kind kind, double x) {
+    if (x <= kSeriesEnd) {
+      zero = SeriesOf(kind, 0, x);
+      one = SeriesOf(kind, 1, x);
+    } else if (x < kHankelStart) {
+      const DownwardRun run(1.0, x, kind == Kind::Second);
+      zero = MiddleOf(kind, 0, x, run);
+      one = MiddleOf(kind, 1, x, run);
+    } else {
+      const Wide wide = x;
+      const Wide sine = std::sin(wide);
+      const Wide cosine = std::cos(wide);
+      zero = AsymptoticOf(kind, 0, wide, sine, cosine);
+      one = AsymptoticOf(kind, 1, wide, sine, cosine);
+    }
+  }
+};
 
 // J_(n+1) = (2n / x) J_n - J_(n-1), stable for J up to n = x and for Y always.
 double Upwards(Kind kind, double n, double x) {
-  Wide before = LowOrder<Wide>(kind, 0, x);
-  Wide here = LowOrder<Wide>(kind, 1, x);
+  auto [before, here] = FirstTwo(kind, x);
   const Wide twoOverX = 2.0L / static_cast<Wide>(x);
   for (double k = 1.0; k < n && std::isfinite(here); k += 1.0) {
     const Wide next = static_cast<Wide>(k) * twoOverX * here - before;
@@ -144,16 +161,15 @@ double Upwards(Kind kind, double n, double x) {
 }
 
 double FirstKind(double n, double x) {
-  if (n <= 1.0) return LowOrder<double>(Kind::First, static_cast<int>(n), x);
+  if (n <= 1.0) return LowOrder(Kind::First, static_cast<int>(n), x);
   if (x == 0.0) return 0.0;
   if (x >= kHankelStart && n <= x) return Upwards(Kind::First, n, x);
   if (n > x && DecayInDigits(n, x) > 400.0) return 0.0;
   const DownwardRun run(n, x, false);
   if (x < kHankelStart) return static_cast<double>(run.atOrder);
   // The sum that scales the run cancels for large x; J0 and J1 are at hand.
-  const Wide scale = std::abs(run.j0) > std::abs(run.j1)
-                         ? LowOrder<Wide>(Kind::First, 0, x) / run.j0
-                         : LowOrder<Wide>(Kind::First, 1, x) / run.j1;
+  const FirstTwo low(Kind::First, x);
+  const Wide scale = std::abs(run.j0) > std::abs(run.j1) ? low.zero / run.j0 : low.one / run.j1;
   return static_cast<double>(run.atOrder * scale);
 }
 
@@ -176,7 +192,7 @@ double BesselY(double x, double n) {
   const double order = std::abs(n);
   const double sign = n < 0.0 && IsOddNumber(n) ? -1.0 : 1.0;
   if (order > 1.0) return sign * Upwards(Kind::Second, order, x);
-  return sign * LowOrder<double>(Kind::Second, static_cast<int>(order), x);
+  return sign * LowOrder(Kind::Second, static_cast<int>(order), x);
 }
 
 double J0(double x) { return FirstKind(0.0, std::abs(x)); }

@@ -18,8 +18,9 @@ class ContinuedFraction {
     upper_ = upper;
     lower_ = lower;
   }
-  /// Whether the last step changed less than a double can show.
+  /// Whether the last step changed less than a double can show; looks every fourth time.
   [[nodiscard]] bool IsSettled() {
+    if (++asked_ % 4 != 0) return false;
     const Wide here = upper_ * lowerBefore_;
     const Wide before = upperBefore_ * lower_;
     if (std::abs(here - before) <= kEpsilon * std::abs(here)) return true;
@@ -34,6 +35,7 @@ class ContinuedFraction {
   static constexpr Wide kEpsilon = 1e-18L;
   static constexpr Wide kHuge = 1e100L;
 
+  unsigned asked_ = 0;
   Wide upper_, lower_ = 1.0L, upperBefore_ = 1.0L, lowerBefore_ = 0.0L;
 };
 

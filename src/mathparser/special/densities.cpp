@@ -47,17 +47,17 @@ DoubleDouble LogOfRise(double a, double b) {
 
 }  // namespace
 
-double PoissonTerm(double a, double x) {
+Wide PoissonTerm(double a, double x) {
   if (a == 0.0) return std::exp(-x);
   if (a >= kLargeArgument) {
     return Exp(-Deviance(a, x) - DoubleDouble(StirlingRest(a))) /
            std::sqrt(2.0 * std::numbers::pi * a);
   }
   const DoubleDouble power = DoubleDouble(a) * Log(x) - DoubleDouble(x);
-  return Join(ExpPairOf(power) / GammaPairOf(SumOf(a, 1.0)));
+  return WideJoin(ExpPairOf(power) / GammaPairOf(SumOf(a, 1.0)));
 }
 
-double BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y) {
+Wide BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y) {
   if (b < a) {
     std::swap(a, b);
     std::swap(x, y);
@@ -66,7 +66,7 @@ double BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y) {
   const DoubleDouble lower = x.high < 0.5 ? LogOnePlus(-x) : Log(y);
   const DoubleDouble powers = DoubleDouble(a) * Log(x) + DoubleDouble(b) * lower;
   if (b < kLargeArgument) {
-    return Join(ExpPairOf(powers) * GammaPairOf(sum) / (GammaPairOf(a) * GammaPairOf(b)));
+    return WideJoin(ExpPairOf(powers) * GammaPairOf(sum) / (GammaPairOf(a) * GammaPairOf(b)));
   }
   if (a >= kSmallShape) {
     const double rests = StirlingRest(sum.high) - StirlingRest(a) - StirlingRest(b);

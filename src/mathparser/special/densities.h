@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mathparser/special/double_double.h"
+#include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
 
@@ -8,10 +9,10 @@ namespace zentab::mathparser {
 inline constexpr double kLargeArgument = 1000.0;
 
 /// x^a e^-x / gamma(a + 1), for a >= 0 and x > 0.
-[[nodiscard]] double PoissonTerm(double a, double x);
+[[nodiscard]] Wide PoissonTerm(double a, double x);
 
 /// x^a y^b / beta(a, b), for a, b > 0 and x + y = 1, both inside (0,1).
-[[nodiscard]] double BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y);
+[[nodiscard]] Wide BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y);
 
 /// beta(a, b) where the larger of the two is at least kLargeArgument.
 [[nodiscard]] double LargeBeta(double a, double b);

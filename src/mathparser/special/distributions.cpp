@@ -58,7 +58,8 @@ double BinomialDensity(double k, double n, double p) {
   if (k == 0.0) return Exp(DoubleDouble(n) * LogOnePlus(-p));
   if (k == n) return Exp(DoubleDouble(n) * Log(p));
   const double rest = n - k;
-  return AtMostOne(BetaTerm(k, rest, p, SumOf(1.0, -p)) * (n / rest / k));
+  const Wide share = static_cast<Wide>(n) / static_cast<Wide>(rest) / static_cast<Wide>(k);
+  return AtMostOne(static_cast<double>(BetaTerm(k, rest, p, SumOf(1.0, -p)) * share));
 }
 
 // The probability of at most k successes in n trials. Domain: as above. Method: the incomplete beta
@@ -76,7 +77,7 @@ double PoissonDensity(double k, double mean) {
   if (!IsWholeNumber(k) || mean < 0.0) return kNoNumber;
   if (k < 0.0) return 0.0;
   if (mean == 0.0) return k == 0.0 ? 1.0 : 0.0;
-  return AtMostOne(PoissonTerm(k, mean));
+  return AtMostOne(static_cast<double>(PoissonTerm(k, mean)));
 }
 
 // The probability of at most k events. Domain: whole k, mean >= 0. Method: the incomplete gamma

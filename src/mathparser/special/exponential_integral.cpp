@@ -5,8 +5,6 @@
 namespace zentab::mathparser {
 namespace {
 
-constexpr double kEpsilon = 1e-16;
-
 // e^-x, also where it is denormal.
 double Decay(double x) { return x > 760.0 ? 0.0 : std::exp(-x); }
 
@@ -22,6 +20,18 @@ double Fraction(double order, double x) {
   }
   return static_cast<double>(fraction.Inverse() * static_cast<Wide>(Decay(x)));
 }
+
+// 1 / (k k!) from k = 1 on.
+constexpr std::size_t kSeriesTerms = 112;
+constexpr std::array<Wide, kSeriesTerms> kSeries = [] {
+  std::array<Wide, kSeriesTerms> terms{};
+  Wide factorial = 1.0L;
+  for (std::size_t k = 1; k <= kSeriesTerms; ++k) {
+    factorial *= static_cast<Wide>(k);
+    terms[k - 1] = 1.0L / factorial / static_cast<Wide>(k);
+  }
+  return terms;
+}();
 
 // E_n(x) for 0 < x <= 1 and n >= 1 (Abramowitz & Stegun 5.1.12).
 double Series(double n, double x) {
@@ -62,15 +72,13 @@ double Ei(double x) {
   if (x == 0.0 || x > 760.0) return kNoNumber;
   if (x < 0.0) return -Ein(-x, 1.0);
   if (x < 40.0) {
-    double term = 1.0;
-    double sum = 0.0;
-    for (int k = 1; k < 200; ++k) {
-      term *= x / k;
-      sum += term / k;
-      if (term < sum * kEpsilon && k > x) break;
+    const Wide wide = x;
+    // As many terms as it takes to 1e-18, fitted from above.
+    Wide sum = 0.0L;
+    for (auto k = static_cast<std::size_t>(21.0 + x * (3.4 - 0.03 * x)); k > 0; --k) {
+      sum = (sum + kSeries[k - 1]) * wide;
     }
-    const Wide logarithm = std::log(static_cast<Wide>(x)) + kWideEuler;
-    return static_cast<double>(logarithm + static_cast<Wide>(sum));
+    return static_cast<double>(kWideEuler + std::log(wide) + sum);
   }
   double term = 1.0;
   double sum = 1.0;

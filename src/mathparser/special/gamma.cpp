@@ -9,37 +9,38 @@ namespace zentab::mathparser {
 namespace {
 
 constexpr double kG = 4.7421875;
-constexpr double kScale = 0.021856673804604737157;        // sqrt(6.28318530717959) / e^g
-constexpr double kFittedScale = 0.021856673804604731029;  // the same with all digits of 2 pi
 // ln 10 in a part of 41 bits, whose multiples up to 2048 are exact, and the rest.
 constexpr double kLn10Upper = 0x1.26bb1bbb55p+1;
 constexpr double kLn10Lower = 5.779870756024433e-13;
 constexpr double kMostPower = 1e15;  // of e: beyond, a pair of doubles leaves no mantissa
 
-using Coefficients = std::array<double, 15>;
-// What defines gamma and gammaln to their last digit.
-constexpr Coefficients kLanczos = {
-    0.999999999999997,    57.1562356658629,      -59.5979603554755,    14.1360979747417,
-    -0.49191381609762,    3.39946499848119e-5,   4.65236289270486e-5,  -9.83744753048796e-5,
-    0.000158088703224912, -0.000210264441724105, 0.000217439618115213, -0.000164318106536764,
-    8.44182239838528e-5,  -2.61908384015814e-5,  3.68991826595316e-6};
+// Lanczos' coefficients c0 to c14; the first two fractions nearly cancel and so are one, c1 / x +
+// c2 / (x + 1). The scale is sqrt(2 pi) / e^g.
+struct Lanczos {
+  Wide c0, c1, c1AndC2;
+  std::array<double, 12> rest;
+  Wide scale;
+};
+// What defines gamma and gammaln to their last digit, with 2 pi = 6.28318530717959.
+constexpr Lanczos kDefining = {
+    0.999999999999997L,
+    57.1562356658629L,
+    57.1562356658629L - 59.5979603554755L,
+    {14.1360979747417, -0.49191381609762, 3.39946499848119e-5, 4.65236289270486e-5,
+     -9.83744753048796e-5, 0.000158088703224912, -0.000210264441724105, 0.000217439618115213,
+     -0.000164318106536764, 8.44182239838528e-5, -2.61908384015814e-5, 3.68991826595316e-6},
+    0.0218566738046047371571556L};
 // Those leave an error of 2.7e-15, which a product of several would multiply. These, fitted to the
-// same series at 15 points, leave 8e-17.
-constexpr Coefficients kFitted = {1.0,
-                                  57.156235665862866,
-                                  -59.59796035546623,
-                                  14.136097974562613,
-                                  -0.49191381801028433,
-                                  3.4068459931236854e-05,
-                                  4.574918711162878e-05,
-                                  -9.40726462985487e-05,
-                                  0.00014339507130289826,
-                                  -0.0001774869495767009,
-                                  0.00016865143164969962,
-                                  -0.00011618689485118836,
-                                  5.4165735562617584e-05,
-                                  -1.5212930851126913e-05,
-                                  1.938498512420694e-06};
+// gamma function at 15 points, leave 3e-17.
+constexpr Lanczos kFitted = {
+    1.0L,
+    57.15623566586286343251L,
+    -2.44172468960336392841L,
+    {14.136097974562613, -0.49191381801028433, 3.4068459931236854e-05, 4.574918711162878e-05,
+     -9.40726462985487e-05, 0.00014339507130289826, -0.0001774869495767009, 0.00016865143164969962,
+     -0.00011618689485118836, 5.4165735562617584e-05, -1.5212930851126913e-05,
+     1.938498512420694e-06},
+    0.0218566738046047310294759L};
 
 // B_2k / (2k), Bernoulli's numbers over their index.
 constexpr std::array kDigammaTerms = {1.0 / 12.0,         -1.0 / 120.0,     1.0 / 252.0,
@@ -49,89 +50,79 @@ constexpr std::array kDigammaTerms = {1.0 / 12.0,         -1.0 / 120.0,     1.0 
 
 constexpr int kMostDecimals = 290;
 
-// 10^k, and what the rounding took as a share of it.
-struct PowerOfTen {
-  double power = 1.0;
-  double rest = 0.0;
-};
-constexpr std::array<PowerOfTen, kMostDecimals + 1> MakePowersOfTen() {
-  std::array<PowerOfTen, kMostDecimals + 1> powers{};
+constexpr std::array<Wide, kMostDecimals + 1> MakePowersOfTen() {
+  std::array<Wide, kMostDecimals + 1> powers{};
   DoubleDouble power = 1.0;
-  for (PowerOfTen& entry : powers) {
-    entry = {power.high, power.low / power.high};
-    power *= DoubleDouble(10.0);
+  for (Wide& entry : powers) {
+    entry = static_cast<Wide>(power.high) + static_cast<Wide>(power.low);
+    power = power * 10.0;
   }
   return powers;
 }
-constexpr std::array<PowerOfTen, kMostDecimals + 1> kPowersOfTen = MakePowersOfTen();
+constexpr std::array<Wide, kMostDecimals + 1> kPowersOfTen = MakePowersOfTen();
 
 // |exponent| <= 290.
-double TimesPowerOfTen(double mantissa, double exponent) {
-  const auto [power, rest] = kPowersOfTen[static_cast<std::size_t>(std::abs(exponent))];
-  const double value = exponent < 0.0 ? mantissa / power : mantissa * power;
-  return exponent < 0.0 ? value - value * rest : value + value * rest;
+Wide TimesPowerOfTen(Wide mantissa, double exponent) {
+  const Wide power = kPowersOfTen[static_cast<std::size_t>(std::abs(exponent))];
+  return exponent < 0.0 ? mantissa / power : mantissa * power;
 }
 
 // Brings a mantissa to [1,10).
-GammaPair Normalised(double mantissa, double exponent) {
-  const double magnitude = std::abs(mantissa);
+GammaPair Normalised(Wide mantissa, double exponent) {
+  const auto magnitude = std::abs(static_cast<double>(mantissa));
   if (magnitude >= 1.0 && magnitude < 10.0) return {mantissa, exponent};
-  if (magnitude >= 0.1 && magnitude < 1.0) return {mantissa * 10.0, exponent - 1.0};
-  if (magnitude >= 0.01 && magnitude < 0.1) return {mantissa * 100.0, exponent - 2.0};
+  if (magnitude >= 0.1 && magnitude < 1.0) return {mantissa * 10.0L, exponent - 1.0};
+  if (magnitude >= 0.01 && magnitude < 0.1) return {mantissa * 100.0L, exponent - 2.0};
   const double k = std::floor(std::log10(magnitude));
   if (!(std::abs(k) <= kMostDecimals)) return {mantissa, exponent};
   return {TimesPowerOfTen(mantissa, -k), exponent + k};
 }
 
-// c0 + sum of c_k / (z + k) for z = x - 1; adding k - 1 to x keeps every digit of a tiny x. The
-// first two terms nearly cancel and so come as one fraction.
-template <const Coefficients& c>
-double LanczosSum(double x) {
-  if (x > 1e17) return c[0];
+// c0 + sum of c_k / (z + k) for z = x - 1; adding k - 1 to x keeps every digit of a tiny x.
+Wide LanczosSum(const Lanczos& c, double x) {
+  if (x > 1e17) return c.c0 * c.scale;
   std::array<double, 12> terms;
   for (std::size_t i = 0; i < terms.size(); ++i) {
-    terms[i] = c[i + 3] / (x + static_cast<double>(i + 2));
+    terms[i] = c.rest[i] / (x + static_cast<double>(i + 2));
   }
   double small = 0.0;
   for (std::size_t i = terms.size() - 1; i > 0; --i) small += terms[i];
-  constexpr double kBoth = c[1] + c[2];
-  return (c[0] + (terms[0] + small)) + (kBoth * x + c[1]) / (x * (x + 1.0));
+  const Wide wide = x;
+  const Wide first = (c.c1AndC2 * wide + c.c1) / (wide * (wide + 1.0L));
+  return (c.c0 + static_cast<Wide>(terms[0]) + static_cast<Wide>(small) + first) * c.scale;
 }
 
 // e^power * factor. The quotient by ln(10) is the decimal logarithm; its whole part becomes the
 // exponent, and what is left of the power the mantissa.
-GammaPair PairOf(DoubleDouble power, double factor) {
+GammaPair PairOf(DoubleDouble power, Wide factor) {
   if (!(std::abs(power.high) < kMostPower)) return {kNoNumber, 0.0};
   const double exponent = std::floor(power.high * std::numbers::log10e);
   if (std::abs(exponent) < 2048.0) {
     const double upper = power.high - exponent * kLn10Upper;
-    return Normalised(Exp({upper, power.low - exponent * kLn10Lower}) * factor, exponent);
+    return Normalised(WideExp({upper, power.low - exponent * kLn10Lower}) * factor, exponent);
   }
-  return Normalised(Exp(power - kLn10 * exponent) * factor, exponent);
+  return Normalised(WideExp(power - kLn10 * exponent) * factor, exponent);
 }
 
 // x > 0.
-template <const Coefficients& c>
-GammaPair LanczosPair(DoubleDouble x) {
+GammaPair LanczosPair(const Lanczos& c, DoubleDouble x) {
   constexpr double kTiny = 1e-280;
   if (x.high < kTiny) {  // gamma(x) = 1 / x
-    const GammaPair pair = LanczosPair<c>(x.high * 1e100);
+    const GammaPair pair = LanczosPair(c, x.high * 1e100);
     return {pair.mantissa, pair.exponent + 100.0};
   }
-  const DoubleDouble power = (x - 0.5) * (Log(x + (kG - 0.5)) - 1.0);
-  return PairOf(power, LanczosSum<c>(x.high) * (&c == &kFitted ? kFittedScale : kScale));
+  return PairOf((x - 0.5) * (Log(x + (kG - 0.5)) - 1.0), LanczosSum(c, x.high));
 }
 
-template <const Coefficients& c>
-GammaPair AnyPair(DoubleDouble x) {
-  if (x.high > 0.0) return LanczosPair<c>(x);
+GammaPair AnyPair(const Lanczos& c, DoubleDouble x) {
+  if (x.high > 0.0) return LanczosPair(c, x);
   if (std::trunc(x.high) == x.high && x.low == 0.0) return {kNoNumber, 0.0};
   // DLMF 5.5.3: gamma(x) = pi / (sin(pi x) gamma(1 - x)).
-  const GammaPair mirrored = LanczosPair<c>(-x + 1.0);
+  const GammaPair mirrored = LanczosPair(c, -x + 1.0);
   const double nearest = std::round(x.high);
-  const double rest = (x.high - nearest) + x.low;
-  const double sine = (std::fmod(nearest, 2.0) == 0.0 ? 1.0 : -1.0) * SinPi(rest);
-  return Normalised(std::numbers::pi / (mirrored.mantissa * sine), -mirrored.exponent);
+  const Wide rest = static_cast<Wide>(x.high - nearest) + static_cast<Wide>(x.low);
+  const Wide sine = std::sin(kWidePi * (IsOddNumber(nearest) ? -rest : rest));
+  return Normalised(kWidePi / (mirrored.mantissa * sine), -mirrored.exponent);
 }
 
 constexpr std::array kFunctions = {
@@ -141,16 +132,15 @@ constexpr std::array kFunctions = {
 
 }  // namespace
 
-double SinPi(double x) {
-  const double rest = std::remainder(x, 2.0);
-  if (std::abs(rest) == 1.0) return 0.0;
-  const double folded = rest > 0.5 ? 1.0 - rest : rest < -0.5 ? -1.0 - rest : rest;
-  return std::sin(std::numbers::pi * folded);
+Wide SinPi(double x) {
+  const double nearest = std::round(x);
+  const double rest = x - nearest;
+  return std::sin(kWidePi * static_cast<Wide>(IsOddNumber(nearest) ? -rest : rest));
 }
 
-GammaPair GammaPairOf(DoubleDouble x) { return AnyPair<kFitted>(x); }
+GammaPair GammaPairOf(DoubleDouble x) { return AnyPair(kFitted, x); }
 
-GammaPair ExpPairOf(DoubleDouble x) { return PairOf(x, 1.0); }
+GammaPair ExpPairOf(DoubleDouble x) { return PairOf(x, 1.0L); }
 
 GammaPair operator*(GammaPair a, GammaPair b) {
   return {a.mantissa * b.mantissa, a.exponent + b.exponent};
@@ -160,12 +150,13 @@ GammaPair operator/(GammaPair a, GammaPair b) {
   return {a.mantissa / b.mantissa, a.exponent - b.exponent};
 }
 
-double Join(GammaPair pair) {
-  if (std::abs(pair.exponent) <= kMostDecimals)
+Wide WideJoin(GammaPair pair) {
+  if (std::abs(pair.exponent) <= kMostDecimals) {
     return TimesPowerOfTen(pair.mantissa, pair.exponent);
-  if (std::abs(pair.exponent) > 2.0 * kMostDecimals)
-    return pair.exponent < 0.0 ? pair.mantissa * 0.0
-                               : pair.mantissa * std::numeric_limits<double>::infinity();
+  }
+  if (std::abs(pair.exponent) > 2.0 * kMostDecimals) {
+    return pair.mantissa * (pair.exponent < 0.0 ? 0.0L : std::numeric_limits<Wide>::infinity());
+  }
   const double most = std::copysign(double{kMostDecimals}, pair.exponent);
   return TimesPowerOfTen(TimesPowerOfTen(pair.mantissa, pair.exponent - most), most);
 }
@@ -173,7 +164,7 @@ double Join(GammaPair pair) {
 // The gamma function. Domain: all but 0, -1, -2, ...; finite up to 171.6. Method: Lanczos' series
 // with g = 4.7421875 and 15 terms (Lanczos, SIAM J. Numer. Anal. B 1, 1964), the power as a decimal
 // logarithm; reflection below 0 (DLMF 5.5.3). Error: measured up to 3.3e-15 relative.
-double Gamma(double x) { return Join(AnyPair<kLanczos>(x)); }
+double Gamma(double x) { return Join(AnyPair(kDefining, x)); }
 
 // ln(gamma(x)). Domain: where gamma(x) > 0. Method: from the same pair; above 0 its logarithm
 // without the way through the mantissa's power. Error: measured up to 2.0e-14 of the value or, near
@@ -182,10 +173,10 @@ double GammaLn(double x) {
   if (x > 0.0) {
     if (x < 1e-280) return -std::log(x);
     const double power = (x - 0.5) * (std::log(x + (kG - 0.5)) - 1.0);
-    return power + std::log(LanczosSum<kLanczos>(x) * kScale);
+    return power + std::log(static_cast<double>(LanczosSum(kDefining, x)));
   }
-  const GammaPair pair = AnyPair<kLanczos>(x);
-  return pair.exponent * kLn10.high + std::log(pair.mantissa);
+  const GammaPair pair = AnyPair(kDefining, x);
+  return pair.exponent * kLn10.high + std::log(static_cast<double>(pair.mantissa));
 }
 
 // gamma'(x) / gamma(x). Domain: all but 0, -1, -2, ... Method: raised to 8 by recurrence (DLMF
@@ -225,7 +216,7 @@ double Beta(double a, double b) {
   const GammaPair upper = GammaPairOf(a) * GammaPairOf(b);
   if (std::fmin(a, b) < -kLargeArgument) return kNoNumber;
   if (sum.high <= 0.0 && std::trunc(sum.high) == sum.high && sum.low == 0.0)
-    return upper.mantissa * 0.0;
+    return static_cast<double>(upper.mantissa * 0.0L);
   return Join(upper / GammaPairOf(sum));
 }
 

@@ -26,7 +26,7 @@ double LowerSeries(double a, double x) {
     numerator = numerator * n + power;
     denominator *= n;
     if (power < numerator * kEpsilon) {
-      return static_cast<double>(numerator / denominator * static_cast<Wide>(PoissonTerm(a, x)));
+      return static_cast<double>(numerator / denominator * PoissonTerm(a, x));
     }
     if (numerator > kHuge) {
       power /= kHuge;
@@ -47,7 +47,7 @@ double UpperFraction(double a, double x) {
     b += 2.0L;
     fraction.Take(i * (wide - i), b);
     if (fraction.IsSettled()) {
-      return static_cast<double>(fraction.Inverse() * wide * static_cast<Wide>(PoissonTerm(a, x)));
+      return static_cast<double>(fraction.Inverse() * wide * PoissonTerm(a, x));
     }
   }
   return kNoNumber;

@@ -6,6 +6,7 @@
 
 #include "mathparser/function_catalogue.h"
 #include "mathparser/integer_math.h"
+#include "mathparser/special/double_double.h"
 
 namespace zentab::mathparser {
 
@@ -25,6 +26,12 @@ inline constexpr double kLargestOrder = 50000.0;
 
 /// Rounding must not take a probability above 1; NaN stays.
 [[nodiscard]] inline double AtMostOne(double p) { return p > 1.0 ? 1.0 : p; }
+
+/// e^a by the double exponential, which is several times as fast as the Wide one.
+[[nodiscard]] inline Wide WideExp(DoubleDouble a) {
+  const Wide power = std::exp(a.high);
+  return power > 0.0L ? power + power * static_cast<Wide>(a.low) : power;
+}
 
 /// The entry of a function of 1 to 4 plain numbers.
 template <double (*F)(double)>
