@@ -23,27 +23,36 @@ constexpr std::array<double, kSeriesTerms> MakeSeries() {
 }
 constexpr std::array<double, kSeriesTerms> kSeries = MakeSeries();
 
+// The squares of the nodes n/2, and e to their negative powers.
+constexpr std::array<double, kNodes> kNodeSquares = [] {
+  std::array<double, kNodes> squares{};
+  for (std::size_t n = 0; n < kNodes; ++n)
+    squares[n] = 0.25 * static_cast<double>((n + 1) * (n + 1));
+  return squares;
+}();
 std::array<double, kNodes> MakeWeights() {
   std::array<double, kNodes> weights{};
-  for (std::size_t n = 0; n < kNodes; ++n) {
-    const auto node = static_cast<double>(n + 1);
-    weights[n] = std::exp(-0.25 * node * node);
-  }
+  for (std::size_t n = 0; n < kNodes; ++n) weights[n] = std::exp(-kNodeSquares[n]);
   return weights;
 }
 
-// Abramowitz & Stegun 7.1.5, for |x| <= 1.
+// Abramowitz & Stegun 7.1.5, for |x| <= 1; every second term apart, so that two sums run at once.
 double Series(double x) {
   const double square = x * x;
-  double sum = 0.0;
-  for (std::size_t n = kSeriesTerms; n > 0; --n) sum = sum * square + kSeries[n - 1];
-  return kTwoOverRootPi * x * sum;
+  const double fourth = square * square;
+  double even = 0.0;
+  double odd = 0.0;
+  for (std::size_t n = kSeriesTerms; n > 0; n -= 2) {
+    odd = odd * fourth + kSeries[n - 1];
+    even = even * fourth + kSeries[n - 2];
+  }
+  return kTwoOverRootPi * x * (even + square * odd);
 }
 
-// e^(-x^2); the square would lose the digits that the exponential needs.
+// e^(-x^2); the square alone would lose the digits that the exponential needs.
 double Bell(double x) {
-  const double head = static_cast<double>(static_cast<float>(x));
-  return std::exp(-head * head) * std::exp(-(x - head) * (x + head));
+  const DoubleDouble square = ProductOf(x, x);
+  return Exp(-square);
 }
 
 // The trapezoidal rule with step 1/2 on the integral of e^(-t^2) / (t^2 + x^2), with its error at
@@ -52,11 +61,10 @@ double Complement(double x) {
   static const std::array<double, kNodes> kWeights = MakeWeights();
   if (x > 28.0) return 0.0;
   const double square = x * x;
+  std::array<double, kNodes> terms;
+  for (std::size_t n = 0; n < kNodes; ++n) terms[n] = kWeights[n] / (kNodeSquares[n] + square);
   double sum = 0.0;
-  for (std::size_t n = kNodes; n > 0; --n) {
-    const auto node = static_cast<double>(n);
-    sum += kWeights[n - 1] / (0.25 * node * node + square);
-  }
+  for (std::size_t n = kNodes; n > 0; --n) sum += terms[n - 1];
   const double rule = Bell(x) * (0.5 * x / std::numbers::pi) * (1.0 / square + 2.0 * sum);
   return x > 6.0 ? rule : rule - 2.0 / std::expm1(4.0 * std::numbers::pi * x);
 }

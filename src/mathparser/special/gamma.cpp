@@ -78,18 +78,23 @@ GammaPair Normalised(Wide mantissa, double exponent) {
   return {TimesPowerOfTen(mantissa, -k), exponent + k};
 }
 
-// c0 + sum of c_k / (z + k) for z = x - 1; adding k - 1 to x keeps every digit of a tiny x.
-Wide LanczosSum(const Lanczos& c, double x) {
-  if (x > 1e17) return c.c0 * c.scale;
+// (c0 + sum of c_k / (z + k)) times the scale for z = x - 1; adding k - 1 to x keeps every digit of
+// a tiny x.
+template <class Real>
+Real LanczosSum(const Lanczos& c, double x) {
+  const auto ends = static_cast<Real>(c.c0);
+  if (x > 1e17) return ends * static_cast<Real>(c.scale);
   std::array<double, 12> terms;
   for (std::size_t i = 0; i < terms.size(); ++i) {
     terms[i] = c.rest[i] / (x + static_cast<double>(i + 2));
   }
   double small = 0.0;
   for (std::size_t i = terms.size() - 1; i > 0; --i) small += terms[i];
-  const Wide wide = x;
-  const Wide first = (c.c1AndC2 * wide + c.c1) / (wide * (wide + 1.0L));
-  return (c.c0 + static_cast<Wide>(terms[0]) + static_cast<Wide>(small) + first) * c.scale;
+  const Real z = x;
+  const Real first =
+      (static_cast<Real>(c.c1AndC2) * z + static_cast<Real>(c.c1)) / (z * (z + Real{1}));
+  return (ends + static_cast<Real>(terms[0]) + static_cast<Real>(small) + first) *
+         static_cast<Real>(c.scale);
 }
 
 // e^power * factor. The quotient by ln(10) is the decimal logarithm; its whole part becomes the
@@ -97,11 +102,10 @@ Wide LanczosSum(const Lanczos& c, double x) {
 GammaPair PairOf(DoubleDouble power, Wide factor) {
   if (!(std::abs(power.high) < kMostPower)) return {kNoNumber, 0.0};
   const double exponent = std::floor(power.high * std::numbers::log10e);
-  if (std::abs(exponent) < 2048.0) {
-    const double upper = power.high - exponent * kLn10Upper;
-    return Normalised(WideExp({upper, power.low - exponent * kLn10Lower}) * factor, exponent);
-  }
-  return Normalised(WideExp(power - kLn10 * exponent) * factor, exponent);
+  DoubleDouble rest = SumOf(power.high, -exponent * kLn10Upper);
+  rest.low += power.low - exponent * kLn10Lower;
+  if (std::abs(exponent) >= 2048.0) rest = power - kLn10 * exponent;
+  return Normalised(WideExp(rest) * factor, exponent);
 }
 
 // x > 0.
@@ -111,7 +115,7 @@ GammaPair LanczosPair(const Lanczos& c, DoubleDouble x) {
     const GammaPair pair = LanczosPair(c, x.high * 1e100);
     return {pair.mantissa, pair.exponent + 100.0};
   }
-  return PairOf((x - 0.5) * (Log(x + (kG - 0.5)) - 1.0), LanczosSum(c, x.high));
+  return PairOf((x - 0.5) * (Log(x + (kG - 0.5)) - 1.0), LanczosSum<Wide>(c, x.high));
 }
 
 GammaPair AnyPair(const Lanczos& c, DoubleDouble x) {
@@ -173,7 +177,7 @@ double GammaLn(double x) {
   if (x > 0.0) {
     if (x < 1e-280) return -std::log(x);
     const double power = (x - 0.5) * (std::log(x + (kG - 0.5)) - 1.0);
-    return power + std::log(static_cast<double>(LanczosSum(kDefining, x)));
+    return power + std::log(LanczosSum<double>(kDefining, x));
   }
   const GammaPair pair = AnyPair(kDefining, x);
   return pair.exponent * kLn10.high + std::log(static_cast<double>(pair.mantissa));
