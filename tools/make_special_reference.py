@@ -41,7 +41,7 @@ def with_orders(points, orders=ORDERS):
 def gamma_points():
     return (spread(1e-8, 170, 40) + [1e-300, 0.5, 1, 1.5, 2, 5, 10, 100.5, 170.5, 171.6] +
             [-x - 0.01 for x in range(8)] + [-x - 0.99 for x in range(8)] +
-            [-0.5, -1e-9, -25.3, -100.4, -160.7, -170.6])
+            around(1e-280) + [-0.5, -1e-9, -25.3, -100.4, -160.7, -170.6])
 
 
 def count_points():
@@ -53,13 +53,13 @@ def count_points():
 def count_pairs():
     return [(n, k) for n in (1, 2, 5, 10, 30, 50, 52, 56, 57, 60, 100, 170, 171, 200, 500, 1000, 1029,
                              10000, 1e6, 1e9, 1e15)
-            for k in sorted({0, 1, 2, 3, 5, 17, 30, 100, int(n) // 2, int(n) - 2, int(n)})
+            for k in sorted({0, 1, 2, 3, 5, 17, 30, 31, 100, int(n) // 2, int(n) - 2, int(n)})
             if 0 <= k <= n and (k < 1100 or n - k < 1100)]
 
 
 def event_points():
-    return [(k, m) for m in (1e-5, 0.3, 1, 7.5, 40, 200, 999.5, 5000.25)
-            for k in sorted({0, 1, 3, 10, 50, int(m), int(m * 1.2), int(m * 0.8) + 1})]
+    return [(k, m) for m in (1e-5, 0.3, 1, 7.5, 40, 200, 999.5, 1000, 5000.25)
+            for k in sorted({0, 1, 3, 10, 50, int(m), int(m * 1.2), int(m * 0.8) + 1, 999, 1001})]
 
 
 def beta_points():
@@ -68,7 +68,7 @@ def beta_points():
 
 
 def bessel_points():
-    return spread(1e-6, 200, 24) + around(4, 20, 25) + [1e-30, 1, 2, 3, 7, 12, 18, 50, 100, 300]
+    return spread(1e-6, 200, 24) + around(2, 4, 20, 25) + [1e-30, 1, 3, 7, 12, 18, 50, 100, 300]
 
 
 def hypergeometric_points():
@@ -77,7 +77,8 @@ def hypergeometric_points():
                   (-7, 8.5, 1), (2.5, -1.5, 3.2), (20, 30, 40)]
     points = [-0.999, -0.8, -0.6, -0.5, -0.3, -1e-5, 1e-10, 0.2, 0.5, 0.74, 0.75, 0.76, 0.9, 0.95,
               0.99, 0.999]
-    return [(x, *p) for p in parameters for x in points]
+    ends = [(1, 0.5, 0.25, 2), (1, 30.5, -2.5, 40), (1, -3, 2, 1.5), (-1, 0.3, 0.2, 1.4), (-1, 2, 1.5, 3)]
+    return [(x, *p) for p in parameters for x in points] + ends
 
 
 POINTS = {
@@ -94,39 +95,44 @@ POINTS = {
               [(a, a + 1 + d) for a in (0.5, 3, 20, 169) for d in (-1e-9, 0, 1e-9)],
     "betai": [(x, a, b) for a in (0.01, 0.5, 1, 3, 20, 150, 999, 1500) for b in (0.3, 2, 40, 2000)
               for x in (1e-6, 0.01, 0.1, 0.3, 0.5, 0.75, 0.99)] +
-             [(x, a, b) for x in (0.2, 0.88, 0.995) for a in (0.2, 3.4, 1500) for b in (1e-6, 0.002)],
+             [(x, a, b) for x in (0.2, 0.88, 0.995) for a in (0.2, 3.4, 1500) for b in (1e-6, 0.002)] +
+             [(x, a, b) for x in (0.01, 0.016, 0.1) for a in (15.9, 16.1, 17) for b in (999, 1001)] +
+             [((a + 1) / (a + b + 2) * (1 + d), a, b) for d in (-1e-9, 1e-9)
+              for a in (0.4, 7, 300) for b in (0.9, 12, 2000)],
     "dnorm": [(x, 0, 1) for x in both(spread(0.01, 37, 15))] + [(3.7, 1.5, 0.3), (1e3, 1e3, 1e-3)],
     "cnorm": [(x, 0, 1) for x in both(spread(0.01, 37, 25)) + both(around(0.5 * 2**0.5, 2**0.5))] +
              [(3.7, 1.5, 0.3), (2, 5, 0.25)],
     "dbinom": count_points(), "cbinom": [p for p in count_points() if p[1] < 20000],
     "dpoisson": [(k, m) for k, m in event_points()] + [(100000, 1e5), (99000, 1e5)],
     "cpoisson": event_points(),
-    "j0": both(bessel_points()) + [1e3], "y0": bessel_points() + [1e3],
-    "i0": both(bessel_points()) + [700, 712], "k0": bessel_points() + [600, 700],
-    "besselj": with_orders(bessel_points()) + [(-3.3, 3), (3.3, -3), (-30.0, -5), (1500, 7)],
-    "bessely": with_orders(bessel_points()) + [(3.3, -3), (1500, 7)],
+    "j0": both(bessel_points()) + [1e3, 1e5, 1e8], "y0": bessel_points() + [1e3, 1e5, 1e8],
+    "i0": both(bessel_points()) + [700, 712], "k0": bessel_points() + around(600) + [700],
+    "besselj": with_orders(bessel_points()) + [(-3.3, 3), (3.3, -3), (-30.0, -5), (1500, 7), (1e6, 4),
+                                               (100.5, 100), (99.5, 100)],
+    "bessely": with_orders(bessel_points()) + [(3.3, -3), (1500, 7), (1e6, 4)],
     "besseli": with_orders(bessel_points()) + [(-3.3, 3), (600, 7)],
-    "besselk": with_orders(bessel_points()) + [(3.3, -3), (600, 7)],
-    "airya": both(spread(1e-5, 60, 40)) + around(-9.75, -6, 2, 10) + [0, 1, 100, -200],
-    "airyb": both(spread(1e-5, 60, 40)) + around(-9.75, -6, 10) + [0, 1, 100, -200],
+    "besselk": with_orders(bessel_points()) + [(3.3, -3)] + [(x, 7) for x in around(600)],
+    "airya": both(spread(1e-5, 60, 40)) + around(-9.75, -6, -2.5, 2, 10) + [0, 1, 100, -200, -5000, -90000, -1e7, -1e10],
+    "airyb": both(spread(1e-5, 60, 40)) + around(-9.75, -6, -2.5, 10) + [0, 1, 100, -200, -5000, -90000, -1e7, -1e10],
     "elli1": [(p, k) for p in (1e-6, 1, 30, 45, 60, 89, 89.999, 90, -50, 120, 270, 1000)
               for k in (0, 1e-5, 0.3, -0.7, 0.9, 0.999, 0.9999999)] +
              [(30, 1), (80, 1), (30, 1.5), (10, 5)],
     "elli2": [(p, k) for p in (1e-6, 1, 30, 45, 60, 89, 89.999, 90, -50, 120, 270, 1000)
               for k in (0, 1e-5, 0.3, -0.7, 0.9, 0.999, 0.9999999)] +
              [(30, 1), (80, 1), (30, 1.5), (10, 5)],
-    "ei": both(spread(1e-8, 300, 40)) + around(1, -1, 40) + [600, 700, 713, 0.3725, -700],
+    "ei": both(spread(1e-8, 300, 40)) + around(-2, 1, 40) + [600, 700, 713, 0.3725, -700],
     "ein": with_orders(spread(1e-6, 100, 12) + around(1) + [1e-30, 0.5, 10, 30, 700]),
-    "si": both(spread(1e-6, 300, 40)) + around(10, 42) + [1e-200, 20, 1000],
-    "ci": spread(1e-6, 300, 40) + around(10, 42) + [1e-100, 20, 1000],
-    "fresnels": both(spread(1e-4, 12, 40)) + around(2.5, 5) + [1e-50, 30],
-    "fresnelc": both(spread(1e-4, 12, 40)) + around(2.5, 5) + [1e-50, 30],
-    "zeta": both(spread(1e-6, 60, 40)) + [0, 0.5, 0.999999, 1.000001, 2, 4, 69.9, 70.1, 100, -1, -3,
+    "si": both(spread(1e-6, 300, 40)) + around(6, 10, 42) + [1e-200, 20, 1000, 1e5, 1e8],
+    "ci": spread(1e-6, 300, 40) + around(6, 10, 42) + [1e-100, 20, 1000, 1e5, 1e8],
+    "fresnels": both(spread(1e-4, 12, 40)) + around(2.5, 5) + [1e-50, 30, 1000.3],
+    "fresnelc": both(spread(1e-4, 12, 40)) + around(2.5, 5) + [1e-50, 30, 1000.3],
+    "zeta": both(spread(1e-6, 60, 40)) + around(-0.1) + [-69.9, -70.1, 0, 0.5, 0.999999, 1.000001, 2, 4, 69.9, 70.1, 100, -1, -3,
                                           -99.5, -170.3, -255.1],
     "hypgeom": hypergeometric_points(),
     **{name: with_orders([-1, -0.99, -0.4, 0, 1e-5, 0.3, 0.7, 0.9999, 1, 1.5, 4, 30])
        for name in ("polyle", "polyla", "polyhe", "polych")},
 }
+POINTS["polych"] = POINTS["polych"] + with_orders([-0.99, 0.3, 1.01, -1.2], (199, 200, 201, 1000))
 POINTS["polyla"] = POINTS["polyla"] + with_orders([10, 100, 350.5])
 
 

@@ -47,8 +47,8 @@ constexpr std::array<std::array<Wide, kSeriesTerms>, 2> kSeries = {MakeSeries<0>
 Wide LowOrderI(int order, double x) {
   if (x >= kAsymptoticStart) {
     const Wide root = std::sqrt(2.0L * kWidePi * static_cast<Wide>(x));
-    const Wide power = x < 700.0 ? static_cast<Wide>(std::exp(x)) : std::exp(static_cast<Wide>(x));
-    return power * ExpansionOf(order, x, -1.0) / root;
+    const Wide half = std::exp(0.5 * x);  // the power itself may overflow where I does not
+    return half * (ExpansionOf(order, x, -1.0) / root) * half;
   }
   const std::array<Wide, kSeriesTerms>& terms = kSeries[static_cast<std::size_t>(order)];
   const Wide half = 0.5L * static_cast<Wide>(x);

@@ -87,8 +87,8 @@ double Ei(double x) {
     term *= k / x;
     sum += term;
   }
-  const Wide power = x < 700.0 ? static_cast<Wide>(std::exp(x)) : std::exp(static_cast<Wide>(x));
-  return static_cast<double>(power * (1.0L + static_cast<Wide>(sum)) / static_cast<Wide>(x));
+  const Wide half = std::exp(0.5 * x);  // the power itself may overflow where Ei does not
+  return static_cast<double>(half * (1.0L + static_cast<Wide>(sum)) / static_cast<Wide>(x) * half);
 }
 
 constexpr std::array kFunctions = {Special<Ei>("ei", 52), Special<Ein>("ein", 80)};

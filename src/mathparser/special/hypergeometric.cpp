@@ -56,11 +56,11 @@ class Walk {
     Wide doubt = value.doubt + std::abs(a_ * b_ / c_) * slope.doubt;
     const Wide left = 1.0L - static_cast<Wide>(goal);
     for (Wide rest = 0.5L; rest > left && doubt < 1.0L + std::abs(value_);) {
-      const Wide step = std::min(0.5L * rest, rest - left);
+      const Wide step = std::min<Wide>(0.5L * rest, rest - left);
       const Wide before = std::abs(value_);
       doubt += Step(rest, step);
       // A value that shrinks makes the errors so far weigh more; their size stays.
-      doubt *= std::max(1.0L, std::abs(value_) / std::max(before, 1e-300L));
+      doubt *= std::max<Wide>(1.0L, std::abs(value_) / std::max<Wide>(before, 1e-300L));
       rest = rest - step;
     }
     return {value_, doubt};

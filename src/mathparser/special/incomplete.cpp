@@ -123,12 +123,12 @@ double IncompleteBeta(DoubleDouble x, DoubleDouble y, double a, double b) {
   const Wide term = BetaTerm(a, b, x, y);
   const Wide wideX = static_cast<Wide>(x.high) + static_cast<Wide>(x.low);
   const Wide wideY = static_cast<Wide>(y.high) + static_cast<Wide>(y.low);
-  if (x.high < (a + 1.0) / (a + b + 2.0)) {
+  // Beyond the mean the other tail is quicker, but a small b leaves nothing of its digits.
+  if (x.high < (a + 1.0) / (a + b + 2.0) || (b < 1.0 && x.high < 0.9)) {
     return AtMostOne(static_cast<double>(term * BetaFraction(wideX, a, b)));
   }
   const auto value = static_cast<double>(1.0L - term * BetaFraction(wideY, b, a));
-  // A small b leaves little here, too, which the difference from 1 would not show exactly.
-  if (b >= 1.0 || value > 0.1) return AtMostOne(value);
+  if (b >= 1.0 || value > 0.4) return AtMostOne(value);
   return static_cast<double>(term) * Exp(Log(y) * -b) * BetaSeries(wideX, a, b);
 }
 

@@ -6,7 +6,8 @@
 namespace zentab::mathparser {
 namespace {
 
-constexpr double kSeriesEnd = 10.0;
+// The cancellation of the series costs a double too much beyond 6.
+constexpr double kSeriesEnd = std::numeric_limits<Wide>::digits > 53 ? 10.0 : 6.0;
 constexpr double kAsymptoticStart = 42.0;
 constexpr double kHalfPi = std::numbers::pi / 2.0;
 
@@ -31,7 +32,7 @@ Auxiliary Asymptotic(double x) {
 }
 
 // e^z E_1(z) at z = ix by the continued fraction (DLMF 6.9.1 in its even form) from a depth that
-// is enough for x >= 10; it is g - i f.
+// is enough for x >= 6; it is g - i f.
 Auxiliary Fraction(double x) {
   const int depth = 12 + static_cast<int>(600.0 / x);
   double real = 2.0 * depth + 1.0;
