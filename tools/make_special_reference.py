@@ -233,7 +233,7 @@ def confirmed(function, arguments):
         first, second = values
         if abs(first - second) <= abs(second) * mpf(10) ** -DIGITS:
             return second
-        if max(abs(first), abs(second)) < mpf(10) ** (-digits // 2):
+        if digits > 500 and max(abs(first), abs(second)) < mpf(10) ** -450:
             return mpf(0)  # what is left where terms cancel entirely
         digits = digits * 2
     raise ArithmeticError(f"no {DIGITS} digits at {arguments}")

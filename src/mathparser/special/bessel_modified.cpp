@@ -61,24 +61,34 @@ Wide LowOrderI(int order, double x) {
   return order == 0 ? sum : sum * half;
 }
 
+// The same times (H_k + H_(k + order)) / 2 with the harmonic numbers H.
+constexpr std::size_t kTermsOfK = 16;
+template <int kOrder>
+constexpr std::array<Wide, kTermsOfK> MakeHarmonicSeries() {
+  std::array<Wide, kTermsOfK> terms{};
+  Wide harmonics = 0.5L * kOrder;
+  for (std::size_t k = 0; k < kTermsOfK; ++k) {
+    terms[k] = kSeries[kOrder][k] * harmonics;
+    harmonics += 0.5L / static_cast<Wide>(k + 1) + 0.5L / static_cast<Wide>(k + 1 + kOrder);
+  }
+  return terms;
+}
+constexpr std::array<std::array<Wide, kTermsOfK>, 2> kHarmonicSeries = {MakeHarmonicSeries<0>(),
+                                                                        MakeHarmonicSeries<1>()};
+
 // Power series for x <= 2 (Abramowitz & Stegun 9.6.13 and 9.6.11) of order 0 or 1.
 Wide SeriesOfK(int order, double x) {
+  const auto row = static_cast<std::size_t>(order);
   const Wide half = static_cast<Wide>(x) / 2.0L;
   const Wide square = half * half;
-  const Wide logarithm = std::log(half) + kWideEuler;
-  const Wide nu = order;
-  Wide term = order == 0 ? 1.0L : half;
-  Wide harmonics = nu;
-  Wide sum = term * (logarithm - 0.5L * harmonics);
-  for (Wide k = 1.0L; k < 30.0L; k += 1.0L) {
-    const Wide next = 1.0L / (k * (k + nu));
-    term *= square * next;
-    harmonics += (2.0L * k + nu) * next;
-    const Wide change = term * (logarithm - 0.5L * harmonics);
-    sum += change;
-    if (std::abs(change) < 1e-20L * std::abs(sum)) break;
+  Wide first = 0.0L;
+  Wide second = 0.0L;
+  for (std::size_t k = kTermsOfK; k > 0; --k) {
+    first = first * square + kSeries[row][k - 1];
+    second = second * square + kHarmonicSeries[row][k - 1];
   }
-  return order == 0 ? -sum : sum + 0.5L / half;
+  const Wide sum = (std::log(half) + kWideEuler) * first - second;
+  return order == 0 ? -sum : sum * half + 0.5L / half;
 }
 
 // e^x K_n(x) for x > 2.
@@ -161,7 +171,7 @@ constexpr std::array kFunctions = {Special<I0>("i0", 92), Special<K0>("k0", 91),
                                    Special<BesselK>("besselk", 88)};
 
 // The nodes j / 6.5 of the trapezoidal rule on K_nu: cosh(t) - 1 at each.
-constexpr double kStep = 1.0 / 6.5;
+constexpr Wide kStep = 1.0L / 6.5L;
 constexpr std::size_t kNodes = 30;
 
 }  // namespace
@@ -170,20 +180,26 @@ double ScaledBesselK(double nu, double x) {
   static const std::array<double, kNodes> kRise = [] {
     std::array<double, kNodes> rise{};
     for (std::size_t j = 0; j < kNodes; ++j) {
-      const double half = std::sinh(0.5 * kStep * static_cast<double>(j + 1));
-      rise[j] = 2.0 * half * half;
+      const Wide half = std::sinh(0.5L * kStep * static_cast<Wide>(j + 1));
+      rise[j] = static_cast<double>(2.0L * half * half);
     }
     return rise;
   }();
-  double sum = 0.5;
+  Wide sum = 0.5L;
   for (std::size_t j = 0; j < kNodes; ++j) {
     const double exponent = x * kRise[j];
     if (exponent > 42.0) break;
-    const double t = kStep * static_cast<double>(j + 1);
-    const double weight = nu == 0.0 ? 1.0 : nu == 1.0 ? 1.0 + kRise[j] : std::cosh(nu * t);
-    sum += std::exp(-exponent) * weight;
+    const double power = std::exp(-exponent);
+    if (nu == 0.0) {
+      sum += static_cast<Wide>(power);
+    } else if (nu == 1.0) {
+      sum += static_cast<Wide>(power + power * kRise[j]);
+    } else {
+      const auto t = static_cast<double>(kStep * static_cast<Wide>(j + 1));
+      sum += static_cast<Wide>(power * std::cosh(nu * t));
+    }
   }
-  return sum * kStep;
+  return static_cast<double>(sum * kStep);
 }
 
 FunctionFamily ModifiedBesselFunctions() { return kFunctions; }

@@ -9,6 +9,7 @@ namespace {
 
 constexpr double kSeriesEnd = 0.75;  // beyond, steps towards 1 are quicker than the series
 constexpr int kMostTerms = 20000;
+constexpr double kLargestForPairs = 1e9;  // of parameters: the pairs keep 14 digits
 constexpr Wide kEpsilon = std::numeric_limits<Wide>::epsilon();
 constexpr std::string_view kDivergent = "The hypergeometric series is divergent";
 constexpr std::string_view kDoubtful = "Warning! You should check the accuracy";
@@ -106,7 +107,7 @@ class Walk {
 double AtOne(double a, double b, double c) {
   const DoubleDouble first = SumOf(c, -a);
   const DoubleDouble second = SumOf(c, -b);
-  const DoubleDouble rest = first - DoubleDouble(b);
+  const DoubleDouble rest = first - b;
   const GammaPair lower = GammaPairOf(first) * GammaPairOf(second);
   if (!std::isfinite(lower.mantissa)) return EndsSeries(c) ? kNoNumber : 0.0;
   return Join(GammaPairOf(c) * GammaPairOf(rest) / lower);
@@ -161,7 +162,12 @@ double HypGeom(const double* arguments, CallContext& context) {
       context.message = kDivergent;
       return kNoNumber;
     }
-    if (x == 1.0) return AtOne(a, b, c);
+    if (x == 1.0 && std::abs(a) + std::abs(b) + std::abs(c) < kLargestForPairs)
+      return AtOne(a, b, c);
+    if (x == 1.0) {
+      context.message = kDoubtful;
+      return kNoNumber;
+    }
     estimate = Inside(x, a, b, c);
   }
   if (!IsGood(estimate)) {
