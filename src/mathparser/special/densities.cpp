@@ -78,7 +78,7 @@ Wide BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y) {
 
 double LargeBeta(double a, double b) {
   if (b < a) std::swap(a, b);
-  if (a < kSmallShape) return Join(GammaPairOf(a)) * Exp(-LogOfRise(a, b));
+  if (a < kSmallShape) return Join(GammaPairOf(a) * ExpPairOf(-LogOfRise(a, b)));
   const double sum = a + b;
   const DoubleDouble ratio = DoubleDouble(a) / DoubleDouble(b);
   const double rests = StirlingRest(a) + StirlingRest(b) - StirlingRest(sum);

@@ -14,7 +14,12 @@ inline constexpr double kLargeArgument = 1000.0;
 /// x^a y^b / beta(a, b), for a, b > 0 and x + y = 1, both inside (0,1).
 [[nodiscard]] Wide BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y);
 
-/// beta(a, b) where the larger of the two is at least kLargeArgument.
+/// beta(a, b) where the larger of the two is at least kLargeArgument, the other one positive or at
+/// least small beside it.
+[[nodiscard]] inline bool IsLargeBeta(double a, double b) {
+  const double larger = std::fmax(a, b);
+  return larger >= kLargeArgument && std::fmin(a, b) > -0.5 * larger;
+}
 [[nodiscard]] double LargeBeta(double a, double b);
 
 }  // namespace zentab::mathparser

@@ -21,7 +21,7 @@ DoubleDouble Standardised(double x, double mean, double deviation) {
 }
 
 // The density of the normal distribution. Domain: deviation > 0. Method: the definition (Abramowitz
-// & Stegun 26.2.1), its exponent in Wide. Error: measured up to 2.1e-16 relative.
+// & Stegun 26.2.1), its exponent in Wide. Error: measured up to 1.6e-16 relative.
 double NormalDensity(double x, double mean, double deviation) {
   if (deviation <= 0.0) return kNoNumber;
   const DoubleDouble z = Standardised(x, mean, deviation);
@@ -36,7 +36,7 @@ double NormalDensity(double x, double mean, double deviation) {
 }
 
 // The normal distribution. Domain: deviation > 0. Method: erfc (Abramowitz & Stegun 26.2.29).
-// Error: measured up to 5.0e-16 relative.
+// Error: measured up to 5.1e-16 relative.
 double NormalDistribution(double x, double mean, double deviation) {
   if (deviation <= 0.0) return kNoNumber;
   constexpr DoubleDouble kRootHalf{0.70710678118654757, -4.8336466567264567e-17};
@@ -50,7 +50,7 @@ double NormalDistribution(double x, double mean, double deviation) {
 
 // The probability of k successes in n trials. Domain: whole k and n >= 0, 0 <= p <= 1. Method:
 // gamma pairs and powers; Loader's saddle-point form (2000) for large n. Error: measured up to
-// 4.1e-15 relative.
+// 3.4e-16 relative.
 double BinomialDensity(double k, double n, double p) {
   if (!IsWholeNumber(k) || !IsCount(n) || !IsProbability(p)) return kNoNumber;
   if (k < 0.0 || k > n) return 0.0;
@@ -63,7 +63,7 @@ double BinomialDensity(double k, double n, double p) {
 }
 
 // The probability of at most k successes in n trials. Domain: as above. Method: the incomplete beta
-// function (Abramowitz & Stegun 26.5.24). Error: measured up to 2.5e-14 relative.
+// function (Abramowitz & Stegun 26.5.24). Error: measured up to 2.3e-16 relative.
 double BinomialDistribution(double k, double n, double p) {
   if (!IsWholeNumber(k) || !IsCount(n) || !IsProbability(p)) return kNoNumber;
   if (k < 0.0) return 0.0;
@@ -72,7 +72,7 @@ double BinomialDistribution(double k, double n, double p) {
 }
 
 // The probability of k events. Domain: whole k, mean >= 0. Method: gamma pairs; Loader's
-// saddle-point form (2000) for large k. Error: measured up to 3.3e-15 relative.
+// saddle-point form (2000) for large k. Error: measured up to 5.0e-16 relative.
 double PoissonDensity(double k, double mean) {
   if (!IsWholeNumber(k) || mean < 0.0) return kNoNumber;
   if (k < 0.0) return 0.0;
@@ -81,7 +81,7 @@ double PoissonDensity(double k, double mean) {
 }
 
 // The probability of at most k events. Domain: whole k, mean >= 0. Method: the incomplete gamma
-// function (Abramowitz & Stegun 26.4.21). Error: measured up to 3.6e-15 relative.
+// function (Abramowitz & Stegun 26.4.21). Error: measured up to 2.8e-16 relative.
 double PoissonDistribution(double k, double mean) {
   if (!IsWholeNumber(k) || mean < 0.0) return kNoNumber;
   return k < 0.0 ? 0.0 : UpperGamma(k + 1.0, mean);

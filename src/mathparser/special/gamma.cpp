@@ -100,7 +100,8 @@ Real LanczosSum(const Lanczos& c, double x) {
 // e^power * factor. The quotient by ln(10) is the decimal logarithm; its whole part becomes the
 // exponent, and what is left of the power the mantissa.
 GammaPair PairOf(DoubleDouble power, Wide factor) {
-  if (!(std::abs(power.high) < kMostPower)) return {kNoNumber, 0.0};
+  if (power.high <= -kMostPower) return {0.0L, 0.0};
+  if (!(power.high < kMostPower)) return {kNoNumber, 0.0};
   const double exponent = std::floor(power.high * std::numbers::log10e);
   DoubleDouble rest = SumOf(power.high, -exponent * kLn10Upper);
   rest.low += power.low - exponent * kLn10Lower;
@@ -167,11 +168,11 @@ Wide WideJoin(GammaPair pair) {
 
 // The gamma function. Domain: all but 0, -1, -2, ...; finite up to 171.6. Method: Lanczos' series
 // with g = 4.7421875 and 15 terms (Lanczos, SIAM J. Numer. Anal. B 1, 1964), the power as a decimal
-// logarithm; reflection below 0 (DLMF 5.5.3). Error: measured up to 3.3e-15 relative.
+// logarithm; reflection below 0 (DLMF 5.5.3). Error: measured up to 3.0e-15 relative.
 double Gamma(double x) { return Join(AnyPair(kDefining, x)); }
 
 // ln(gamma(x)). Domain: where gamma(x) > 0. Method: from the same pair; above 0 its logarithm
-// without the way through the mantissa's power. Error: measured up to 2.0e-14 of the value or, near
+// without the way through the mantissa's power. Error: measured up to 1.9e-14 of the value or, near
 // zeros, of 0.1.
 double GammaLn(double x) {
   if (x > 0.0) {
@@ -185,7 +186,7 @@ double GammaLn(double x) {
 
 // gamma'(x) / gamma(x). Domain: all but 0, -1, -2, ... Method: raised to 8 by recurrence (DLMF
 // 5.5.2), there the asymptotic series (Abramowitz & Stegun 6.3.18); reflection below 0 (5.5.4).
-// Error: measured up to 1.0e-16 of the value or, near zeros, of 0.1.
+// Error: measured up to 1.1e-16 of the value or, near zeros, of 0.1.
 double Digamma(double x) {
   if (x <= 0.0 && IsWholeNumber(x)) return kNoNumber;
   Wide result = 0.0L;
@@ -213,10 +214,10 @@ double Digamma(double x) {
 
 // gamma(a) gamma(b) / gamma(a + b). Domain: all but the poles of the two upper gammas. Method: the
 // pairs, joined at the end; Stirling's form once an argument is large (densities.h), where the
-// exponents of the pairs would take the digits. Error: measured up to 4.5e-15 relative.
+// exponents of the pairs would take the digits. Error: measured up to 3.0e-16 relative.
 double Beta(double a, double b) {
-  if (a > 0.0 && b > 0.0 && std::fmax(a, b) >= kLargeArgument) return LargeBeta(a, b);
   const DoubleDouble sum = SumOf(a, b);
+  if (IsLargeBeta(a, b)) return LargeBeta(a, b);
   const GammaPair upper = GammaPairOf(a) * GammaPairOf(b);
   if (std::fmin(a, b) < -kLargeArgument) return kNoNumber;
   if (sum.high <= 0.0 && std::trunc(sum.high) == sum.high && sum.low == 0.0)

@@ -14,7 +14,7 @@ struct GammaPair {
 /// The gamma function of x for what combines several of them, to about 1e-16. NaN where the
 /// mantissa would have no digits left, beyond about 1e15.
 [[nodiscard]] GammaPair GammaPairOf(DoubleDouble x);
-/// e^x, NaN beyond about 1e15.
+/// e^x; NaN beyond about 1e15, 0 as far below 0.
 [[nodiscard]] GammaPair ExpPairOf(DoubleDouble x);
 [[nodiscard]] GammaPair operator*(GammaPair a, GammaPair b);
 [[nodiscard]] GammaPair operator/(GammaPair a, GammaPair b);

@@ -138,7 +138,7 @@ Estimate Inside(double x, double a, double b, double c) {
 // Gauss' hypergeometric function. Domain: |x| < 1; x = 1 for c - a - b > 0, x = -1 for c - a - b >
 // -1; all x if a or b is 0, -1, -2, ...; c none of these unless the series ends before. Method:
 // power series (Abramowitz & Stegun 15.1.1) from -0.5 to 0.75, Pfaff's transformation below
-// (15.3.4), Taylor's series of the differential equation above. Error: measured up to 1.0e-15 of
+// (15.3.4), Taylor's series of the differential equation above. Error: measured up to 1.1e-15 of
 // the value or, near zeros, of 0.1.
 double HypGeom(const double* arguments, CallContext& context) {
   const double x = arguments[0];

@@ -10,13 +10,12 @@
 
 namespace zentab::mathparser {
 
-/// What powers, logarithms and cancelling series are carried in: 64 bits of mantissa where the
-/// processor has them. Where it is no wider than double, the results keep about 12 digits.
+/// What recurrences and cancelling series are carried in: 64 bits of mantissa where the processor
+/// has them. Where it is no wider than double, the results keep 13 digits.
 using Wide = long double;
 
 inline constexpr Wide kWidePi = 3.14159265358979323846264338327950288L;
 inline constexpr Wide kWideEuler = 0.57721566490153286060651209008240243L;
-inline constexpr Wide kWideLn10 = 2.30258509299404568401799145468436421L;
 
 /// The largest order of a function that is reached step by step; beyond, it fails.
 inline constexpr double kLargestOrder = 50000.0;
