@@ -1,9 +1,15 @@
 #include "app/widgets/qt_user_dialogs.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QFileDialog>
 
 namespace zentab::app {
+namespace {
+
+QString TableFiles() { return QStringLiteral("Dat (*.dat)"); }
+
+}  // namespace
 
 bool QtUserDialogs::Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
                          const texts::MessageText& message) {
@@ -32,10 +38,26 @@ void QtUserDialogs::ReportError(const texts::MessageText& message) {
   [[maybe_unused]] const bool dropped = Show(QMessageBox::Critical, QMessageBox::Ok, message);
 }
 
+// Asked from a dialog of the main window, a question belongs in front of that dialog.
+QWidget* QtUserDialogs::WindowInFront() const {
+  QWidget* const dialog = QApplication::activeModalWidget();
+  return dialog != nullptr ? dialog : parent_;
+}
+
 QString QtUserDialogs::ChooseTableFile() {
   // The working folder is the installation folder, where table files are kept.
-  return QFileDialog::getOpenFileName(parent_, QString(), QStringLiteral("."),
-                                      QStringLiteral("Dat (*.dat)"));
+  return QFileDialog::getOpenFileName(WindowInFront(), QString(), QStringLiteral("."),
+                                      TableFiles());
+}
+
+QString QtUserDialogs::ChooseTargetFile() {
+  QFileDialog dialog(WindowInFront(), QString(), QStringLiteral("."), TableFiles());
+  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("dat"));
+  // Entries are added to an existing file: there is nothing to be replaced.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 }  // namespace zentab::app

@@ -17,10 +17,12 @@ class QtUserDialogs : public UserDialogs {
   void Inform(const texts::MessageText& message) override;
   void ReportError(const texts::MessageText& message) override;
   QString ChooseTableFile() override;
+  QString ChooseTargetFile() override;
 
  private:
   [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
                           const texts::MessageText& message);
+  [[nodiscard]] QWidget* WindowInFront() const;
 
   const texts::ProgramTexts& texts_;
   QWidget* parent_ = nullptr;

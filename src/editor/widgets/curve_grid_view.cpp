@@ -79,6 +79,9 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
   text11_->installEventFilter(this);
   connect(text11_, &QLineEdit::textChanged, this, &CurveGridView::OnTextChanged);
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CurveGridView::PlaceEditor);
+  for (QHeaderView* const header : {horizontalHeader(), verticalHeader()}) {
+    connect(header, &QHeaderView::sectionPressed, this, &CurveGridView::OnHeaderPressed);
+  }
 }
 
 void CurveGridView::GridEdit(int keyAscii) {
@@ -89,6 +92,8 @@ void CurveGridView::GridEdit(int keyAscii) {
     text11_->setText(QString::fromStdString(cellEditor_.Text()));
   }
   text11_->setCursorPosition(cellEditor_.Caret());
+  // One cell is being edited, whatever was selected before.
+  selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
   scrollTo(currentIndex());
   text11_->show();
   PlaceEditor();
@@ -109,6 +114,17 @@ void CurveGridView::CloseEditor() {
 }
 
 void CurveGridView::ShowAll() { model_->ShowAll(); }
+
+CellArea CurveGridView::SelectedArea() const {
+  const QItemSelection selection = selectionModel()->selection();
+  if (selection.isEmpty()) {
+    return {table_.grid.Row(), table_.grid.Col(), table_.grid.Row(), table_.grid.Col()};
+  }
+  // The view selects contiguous cells only: one range.
+  const QItemSelectionRange& range = selection.first();
+  return {range.top() + kFirstRow, range.left() + kLoadColumn, range.bottom() + kFirstRow,
+          range.right() + kLoadColumn};
+}
 
 void CurveGridView::OnTextChanged(const QString& text) {
   cellEditor_.ChangeText(text.toStdString());
@@ -136,6 +152,12 @@ bool CurveGridView::OnEditorKey(const QKeyEvent& event) {
     GridEdit(kOpenWithText);
   }
   return true;
+}
+
+// A header takes no focus: the keys would stay with the editor, or with another control.
+void CurveGridView::OnHeaderPressed() {
+  CloseEditor();
+  setFocus();
 }
 
 void CurveGridView::PlaceEditor() {

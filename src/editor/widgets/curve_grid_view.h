@@ -3,6 +3,7 @@
 #include <QTableView>
 
 #include "editor/cell_editor.h"
+#include "editor/clipboard_text.h"
 
 class QLineEdit;
 
@@ -25,6 +26,9 @@ class CurveGridView : public QTableView {
 
   /// The grid has new texts or headings.
   void ShowAll();
+
+  /// The selected cells; the current one where none is.
+  [[nodiscard]] CellArea SelectedArea() const;
 
  Q_SIGNALS:
   /// The user changed a cell.
@@ -51,6 +55,7 @@ class CurveGridView : public QTableView {
  private:
   void OnTextChanged(const QString& text);
   [[nodiscard]] bool OnEditorKey(const QKeyEvent& event);
+  void OnHeaderPressed();
   void PlaceEditor();
   void FitRows();
 

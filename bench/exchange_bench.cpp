@@ -1,0 +1,66 @@
+// Copying 50,000 selected entries of a library of 100,000 into another file, flushed and not,
+// beside plain copies: of the bytes that are copied, and of the library they are taken from.
+// The counters are ratios of the medians; "target" is what the first should stay below.
+
+#include <benchmark/benchmark.h>
+
+#include "exchange/entry_copy.h"
+#include "library_file.h"
+#include "unflushed_files.h"
+
+namespace {
+
+using namespace zentab;
+using namespace zentab::bench;
+
+enum Selection { EverySecond, SecondHalf };
+
+std::vector<bool> Selected(Selection selection) {
+  std::vector<bool> rows(kEntries);
+  for (std::size_t row = 0; row < kEntries; ++row) {
+    rows[row] = selection == EverySecond ? row % 2 == 1 : row >= kEntries / 2;
+  }
+  return rows;
+}
+
+void CopySelected(benchmark::State& state, Selection selection, bool flushed) {
+  UnflushedFiles unflushed;
+  platform::FileLayer& files = flushed ? platform::SystemFiles() : unflushed;
+  const fs::path library = SharedLibrary().Path();
+  const fs::path copied = SharedLibrary().Folder() / "copied.dat";
+  const fs::path selectedBytes = SharedLibrary().Folder() / "selected.dat";
+  const fs::path plain = SharedLibrary().Folder() / "plain.dat";
+  const std::vector<bool> rows = Selected(selection);
+  fs::remove(selectedBytes);
+  Require(exchange::CopyEntries(files, library, rows, selectedBytes).copied == kEntries / 2);
+
+  std::vector<double> own, beside, whole;
+  for (auto _ : state) {
+    for (const fs::path& file : {plain, copied}) fs::remove(file);
+    beside.push_back(Seconds([&] { CopyBytes(selectedBytes, plain, flushed); }));
+    fs::remove(plain);
+    whole.push_back(Seconds([&] { CopyBytes(library, plain, flushed); }));
+    own.push_back(
+        Seconds([&] { Require(!exchange::CopyEntries(files, library, rows, copied).error); }));
+    state.SetIterationTime(own.back());
+  }
+  state.counters["x selected"] = Median(own) / Median(beside);
+  state.counters["x library"] = Median(own) / Median(whole);
+  state.counters["target"] = 1.5;
+  state.counters["MB"] = static_cast<double>(fs::file_size(copied)) / 1e6;
+}
+
+#define ZENTAB_COPY(name, ...)                       \
+  BENCHMARK_CAPTURE(CopySelected, name, __VA_ARGS__) \
+      ->UseManualTime()                              \
+      ->Unit(benchmark::kMillisecond)                \
+      ->Iterations(30)
+
+ZENTAB_COPY(every_second, EverySecond, true);
+ZENTAB_COPY(second_half, SecondHalf, true);
+ZENTAB_COPY(every_second_unflushed, EverySecond, false);
+ZENTAB_COPY(second_half_unflushed, SecondHalf, false);
+
+}  // namespace
+
+BENCHMARK_MAIN();
