@@ -86,7 +86,7 @@ std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const Conten
 std::error_code AppendToFile(FileLayer& files, const fs::path& path, const ContentWriter& write) {
   if (const std::error_code error = RefuseUnlessReplaceable(path)) return error;
   std::error_code unknown;
-  const bool isNew = fs::status(path, unknown).type() == fs::file_type::not_found;
+  const bool isNew = fs::symlink_status(path, unknown).type() == fs::file_type::not_found;
   std::unique_ptr<OutputFile> file;
   if (const std::error_code error = files.OpenForAppending(path, file)) return error;
   std::uint64_t size = 0;

@@ -90,6 +90,18 @@ class ClipboardTest : public QObject {
     Key(Qt::Key_Right, Qt::ShiftModifier);
     Keys(QKeySequence::Copy);
     QCOMPARE(Clip(), QStringLiteral("3\t30\r4\t40"));
+    ClickCell(3, 1);
+    Key(Qt::Key_Up, Qt::ShiftModifier);
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("2\r3"));
+    ClickCell(2, 1);
+    auto* const field = made_->Find<QWidget>("Text11");
+    QTest::mousePress(field, Qt::LeftButton);
+    QTest::mouseMove(field, field->rect().bottomRight() + QPoint(20, 5));
+    QTest::mouseMove(Grid().viewport(), Middle(4, 2));
+    QTest::mouseRelease(Grid().viewport(), Qt::LeftButton, {}, Middle(4, 2));
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("2\t20\r3\t30\r4\t40"));
     ClickCell(1, 2);
     auto* const numbers = Grid().verticalHeader();
     QTest::mouseClick(numbers->viewport(), Qt::LeftButton, {},
@@ -169,6 +181,15 @@ class ClipboardTest : public QObject {
     Keys(QKeySequence::Cut);
     QCOMPARE(Clip(), QStringLiteral("4"));
     QCOMPARE(Rows(3, 4), QStringLiteral("3\t\r\t40"));
+  }
+
+  void NothingToPasteLeavesACellThatWasOpened() {
+    Start();
+    ClickCell(2, 1);
+    QGuiApplication::clipboard()->clear();
+    Keys(QKeySequence::Paste);
+    QCOMPARE(Rows(2, 2), QStringLiteral("2\t20"));
+    QVERIFY(!Modified());
   }
 
   void InTheTextOfACellTheKeysMeanTheText() {

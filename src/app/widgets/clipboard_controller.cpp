@@ -14,12 +14,6 @@ namespace {
 
 std::string ClipboardText() { return QGuiApplication::clipboard()->text().toStdString(); }
 
-// Whether the cell was opened, but neither its text nor the caret has been touched since.
-bool IsUntouched(const QLineEdit& field) {
-  return !field.isModified() && !field.hasSelectedText() &&
-         field.cursorPosition() == field.text().size();
-}
-
 }  // namespace
 
 ClipboardController::ClipboardController(Session& session, TablePanel& panel)
@@ -54,7 +48,7 @@ void ClipboardController::Clear() {
 
 ClipboardController::Command ClipboardController::CommandFor(const QKeyEvent& event,
                                                              bool inEditor) const {
-  const bool meansCells = !inEditor || IsUntouched(*text11_);
+  const bool meansCells = !inEditor || panel_.grid->IsOnlyOpened();
   if (event.matches(QKeySequence::Paste)) {
     const bool oneRow = inEditor && !editor::HasSeveralRows(ClipboardText());
     return oneRow ? Command::PasteRow : Command::Import;
@@ -73,8 +67,9 @@ void ClipboardController::Run(Command command) {
 }
 
 void ClipboardController::PasteRow() {
-  if (IsUntouched(*text11_)) text11_->selectAll();
   const std::string text = ClipboardText();
+  if (text.empty()) return;
+  if (panel_.grid->IsOnlyOpened()) text11_->selectAll();
   const std::string_view row = editor::FirstRow(text);
   text11_->insert(QString::fromUtf8(row.data(), static_cast<qsizetype>(row.size())));
 }

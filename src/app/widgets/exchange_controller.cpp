@@ -112,8 +112,9 @@ void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
     if (!raw.empty())
       control->setToolTip(Qt::convertFromPlainText(text(raw), Qt::WhiteSpaceNormal));
   };
-  // A heading may name the file, which has to be chosen first.
-  if (fileChosen_ && !texts.heading.empty()) dialog.setWindowTitle(text(texts.heading));
+  // A heading that names the file has to wait until one is chosen.
+  const bool complete = fileChosen_ || texts.heading.find("%G") == std::string::npos;
+  if (complete && !texts.heading.empty()) dialog.setWindowTitle(text(texts.heading));
   if (!texts.button.empty()) dialog.command1->setText(text(texts.button));
   tip(dialog.command1, texts.buttonTip);
   tip(dialog.list1, texts.listTip);

@@ -2,14 +2,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QFileDialog>
 
 namespace zentab::app {
-namespace {
-
-QString TableFiles() { return QStringLiteral("Dat (*.dat)"); }
-
-}  // namespace
 
 bool QtUserDialogs::Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
                          const texts::MessageText& message) {
@@ -44,20 +38,21 @@ QWidget* QtUserDialogs::WindowInFront() const {
   return dialog != nullptr ? dialog : parent_;
 }
 
-QString QtUserDialogs::ChooseTableFile() {
+QString QtUserDialogs::ChooseFile(QFileDialog::AcceptMode mode) {
   // The working folder is the installation folder, where table files are kept.
-  return QFileDialog::getOpenFileName(WindowInFront(), QString(), QStringLiteral("."),
-                                      TableFiles());
-}
-
-QString QtUserDialogs::ChooseTargetFile() {
-  QFileDialog dialog(WindowInFront(), QString(), QStringLiteral("."), TableFiles());
+  QFileDialog dialog(WindowInFront(), QString(), QStringLiteral("."),
+                     QStringLiteral("Dat (*.dat)"));
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setAcceptMode(mode);
+  if (mode == QFileDialog::AcceptOpen) dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(QStringLiteral("dat"));
   // Entries are added to an existing file: there is nothing to be replaced.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
+
+QString QtUserDialogs::ChooseTableFile() { return ChooseFile(QFileDialog::AcceptOpen); }
+
+QString QtUserDialogs::ChooseTargetFile() { return ChooseFile(QFileDialog::AcceptSave); }
 
 }  // namespace zentab::app

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFileDialog>
 #include <QMessageBox>
 
 #include "app/widgets/user_dialogs.h"
@@ -23,6 +24,7 @@ class QtUserDialogs : public UserDialogs {
   [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
                           const texts::MessageText& message);
   [[nodiscard]] QWidget* WindowInFront() const;
+  [[nodiscard]] QString ChooseFile(QFileDialog::AcceptMode mode);
 
   const texts::ProgramTexts& texts_;
   QWidget* parent_ = nullptr;

@@ -40,6 +40,13 @@ std::optional<EditorKey> EditorKeyOf(const QKeyEvent& event) {
   return std::nullopt;
 }
 
+// Keys that select cells, in the grid and in a spreadsheet.
+bool SelectsCells(const QKeyEvent& event) {
+  const bool arrow = event.key() >= Qt::Key_Left && event.key() <= Qt::Key_Down;
+  const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+  return event.matches(QKeySequence::SelectAll) || (arrow && modifiers == Qt::ShiftModifier);
+}
+
 bool IsEnter(const QKeyEvent& event) { return EditorKeyOf(event) == EditorKey::Enter; }
 
 QLineEdit* MakeCellField(QWidget* parent) {
@@ -115,6 +122,11 @@ void CurveGridView::CloseEditor() {
 
 void CurveGridView::ShowAll() { model_->ShowAll(); }
 
+bool CurveGridView::IsOnlyOpened() const {
+  return cellEditor_.IsVisible() && !text11_->isModified() && !text11_->hasSelectedText() &&
+         text11_->cursorPosition() == text11_->text().size();
+}
+
 CellArea CurveGridView::SelectedArea() const {
   const QItemSelection selection = selectionModel()->selection();
   if (selection.isEmpty()) {
@@ -151,6 +163,28 @@ bool CurveGridView::OnEditorKey(const QKeyEvent& event) {
     setCurrentIndex(model_->index(move.row - kFirstRow, move.column - kLoadColumn));
     GridEdit(kOpenWithText);
   }
+  return true;
+}
+
+bool CurveGridView::OnSelectingKey(QKeyEvent* event) {
+  if (!SelectsCells(*event) || !IsOnlyOpened()) return false;
+  CloseEditor();
+  keyPressEvent(event);
+  return true;
+}
+
+// The editor lies over the cell where a drag would begin, since the click before has opened it.
+bool CurveGridView::OnDragOutOfEditor(const QMouseEvent& event) {
+  if ((event.buttons() & Qt::LeftButton) == 0 || text11_->rect().contains(event.pos())) {
+    return false;
+  }
+  pressed_ = currentIndex();
+  CloseEditor();
+  // Dragging goes on from here as if it had begun on the cell itself.
+  const QPointF begin = visualRect(pressed_).center();
+  QMouseEvent press(QEvent::MouseButtonPress, begin, viewport()->mapToGlobal(begin), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QTableView::mousePressEvent(&press);
   return true;
 }
 
@@ -198,7 +232,10 @@ bool CurveGridView::eventFilter(QObject* watched, QEvent* event) {
       if (EditorKeyOf(*static_cast<QKeyEvent*>(event))) event->accept();
       return false;
     case QEvent::KeyPress:
-      return OnEditorKey(*static_cast<QKeyEvent*>(event));
+      return OnEditorKey(*static_cast<QKeyEvent*>(event)) ||
+             OnSelectingKey(static_cast<QKeyEvent*>(event));
+    case QEvent::MouseMove:
+      return OnDragOutOfEditor(*static_cast<QMouseEvent*>(event));
     case QEvent::FocusOut: {
       // Another program or the field's own menu in front does not end the editing.
       const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();

@@ -27,6 +27,10 @@ class CurveGridView : public QTableView {
   /// The grid has new texts or headings.
   void ShowAll();
 
+  /// Whether the cell editor is open, but neither its text nor its caret has been touched: as far
+  /// as the user is concerned the cell is selected, not edited.
+  [[nodiscard]] bool IsOnlyOpened() const;
+
   /// The selected cells; the current one where none is.
   [[nodiscard]] CellArea SelectedArea() const;
 
@@ -55,6 +59,8 @@ class CurveGridView : public QTableView {
  private:
   void OnTextChanged(const QString& text);
   [[nodiscard]] bool OnEditorKey(const QKeyEvent& event);
+  [[nodiscard]] bool OnSelectingKey(QKeyEvent* event);
+  [[nodiscard]] bool OnDragOutOfEditor(const QMouseEvent& event);
   void OnHeaderPressed();
   void PlaceEditor();
   void FitRows();
