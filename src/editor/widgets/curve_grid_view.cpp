@@ -185,6 +185,8 @@ bool CurveGridView::OnDragOutOfEditor(const QMouseEvent& event) {
   QMouseEvent press(QEvent::MouseButtonPress, begin, viewport()->mapToGlobal(begin), Qt::LeftButton,
                     Qt::LeftButton, Qt::NoModifier);
   QTableView::mousePressEvent(&press);
+  // The button went down on the field, which is gone: nobody else would hear of the mouse.
+  viewport()->grabMouse();
   return true;
 }
 
@@ -261,6 +263,7 @@ void CurveGridView::mousePressEvent(QMouseEvent* event) {
 }
 
 void CurveGridView::mouseReleaseEvent(QMouseEvent* event) {
+  viewport()->releaseMouse();
   QTableView::mouseReleaseEvent(event);
   const QModelIndex released = indexAt(event->pos());
   // A drag or a click with a modifier selects cells; a plain click edits one.
