@@ -4,9 +4,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bench/in_turns.h"
+#include "bench/library_file.h"
+#include "bench/unflushed_files.h"
 #include "exchange/entry_copy.h"
-#include "library_file.h"
-#include "unflushed_files.h"
 
 namespace {
 
@@ -23,30 +24,32 @@ std::vector<bool> Selected(Selection selection) {
   return rows;
 }
 
+void PlainCopy(const fs::path& from, bool flushed) {
+  const fs::path plain = SharedLibrary().Folder() / "plain.dat";
+  fs::remove(plain);
+  CopyBytes(from, plain, flushed);
+}
+
 void CopySelected(benchmark::State& state, Selection selection, bool flushed) {
   UnflushedFiles unflushed;
   platform::FileLayer& files = flushed ? platform::SystemFiles() : unflushed;
   const fs::path library = SharedLibrary().Path();
   const fs::path copied = SharedLibrary().Folder() / "copied.dat";
   const fs::path selectedBytes = SharedLibrary().Folder() / "selected.dat";
-  const fs::path plain = SharedLibrary().Folder() / "plain.dat";
   const std::vector<bool> rows = Selected(selection);
   fs::remove(selectedBytes);
   Require(exchange::CopyEntries(files, library, rows, selectedBytes).copied == kEntries / 2);
 
-  std::vector<double> own, beside, whole;
-  for (auto _ : state) {
-    for (const fs::path& file : {plain, copied}) fs::remove(file);
-    beside.push_back(Seconds([&] { CopyBytes(selectedBytes, plain, flushed); }));
-    fs::remove(plain);
-    whole.push_back(Seconds([&] { CopyBytes(library, plain, flushed); }));
-    own.push_back(
-        Seconds([&] { Require(!exchange::CopyEntries(files, library, rows, copied).error); }));
-    state.SetIterationTime(own.back());
-  }
-  state.counters["x selected"] = Median(own) / Median(beside);
-  state.counters["x library"] = Median(own) / Median(whole);
-  state.counters["target"] = 1.5;
+  // Every copy is written into a fresh file; removing the last one is timed for all of them.
+  InTurns(
+      state,
+      [&] {
+        fs::remove(copied);
+        Require(!exchange::CopyEntries(files, library, rows, copied).error);
+      },
+      {{"library", [&] { PlainCopy(library, flushed); }},
+       {"selected", [&] { PlainCopy(selectedBytes, flushed); }}},
+      1.5);
   state.counters["MB"] = static_cast<double>(fs::file_size(library)) / 1e6;
 }
 

@@ -3,19 +3,15 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "bench/in_turns.h"
 #include "tables/entry_line.h"
 
-// A library of 100,000 curves, and what it takes to time work on it beside plain system calls.
+// A library of 100,000 curves, and plain copies to time the work on it beside.
 namespace zentab::bench {
 
 namespace fs = std::filesystem;
@@ -63,10 +59,6 @@ inline const Library& SharedLibrary() {
   return library;
 }
 
-inline void Require(bool done) {
-  if (!done) std::abort();
-}
-
 /// Reads one file in blocks and writes another.
 inline void CopyBytes(const fs::path& from, const fs::path& to, bool flushed) {
   const int in = ::open(from.c_str(), O_RDONLY);
@@ -85,17 +77,6 @@ inline void FlushFolder(const fs::path& file) {
   const int folder = ::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY);
   Require(folder >= 0 && ::fsync(folder) == 0);
   ::close(folder);
-}
-
-inline double Seconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-inline double Median(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + std::ssize(values) / 2, values.end());
-  return values[values.size() / 2];
 }
 
 }  // namespace zentab::bench

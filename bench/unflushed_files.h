@@ -34,7 +34,9 @@ class UnflushedFiles final : public platform::FileLayer {
   }
   std::error_code OpenForAppending(const fs::path& path,
                                    std::unique_ptr<platform::OutputFile>& file) override {
-    return platform::SystemFiles().OpenForAppending(path, file);
+    const std::error_code error = platform::SystemFiles().OpenForAppending(path, file);
+    if (!error) file = std::make_unique<UnflushedFile>(std::move(file));
+    return error;
   }
   std::error_code MoveOver(const fs::path& from, const fs::path& to) override {
     std::error_code error;
