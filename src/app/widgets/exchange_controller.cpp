@@ -94,6 +94,8 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
       files_, importing ? other : active, dialog.SelectedRows(), importing ? active : other);
   QGuiApplication::restoreOverrideCursor();
   dialog.command1->setEnabled(true);
+  // The button lost the focus when it was disabled; what comes next is another selection.
+  dialog.list1->setFocus();
   const texts::ProgramTexts& texts = session_.texts.program;
   dialog.outcome->setText(result.error
                               ? FailureText(texts.copyFailed, result.error)
