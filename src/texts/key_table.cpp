@@ -156,6 +156,8 @@ const std::vector<KeyRow>& OwnRows() {
       {"STATUS.MODIFIED", ProgramField{&P::modified}},
       {"STATUS.READ.FAILED", ProgramField{&P::readFailed}},
       {"STATUS.WRITE.FAILED", ProgramField{&P::writeFailed}},
+      {"STATUS.TIMETEST.EMPTY", ProgramField{&P::noTimeTest}},
+      {"TIMETEST.PROGRESS.TEXT", ProgramField{&P::importProgress}},
       {"MSGBOX.BUTTON.OK", ProgramField{&P::ok}},
       {"MSGBOX.BUTTON.CANCEL", ProgramField{&P::cancel}},
   };
