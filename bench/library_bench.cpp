@@ -1,8 +1,7 @@
-// The operations on a library of 100,000 curves beside what they are measured against, in turns:
+// The operations on a library of 100,000 curves beside what they are measured against:
 //   replacing a line near the end   beside a plain copy of the file and a rename
 //   listing all names               beside wc -l
 //   reading a line near the end     beside wc -l
-// The counters are ratios of the medians; "target" is what they should stay below.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -11,122 +10,27 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <vector>
 
-#include "platform/file_layer.h"
-#include "tables/entry_line.h"
+#include "bench/in_turns.h"
+#include "bench/library_file.h"
+#include "bench/unflushed_files.h"
 #include "tables/table_library.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace zentab;
+using namespace zentab::bench;
 
-constexpr std::size_t kEntries = 100'000;
 constexpr std::size_t kNearEnd = kEntries - 10;
-constexpr std::size_t kBlock = 256u << 10;
-
-tables::CurveTableEntry EntryNumber(std::size_t number) {
-  tables::CurveTableEntry entry = {"IEC SI TMS 0.10 Feeder " + std::to_string(number),
-                                   {},
-                                   false,
-                                   true,
-                                   tables::Instrument::Current};
-  for (int point = 1; point <= 26; ++point) {
-    entry.points.push_back({std::to_string(point) + ".125", std::to_string(100 - point) + ".0625"});
-  }
-  return entry;
-}
-
-class Library {
- public:
-  Library() : folder_(fs::temp_directory_path() / ("zentab-bench-" + std::to_string(::getpid()))) {
-    fs::create_directories(folder_);
-    std::ofstream file(Path(), std::ios::binary);
-    for (std::size_t number = 0; number < kEntries; ++number) {
-      file << tables::FormatEntryLine(EntryNumber(number)) << "\r\n";
-    }
-  }
-  ~Library() {
-    std::error_code ignored;
-    fs::remove_all(folder_, ignored);
-  }
-  Library(const Library&) = delete;
-  Library& operator=(const Library&) = delete;
-
-  [[nodiscard]] fs::path Path() const { return folder_ / "relayTables.dat"; }
-
- private:
-  fs::path folder_;
-};
-
-const Library& SharedLibrary() {
-  static const Library library;
-  return library;
-}
-
-// The system's files without the flush to the device.
-class UnflushedFile final : public platform::OutputFile {
- public:
-  explicit UnflushedFile(std::unique_ptr<OutputFile> file) : file_(std::move(file)) {}
-  std::error_code Write(std::string_view bytes) override { return file_->Write(bytes); }
-  std::error_code Flush() override { return {}; }
-  std::error_code Size(std::uint64_t& size) override { return file_->Size(size); }
-  std::error_code Truncate(std::uint64_t size) override { return file_->Truncate(size); }
-  std::error_code Close() override { return file_->Close(); }
-
- private:
-  std::unique_ptr<OutputFile> file_;
-};
-
-class UnflushedFiles final : public platform::FileLayer {
- public:
-  std::error_code Create(const fs::path& path, const fs::path& like,
-                         std::unique_ptr<platform::OutputFile>& file) override {
-    const std::error_code error = platform::SystemFiles().Create(path, like, file);
-    if (!error) file = std::make_unique<UnflushedFile>(std::move(file));
-    return error;
-  }
-  std::error_code OpenForAppending(const fs::path& path,
-                                   std::unique_ptr<platform::OutputFile>& file) override {
-    return platform::SystemFiles().OpenForAppending(path, file);
-  }
-  std::error_code MoveOver(const fs::path& from, const fs::path& to) override {
-    std::error_code error;
-    fs::rename(from, to, error);
-    return error;
-  }
-  std::error_code Remove(const fs::path& path) override {
-    return platform::SystemFiles().Remove(path);
-  }
-};
-
-void Require(bool done) {
-  if (!done) std::abort();
-}
 
 void PlainCopy(const fs::path& path, bool flushed) {
   const fs::path copy = path.string() + ".copy";
-  const int in = ::open(path.c_str(), O_RDONLY);
-  const int out = ::open(copy.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-  Require(in >= 0 && out >= 0);
-  const auto block = std::make_unique_for_overwrite<char[]>(kBlock);
-  while (const ssize_t count = ::read(in, block.get(), kBlock)) {
-    Require(count > 0 && ::write(out, block.get(), static_cast<std::size_t>(count)) == count);
-  }
-  if (flushed) Require(::fsync(out) == 0);
-  ::close(in);
-  ::close(out);
+  CopyBytes(path, copy, flushed);
   fs::rename(copy, path);
-  if (!flushed) return;
-  const int folder = ::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY);
-  Require(folder >= 0 && ::fsync(folder) == 0);
-  ::close(folder);
+  if (flushed) FlushFolder(path);
 }
 
 void WordCount(const fs::path& path) {
@@ -154,64 +58,32 @@ void CountLineFeeds(const fs::path& path) {
   Require(lines == static_cast<std::ptrdiff_t>(kEntries));
 }
 
-double Seconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + std::ssize(values) / 2, values.end());
-  return values[values.size() / 2];
-}
-
-struct Yardstick {
-  std::string name;
-  std::function<void(const fs::path&)> work;
-};
-
-void InTurns(benchmark::State& state, const std::function<void(const fs::path&)>& work,
-             const std::vector<Yardstick>& yardsticks, double target) {
-  const fs::path path = SharedLibrary().Path();
-  std::vector<double> own;
-  std::vector<std::vector<double>> others(yardsticks.size());
-  for (auto _ : state) {
-    for (std::size_t i = 0; i < yardsticks.size(); ++i) {
-      others[i].push_back(Seconds([&] { yardsticks[i].work(path); }));
-    }
-    own.push_back(Seconds([&] { work(path); }));
-    state.SetIterationTime(own.back());
-  }
-  for (std::size_t i = 0; i < yardsticks.size(); ++i) {
-    state.counters["x " + yardsticks[i].name] = Median(own) / Median(others[i]);
-  }
-  state.counters["target"] = target;
-}
-
 void ReplaceLine(benchmark::State& state, bool flushed) {
   UnflushedFiles unflushed;
   platform::FileLayer& files = flushed ? platform::SystemFiles() : unflushed;
+  const fs::path path = SharedLibrary().Path();
   InTurns(
-      state,
-      [&files](const fs::path& path) {
-        Require(!tables::ReplaceEntry(files, path, kNearEnd, EntryNumber(kNearEnd)));
-      },
-      {{"copy+rename", [flushed](const fs::path& path) { PlainCopy(path, flushed); }}}, 1.1);
+      state, [&] { Require(!tables::ReplaceEntry(files, path, kNearEnd, EntryNumber(kNearEnd))); },
+      {{"copy+rename", [&] { PlainCopy(path, flushed); }}}, 1.1);
 }
 
-const std::vector<Yardstick> kCounting = {{"wc -l", WordCount}, {"counting", CountLineFeeds}};
+void BesideCounting(benchmark::State& state, const std::function<void(const fs::path&)>& work) {
+  const fs::path path = SharedLibrary().Path();
+  InTurns(
+      state, [&] { work(path); },
+      {{"wc -l", [&] { WordCount(path); }}, {"counting", [&] { CountLineFeeds(path); }}}, 3.0);
+}
 
 void ListNames(benchmark::State& state) {
-  InTurns(
-      state, [](const fs::path& path) { Require(tables::ListEntryNames(path).size() == kEntries); },
-      kCounting, 3.0);
+  BesideCounting(state, [](const fs::path& path) {
+    Require(tables::ListEntryNames(path).size() == kEntries);
+  });
 }
 
 void ReadLineNearEnd(benchmark::State& state) {
-  InTurns(
-      state,
-      [](const fs::path& path) { Require(tables::ReadEntryLine(path, kNearEnd).has_value()); },
-      kCounting, 3.0);
+  BesideCounting(state, [](const fs::path& path) {
+    Require(tables::ReadEntryLine(path, kNearEnd).has_value());
+  });
 }
 
 BENCHMARK_CAPTURE(ReplaceLine, flushed, true)

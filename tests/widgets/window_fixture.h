@@ -26,7 +26,11 @@ class AnsweringDialogs : public UserDialogs {
     return answer;
   }
   void Inform(const texts::MessageText& message) override { asked.push_back(message.text); }
+  void ReportError(const texts::MessageText& message) override {
+    asked.push_back(message.title + ": " + message.text);
+  }
   QString ChooseTableFile() override { return file; }
+  QString ChooseTargetFile() override { return file; }
 };
 
 class MemoryStore : public platform::SettingsStore {

@@ -14,11 +14,14 @@
 #include "app/session_texts.h"
 #include "app/start_up.h"
 #include "app/widgets/chart_panel.h"
+#include "app/widgets/clipboard_controller.h"
+#include "app/widgets/exchange_controller.h"
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library_controller.h"
 #include "app/widgets/library_panel.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table_panel.h"
+#include "app/widgets/time_test_controller.h"
 #include "app/widgets/value_mode_binding.h"
 #include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
@@ -45,6 +48,9 @@ MainWindow::MainWindow(MainWindowParts parts)
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
       libraryController_(new LibraryController(session_, parts.files, dialogs_, *library_)),
+      timeTest_(new TimeTestController(session_, parts.files, dialogs_, log_, *chart_)),
+      clipboard_(new ClipboardController(session_, *table_)),
+      exchange_(new ExchangeController(session_, parts.files, dialogs_, store_, title_, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())) {
   libraryController_->setParent(this);
@@ -55,6 +61,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   BuildPanels();
   BuildMenus();
   ConnectPanels();
+  ConnectTimeTest();
 }
 
 void MainWindow::BuildPanels() {
@@ -88,9 +95,10 @@ void MainWindow::BuildMenus() {
   connect(add(options, "m_act", QStringLiteral("Set &active table…"), QKeySequence::Open),
           &QAction::triggered, libraryController_, &LibraryController::SetActiveTable);
   options->addSeparator();
-  // Both wait for the dialog that copies entries between files.
-  add(options, "m_imp", QStringLiteral("&Import…"), {})->setEnabled(false);
-  add(options, "m_exp", QStringLiteral("&Export…"), {})->setEnabled(false);
+  connect(add(options, "m_imp", QStringLiteral("&Import…"), {}), &QAction::triggered, exchange_,
+          &ExchangeController::Import);
+  connect(add(options, "m_exp", QStringLiteral("&Export…"), {}), &QAction::triggered, exchange_,
+          &ExchangeController::Export);
   options->addSeparator();
   connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
           &QAction::triggered, this, &QWidget::close);
@@ -113,12 +121,10 @@ void MainWindow::ConnectPanels() {
   connect(grid, &editor::CurveGridView::RowChanged, chart_->chart, &editor::CurveChart::MarkRow);
   connect(libraryController_, &LibraryController::GridNeeded, grid,
           &editor::CurveGridView::CloseEditor);
-  connect(libraryController_, &LibraryController::TableRead, this, [this, grid] {
-    grid->ShowAll();
+  connect(libraryController_, &LibraryController::TableRead, this, [this] {
     modes_->Show();
-    chart_->chart->Fit();
-    RefreshCaptions();
-    RefreshChart();
+    timeTest_->UpdateTimeTestAvailability();
+    ShowTable();
   });
   connect(libraryController_, &LibraryController::TableFileChosen, this, [this] {
     ApplyCatalogue(catalogues_.front());
@@ -126,7 +132,23 @@ void MainWindow::ConnectPanels() {
   });
   connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
   connect(libraryController_, &LibraryController::Failed, status_, &StatusLine::ShowFailure);
+  connect(clipboard_, &ClipboardController::TableChanged, this, [this, grid] {
+    grid->ShowAll();
+    RefreshChart();
+    status_->RefreshModified();
+  });
+  connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
+          &LibraryController::FillEntryList);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+}
+
+void MainWindow::ConnectTimeTest() {
+  connect(timeTest_, &TimeTestController::GridNeeded, table_->grid,
+          &editor::CurveGridView::CloseEditor);
+  connect(timeTest_, &TimeTestController::TableImported, this, &MainWindow::ShowTable);
+  connect(timeTest_, &TimeTestController::Failed, status_, &StatusLine::ShowFailure);
+  connect(modes_, &ValueModeBinding::InstrumentChosen, timeTest_,
+          &TimeTestController::UpdateTimeTestAvailability);
 }
 
 void MainWindow::Load() {
@@ -141,13 +163,19 @@ void MainWindow::Load() {
   modes_->Show();
   RefreshCaptions();
   RefreshChart();
-  RestorePlacement(*this, settings_);
+  RestorePlacement(*this, settings_.window);
 }
 
 void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
   FormTexts form(*this);
   texts::ApplyTexts(file, form, session_.texts,
                     [this](std::string_view text) { return Expanded(session_, text); });
+}
+
+void MainWindow::ShowTable() {
+  chart_->chart->Fit();
+  RefreshCaptions();
+  RefreshChart();
 }
 
 void MainWindow::RefreshChart() {
@@ -182,14 +210,17 @@ void MainWindow::RefreshCaptions() {
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) RefreshChart();
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    RefreshChart();
+    timeTest_->LookAgain();
+  }
 }
 
 void MainWindow::StoreSettings() {
   settings_.tableName = session_.tablePath;
   settings_.nomLoad1 = session_.modes.pickup;
   settings_.absValues = session_.modes.absoluteValues ? "1" : "0";
-  StorePlacement(*this, settings_);
+  settings_.window = PlacementOf(*this);
   // The program ends whether or not its window is remembered.
   [[maybe_unused]] const std::error_code dropped = SaveSettings(store_, title_, settings_);
 }

@@ -15,8 +15,13 @@ class UserDialogs {
   [[nodiscard]] virtual bool Confirm(const texts::MessageText& message) = 0;
   /// Tells something; there is only OK.
   virtual void Inform(const texts::MessageText& message) = 0;
+  /// Tells of a failure, with the icon of a critical error; there is only OK.
+  virtual void ReportError(const texts::MessageText& message) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
+  /// Lets the user choose the table file to add entries to, which need not exist; empty when
+  /// cancelled.
+  [[nodiscard]] virtual QString ChooseTargetFile() = 0;
 };
 
 }  // namespace zentab::app
