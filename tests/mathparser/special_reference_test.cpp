@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <map>
 
+#include "mathparser/integer_math.h"
+
 namespace zentab::mathparser {
 namespace {
 
@@ -37,6 +39,26 @@ TEST(SpecialFunctions, AgreeWithTheReferenceValuesAsStated) {
         << reference.Text() << " is " << static_cast<double>(reference.value) << ", not " << value;
   }
   EXPECT_EQ(counts.size(), 39U);
+}
+
+TEST(SpecialFunctions, CountExactlyBelowTwoToThePowerOf53) {
+  constexpr double kLimit = 9007199254740992.0;
+  std::vector<double> row = {1.0};  // of Pascal's triangle
+  for (double n = 0.0; n <= 200.0; ++n) {
+    double arrangements = 1.0;
+    for (std::size_t k = 0; k < row.size(); ++k) {
+      const auto drawn = static_cast<double>(k);
+      if (row[k] < kLimit) {
+        EXPECT_EQ(Combinations(n, drawn), row[k]) << n << ' ' << k;
+      }
+      if (arrangements < kLimit) {
+        EXPECT_EQ(Permutations(n, drawn), arrangements) << n << ' ' << k;
+      }
+      arrangements *= n - drawn;
+    }
+    row.push_back(0.0);
+    for (std::size_t k = row.size() - 1; k > 0; --k) row[k] += row[k - 1];
+  }
 }
 
 }  // namespace

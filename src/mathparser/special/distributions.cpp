@@ -21,7 +21,7 @@ DoubleDouble Standardised(double x, double mean, double deviation) {
 }
 
 // The density of the normal distribution. Domain: deviation > 0. Method: the definition (Abramowitz
-// & Stegun 26.2.1), its exponent in Wide. Error: measured up to 1.6e-16 relative.
+// & Stegun 26.2.1), its exponent as a pair of doubles. Error: measured up to 1.6e-16 relative.
 double NormalDensity(double x, double mean, double deviation) {
   if (deviation <= 0.0) return kNoNumber;
   const DoubleDouble z = Standardised(x, mean, deviation);
