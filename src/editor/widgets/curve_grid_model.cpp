@@ -1,6 +1,13 @@
 #include "editor/widgets/curve_grid_model.h"
 
 namespace zentab::editor {
+namespace {
+
+// More than any column has room for. Pasted by mistake, a text of megabytes would be laid out
+// again with every repaint.
+constexpr std::size_t kLongestShown = 1000;
+
+}  // namespace
 
 CurveGridModel::CurveGridModel(const CurveGrid& grid, QObject* parent)
     : QAbstractTableModel(parent), grid_(grid) {}
@@ -15,8 +22,8 @@ int CurveGridModel::columnCount(const QModelIndex& parent) const {
 
 QVariant CurveGridModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) {
-    return QString::fromStdString(
-        grid_.Cell(index.row() + kFirstRow, index.column() + kLoadColumn));
+    const std::string& cell = grid_.Cell(index.row() + kFirstRow, index.column() + kLoadColumn);
+    return QString::fromStdString(cell.substr(0, kLongestShown));
   }
   if (role == Qt::TextAlignmentRole) return int{Qt::AlignRight | Qt::AlignVCenter};
   return {};
