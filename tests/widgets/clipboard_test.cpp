@@ -170,17 +170,20 @@ class ClipboardTest : public QObject {
     ClickCell(2, 1);
     Keys(QKeySequence::Copy);
     QCOMPARE(Clip(), QStringLiteral("2"));
-    Put(QStringLiteral("5\t50\r\n"));
-    Keys(QKeySequence::Paste);
-    QVERIFY(EditorOpen());
-    QCOMPARE(Rows(2, 3), QStringLiteral("5\t50\r3\t30"));
+    for (const char* const text : {"7", "1,23456\t50\r\n", "1,23456\t50\r\n"}) {
+      Put(QLatin1String(text));
+      Keys(QKeySequence::Paste);
+      QVERIFY(EditorOpen());
+    }
+    QCOMPARE(Rows(2, 3), QStringLiteral("1.235\t50\r3\t30"));
+    QVERIFY2(!Modified(), "a paste counts as no edit");
     ClickCell(3, 2);
     Key(Qt::Key_Delete);
-    QVERIFY(!EditorOpen());
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("9"));
     ClickCell(4, 1);
     Keys(QKeySequence::Cut);
     QCOMPARE(Clip(), QStringLiteral("4"));
-    QCOMPARE(Rows(3, 4), QStringLiteral("3\t\r\t40"));
+    QCOMPARE(Rows(3, 4), QStringLiteral("3\t9\r\t40"));
   }
 
   void NothingToPasteLeavesACellThatWasOpened() {

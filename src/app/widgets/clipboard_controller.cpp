@@ -48,28 +48,36 @@ void ClipboardController::Clear() {
 
 ClipboardController::Command ClipboardController::CommandFor(const QKeyEvent& event,
                                                              bool inEditor) const {
-  const bool meansCells = !inEditor || panel_.grid->IsOnlyOpened();
+  const bool inText = inEditor && !panel_.grid->IsOnlyOpened();
   if (event.matches(QKeySequence::Paste)) {
-    const bool oneRow = inEditor && !editor::HasSeveralRows(ClipboardText());
+    const bool oneRow = inText && !editor::HasSeveralRows(ClipboardText());
     return oneRow ? Command::PasteRow : Command::Import;
   }
-  if (!meansCells) return Command::None;
+  if (inText) return Command::None;
   if (event.matches(QKeySequence::Copy)) return Command::Export;
   if (event.matches(QKeySequence::Cut)) return Command::Cut;
   return event.matches(QKeySequence::Delete) ? Command::Clear : Command::None;
 }
 
+// Several rows fill more than the open cell; of an export it notices nothing.
+bool ClipboardController::ReopensCell(Command command) const {
+  if (command == Command::Export || !panel_.grid->IsOnlyOpened()) return false;
+  return command != Command::Import || !editor::HasSeveralRows(ClipboardText());
+}
+
 void ClipboardController::Run(Command command) {
+  const bool reopens = ReopensCell(command);
   if (command == Command::Export || command == Command::Cut) Export();
   if (command == Command::Clear || command == Command::Cut) Clear();
   if (command == Command::Import) Import();
   if (command == Command::PasteRow) PasteRow();
+  // What is typed next belongs into the cell; the grid itself would not take it.
+  if (reopens) panel_.grid->GridEdit(editor::kOpenWithText);
 }
 
 void ClipboardController::PasteRow() {
   const std::string text = ClipboardText();
   if (text.empty()) return;
-  if (panel_.grid->IsOnlyOpened()) text11_->selectAll();
   const std::string_view row = editor::FirstRow(text);
   text11_->insert(QString::fromUtf8(row.data(), static_cast<qsizetype>(row.size())));
 }

@@ -13,8 +13,9 @@ class TablePanel;
 
 /// Carries out the clipboard commands under the grid, for their buttons (Import Clipboard data
 /// `Command7`, Export `Command8`, Clear `Command9`) and for the keys that mean them in a
-/// spreadsheet. In a cell that was only opened, as every click does, the keys still mean the cell;
-/// once its text is being edited they act on the text, except that several rows go into the grid.
+/// spreadsheet. In a cell that was only opened, as every click does, the keys still mean the cell,
+/// which stays open; once its text is being edited they act on the text, except that several rows
+/// go into the grid.
 class ClipboardController : public QObject {
   Q_OBJECT
 
@@ -40,6 +41,7 @@ class ClipboardController : public QObject {
   enum class Command { None, Export, Import, Cut, Clear, PasteRow };
 
   [[nodiscard]] Command CommandFor(const QKeyEvent& event, bool inEditor) const;
+  [[nodiscard]] bool ReopensCell(Command command) const;
   void Run(Command command);
   void PasteRow();
 
