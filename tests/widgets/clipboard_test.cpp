@@ -216,6 +216,13 @@ class ClipboardTest : public QObject {
     Keys(QKeySequence::Paste);
     QVERIFY(!EditorOpen());
     QCOMPARE(Rows(2, 3), QStringLiteral("2\t7\r3\t8"));
+    // A tab splits the text, which is the user's edit all the same.
+    ClickCell(2, 1);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("1"));
+    Put(QStringLiteral("4\t50"));
+    Keys(QKeySequence::Paste);
+    Keys(QKeySequence::Paste);
+    QCOMPARE(Rows(2, 2), QStringLiteral("2144\t50"));
   }
 };
 

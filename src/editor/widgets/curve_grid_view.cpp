@@ -144,6 +144,8 @@ void CurveGridView::OnTextChanged(const QString& text) {
   if (kept != text) {
     const QSignalBlocker own(text11_);
     text11_->setText(kept);
+    // Still the user's edit, though the field takes a text that it was given for untouched.
+    text11_->setModified(true);
   }
   model_->ShowCell(table_.grid.Row(), table_.grid.Col());
   model_->ShowCell(table_.grid.Row(), table_.grid.Col() + 1);
