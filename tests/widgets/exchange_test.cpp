@@ -96,6 +96,17 @@ class ExchangeTest : public QObject {
     QCOMPARE(f.Bytes(), kLibrary);
   }
 
+  void RowsStandForLinesByTheirPosition() {
+    WindowFixture& f = Start("{\"A\"\t 000}\r\n; nameless\r\n{\"B\"\t 000}\r\n");
+    f.dialogs.file = f.Path("new.dat");
+    InDialog("m_exp", [&](ExchangeDialog& dialog) {
+      QCOMPARE(NamesIn(dialog), QStringLiteral("A|B"));
+      Select(dialog, {1});
+      dialog.command1->click();
+    });
+    QCOMPARE(f.Bytes("new.dat"), QByteArray("; nameless\r\n"));
+  }
+
   void ExportOntoTheActiveFileKeepsListAndFileInStep() {
     WindowFixture& f = Start();
     f.dialogs.file = f.Path("relayTables.dat");
