@@ -26,6 +26,15 @@ namespace zentab::texts {
 /// given decimal separator; 1E-05 or 1.5E+20 below 0.0001 and from 1E+15 up.
 [[nodiscard]] std::string NumberText(double number, std::string_view decimalSeparator);
 
+/// A number with exactly `decimals` (1 to 15) digits behind a "." and at least one before it, no
+/// exponent and no grouping: 0.100000. Its 15 significant decimal digits count, as the user sees
+/// them; halves are rounded away from zero. What rounds to zero has no sign; NaN and infinities
+/// are written as zero.
+[[nodiscard]] std::string FixedNumberText(double number, int decimals);
+
+/// A 32-bit number with the 7 significant digits that it has, so that 0.1f gives 0.1.
+[[nodiscard]] double ShownValue(float number);
+
 /// The number rounded to `decimals` (0 to 15) digits behind the point, halves to the even digit.
 /// Halves are told by the number's 15 significant decimal digits, as the user sees them, not by
 /// its last binary digits: 1.2345 gives 1.234 and 1.0015 gives 1.002.
