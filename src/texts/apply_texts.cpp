@@ -1,8 +1,6 @@
 #include "texts/apply_texts.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <optional>
 
 #include "platform/character_case.h"
@@ -15,16 +13,6 @@ namespace {
 
 std::optional<double> NumberOf(const std::string& text) {
   return WholeNumber(SetDecimalSeparator(text, "."));
-}
-
-// A 16-bit integer, fractions rounded to the nearest one, halves to the even one.
-std::optional<std::int16_t> Int16Of(const std::string& text) {
-  const std::optional<double> number = NumberOf(text);
-  if (!number) return std::nullopt;
-  const double rounded = RoundHalfEven(*number, 0);
-  using Limits = std::numeric_limits<std::int16_t>;
-  if (rounded < Limits::min() || rounded > Limits::max()) return std::nullopt;
-  return static_cast<std::int16_t>(rounded);
 }
 
 std::optional<bool> TruthOf(const std::string& text) {
@@ -83,7 +71,7 @@ class Applier {
     const std::string content(TrimBlanks(text_));
     target_.SetCaption(field.field, content);
     if (field.text != nullptr) texts_.import.*field.text = content;
-    if (const std::optional<std::int16_t> number = Int16Of(content)) {
+    if (const std::optional<std::int16_t> number = ShortInteger(content)) {
       texts_.import.*field.number = *number;
     }
   }

@@ -80,6 +80,8 @@ struct ProgramTexts {
   std::string modified = "Modified";
   std::string readFailed = "The entry could not be read";
   std::string writeFailed = "The table file could not be written";
+  std::string importProgress = "Importing the time test…";
+  std::string noTimeTest = "The time test has no points";
   std::string selectInstrument = "Select Instrument first";
   std::string ok = "OK";
   std::string cancel = "Cancel";

@@ -168,6 +168,8 @@ const std::vector<KeyRow>& OwnRows() {
       {"STATUS.GRH.SKIPPED", GraphField{&G::skipped}},
       {"STATUS.GRH.FAILED", GraphField{&G::notWritten}},
       {"STATUS.GRH.EMPTY", GraphField{&G::noPoints}},
+      {"STATUS.TIMETEST.EMPTY", ProgramField{&P::noTimeTest}},
+      {"TIMETEST.PROGRESS.TEXT", ProgramField{&P::importProgress}},
       {"MSGBOX.BUTTON.OK", ProgramField{&P::ok}},
       {"MSGBOX.BUTTON.CANCEL", ProgramField{&P::cancel}},
   };

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 namespace zentab::texts {
 namespace {
@@ -120,6 +121,27 @@ std::optional<double> WholeNumber(std::string_view text) {
   const Parsed parsed = ParseNumber(text);
   if (!parsed.value || !TrimBlanks(text.substr(parsed.end)).empty()) return std::nullopt;
   return parsed.value;
+}
+
+std::optional<std::int16_t> ShortInteger(std::string_view text) {
+  const std::optional<double> number = WholeNumber(SetDecimalSeparator(text, "."));
+  if (!number) return std::nullopt;
+  const double rounded = RoundHalfEven(*number, 0);
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (rounded < Limits::min() || rounded > Limits::max()) return std::nullopt;
+  return static_cast<std::int16_t>(rounded);
+}
+
+std::string FixedText(double number, int decimals) {
+  if (!std::isfinite(number)) return NumberText(number, ".");
+  // The largest double has 309 digits before the point.
+  std::array<char, 400> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
+                                 std::chars_format::fixed, decimals)
+                       .ptr;
+  const std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  const bool isZero = digits.find_first_not_of("0.") == std::string_view::npos;
+  return (std::signbit(number) && !isZero ? "-" : "") + std::string(digits);
 }
 
 std::string NumberText(double number, std::string_view decimalSeparator) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,14 @@ namespace zentab::texts {
 
 /// As LeadingNumber, but only when the text is a number as a whole, blanks on both sides aside.
 [[nodiscard]] std::optional<double> WholeNumber(std::string_view text);
+
+/// The 16-bit integer that a whole text is, written with either decimal separator; a fraction is
+/// rounded to the nearest integer, halves to the even one. Nothing for any other text.
+[[nodiscard]] std::optional<std::int16_t> ShortInteger(std::string_view text);
+
+/// A finite number with exactly `decimals` digits behind a ".", at least one before it, no
+/// exponent and no "-" before a zero; any other number as NumberText gives it.
+[[nodiscard]] std::string FixedText(double number, int decimals);
 
 /// A finite number as the grid shows it: at most 15 significant digits, no trailing zeros, the
 /// given decimal separator; 1E-05 or 1.5E+20 below 0.0001 and from 1E+15 up.

@@ -26,6 +26,9 @@ class AnsweringDialogs : public UserDialogs {
     return answer;
   }
   void Inform(const texts::MessageText& message) override { asked.push_back(message.text); }
+  void ReportError(const texts::MessageText& message) override {
+    asked.push_back(message.title + ": " + message.text);
+  }
   QString ChooseTableFile() override { return file; }
 };
 

@@ -69,17 +69,18 @@ QWidget* ChartPanel::BuildStrip() {
     text->hide();
     fields->addWidget(label);
     fields->addWidget(text);
+    return text;
   };
   // The Tab key follows the order in which they are made.
   fields->addStretch(1);
-  field("Text4", "LabelText4", QStringLiteral("Difference type"));
-  field("Text5", "LabelText5", QStringLiteral("Filter type"));
-  field("Text6", "LabelText6", QStringLiteral("Mean"));
+  text4 = field("Text4", "LabelText4", QStringLiteral("Difference type"));
+  text5 = field("Text5", "LabelText5", QStringLiteral("Filter type"));
+  text6 = field("Text6", "LabelText6", QStringLiteral("Mean"));
   // Set GRH has its caption from the chosen instrument.
   command5 = button("Command5", QStringLiteral("?"), true);
   button("Command6", QStringLiteral("Import &GRH"), false);
   buttons->addStretch(1);
-  button("Command10", QStringLiteral("Im&port time test"), true);
+  command10 = button("Command10", QStringLiteral("Im&port time test"), true);
   return strip;
 }
 

@@ -4,6 +4,7 @@
 
 #include "editor/widgets/curve_chart.h"
 
+class QLineEdit;
 class QPushButton;
 
 namespace zentab::app {
@@ -17,7 +18,11 @@ class ChartPanel : public QWidget {
   explicit ChartPanel(QWidget* parent);
 
   editor::CurveChart* chart = nullptr;
-  QPushButton* command5 = nullptr;  // Set GRH
+  QPushButton* command5 = nullptr;   // Set GRH
+  QPushButton* command10 = nullptr;  // Import time test
+  QLineEdit* text4 = nullptr;        // difference type
+  QLineEdit* text5 = nullptr;        // filter type
+  QLineEdit* text6 = nullptr;        // width of the mean
 
  private:
   [[nodiscard]] QWidget* BuildChartPlace();

@@ -19,6 +19,7 @@
 #include "app/widgets/library_panel.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table_panel.h"
+#include "app/widgets/time_test_controller.h"
 #include "app/widgets/value_mode_binding.h"
 #include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
@@ -45,6 +46,7 @@ MainWindow::MainWindow(MainWindowParts parts)
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
       libraryController_(new LibraryController(session_, parts.files, dialogs_, *library_)),
+      timeTest_(new TimeTestController(session_, parts.files, dialogs_, log_, *chart_)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())) {
   libraryController_->setParent(this);
@@ -55,6 +57,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   BuildPanels();
   BuildMenus();
   ConnectPanels();
+  ConnectTimeTest();
 }
 
 void MainWindow::BuildPanels() {
@@ -113,12 +116,10 @@ void MainWindow::ConnectPanels() {
   connect(grid, &editor::CurveGridView::RowChanged, chart_->chart, &editor::CurveChart::MarkRow);
   connect(libraryController_, &LibraryController::GridNeeded, grid,
           &editor::CurveGridView::CloseEditor);
-  connect(libraryController_, &LibraryController::TableRead, this, [this, grid] {
-    grid->ShowAll();
+  connect(libraryController_, &LibraryController::TableRead, this, [this] {
     modes_->Show();
-    chart_->chart->Fit();
-    RefreshCaptions();
-    RefreshChart();
+    timeTest_->UpdateTimeTestAvailability();
+    ShowTable();
   });
   connect(libraryController_, &LibraryController::TableFileChosen, this, [this] {
     ApplyCatalogue(catalogues_.front());
@@ -127,6 +128,15 @@ void MainWindow::ConnectPanels() {
   connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
   connect(libraryController_, &LibraryController::Failed, status_, &StatusLine::ShowFailure);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+}
+
+void MainWindow::ConnectTimeTest() {
+  connect(timeTest_, &TimeTestController::GridNeeded, table_->grid,
+          &editor::CurveGridView::CloseEditor);
+  connect(timeTest_, &TimeTestController::TableImported, this, &MainWindow::ShowTable);
+  connect(timeTest_, &TimeTestController::Failed, status_, &StatusLine::ShowFailure);
+  connect(modes_, &ValueModeBinding::InstrumentChosen, timeTest_,
+          &TimeTestController::UpdateTimeTestAvailability);
 }
 
 void MainWindow::Load() {
@@ -148,6 +158,12 @@ void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
   FormTexts form(*this);
   texts::ApplyTexts(file, form, session_.texts,
                     [this](std::string_view text) { return Expanded(session_, text); });
+}
+
+void MainWindow::ShowTable() {
+  chart_->chart->Fit();
+  RefreshCaptions();
+  RefreshChart();
 }
 
 void MainWindow::RefreshChart() {
@@ -182,7 +198,10 @@ void MainWindow::RefreshCaptions() {
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) RefreshChart();
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    RefreshChart();
+    timeTest_->LookAgain();
+  }
 }
 
 void MainWindow::StoreSettings() {

@@ -22,6 +22,7 @@ class LibraryController;
 class LibraryPanel;
 class StatusLine;
 class TablePanel;
+class TimeTestController;
 class ValueModeBinding;
 
 /// What the main window works with; all of it outlives the window.
@@ -53,6 +54,8 @@ class MainWindow : public QMainWindow {
   void BuildPanels();
   void BuildMenus();
   void ConnectPanels();
+  void ConnectTimeTest();
+  void ShowTable();
   void RefreshChart();
   void ApplyCatalogue(const std::filesystem::path& file);
   void RefreshCaptions();
@@ -71,6 +74,7 @@ class MainWindow : public QMainWindow {
   TablePanel* table_;
   ChartPanel* chart_;
   LibraryController* libraryController_;
+  TimeTestController* timeTest_;
   ValueModeBinding* modes_;
   StatusLine* status_;
 };

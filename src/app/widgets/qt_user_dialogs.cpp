@@ -28,6 +28,10 @@ void QtUserDialogs::Inform(const texts::MessageText& message) {
   [[maybe_unused]] const bool dropped = Show(QMessageBox::Information, QMessageBox::Ok, message);
 }
 
+void QtUserDialogs::ReportError(const texts::MessageText& message) {
+  [[maybe_unused]] const bool dropped = Show(QMessageBox::Critical, QMessageBox::Ok, message);
+}
+
 QString QtUserDialogs::ChooseTableFile() {
   // The working folder is the installation folder, where table files are kept.
   return QFileDialog::getOpenFileName(parent_, QString(), QStringLiteral("."),

@@ -15,6 +15,7 @@ class QtUserDialogs : public UserDialogs {
 
   bool Confirm(const texts::MessageText& message) override;
   void Inform(const texts::MessageText& message) override;
+  void ReportError(const texts::MessageText& message) override;
   QString ChooseTableFile() override;
 
  private:

@@ -15,6 +15,8 @@ class UserDialogs {
   [[nodiscard]] virtual bool Confirm(const texts::MessageText& message) = 0;
   /// Tells something; there is only OK.
   virtual void Inform(const texts::MessageText& message) = 0;
+  /// Tells of a failure, with the icon of a critical error; there is only OK.
+  virtual void ReportError(const texts::MessageText& message) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
 };

@@ -34,10 +34,12 @@ void ValueModeBinding::Take() {
   session_.modes.absoluteValues = panel_.check1->isChecked();
   session_.modes.milliseconds = panel_.check2->isChecked();
   session_.modes.pickup = panel_.text2->text().toStdString();
+  const tables::Instrument before = session_.instrument;
   session_.instrument = panel_.option1->isChecked()   ? tables::Instrument::Current
                         : panel_.option2->isChecked() ? tables::Instrument::Voltage
                                                       : tables::Instrument::None;
   Q_EMIT Changed();
+  if (session_.instrument != before) Q_EMIT InstrumentChosen();
 }
 
 }  // namespace zentab::app

@@ -21,6 +21,8 @@ class ValueModeBinding : public QObject {
  Q_SIGNALS:
   /// The user changed one of them.
   void Changed();
+  /// The user chose an instrument.
+  void InstrumentChosen();
 
  private:
   void Take();

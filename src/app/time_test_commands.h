@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "app/session.h"
+#include "platform/file_layer.h"
+#include "timetest/import_pipeline.h"
+
+namespace zentab::app {
+
+/// The texts of the fields that an import starts with.
+struct ImportFields {
+  std::string differenceType;  // `Text4`
+  std::string filterType;      // `Text5`
+  std::string meanOver;        // `Text6`
+};
+
+/// The command on the time test of the chosen instrument. It asks nothing.
+class TimeTestCommands {
+ public:
+  TimeTestCommands(Session& session, platform::FileLayer& files)
+      : session_(session), files_(files) {}
+
+  /// Whether the chosen instrument's result file has an entry.
+  [[nodiscard]] bool HasTimeTest() const;
+
+  /// Brings the last time test into the grid. A field that is no 16-bit integer leaves the setting
+  /// as it was. Unless the result says that it was imported, grid and modified mark stay.
+  timetest::ImportResult ImportTimeTest(const ImportFields& fields,
+                                        const timetest::ProgressReport& progress);
+
+ private:
+  void TakeFields(const ImportFields& fields);
+  [[nodiscard]] timetest::ImportOptions Options() const;
+  void ShowInGrid(const std::vector<timetest::MeasuredPoint>& points);
+
+  Session& session_;
+  platform::FileLayer& files_;
+};
+
+}  // namespace zentab::app

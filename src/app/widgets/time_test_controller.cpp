@@ -1,0 +1,69 @@
+#include "app/widgets/time_test_controller.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "app/session_texts.h"
+#include "app/widgets/chart_panel.h"
+#include "app/widgets/import_progress.h"
+
+namespace zentab::app {
+
+TimeTestController::TimeTestController(Session& session, platform::FileLayer& files,
+                                       UserDialogs& dialogs, const EventLog& log, ChartPanel& panel)
+    : QObject(&panel),
+      session_(session),
+      commands_(session, files),
+      dialogs_(dialogs),
+      log_(log),
+      panel_(panel) {
+  connect(panel.command10, &QPushButton::clicked, this, &TimeTestController::ImportTimeTest);
+}
+
+void TimeTestController::UpdateTimeTestAvailability() {
+  withdrawn_ = false;
+  panel_.command10->setEnabled(commands_.HasTimeTest());
+}
+
+void TimeTestController::Withdraw() {
+  withdrawn_ = true;
+  panel_.command10->setEnabled(false);
+}
+
+void TimeTestController::LookAgain() {
+  if (!withdrawn_) UpdateTimeTestAvailability();
+}
+
+void TimeTestController::ImportTimeTest() {
+  log_.WriteLogLine(" %E Import time test ");
+  Q_EMIT GridNeeded();
+  if (session_.table.tableModified &&
+      !dialogs_.Confirm(MessageFor(session_, MessageBox::DiscardEdits, {}))) {
+    return;
+  }
+  const ImportFields fields = {panel_.text4->text().toStdString(),
+                               panel_.text5->text().toStdString(),
+                               panel_.text6->text().toStdString()};
+  ImportProgress progress(&panel_, session_.texts.program);
+  Report(commands_.ImportTimeTest(
+      fields, [&progress](double fraction) { return progress.Report(fraction); }));
+}
+
+void TimeTestController::Report(const timetest::ImportResult& result) {
+  switch (result.outcome) {
+    case timetest::ImportOutcome::Imported:
+      Q_EMIT TableImported();
+      break;
+    case timetest::ImportOutcome::NoEntries:
+      UpdateTimeTestAvailability();
+      Q_EMIT Failed(QString::fromStdString(session_.texts.program.noTimeTest));
+      break;
+    case timetest::ImportOutcome::EquationError:
+      dialogs_.ReportError({"ERROR", result.error});
+      break;
+    case timetest::ImportOutcome::Stopped:
+      break;
+  }
+}
+
+}  // namespace zentab::app

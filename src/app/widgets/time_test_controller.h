@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QObject>
+
+#include "app/event_log.h"
+#include "app/time_test_commands.h"
+#include "app/widgets/user_dialogs.h"
+
+namespace zentab::app {
+
+class ChartPanel;
+
+/// Carries out the Import time test command and says when it can be given.
+class TimeTestController : public QObject {
+  Q_OBJECT
+
+ public:
+  TimeTestController(Session& session, platform::FileLayer& files, UserDialogs& dialogs,
+                     const EventLog& log, ChartPanel& panel);
+
+ public Q_SLOTS:
+  /// The instrument was chosen: the command is offered when its time test has an entry.
+  void UpdateTimeTestAvailability();
+  /// The instrument could not be opened: the command is not offered until one is chosen.
+  void Withdraw();
+  /// The user comes back to the window, perhaps from a time test: looks again, unless withdrawn.
+  void LookAgain();
+  void ImportTimeTest();
+
+ Q_SIGNALS:
+  /// The command is about to use the grid: an open cell editor closes.
+  void GridNeeded();
+  /// The grid holds another table.
+  void TableImported();
+  /// Nothing could be imported; `text` says so in one line.
+  void Failed(const QString& text);
+
+ private:
+  void Report(const timetest::ImportResult& result);
+
+  Session& session_;
+  TimeTestCommands commands_;
+  UserDialogs& dialogs_;
+  const EventLog& log_;
+  ChartPanel& panel_;
+  bool withdrawn_ = true;
+};
+
+}  // namespace zentab::app

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+namespace zentab::timetest {
+
+/// One point of a time test.
+struct MeasuredPoint {
+  double load = 0.0;              // absolute, or in multiples of the pickup value
+  double time = 0.0;              // ms or s
+  double difference = 100'000.0;  // how much the curve bends here; this much at both of its ends
+};
+
+struct Extremes {
+  double tMin = 0.0;
+  double tMax = 0.0;
+  double vMin = 0.0;
+  double vMax = 0.0;
+};
+
+/// Told how far a step is (0 to 1); false stops it.
+using ProgressReport = std::function<bool(double)>;
+
+/// Passes on how far a loop is, now and then.
+class ProgressMeter {
+ public:
+  /// For the part of the whole from `from` to `to`.
+  ProgressMeter(const ProgressReport& report, double from, double to)
+      : report_(report), from_(from), length_(to - from) {}
+
+  /// Called at every step; `done` of `total` are behind. False once the user wants to stop.
+  [[nodiscard]] bool Step(std::size_t done, std::size_t total) {
+    if (--untilNext_ > 0) return true;
+    untilNext_ = kSteps;
+    return !report_ ||
+           report_(from_ + length_ * static_cast<double>(done) / static_cast<double>(total));
+  }
+
+ private:
+  static constexpr int kSteps = 4096;
+
+  const ProgressReport& report_;
+  double from_;
+  double length_;
+  int untilNext_ = kSteps;
+};
+
+}  // namespace zentab::timetest

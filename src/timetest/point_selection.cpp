@@ -1,0 +1,108 @@
+#include "timetest/point_selection.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+
+#include "tables/curve_table_entry.h"
+
+namespace zentab::timetest {
+namespace {
+
+constexpr std::size_t kWanted = tables::kMaxPoints;
+constexpr std::size_t kMany = 100;
+constexpr double kLarge = 0.0001;
+constexpr double kSmall = 0.00001;
+constexpr double kCountedRounds = 1e7;
+
+// The largest measures, falling; as many as tell whether more than kMany points lie above a level.
+std::vector<double> LargestMeasures(const std::vector<MeasuredPoint>& points) {
+  std::vector<double> largest;  // a heap with the smallest on top
+  for (const MeasuredPoint& point : points) {
+    const double measure = point.difference;
+    if (std::isnan(measure)) continue;
+    if (largest.size() <= kMany) {
+      largest.push_back(measure);
+      std::push_heap(largest.begin(), largest.end(), std::greater<>());
+    } else if (measure > largest.front()) {
+      std::pop_heap(largest.begin(), largest.end(), std::greater<>());
+      largest.back() = measure;
+      std::push_heap(largest.begin(), largest.end(), std::greater<>());
+    }
+  }
+  std::sort(largest.begin(), largest.end(), std::greater<>());
+  return largest;
+}
+
+class LevelSearch {
+ public:
+  explicit LevelSearch(const std::vector<MeasuredPoint>& points)
+      : largest_(LargestMeasures(points)), count_(points.size()) {}
+
+  double Run() {
+    while (count_ > kWanted) {
+      const bool isFast = count_ > kMany;
+      const double next = NextMeasure();
+      if (std::isinf(next)) break;
+      do {
+        Rise(isFast, next);
+      } while (level_ < next);
+      count_ = static_cast<std::size_t>(
+          std::partition_point(largest_.begin(), largest_.end(),
+                               [this](double measure) { return measure > level_; }) -
+          largest_.begin());
+    }
+    return level_;
+  }
+
+ private:
+  // The measure that the level has to reach before the number of points above it matters anew.
+  [[nodiscard]] double NextMeasure() const {
+    if (count_ <= kMany) return largest_[count_ - 1];
+    return largest_.size() > kMany ? largest_.back() : 0.0;
+  }
+
+  void Rise(bool isFast, double next) {
+    if (round_ > kCountedRounds) {
+      // No relay has such measures, and no user the time to count the rounds up to them.
+      level_ = std::max(next, std::nextafter(level_, kInfinity));
+      return;
+    }
+    if (isFast) {
+      level_ += round_ * round_ * kLarge;
+    } else {
+      level_ += slowRound_ * kSmall * static_cast<double>(count_ - kWanted);
+      slowRound_ += 1.0;
+    }
+    round_ += 1.0;
+  }
+
+  static constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+  std::vector<double> largest_;
+  std::size_t count_;  // of the points above the level; at first of all
+  double level_ = 0.0;
+  double round_ = 1.0;
+  double slowRound_ = 1.0;
+};
+
+}  // namespace
+
+double SelectionLevel(const std::vector<MeasuredPoint>& points) {
+  if (points.size() <= kWanted) return -1.0;
+  return LevelSearch(points).Run();
+}
+
+std::vector<MeasuredPoint> SelectPoints(const std::vector<MeasuredPoint>& points) {
+  if (points.size() <= kWanted) return points;
+  const double level = SelectionLevel(points);
+  std::vector<MeasuredPoint> chosen;
+  for (const MeasuredPoint& point : points) {
+    if (chosen.size() == kWanted) break;
+    if (point.difference > level) chosen.push_back(point);
+  }
+  return chosen;
+}
+
+}  // namespace zentab::timetest
