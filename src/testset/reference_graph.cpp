@@ -23,7 +23,7 @@ tables::CurvePoint Replaced(const tables::CurvePoint& point, const std::string& 
 
 std::string CoordinateText(double coordinate) {
   constexpr int kDecimals = 6;
-  return texts::FixedNumberText(coordinate, kDecimals);
+  return texts::FixedText(coordinate, kDecimals);
 }
 
 Extensions ExtensionsFor(std::size_t points, const texts::InstrumentTexts& texts) {

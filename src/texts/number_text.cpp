@@ -132,18 +132,6 @@ std::optional<std::int16_t> ShortInteger(std::string_view text) {
   return static_cast<std::int16_t>(rounded);
 }
 
-std::string FixedText(double number, int decimals) {
-  if (!std::isfinite(number)) return NumberText(number, ".");
-  // The largest double has 309 digits before the point.
-  std::array<char, 400> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
-                                 std::chars_format::fixed, decimals)
-                       .ptr;
-  const std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-  const bool isZero = digits.find_first_not_of("0.") == std::string_view::npos;
-  return (std::signbit(number) && !isZero ? "-" : "") + std::string(digits);
-}
-
 std::string NumberText(double number, std::string_view decimalSeparator) {
   if (!std::isfinite(number)) return std::isnan(number) ? "NaN" : number > 0 ? "INF" : "-INF";
   if (number == 0.0) return "0";
@@ -171,8 +159,8 @@ std::string NumberText(double number, std::string_view decimalSeparator) {
   return result;
 }
 
-std::string FixedNumberText(double number, int decimals) {
-  if (!std::isfinite(number)) number = 0.0;
+std::string FixedText(double number, int decimals) {
+  if (!std::isfinite(number)) return NumberText(number, ".");
   auto [digits, exponent] = DecimalFormOf(number);
   // As a whole number of the last decimal: cut or filled to that length, then rounded.
   const int length = exponent + 1 + decimals;

@@ -78,7 +78,8 @@ QWidget* ChartPanel::BuildStrip() {
   text6 = field("Text6", "LabelText6", QStringLiteral("Mean"));
   // Set GRH has its caption from the chosen instrument.
   command5 = button("Command5", QStringLiteral("?"), true);
-  button("Command6", QStringLiteral("Import &GRH"), false);
+  command6 = button("Command6", QStringLiteral("Import &GRH"), false);
+  command6->setEnabled(true);
   buttons->addStretch(1);
   command10 = button("Command10", QStringLiteral("Im&port time test"), true);
   return strip;

@@ -18,8 +18,10 @@ class QAction;
 namespace zentab::app {
 
 class ChartPanel;
+class InstrumentController;
 class LibraryController;
 class LibraryPanel;
+class ReferenceGraphController;
 class StatusLine;
 class TablePanel;
 class TimeTestController;
@@ -55,6 +57,7 @@ class MainWindow : public QMainWindow {
   void BuildMenus();
   void ConnectPanels();
   void ConnectTimeTest();
+  void ConnectInstruments();
   void ShowTable();
   void RefreshChart();
   void ApplyCatalogue(const std::filesystem::path& file);
@@ -75,6 +78,8 @@ class MainWindow : public QMainWindow {
   ChartPanel* chart_;
   LibraryController* libraryController_;
   TimeTestController* timeTest_;
+  InstrumentController* instruments_;
+  ReferenceGraphController* graphs_;
   ValueModeBinding* modes_;
   StatusLine* status_;
 };

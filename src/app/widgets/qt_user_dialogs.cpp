@@ -38,4 +38,10 @@ QString QtUserDialogs::ChooseTableFile() {
                                       QStringLiteral("Dat (*.dat)"));
 }
 
+QString QtUserDialogs::ChooseGraphFile() {
+  // Where Set GRH writes them.
+  return QFileDialog::getOpenFileName(parent_, QString(), QStringLiteral("data"),
+                                      QStringLiteral("GRH (*.grh)"));
+}
+
 }  // namespace zentab::app

@@ -17,6 +17,7 @@ class QtUserDialogs : public UserDialogs {
   void Inform(const texts::MessageText& message) override;
   void ReportError(const texts::MessageText& message) override;
   QString ChooseTableFile() override;
+  QString ChooseGraphFile() override;
 
  private:
   [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
