@@ -10,6 +10,8 @@ struct MeasuredPoint {
   double load = 0.0;              // absolute, or in multiples of the pickup value
   double time = 0.0;              // ms or s
   double difference = 100'000.0;  // how much the curve bends here; this much at both of its ends
+
+  friend bool operator==(const MeasuredPoint&, const MeasuredPoint&) = default;
 };
 
 struct Extremes {

@@ -59,8 +59,8 @@ class LevelSearch {
  private:
   // The measure that the level has to reach before the number of points above it matters anew.
   [[nodiscard]] double NextMeasure() const {
-    if (count_ <= kMany) return largest_[count_ - 1];
-    return largest_.size() > kMany ? largest_.back() : 0.0;
+    if (largest_.size() > kMany && count_ > kMany) return largest_.back();
+    return count_ <= largest_.size() ? largest_[count_ - 1] : 0.0;
   }
 
   void Rise(bool isFast, double next) {

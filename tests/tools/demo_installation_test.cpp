@@ -4,15 +4,16 @@
 #include "support/temporary_folder.h"
 #include "tables/table_library.h"
 #include "tools/demo_curves.h"
+#include "tools/demo_time_test.h"
 
 namespace zentab::tools {
 namespace {
 
 constexpr const char* kCheckedIn = DEMO_INSTALLATION "/relayTables.dat";
+constexpr const char* kHowToMake = "run: make_demo_installation examples/installation";
 
 TEST(DemoLibrary, IsWhatTheGeneratorMakes) {
-  ASSERT_TRUE(test::BytesOf(kCheckedIn) == DemoLibrary())
-      << "run: make_demo_library examples/installation/relayTables.dat";
+  ASSERT_TRUE(test::BytesOf(kCheckedIn) == DemoLibrary()) << kHowToMake;
   std::vector<std::string> names;
   for (const auto& curve : DemoCurves()) names.push_back(curve.name);
   EXPECT_EQ(tables::ListEntryNames(kCheckedIn), names);
@@ -44,6 +45,12 @@ TEST(DemoLibrary, PointsAreThoseOfThePublishedCurves) {
     const tables::CurvePoint point = {std::string(load), std::string(time)};
     EXPECT_EQ(std::count(curve->points.begin(), curve->points.end(), point), 1) << name;
   }
+}
+
+TEST(DemoTimeTests, AreWhatTheGeneratorMakes) {
+  const std::string data = DEMO_INSTALLATION "/data/";
+  EXPECT_TRUE(test::BytesOf(data + "current/result.txt") == DemoCurrentResult()) << kHowToMake;
+  EXPECT_TRUE(test::BytesOf(data + "voltage/result.txt") == DemoVoltageResult()) << kHowToMake;
 }
 
 }  // namespace

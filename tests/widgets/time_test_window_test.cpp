@@ -1,0 +1,129 @@
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QProgressDialog>
+#include <QTest>
+
+#include "app/widgets/import_progress.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kTexts =
+    "F1.LOGGFILE {on}\r\n"
+    "DIFF.TYPE {-}\r\nFILTER.TYPE {-}\r\nVALUE.MEAN.OVER {-}\r\n"
+    "FILTER.EQUATION.4 {t1+*2}\r\n";
+const QByteArray kResult = "Test\r\n1\t3\t2500\t\r\n2\t6\t1500\t\r\n3\t9\t1000\t\r\n";
+
+class TimeTestWindowTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start() {
+    made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n", ",");
+    made_->Write("Zentab.txt", kTexts);
+    made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
+    QDir(made_->Path(".")).mkpath("data/current");
+    made_->Write("data/current/result.txt", kResult);
+    made_->window.reset();
+    made_->Open();
+    return *made_;
+  }
+  void Click(const char* name) { made_->Find<QAbstractButton>(name)->click(); }
+  [[nodiscard]] bool Offered() const { return made_->Find<QWidget>("Command10")->isEnabled(); }
+  [[nodiscard]] QString Row(int row) const {
+    const auto& grid = made_->session.table.grid;
+    return QString::fromStdString(grid.Cell(row, 1) + " " + grid.Cell(row, 2));
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void ImportsFromTheChosenInstrumentByMouseAndKeyboard() {
+    WindowFixture& fixture = Start();
+    QVERIFY(!Offered());
+    Click("Option2");
+    QVERIFY(!Offered());
+    Click("Option1");
+    QVERIFY(Offered());
+    for (const char* const field : {"Text4", "Text5", "Text6"}) {
+      QVERIFY(fixture.Find<QWidget>(field)->isVisible());
+    }
+    fixture.Find<QLineEdit>("Text2")->setText("1,5");
+    fixture.Find<QLineEdit>("Text6")->setText("2");
+    Click("Command10");
+    QCOMPARE(Row(1), QStringLiteral("2 2,5"));
+    QCOMPARE(Row(2), QStringLiteral("4 2"));
+    QCOMPARE(Row(3), QStringLiteral("6 1,25"));
+    QVERIFY(fixture.Find<QWidget>("MSChart1")->isVisible());
+    QVERIFY(fixture.Find<QWidget>("Command3")->isEnabled());
+    QVERIFY(!fixture.session.table.tableModified);
+    QVERIFY(fixture.Bytes("Zentab.log").contains(" Import time test \r\n"));
+
+    fixture.Find<QCheckBox>("Check1")->setChecked(true);
+    fixture.Find<QLineEdit>("Text6")->clear();
+    fixture.Find<QLineEdit>("Text6")->setText("1");
+    auto* const button = fixture.Find<QAbstractButton>("Command10");
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Space);
+    QCOMPARE(Row(2), QStringLiteral("6 1,5"));
+  }
+
+  void AsksBeforeEditsAreLostAndTellsOfABadEquation() {
+    WindowFixture& fixture = Start();
+    Click("Option1");
+    fixture.session.table.grid.SetCell(1, 1, "mine");
+    fixture.session.table.tableModified = true;
+    fixture.dialogs.answer = false;
+    Click("Command10");
+    QCOMPARE(fixture.dialogs.asked.size(), 1u);
+    QCOMPARE(Row(1), QStringLiteral("mine "));
+    fixture.dialogs.answer = true;
+    fixture.Find<QLineEdit>("Text5")->setText("4");
+    Click("Command10");
+    QCOMPARE(fixture.dialogs.asked.back(), std::string("ERROR: Error in filter equation #4"));
+    QCOMPARE(Row(1), QStringLiteral("mine "));
+    QVERIFY(fixture.session.table.tableModified);
+  }
+
+  void AResultFileThatIsGoneWithdrawsTheCommand() {
+    WindowFixture& fixture = Start();
+    Click("Option1");
+    QVERIFY(QFile::remove(fixture.Path("data/current/result.txt")));
+    Click("Command10");
+    QVERIFY(!Offered());
+    QCOMPARE(Row(1), QStringLiteral(" "));
+    // The next time test is found when the user comes back.
+    fixture.Write("data/current/result.txt", kResult);
+    QEvent event(QEvent::ActivationChange);
+    fixture.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
+    QCoreApplication::sendEvent(fixture.window.get(), &event);
+    QVERIFY(Offered());
+  }
+
+  void ALongImportShowsHowFarItIsAndCanBeStopped() {
+    QWidget window;
+    const texts::ProgramTexts texts;
+    ImportProgress progress(&window, texts);
+    const auto bar = [&] { return window.findChild<QProgressDialog*>("ImportProgress"); };
+    QVERIFY(progress.Report(0.1));
+    QVERIFY(bar() == nullptr);
+    QTest::qWait(350);
+    QVERIFY(progress.Report(0.25));
+    QVERIFY(bar() != nullptr && bar()->isVisible());
+    QCOMPARE(bar()->value(), 250);
+    bar()->cancel();
+    QTest::qWait(50);
+    QVERIFY(!progress.Report(0.5));
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::TimeTestWindowTest)
+#include "time_test_window_test.moc"
