@@ -1,8 +1,7 @@
-// The operations on a library of 100,000 curves beside what they are measured against, in turns:
+// The operations on a library of 100,000 curves beside what they are measured against:
 //   replacing a line near the end   beside a plain copy of the file and a rename
 //   listing all names               beside wc -l
 //   reading a line near the end     beside wc -l
-// The counters are ratios of the medians; "target" is what they should stay below.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -11,13 +10,13 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <memory>
 #include <vector>
 
+#include "bench/in_turns.h"
 #include "platform/file_layer.h"
 #include "tables/entry_line.h"
 #include "tables/table_library.h"
@@ -26,6 +25,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace zentab;
+using bench::InTurns;
+using bench::Require;
 
 constexpr std::size_t kEntries = 100'000;
 constexpr std::size_t kNearEnd = kEntries - 10;
@@ -106,10 +107,6 @@ class UnflushedFiles final : public platform::FileLayer {
   }
 };
 
-void Require(bool done) {
-  if (!done) std::abort();
-}
-
 void PlainCopy(const fs::path& path, bool flushed) {
   const fs::path copy = path.string() + ".copy";
   const int in = ::open(path.c_str(), O_RDONLY);
@@ -154,64 +151,32 @@ void CountLineFeeds(const fs::path& path) {
   Require(lines == static_cast<std::ptrdiff_t>(kEntries));
 }
 
-double Seconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + std::ssize(values) / 2, values.end());
-  return values[values.size() / 2];
-}
-
-struct Yardstick {
-  std::string name;
-  std::function<void(const fs::path&)> work;
-};
-
-void InTurns(benchmark::State& state, const std::function<void(const fs::path&)>& work,
-             const std::vector<Yardstick>& yardsticks, double target) {
-  const fs::path path = SharedLibrary().Path();
-  std::vector<double> own;
-  std::vector<std::vector<double>> others(yardsticks.size());
-  for (auto _ : state) {
-    for (std::size_t i = 0; i < yardsticks.size(); ++i) {
-      others[i].push_back(Seconds([&] { yardsticks[i].work(path); }));
-    }
-    own.push_back(Seconds([&] { work(path); }));
-    state.SetIterationTime(own.back());
-  }
-  for (std::size_t i = 0; i < yardsticks.size(); ++i) {
-    state.counters["x " + yardsticks[i].name] = Median(own) / Median(others[i]);
-  }
-  state.counters["target"] = target;
-}
-
 void ReplaceLine(benchmark::State& state, bool flushed) {
   UnflushedFiles unflushed;
   platform::FileLayer& files = flushed ? platform::SystemFiles() : unflushed;
+  const fs::path path = SharedLibrary().Path();
   InTurns(
-      state,
-      [&files](const fs::path& path) {
-        Require(!tables::ReplaceEntry(files, path, kNearEnd, EntryNumber(kNearEnd)));
-      },
-      {{"copy+rename", [flushed](const fs::path& path) { PlainCopy(path, flushed); }}}, 1.1);
+      state, [&] { Require(!tables::ReplaceEntry(files, path, kNearEnd, EntryNumber(kNearEnd))); },
+      {{"copy+rename", [&] { PlainCopy(path, flushed); }}}, 1.1);
 }
 
-const std::vector<Yardstick> kCounting = {{"wc -l", WordCount}, {"counting", CountLineFeeds}};
+void BesideCounting(benchmark::State& state, const std::function<void(const fs::path&)>& work) {
+  const fs::path path = SharedLibrary().Path();
+  InTurns(
+      state, [&] { work(path); },
+      {{"wc -l", [&] { WordCount(path); }}, {"counting", [&] { CountLineFeeds(path); }}}, 3.0);
+}
 
 void ListNames(benchmark::State& state) {
-  InTurns(
-      state, [](const fs::path& path) { Require(tables::ListEntryNames(path).size() == kEntries); },
-      kCounting, 3.0);
+  BesideCounting(state, [](const fs::path& path) {
+    Require(tables::ListEntryNames(path).size() == kEntries);
+  });
 }
 
 void ReadLineNearEnd(benchmark::State& state) {
-  InTurns(
-      state,
-      [](const fs::path& path) { Require(tables::ReadEntryLine(path, kNearEnd).has_value()); },
-      kCounting, 3.0);
+  BesideCounting(state, [](const fs::path& path) {
+    Require(tables::ReadEntryLine(path, kNearEnd).has_value());
+  });
 }
 
 BENCHMARK_CAPTURE(ReplaceLine, flushed, true)

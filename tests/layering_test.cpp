@@ -28,7 +28,7 @@ const std::map<string, LayerSet> kAllowed = {
     {"texts", {"platform"}},
     {"tables", {"platform", "texts"}},
     {"editor", {"platform", "texts", "tables"}},
-    {"timetest", {"platform", "texts", "tables", "mathparser", "editor"}},
+    {"timetest", {"platform", "texts", "tables", "mathparser"}},
     {"testset", {"platform", "texts", "tables", "editor"}},
     {"exchange", {"platform", "texts", "tables", "editor"}},
     {"app",

@@ -132,8 +132,8 @@ std::optional<ReadPoints> ReadTimeTest(const ResultSource& source, const Reading
   EntryCollector entries(size);
   const PointMaker maker(modes);
   std::string buffer;
-  for (std::string_view line; !entries.HasEnded() && lines.Next(line);) {
-    entries.Add(texts::TrimBlanks(line), [&]() -> std::optional<MeasuredPoint> {
+  for (SectionLine line; !entries.HasEnded() && lines.Next(line);) {
+    entries.Add(texts::TrimBlanks(line.text), [&]() -> std::optional<MeasuredPoint> {
       const std::string_view value = EntryValue(line, buffer);
       return value.empty() ? std::nullopt : std::optional(maker.Make(value));
     });

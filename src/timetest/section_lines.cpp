@@ -1,6 +1,8 @@
 #include "timetest/section_lines.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 #include "platform/character_case.h"
 #include "texts/characters.h"
@@ -22,9 +24,15 @@ std::u32string Folded(std::string_view text) {
 }
 
 bool IsAscii(std::string_view text) {
-  unsigned bits = 0;
-  for (const char c : text) bits |= static_cast<unsigned char>(c);
-  return bits < 0x80;
+  std::uint64_t bits = 0;
+  std::size_t at = 0;
+  for (; at + sizeof bits <= text.size(); at += sizeof bits) {
+    std::uint64_t word;
+    std::memcpy(&word, text.data() + at, sizeof word);
+    bits |= word;
+  }
+  for (; at < text.size(); ++at) bits |= static_cast<unsigned char>(text[at]);
+  return (bits & 0x8080808080808080u) == 0;
 }
 
 bool MayHoldEndMarker(std::string_view text) {
@@ -36,28 +44,28 @@ bool MayHoldEndMarker(std::string_view text) {
 SectionLines::SectionLines(const std::filesystem::path& file, std::string_view heading)
     : reader_(file) {
   if (heading.empty()) return;
-  std::string_view line;
-  while (Next(line) && !texts::TrimBlanks(line).starts_with(heading)) {
+  SectionLine line;
+  while (Next(line) && !texts::TrimBlanks(line.text).starts_with(heading)) {
   }
 }
 
-bool SectionLines::Next(std::string_view& line) {
+bool SectionLines::Next(SectionLine& line) {
   platform::RawLine raw;
   if (!reader_.Next(raw)) return false;
   bytesRead_ += raw.text.size() + raw.ending.size();
-  line = raw.text;
-  if (!IsAscii(line)) {
-    decoded_ = texts::DecodeLine(line);
-    line = decoded_;
+  line = {raw.text, IsAscii(raw.text)};
+  if (!line.isAscii) {
+    decoded_ = texts::DecodeLine(raw.text);
+    line.text = decoded_;
   }
   return true;
 }
 
-std::string_view EntryValue(std::string_view line, std::string& buffer) {
-  const std::size_t tab = line.find(kSeparator);
-  std::string_view value = tab == std::string_view::npos ? line : line.substr(tab + 1);
-  if (!IsAscii(line) || MayHoldEndMarker(value)) {
-    buffer = ValueText(line, kSeparator, kEndMarker);
+std::string_view EntryValue(const SectionLine& line, std::string& buffer) {
+  const std::size_t tab = line.text.find(kSeparator.front());
+  std::string_view value = tab == std::string_view::npos ? line.text : line.text.substr(tab + 1);
+  if (!line.isAscii || MayHoldEndMarker(value)) {
+    buffer = ValueText(line.text, kSeparator, kEndMarker);
     return buffer;
   }
   value.remove_suffix(std::min<std::size_t>(value.size(), 1));

@@ -1,0 +1,165 @@
+// The import of a time test with 1,000,000 points, all stages (built-in measure and filter, mean
+// over 5), beside what it is measured against:
+//   the whole import      beside reading the file and converting its two columns
+//   twice the points      beside the whole import
+//   a value equation      beside the whole import
+//   a mean over 20,000    beside the whole import, with whole milliseconds and with seconds
+// "bytes a point" is how far the process grows while it imports.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <utility>
+
+#include "bench/in_turns.h"
+#include "timetest/import_pipeline.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace zentab;
+using bench::InTurns;
+using bench::Require;
+
+constexpr int kPoints = 1'000'000;
+
+class ResultFile {
+ public:
+  explicit ResultFile(int points)
+      : path_(fs::temp_directory_path() /
+              ("zentab-result-" + std::to_string(::getpid()) + "-" + std::to_string(points))) {
+    std::ofstream file(path_, std::ios::binary);
+    file << "Time test\r\n";
+    for (int point = 1; point <= points; ++point) {
+      const double load = 1.05 + 19.0 * point / points;
+      const double time =
+          140.0 / (std::pow(load, 0.02) - 1.0) + (point % 1000 * 7919 % 1000) / 100.0;
+      char line[80];
+      const int length =
+          std::snprintf(line, sizeof line, "%d\t%.3f\t%.1f\t\r\n", point, load, time);
+      file.write(line, length);
+    }
+    Require(static_cast<bool>(file.flush()));
+  }
+  ~ResultFile() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+  }
+  ResultFile(const ResultFile&) = delete;
+  ResultFile& operator=(const ResultFile&) = delete;
+
+  [[nodiscard]] timetest::ResultSource Source() const { return {path_, "Time test"}; }
+
+ private:
+  fs::path path_;
+};
+
+const timetest::ResultSource& Single() {
+  static const ResultFile file(kPoints);
+  static const timetest::ResultSource source = file.Source();
+  return source;
+}
+
+const timetest::ResultSource& Twice() {
+  static const ResultFile file(2 * kPoints);
+  static const timetest::ResultSource source = file.Source();
+  return source;
+}
+
+void Import(const timetest::ResultSource& source, std::int16_t meanOver = 5,
+            const char* equation = "", bool milliseconds = false) {
+  texts::CatalogueTexts texts;
+  texts.equations[static_cast<std::size_t>(texts::EquationStage::Value)][5] = equation;
+  const timetest::ImportOptions options = {{false, milliseconds, 1.0}, 0, 3, meanOver, "0"};
+  const timetest::ImportResult result =
+      timetest::ImportCurve(source, options, texts, nullptr, nullptr);
+  Require(result.points.size() >= 2);
+}
+
+// No error is looked at and no line is anything but three columns.
+void ReadAndConvert(const timetest::ResultSource& source) {
+  std::string bytes(fs::file_size(source.file), '\0');
+  const int file = ::open(source.file.c_str(), O_RDONLY);
+  Require(file >= 0 && ::read(file, bytes.data(), bytes.size()) == std::ssize(bytes));
+  ::close(file);
+  std::vector<std::pair<double, double>> points;
+  const char* const end = bytes.data() + bytes.size();
+  const char* at = bytes.data() + bytes.find('\n') + 1;
+  while (at < end) {
+    const char* const column = static_cast<const char*>(std::memchr(at, '\t', 12)) + 1;
+    double load = 0.0;
+    double time = 0.0;
+    const char* const next = std::from_chars(column, end, load).ptr + 1;
+    at = std::from_chars(next, end, time).ptr + 3;
+    points.emplace_back(load, time);
+  }
+  Require(points.size() >= kPoints);
+}
+
+double BytesAPoint() {
+  int ends[2];
+  Require(::pipe(ends) == 0);
+  const pid_t child = ::fork();
+  Require(child >= 0);
+  if (child == 0) {
+    rusage before{};
+    rusage after{};
+    ::getrusage(RUSAGE_SELF, &before);
+    Import(Single());
+    ::getrusage(RUSAGE_SELF, &after);
+    const long grown = after.ru_maxrss - before.ru_maxrss;
+    Require(::write(ends[1], &grown, sizeof grown) == sizeof grown);
+    ::_exit(0);
+  }
+  long grown = 0;
+  ::close(ends[1]);
+  Require(::read(ends[0], &grown, sizeof grown) == sizeof grown);
+  ::waitpid(child, nullptr, 0);
+  ::close(ends[0]);
+  return static_cast<double>(grown) * 1024.0 / kPoints;
+}
+
+void WholeImport(benchmark::State& state) {
+  const auto& source = Single();
+  state.counters["bytes a point"] = BytesAPoint();
+  InTurns(
+      state, [&] { Import(source); }, {{"read+convert", [&] { ReadAndConvert(source); }}}, 3.0);
+}
+
+void BesideWholeImport(benchmark::State& state, const std::function<void()>& work, double target) {
+  InTurns(state, work, {{"import", [] { Import(Single()); }}}, target);
+}
+
+void TwiceThePoints(benchmark::State& state) {
+  BesideWholeImport(
+      state, [] { Import(Twice()); }, 2.2);
+}
+void ValueEquation(benchmark::State& state) {
+  const char* const equation = "(t0+t1+t2)/3+0*(z+y+v0+v1+v2+tMin+tMax+vMin+vMax)";
+  BesideWholeImport(
+      state, [equation] { Import(Single(), 5, equation); }, 2.0);
+}
+void WideMean(benchmark::State& state, bool milliseconds) {
+  BesideWholeImport(
+      state, [=] { Import(Single(), 20'000, "", milliseconds); }, 0.0);
+}
+
+BENCHMARK(WholeImport)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(25);
+BENCHMARK(TwiceThePoints)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(ValueEquation)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(25);
+BENCHMARK_CAPTURE(WideMean, seconds, false)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+
+}  // namespace
+
+BENCHMARK_MAIN();
