@@ -65,6 +65,34 @@ double Four(const Instruction* at, double* values, double accumulator, double tr
   return HandOver<M>(at, values, result, trouble);
 }
 
+template <class Inner, class Outer, class Final, Mode M>
+double LeftLeaf(const Instruction* at, double* values, double accumulator, double trouble) {
+  Spill<M>(at, values, accumulator);
+  const double inner = Do<Inner>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
+  const double outer = Do<Outer>(inner, LeafPlace(at, values, 2), trouble);
+  const double result = Do<Final>(outer, LeafPlace(at, values, 3), trouble);
+  return HandOver<M>(at, values, result, trouble);
+}
+
+template <class Inner, class Outer, class Final, Mode M>
+double OnAccumulatorLeaf(const Instruction* at, double* values, double accumulator,
+                         double trouble) {
+  const double inner = Do<Inner>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
+  const double outer = Do<Outer>(accumulator, inner, trouble);
+  const double result = Do<Final>(outer, LeafPlace(at, values, 2), trouble);
+  return HandOver<M>(at, values, result, trouble);
+}
+
+template <class Outer, class LeftOp, class Middle, class RightOp, Mode M>
+double OnAccumulatorFour(const Instruction* at, double* values, double accumulator,
+                         double trouble) {
+  const double left = Do<LeftOp>(LeafPlace(at, values, 0), LeafPlace(at, values, 1), trouble);
+  const double right = Do<RightOp>(LeafPlace(at, values, 2), LeafPlace(at, values, 3), trouble);
+  const double middle = Do<Middle>(left, right, trouble);
+  const double result = Do<Outer>(accumulator, middle, trouble);
+  return HandOver<M>(at, values, result, trouble);
+}
+
 template <class I, class O>
 constexpr HandlerSet kLeftSet{Left<I, O, Mode::Plain>, Left<I, O, Mode::Spilling>,
                               Left<I, O, Mode::Last>};
@@ -80,6 +108,15 @@ constexpr HandlerSet kAccumulatorLeftSet{OnAccumulatorLeft<I, M, O, Mode::Plain>
 template <class L, class O, class R>
 constexpr HandlerSet kFourSet{Four<L, O, R, Mode::Plain>, Four<L, O, R, Mode::Spilling>,
                               Four<L, O, R, Mode::Last>};
+template <class I, class O, class F>
+constexpr HandlerSet kLeftLeafSet{LeftLeaf<I, O, F, Mode::Plain>, LeftLeaf<I, O, F, Mode::Spilling>,
+                                  LeftLeaf<I, O, F, Mode::Last>};
+template <class I, class O, class F>
+constexpr HandlerSet kAccumulatorLeafSet{OnAccumulatorLeaf<I, O, F, Mode::Plain>, nullptr,
+                                         OnAccumulatorLeaf<I, O, F, Mode::Last>};
+template <class O, class L, class M, class R>
+constexpr HandlerSet kAccumulatorFourSet{OnAccumulatorFour<O, L, M, R, Mode::Plain>, nullptr,
+                                         OnAccumulatorFour<O, L, M, R, Mode::Last>};
 
 // Place inner * kOuter + outer.
 using Pairs = std::array<HandlerSet, kInner * kOuter>;
@@ -104,6 +141,27 @@ constexpr Triples FourTriples(std::index_sequence<N...>) {
   return {kFourSet<Operation<N / (kArithmetic * kArithmetic)>,
                    Operation<N / kArithmetic % kArithmetic>, Operation<N % kArithmetic>>...};
 }
+template <std::size_t... N>
+constexpr Triples LeftLeafTriples(std::index_sequence<N...>) {
+  return {kLeftLeafSet<Operation<N / (kArithmetic * kArithmetic)>,
+                       Operation<N / kArithmetic % kArithmetic>, Operation<N % kArithmetic>>...};
+}
+template <std::size_t... N>
+constexpr Triples AccumulatorLeafTriples(std::index_sequence<N...>) {
+  return {
+      kAccumulatorLeafSet<Operation<N / (kArithmetic * kArithmetic)>,
+                          Operation<N / kArithmetic % kArithmetic>, Operation<N % kArithmetic>>...};
+}
+
+// Place ((outer * kArithmetic + left) * kArithmetic + middle) * kArithmetic + right.
+using Quadruples = std::array<HandlerSet, kArithmetic * kArithmetic * kArithmetic * kArithmetic>;
+template <std::size_t... N>
+constexpr Quadruples AccumulatorFourQuadruples(std::index_sequence<N...>) {
+  return {
+      kAccumulatorFourSet<Operation<N / (kArithmetic * kArithmetic * kArithmetic)>,
+                          Operation<N / (kArithmetic * kArithmetic) % kArithmetic>,
+                          Operation<N / kArithmetic % kArithmetic>, Operation<N % kArithmetic>>...};
+}
 
 // Place (inner * kArithmetic + middle) * kArithmetic + outer.
 using InnerTriples = std::array<HandlerSet, kInner * kArithmetic * kArithmetic>;
@@ -120,7 +178,12 @@ constexpr Pairs kRight = RightPairs(kEveryPair);
 constexpr Pairs kAccumulator = AccumulatorPairs(kEveryPair);
 constexpr InnerTriples kAccumulatorLeft =
     AccumulatorLeftTriples(std::make_index_sequence<std::tuple_size_v<InnerTriples>>());
-constexpr Triples kFour = FourTriples(std::make_index_sequence<std::tuple_size_v<Triples>>());
+constexpr auto kEveryTriple = std::make_index_sequence<std::tuple_size_v<Triples>>();
+constexpr Triples kFour = FourTriples(kEveryTriple);
+constexpr Triples kLeftLeaf = LeftLeafTriples(kEveryTriple);
+constexpr Triples kAccumulatorLeaf = AccumulatorLeafTriples(kEveryTriple);
+constexpr Quadruples kAccumulatorFour =
+    AccumulatorFourQuadruples(std::make_index_sequence<std::tuple_size_v<Quadruples>>());
 
 bool IsArithmetic(int operation) {
   return operation >= 0 && operation < static_cast<int>(kArithmetic);
@@ -129,6 +192,13 @@ bool IsArithmetic(int operation) {
 const HandlerSet* PairOf(const Pairs& pairs, int inner, int outer) {
   if (inner < 0 || outer < 0 || outer >= static_cast<int>(kOuter)) return nullptr;
   return &pairs[static_cast<std::size_t>(inner) * kOuter + static_cast<std::size_t>(outer)];
+}
+
+const HandlerSet* TripleOf(const Triples& triples, int first, int second, int third) {
+  if (!IsArithmetic(first) || !IsArithmetic(second) || !IsArithmetic(third)) return nullptr;
+  const auto place =
+      static_cast<std::size_t>(first) * kArithmetic + static_cast<std::size_t>(second);
+  return &triples[place * kArithmetic + static_cast<std::size_t>(third)];
 }
 
 }  // namespace
@@ -147,9 +217,27 @@ const HandlerSet* FusedAccumulatorLeft(int outer, int inner, int middle) {
 }
 
 const HandlerSet* FusedFour(int left, int outer, int right) {
-  if (!IsArithmetic(left) || !IsArithmetic(outer) || !IsArithmetic(right)) return nullptr;
-  const auto place = static_cast<std::size_t>(left) * kArithmetic + static_cast<std::size_t>(outer);
-  return &kFour[place * kArithmetic + static_cast<std::size_t>(right)];
+  return TripleOf(kFour, left, outer, right);
+}
+
+const HandlerSet* FusedLeftLeaf(int inner, int outer, int last) {
+  return TripleOf(kLeftLeaf, inner, outer, last);
+}
+
+const HandlerSet* FusedAccumulatorLeaf(int inner, int outer, int last) {
+  return TripleOf(kAccumulatorLeaf, inner, outer, last);
+}
+
+const HandlerSet* FusedAccumulatorFour(int outer, int left, int middle, int right) {
+  if (!IsArithmetic(outer) || !IsArithmetic(left) || !IsArithmetic(middle) ||
+      !IsArithmetic(right)) {
+    return nullptr;
+  }
+  std::size_t place = 0;
+  for (const int operation : {outer, left, middle, right}) {
+    place = place * kArithmetic + static_cast<std::size_t>(operation);
+  }
+  return &kAccumulatorFour[place];
 }
 
 }  // namespace zentab::mathparser

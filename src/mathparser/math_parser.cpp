@@ -43,7 +43,7 @@ bool MathParser::StoreExpression(std::string_view text) {
   expression_ = TrimBlanks(text);
   assignments_ = 0;
   uncounted_ = 0;
-  shown_ = Shown::Rows;
+  rowsAreShown_ = true;
   Compiler compiler(*catalogue_, table_);
   isCompiled_ = compiler.Compile(expression_);
   error_ = compiler.Error();
@@ -60,7 +60,8 @@ double MathParser::NotReady(const Instruction*, double*, double, double) {
 }
 
 void MathParser::SetReady() {
-  const bool isReady = isCompiled_ && !program_.code.empty() && (!explicit_ || varTop_ == 0);
+  const bool isReady =
+      isCompiled_ && !program_.code.empty() && (!explicit_ || varTop_ == 0) && !rowsAreShown_;
   entry_ = isReady ? program_.code.front().handler : NotReady;
 }
 
@@ -99,9 +100,10 @@ std::string_view MathParser::AngleUnit() const {
 
 void MathParser::AngleUnit(std::string_view unit) {
   for (std::size_t i = 0; i < kAngleUnits.size(); ++i) {
-    if (!SameWithoutCase(unit, kAngleUnits[i].name)) continue;
+    if (static_cast<int>(i) == angleUnit_ || !SameWithoutCase(unit, kAngleUnits[i].name)) continue;
+    ShowRows();  // with the factor they had
     angleUnit_ = static_cast<int>(i);
-    if (!program_.values.empty()) program_.values[kAngleFactorPlace] = kAngleUnits[i].factor;
+    program_.values[kAngleFactorPlace] = kAngleUnits[i].factor;
   }
 }
 
@@ -127,7 +129,7 @@ double MathParser::EvalChecked() {
   if (!program_.code.empty()) {
     const double value = program_.Run();
     if (std::isfinite(value)) {
-      shown_ = Shown::Variables;
+      ShowProgram();
       return value;
     }
   }
@@ -136,14 +138,31 @@ double MathParser::EvalChecked() {
 
 // Row by row, for the sake of the message that the program could not give.
 double MathParser::EvalAgain(int errorNumber) {
-  if (EvalRows()) return rows_.Result();
+  ShowRows();  // what the failure does not reach stays as the evaluation before has left it
+  if (EvalRows(program_.values.data())) return rows_.Result();
   error_ = rows_.Error();
   throw EvaluationError(errorNumber, error_);
 }
 
-bool MathParser::EvalRows() {
-  shown_ = Shown::Rows;
-  return rows_.Evaluate(table_, program_.values.data(), random_, decimalSeparator_);
+bool MathParser::EvalRows(const double* values) {
+  return rows_.Evaluate(table_, values, random_, decimalSeparator_);
+}
+
+void MathParser::KeepAllVariables() {
+  std::copy_n(program_.values.begin(), varTop_ + 1, evaluated_.begin());
+}
+
+void MathParser::ShowProgram() {
+  KeepAllVariables();
+  rowsAreShown_ = false;
+  SetReady();
+}
+
+void MathParser::ShowRows() {
+  if (rowsAreShown_) return;
+  (void)EvalRows(evaluated_.data());  // which cannot fail, as it did not then
+  rowsAreShown_ = true;
+  SetReady();
 }
 
 double MathParser::Eval1(double x) {
@@ -153,10 +172,10 @@ double MathParser::Eval1(double x) {
   double value = program_.code.empty() ? std::nan("") : program_.Run();
   bool good = std::isfinite(value);
   if (good) {
-    single_ = x;
-    shown_ = Shown::Single;
+    ShowProgram();
   } else {
-    good = EvalRows();
+    ShowRows();
+    good = EvalRows(program_.values.data());
     value = rows_.Result();
   }
   program_.values[1] = kept;
@@ -205,20 +224,26 @@ void MathParser::EvalBlocks(std::span<const double> values, int variable, Result
   for (std::size_t at = 0; at < values.size(); at += BlockEvaluator::kBlock) {
     const auto block = values.subspan(at, std::min(BlockEvaluator::kBlock, values.size() - at));
     double* results = resultsOf(at, block.size());
-    if (!blocks.CanRun() || !blocks.Run(block.data(), results, block.size())) {
+    if (blocks.CanRun() && blocks.Run(block.data(), results, block.size())) {
+      program_.values[static_cast<std::size_t>(variable)] = block.back();
+      ShowProgram();
+    } else {
       EvalEach(block, results, variable);
     }
   }
-  if (values.empty()) return;
-  program_.values[static_cast<std::size_t>(variable)] = values.back();
-  if (!program_.code.empty()) shown_ = Shown::Variables;
 }
 
 void MathParser::EvalEach(std::span<const double> values, double* results, int variable) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     program_.values[static_cast<std::size_t>(variable)] = values[i];
-    const double value = program_.code.empty() ? std::nan("") : program_.Run();
-    results[i] = std::isfinite(value) ? value : EvalAgain(kEvalError);
+    results[i] = program_.code.empty() ? std::nan("") : program_.Run();
+    if (!std::isfinite(results[i])) {
+      results[i] = EvalAgain(kEvalError);
+    } else if (i == 0 || rowsAreShown_) {
+      ShowProgram();
+    } else {
+      evaluated_[static_cast<std::size_t>(variable)] = values[i];
+    }
   }
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cmath>
-#include <limits>
+#include <array>
+#include <bit>
+#include <cstdint>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -95,9 +96,8 @@ class MathParser {
   /// The value for the variables as they are set. Throws EvaluationError 1001.
   double Eval() {
     const double value = entry_(program_.code.data(), program_.values.data(), 0.0, 0.0);
-    if (std::abs(value) <= std::numeric_limits<double>::max()) [[likely]] {
-      // Asked first, as a store for every evaluation would cost more.
-      if (shown_ != Shown::Variables) shown_ = Shown::Variables;
+    if (IsNumber(value)) [[likely]] {
+      KeepVariables<1, 1>();
       return value;
     }
     return EvalChecked();
@@ -117,7 +117,7 @@ class MathParser {
   void EvalMulti(std::span<const double> values, std::span<double> results, int variable = 1);
 
   /// A title row and one row of texts per operation, in the order of the expression. Values are
-  /// those of the last evaluation, computed anew from the variables as they are now.
+  /// those of the last evaluation, whatever has been set since then.
   std::vector<std::vector<std::string>> ET_Dump();
 
   /// The decimal separator of numbers in messages and in ET_Dump; "." at first.
@@ -125,16 +125,33 @@ class MathParser {
   void DecimalSeparator(std::string_view separator) { decimalSeparator_ = separator; }
 
  private:
-  // What the rows of ET_Dump are to show: themselves, or an evaluation that left them out.
-  enum class Shown : std::uint8_t { Rows, Variables, Single };
-
+  // False for NaN and infinities; in integers, so that there are no constants to load.
+  static bool IsNumber(double value) {
+    return std::bit_cast<std::uint64_t>(value) << 1U < 0xFFE0000000000000U;
+  }
   [[nodiscard]] bool IsVariable(int variable) const { return variable > 0 && variable <= varTop_; }
+  // Takes down what an evaluation was made with: variables may be set anew before anyone asks. One
+  // by one, hence volatile: what was set just now cannot be read two by two before it is stored.
+  template <int First, int Count>
+  void KeepVariables() {
+    if (varTop_ < First) return;
+    if constexpr (Count > 3) {
+      KeepAllVariables();
+    } else {
+      volatile double* evaluated = evaluated_.data();
+      for (int i = First; i < First + Count; ++i) evaluated[i] = program_.values[i];
+      KeepVariables<First + Count, Count + 1>();
+    }
+  }
+  void KeepAllVariables();
   static double NotReady(const Instruction*, double*, double, double);
   void SetCounted(int variable, double value);
   void CountAssignment(int variable);
   double EvalChecked();
   double EvalAgain(int errorNumber);
-  bool EvalRows();
+  bool EvalRows(const double* values);
+  void ShowRows();
+  void ShowProgram();
   bool AreAssigned();
   void RequireMulti(int variable);
   template <class Results>
@@ -149,18 +166,20 @@ class MathParser {
   ExpressionTable table_;
   Program program_;
   TableEvaluator rows_;
+  // The angle factor and the variables of the last evaluation that program_ made.
+  std::array<double, kMaxVariables + 1> evaluated_{};
   RandomSource random_;
-  // The first instruction's handler, or NotReady when there is no program or a check to make.
+  // The first instruction's handler, or NotReady when there is no program, a check to make or
+  // rowsAreShown_ to end.
   Handler entry_ = NotReady;
   // How many variables may be set without counting: all once counting makes no difference, else 0.
   unsigned uncounted_ = 0;
   int varTop_ = 0;
   int assignments_ = 0;
-  double single_ = 0.0;  // the x of Eval1
   int angleUnit_ = 0;
   bool isCompiled_ = false;
   bool explicit_ = false;
-  Shown shown_ = Shown::Rows;
+  bool rowsAreShown_ = true;  // rows_ holds the last evaluation; else program_ made it
 };
 
 }  // namespace zentab::mathparser

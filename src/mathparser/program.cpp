@@ -10,8 +10,6 @@
 namespace zentab::mathparser {
 namespace {
 
-constexpr std::size_t kFirstFreePlace = kMaxVariables + 1;
-
 double End(const Instruction*, double*, double accumulator, double trouble) {
   return accumulator - trouble;
 }
@@ -57,14 +55,15 @@ const Forms& NegateForms() { return *operators::kNegate.forms; }
 }  // namespace
 
 std::uint16_t Lowering::NewPlace(double value) {
-  program_.values.push_back(value);
-  return static_cast<std::uint16_t>(program_.values.size() - 1);
+  program_.values[firstFreePlace_] = value;
+  return firstFreePlace_++;
 }
 
 Instruction& Lowering::Emit(const HandlerSet& handlers) {
   Instruction& made = program_.code.emplace_back();
   made.handler = handlers[static_cast<std::size_t>(Mode::Plain)];
   emitted_ = &handlers;
+  joinable_ = {};
   return made;
 }
 
@@ -96,8 +95,15 @@ void Lowering::Compute(Value& value) {
     made.operand[1] = value.second;
     OwnAccumulator(value);
   } else if (value.kind == Value::Kind::LazyThree) {
-    EmitAnew(*FusedLeft(value.function->forms->fusion, value.outer->forms->fusion)).operand = {
-        value.place, value.second, value.third};
+    const int inner = value.function->forms->fusion;
+    const int outer = value.outer->forms->fusion;
+    EmitAnew(*FusedLeft(inner, outer)).operand = {value.place, value.second, value.third};
+    joinable_ = {FusedLeftLeaf, inner, outer, 3};
+    OwnAccumulator(value);
+  } else if (value.kind == Value::Kind::LazyFour) {
+    EmitAnew(*FusedFour(value.function->forms->fusion, value.outer->forms->fusion,
+                        value.right->forms->fusion))
+        .operand = {value.place, value.second, value.third, value.fourth};
     OwnAccumulator(value);
   }
 }
@@ -135,16 +141,10 @@ Lowering::Value Lowering::LowerUnary(const Row& row, Value& a) {
 bool Lowering::LowerFused(const FunctionEntry& function, Value& left, Value& right) {
   using Kind = Value::Kind;
   const int outer = function.forms->fusion;
-  const bool leftLazy = left.kind == Kind::Lazy;
   const bool rightLazy = right.kind == Kind::Lazy;
-  const int leftInner = leftLazy ? left.function->forms->fusion : -1;
   const int rightInner = rightLazy ? right.function->forms->fusion : -1;
   const HandlerSet* handlers = nullptr;
-  if (leftLazy && rightLazy) {
-    handlers = FusedFour(leftInner, outer, rightInner);
-    if (handlers == nullptr) return false;
-    EmitAnew(*handlers).operand = {left.place, left.second, right.place, right.second};
-  } else if (rightLazy && left.kind == Kind::Leaf) {
+  if (rightLazy && left.kind == Kind::Leaf) {
     handlers = FusedRight(outer, rightInner);
     if (handlers == nullptr) return false;
     EmitAnew(*handlers).operand = {left.place, right.place, right.second};
@@ -157,14 +157,47 @@ bool Lowering::LowerFused(const FunctionEntry& function, Value& left, Value& rig
     handlers = FusedAccumulator(outer, rightInner);
     if (handlers == nullptr) return false;
     Emit(*handlers).operand = {right.place, right.second};
+    joinable_ = {FusedAccumulatorLeaf, rightInner, outer, 2};
+  } else if (right.kind == Kind::LazyFour && left.kind == Kind::Accumulator) {
+    handlers = FusedAccumulatorFour(outer, right.function->forms->fusion,
+                                    right.outer->forms->fusion, right.right->forms->fusion);
+    if (handlers == nullptr) return false;
+    Emit(*handlers).operand = {right.place, right.second, right.third, right.fourth};
   }
   return handlers != nullptr;
+}
+
+// Lets the last instruction do an operation on its result and a leaf as well.
+bool Lowering::JoinLeaf(const FunctionEntry& function, const Value& right) {
+  if (joinable_.wider == nullptr) return false;
+  const HandlerSet* wider =
+      joinable_.wider(joinable_.inner, joinable_.outer, function.forms->fusion);
+  if (wider == nullptr) return false;
+  Instruction& last = program_.code.back();
+  constexpr auto kSpilling = static_cast<std::size_t>(Mode::Spilling);
+  constexpr auto kPlain = static_cast<std::size_t>(Mode::Plain);
+  last.handler = (*wider)[last.handler == (*emitted_)[kPlain] ? kPlain : kSpilling];
+  last.operand[joinable_.operands] = right.place;
+  emitted_ = wider;
+  joinable_ = {};
+  return true;
 }
 
 // Leaves an operation on leaves to the instruction that will need its result.
 bool Lowering::PutOff(const FunctionEntry& function, const Value& left, const Value& right,
                       Value& result) {
   const int fusion = function.forms->fusion;
+  if (left.kind == Value::Kind::Lazy && right.kind == Value::Kind::Lazy) {
+    const int leftInner = left.function->forms->fusion;
+    if (FusedFour(leftInner, fusion, right.function->forms->fusion) == nullptr) return false;
+    result = left;
+    result.kind = Value::Kind::LazyFour;
+    result.third = right.place;
+    result.fourth = right.second;
+    result.outer = &function;
+    result.right = right.function;
+    return true;
+  }
   if (fusion < 0 || right.kind != Value::Kind::Leaf) return false;
   if (left.kind == Value::Kind::Leaf) {
     result = {.kind = Value::Kind::Lazy,
@@ -191,11 +224,13 @@ Lowering::Value Lowering::LowerBinary(const Row& row, Value& left, Value& right)
   Value lazy;
   if (PutOff(*row.function, left, right, lazy)) return lazy;
   // What stands left of a lazy operand is computed first, so that it is in the accumulator.
-  if (left.kind == Kind::LazyThree) Compute(left);
-  if (right.kind == Kind::LazyThree && left.kind == Kind::Lazy) Compute(left);
+  const bool rightIsLarge = right.kind == Kind::LazyThree || right.kind == Kind::LazyFour;
+  const bool leftIsLarge = left.kind == Kind::LazyThree || left.kind == Kind::LazyFour;
+  if (leftIsLarge || (rightIsLarge && left.kind == Kind::Lazy)) Compute(left);
   if (LowerFused(*row.function, left, right)) return result;
   Compute(left);
   Compute(right);
+  if (left.kind == Kind::Accumulator && JoinLeaf(*row.function, right)) return result;
   if (left.kind == Kind::Accumulator) {
     Emit(forms.accumulatorLeaf).operand[0] = right.place;
   } else if (right.kind == Kind::Accumulator) {
@@ -240,6 +275,7 @@ Lowering::Value Lowering::LowerGuarded(int guard) {
   Value guarded;
   Pop(guarded);
   Compute(guarded);
+  joinable_ = {};  // what follows is not guarded
   const std::size_t jump = jump_[static_cast<std::size_t>(guard)];
   program_.code[jump].skip = static_cast<std::uint16_t>(program_.code.size() - jump);
   return guarded;
@@ -318,8 +354,7 @@ std::vector<std::int16_t> Lowering::GuardsFirst() const {
 
 void Lowering::Lower() {
   program_.code.clear();
-  program_.values.resize(kFirstFreePlace);
-  std::fill(program_.values.begin() + 1, program_.values.end(), 0.0);
+  std::fill_n(program_.values.begin() + 1, kMaxVariables, 0.0);
   if (table_.byRowsOnly || table_.rows.empty()) return;
   program_.code.reserve(table_.rows.size() + 1);
   for (const std::int16_t row : table_.hasGuards ? GuardsFirst() : table_.postfix) LowerRow(row);

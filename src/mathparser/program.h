@@ -9,12 +9,18 @@
 
 namespace zentab::mathparser {
 
+/// Of a program's values: the angle factor, the variables, a literal for every row and one more, a
+/// spill and a shared result for every row.
+inline constexpr std::size_t kPlaces = 1 + kMaxVariables + 3 * kMaxRows + 1;
+
 /// An expression table lowered to code that runs without names, links or allocation. It gives the
 /// very bits that the table's operations give one by one, and NaN or an infinity when one of them
 /// fails; which one and why, only the table knows.
 struct Program {
   std::vector<Instruction> code;  // empty when the expression cannot be lowered (random numbers)
-  std::vector<double> values;     // the angle factor, the variables from place 1, the rest
+  // The angle factor, the variables from place 1, the rest. Not on the heap, where they would have
+  // to be found anew for every variable that is set.
+  std::array<double, kPlaces> values{};
 
   [[nodiscard]] double Run() { return code.front().handler(code.data(), values.data(), 0.0, 0.0); }
 };
@@ -32,6 +38,7 @@ class Lowering {
       Negative,     // a variable with a minus
       Lazy,         // two leaves and a fusible operation, not computed yet
       LazyThree,    // a lazy value, an operation to its right and a leaf
+      LazyFour,     // two lazy values and an operation between them
       Accumulator,  // just computed
     };
     Kind kind = Kind::Leaf;
@@ -39,8 +46,17 @@ class Lowering {
     // Of lazy values: the leaves to the right and the operations.
     std::uint16_t second = 0;
     std::uint16_t third = 0;
+    std::uint16_t fourth = 0;
     const FunctionEntry* function = nullptr;
     const FunctionEntry* outer = nullptr;
+    const FunctionEntry* right = nullptr;
+  };
+  // The last instruction, when it can take one more operation with a leaf to its right.
+  struct Joinable {
+    const HandlerSet* (*wider)(int inner, int outer, int last) = nullptr;
+    int inner = -1;
+    int outer = -1;
+    std::size_t operands = 0;
   };
 
   [[nodiscard]] std::vector<std::int16_t> GuardsFirst() const;
@@ -48,6 +64,7 @@ class Lowering {
   Value LowerUnary(const Row& row, Value& a);
   Value LowerBinary(const Row& row, Value& left, Value& right);
   bool LowerFused(const FunctionEntry& function, Value& left, Value& right);
+  bool JoinLeaf(const FunctionEntry& function, const Value& right);
   static bool PutOff(const FunctionEntry& function, const Value& left, const Value& right,
                      Value& result);
   Value LowerCall(const Row& row, std::array<Value, kMaxArguments>& arguments);
@@ -69,8 +86,10 @@ class Lowering {
   Program& program_;
   std::array<Value, kMaxRows + 2> stack_{};
   std::size_t depth_ = 0;
+  std::uint16_t firstFreePlace_ = kMaxVariables + 1;
   const HandlerSet* emitted_ = nullptr;  // of the last instruction
-  Value* inAccumulator_ = nullptr;       // the value that the accumulator holds
+  Joinable joinable_;
+  Value* inAccumulator_ = nullptr;  // the value that the accumulator holds
   std::array<std::uint16_t, kMaxRows + 1> sharedPlace_{};
   std::array<std::size_t, kMaxRows + 1> jump_{};  // of a guard's row, its instruction
 };

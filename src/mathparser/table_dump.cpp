@@ -14,13 +14,7 @@ constexpr std::array<const char*, 15> kTitles = {
 }  // namespace
 
 std::vector<std::vector<std::string>> MathParser::ET_Dump() {
-  if (isCompiled_ && shown_ != Shown::Rows) {
-    const double kept = program_.values[1];
-    if (shown_ == Shown::Single) program_.values[1] = single_;
-    // Fails only where a variable was set to what cannot be evaluated; the rows then show as much.
-    (void)EvalRows();
-    program_.values[1] = kept;
-  }
+  ShowRows();
   if (rows_.Rows().size() != table_.rows.size()) rows_.Reset(table_);
 
   std::vector<std::vector<std::string>> dump;

@@ -258,5 +258,83 @@ TEST(Members, Dump) {
   EXPECT_EQ(ColumnOf(parser, "Value"), (Column{"0", "0", "0", "1.75", "0"}));
 }
 
+// Whatever is set after an evaluation, the dump shows what that was made with.
+TEST(Members, DumpShowsTheLastEvaluation) {
+  using Action = std::function<void(MathParser&)>;
+  const std::vector<double> values = {5.0, 6.0, 7.0};
+  const Action eval3 = [](MathParser& p) { p.VarValue(1, 3.0), (void)p.Eval(); };
+  const Action fail = [](MathParser& p) { p.VarValue(1, 0.0), (void)EvalError(p); };
+  const Action multi = [&](MathParser& p) { (void)p.EvalMulti(values); };
+  const Action eachOfMulti = [](MathParser& p) {
+    (void)ErrorOf([&] { (void)p.EvalMulti(std::vector<double>{5.0, 0.0, 7.0}); });
+  };
+  struct Case {
+    const char* name;
+    const char* expression;
+    std::vector<Action> evaluate;
+    std::vector<std::string> arguments, results;  // the first of each row, the value of each row
+  };
+  const Case cases[] = {
+      {"nothing", "x*2+8/x", {}, {"0", "0", "8"}, {"0", "0", "0"}},
+      {"Eval", "x*2", {eval3}, {"3"}, {"6"}},
+      {"twice",
+       "x*2",
+       {eval3, [](MathParser& p) { p.VarSymb("x", 4.0), (void)p.Eval(); }},
+       {"4"},
+       {"8"}},
+      {"an assignment missing",
+       "x*2+0*y",
+       {eval3,
+        [](MathParser& p) { p.OpAssignExplicit(true), p.Variable(1, 4.0), (void)EvalError(p); }},
+       {"3", "6", "0"},
+       {"6", "6", "0"}},
+      {"Eval1", "x*2", {eval3, [](MathParser& p) { (void)p.Eval1(4.0); }}, {"4"}, {"8"}},
+      {"EvalMulti", "x*2", {eval3, multi}, {"7"}, {"14"}},
+      {"EvalMulti by point", "(x<9)*(x-1)", {multi}, {"7", "1", "7"}, {"1", "6", "6"}},
+      {"EvalMulti of none",
+       "x*2",
+       {eval3, [](MathParser& p) { (void)p.EvalMulti(std::vector<double>()); }},
+       {"3"},
+       {"6"}},
+      // The rows behind a failure stay as the evaluation before left them.
+      {"failure at once", "x*2+8/x", {fail}, {"0", "0", "8"}, {"0", "0", "0"}},
+      {"failure after Eval", "x*2+6/x", {eval3, fail}, {"0", "0", "6"}, {"0", "8", "0"}},
+      {"failure in EvalMulti",
+       "x*2+20/x",
+       {eval3, eachOfMulti},
+       {"0", "0", "20"},
+       {"0", "14", "0"}},
+      {"Eval after a failure", "x*2", {fail, eval3}, {"3"}, {"6"}},
+      {"ten variables",
+       "x*2+(a+b+c+d+e+f+g+h+i)",
+       {[](MathParser& p) {
+         for (int i = 1; i <= 10; ++i) p.VarValue(i, i);
+         (void)p.Eval();
+       }},
+       {"1", "2", "2", "5", "9", "14", "20", "27", "35", "44"},
+       {"2", "56", "5", "9", "14", "20", "27", "35", "44", "54"}},
+      {"the angle unit",
+       "sin(x)",
+       {[](MathParser& p) { p.AngleUnit("DEG"), p.VarValue(1, 90.0), (void)p.Eval(); }},
+       {"90"},
+       {"1"}},
+  };
+  for (const Case& tried : cases) {
+    SCOPED_TRACE(tried.name);
+    MathParser parser;
+    ASSERT_TRUE(parser.StoreExpression(tried.expression));
+    for (const Action& evaluate : tried.evaluate) evaluate(parser);
+    for (int i = 1; i <= parser.VarTop(); ++i) parser.Variable(i, 99.0);
+    parser.AngleUnit("GRAD");
+    EXPECT_EQ(ColumnOf(parser, "Arg1 Value"), tried.arguments);
+    EXPECT_EQ(ColumnOf(parser, "Value"), tried.results);
+    // Asked again, and after a further evaluation.
+    EXPECT_EQ(ColumnOf(parser, "Value"), tried.results);
+    parser.OpAssignExplicit(false);
+    (void)parser.Eval();
+    EXPECT_EQ(ColumnOf(parser, "Arg1 Value")[0], "99");
+  }
+}
+
 }  // namespace
 }  // namespace zentab::mathparser

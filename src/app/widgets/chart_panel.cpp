@@ -76,12 +76,16 @@ QWidget* ChartPanel::BuildStrip() {
   text4 = field("Text4", "LabelText4", QStringLiteral("Difference type"));
   text5 = field("Text5", "LabelText5", QStringLiteral("Filter type"));
   text6 = field("Text6", "LabelText6", QStringLiteral("Mean"));
+  text6->setToolTip(
+      QStringLiteral("Each time value is calculated as the mean of the last (this "
+                     "number) number of values"));
   // Set GRH has its caption from the chosen instrument.
   command5 = button("Command5", QStringLiteral("?"), true);
   command6 = button("Command6", QStringLiteral("Import &GRH"), false);
   command6->setEnabled(true);
   buttons->addStretch(1);
   command10 = button("Command10", QStringLiteral("Im&port time test"), true);
+  command10->setToolTip(QStringLiteral("Imports the table from the time test."));
   return strip;
 }
 
