@@ -89,13 +89,11 @@ void TakeOffExtensions(std::vector<GraphPoint>& points, const editor::ValueModes
     const CurvePoint added = extension(texts, InModes(beside, modes));
     return SamePoint(point, editor::Scaled(modes, added.load, added.time));
   };
-  const Extensions both = ExtensionsFor(1, texts);
-  const bool first =
-      both.first && points.size() > 1 && isExtension(points[0], points[1], FirstExtension);
+  const bool first = points.size() > 1 && ExtensionsFor(points.size() - 1, texts).first &&
+                     isExtension(points[0], points[1], FirstExtension);
   const std::size_t without = points.size() - (first ? 1 : 0);
-  const bool last = both.last && without > 1 &&
-                    isExtension(points.back(), points[points.size() - 2], LastExtension) &&
-                    ExtensionsFor(without - 1, texts).last;
+  const bool last = without > 1 && ExtensionsFor(without - 1, texts).last &&
+                    isExtension(points.back(), points[points.size() - 2], LastExtension);
   if (last) points.pop_back();
   if (first) points.erase(points.begin());
 }

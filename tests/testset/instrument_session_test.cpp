@@ -87,6 +87,16 @@ TEST_F(InstrumentSessionTest, AFailedOpenKeepsTheLastGoodPickup) {
   EXPECT_EQ(lines.back(), " %E Open Current 0");
 }
 
+TEST_F(InstrumentSessionTest, TheDemoInstallationHasBothInstruments) {
+  std::filesystem::copy(DEMO_INSTALLATION, Folder(),
+                        std::filesystem::copy_options::recursive |
+                            std::filesystem::copy_options::overwrite_existing);
+  EXPECT_TRUE(ChooseAndOpen(Instrument::Current).open);
+  EXPECT_EQ(session.UsablePickup(), 1.0f);
+  EXPECT_TRUE(ChooseAndOpen(Instrument::Voltage).open);
+  EXPECT_EQ(session.UsablePickup(), 110.0f);
+}
+
 // A module's file with a text replaced by another of the same length.
 std::string Renamed(std::string bytes, std::string_view text, std::string_view by) {
   for (std::size_t at = 0; (at = bytes.find(text, at)) != std::string::npos; at += by.size()) {
