@@ -88,9 +88,9 @@ TEST_F(InstrumentSessionTest, AFailedOpenKeepsTheLastGoodPickup) {
 }
 
 TEST_F(InstrumentSessionTest, TheDemoInstallationHasBothInstruments) {
-  std::filesystem::copy(DEMO_INSTALLATION, Folder(),
-                        std::filesystem::copy_options::recursive |
-                            std::filesystem::copy_options::overwrite_existing);
+  std::filesystem::copy(
+      DEMO_INSTALLATION, Folder(),
+      std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
   EXPECT_TRUE(ChooseAndOpen(Instrument::Current).open);
   EXPECT_EQ(session.UsablePickup(), 1.0f);
   EXPECT_TRUE(ChooseAndOpen(Instrument::Voltage).open);
