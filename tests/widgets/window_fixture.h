@@ -35,6 +35,7 @@ class AnsweringDialogs : public UserDialogs {
   }
   QString ChooseTableFile() override { return file; }
   QString ChooseGraphFile() override { return file; }
+  QString ChooseTargetFile() override { return file; }
 };
 
 class MemoryStore : public platform::SettingsStore {

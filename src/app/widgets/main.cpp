@@ -22,6 +22,7 @@ class NobodyToAsk final : public app::UserDialogs {
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
   QString ChooseTableFile() override { return {}; }
+  QString ChooseTargetFile() override { return {}; }
   QString ChooseGraphFile() override { return {}; }
 };
 

@@ -18,6 +18,8 @@ class QAction;
 namespace zentab::app {
 
 class ChartPanel;
+class ClipboardController;
+class ExchangeController;
 class InstrumentController;
 class LibraryController;
 class LibraryPanel;
@@ -80,6 +82,8 @@ class MainWindow : public QMainWindow {
   TimeTestController* timeTest_;
   InstrumentController* instruments_;
   ReferenceGraphController* graphs_;
+  ClipboardController* clipboard_;
+  ExchangeController* exchange_;
   ValueModeBinding* modes_;
   StatusLine* status_;
 };

@@ -21,6 +21,9 @@ class UserDialogs {
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
   /// Lets the user choose an existing reference graph file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseGraphFile() = 0;
+  /// Lets the user choose the table file to add entries to, which need not exist; empty when
+  /// cancelled.
+  [[nodiscard]] virtual QString ChooseTargetFile() = 0;
 };
 
 }  // namespace zentab::app
