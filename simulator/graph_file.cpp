@@ -1,7 +1,8 @@
 #include "graph_file.h"
 
+#include <algorithm>
+#include <cctype>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
 namespace simulator {
@@ -29,17 +30,44 @@ std::optional<std::string> TakeLine(std::istream& text) {
   return line;
 }
 
+bool IsDigits(const std::string& text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(),
+                                      [](unsigned char c) { return std::isdigit(c) != 0; });
+}
+
+// -12.500000
+bool IsCoordinate(std::string text) {
+  if (text.starts_with('-')) text.erase(0, 1);
+  const std::size_t point = text.find('.');
+  if (point == std::string::npos || text.size() != point + 7) return false;
+  return IsDigits(text.substr(0, point)) && IsDigits(text.substr(point + 1));
+}
+
+bool IsSegment(const std::string& line) {
+  std::istringstream fields(line);
+  std::string rebuilt;
+  std::string field;
+  for (int coordinate = 0; coordinate < 4 && fields >> field; ++coordinate) {
+    if (!IsCoordinate(field)) return false;
+    rebuilt += field + ' ';
+  }
+  return line == rebuilt + "0.000000 0.000000 0.000000";
+}
+
+bool IsCount(const std::string& line) {
+  constexpr std::size_t kMostDigits = 5;
+  return IsDigits(line) && line.size() <= kMostDigits && (line[0] != '0' || line == "0");
+}
+
 bool IsGraph(const std::string& bytes) {
-  static const std::regex first("@A .+ 1");
-  static const std::regex count("0|[1-9][0-9]{0,4}");
-  static const std::regex segment("(-?[0-9]+\\.[0-9]{6} ){4}0\\.000000 0\\.000000 0\\.000000");
   std::istringstream text(bytes);
   const auto next = [&text] { return TakeLine(text).value_or("(missing)"); };
-  if (!std::regex_match(next(), first)) return false;
+  const std::string first = next();
+  if (!first.starts_with("@A ") || !first.ends_with(" 1")) return false;
   const std::string segments = next();
-  if (!std::regex_match(segments, count)) return false;
+  if (!IsCount(segments)) return false;
   for (int left = std::stoi(segments); left > 0; --left) {
-    if (!std::regex_match(next(), segment) || next() != "0 0") return false;
+    if (!IsSegment(next()) || next() != "0 0") return false;
   }
   for (const std::string& line :
        {std::string(), std::string("0"), std::string(), segments, std::string("1 0 0"),

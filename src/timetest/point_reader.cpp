@@ -85,7 +85,8 @@ class EntryCollector {
   static constexpr std::uintmax_t kMostEntries = 1u << 30;
 
   void Take(std::uint64_t number, const std::optional<MeasuredPoint>& point) {
-    if (number < seen_.size() && seen_[number]) return;
+    const auto place = static_cast<std::size_t>(number);
+    if (place < seen_.size() && seen_[place]) return;
     if (number == next_) {
       if (point) {
         points_.push_back(*point);
@@ -95,8 +96,8 @@ class EntryCollector {
       }
       return;
     }
-    if (number >= seen_.size()) seen_.resize(std::max<std::size_t>(number + 1, 2 * seen_.size()));
-    seen_[number] = true;
+    if (place >= seen_.size()) seen_.resize(std::max(place + 1, 2 * seen_.size()));
+    seen_[place] = true;
     later_.push_back({number, point});
   }
 
