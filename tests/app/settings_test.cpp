@@ -36,10 +36,10 @@ TEST_F(SettingsTest, OnlyTheTableNameIsReadUnderTheExecutablesName) {
 }
 
 TEST_F(SettingsTest, TheExchangeDialogsRectangleStandsInASectionOfItsOwn) {
-  ASSERT_FALSE(SaveExchangePlacement(*store_, "Title", {"1", "2", "3", "4"}));
-  EXPECT_EQ(Texts(LoadExchangePlacement(*store_, "Title")), "1|2|3|4");
-  EXPECT_EQ(store_->Read("Title", "F2Settings", "Height"), "4");
-  EXPECT_EQ(Texts(LoadSettings(*store_, "Title", "Title").window), "|||");
+  ASSERT_FALSE(SaveExchangePlacement(*store_, "Exchange", {"1", "2", "3", "4"}));
+  EXPECT_EQ(Texts(LoadExchangePlacement(*store_, "Exchange")), "1|2|3|4");
+  EXPECT_EQ(store_->Read("Exchange", "F2Settings", "Height"), "4");
+  EXPECT_EQ(Texts(LoadSettings(*store_, "Exchange", "Exchange").window), "|||");
 }
 
 TEST(Twips, AreFifteenToAPixel) {
