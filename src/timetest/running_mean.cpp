@@ -29,7 +29,8 @@ bool AddsExactly(const std::vector<double>& times, std::size_t width) {
     if (time == 0.0) continue;
     last = std::min(last, LastDigit(time));
     largest = std::max(largest, std::abs(time));
-    if (largest * static_cast<double>(width) > std::ldexp(1.0, last + 53)) return false;
+    // An overflow makes both sides infinite.
+    if (!(largest * static_cast<double>(width) < std::ldexp(1.0, last + 53))) return false;
   }
   return true;
 }
@@ -73,7 +74,8 @@ bool AverageTimes(std::vector<MeasuredPoint>& points, int width, ProgressMeter p
   const std::size_t step = slides ? 1 : kLanes;
   for (std::size_t at = beginnings; at < times.size(); at += step) {
     if (slides) {
-      sum = sum + times[at] - times[at - terms];
+      // The oldest first: with one term more than the width the sum could be rounded.
+      sum = sum - times[at - terms] + times[at];
       points[at].time = sum / static_cast<double>(terms);
     } else {
       AverageLanes(points, times, at, terms);
