@@ -10,6 +10,8 @@ namespace {
 
 // Sums of as many windows at a time as keep the adders of the processor busy.
 constexpr std::size_t kLanes = 16;
+// Wider windows take noticeably longer.
+constexpr std::size_t kUsualWidth = 64;
 
 // The exponent of the last binary digit that is set.
 int LastDigit(double number) {
@@ -72,6 +74,7 @@ bool AverageTimes(std::vector<MeasuredPoint>& points, int width, ProgressMeter p
   }
   const bool slides = AddsExactly(times, terms);
   const std::size_t step = slides ? 1 : kLanes;
+  const std::size_t effort = slides ? 1 : 1 + terms / kUsualWidth;
   for (std::size_t at = beginnings; at < times.size(); at += step) {
     if (slides) {
       // The oldest first: with one term more than the width the sum could be rounded.
@@ -80,7 +83,7 @@ bool AverageTimes(std::vector<MeasuredPoint>& points, int width, ProgressMeter p
     } else {
       AverageLanes(points, times, at, terms);
     }
-    if (!progress.Step(at, times.size())) return false;
+    if (!progress.Step(at, times.size(), effort)) return false;
   }
   return true;
 }
