@@ -16,10 +16,10 @@ std::error_code NoSuchLine() { return std::make_error_code(std::errc::result_out
 
 }  // namespace
 
-std::filesystem::path LibraryCommands::File() const {
-  const std::filesystem::path path = platform::ToPath(session_.tablePath);
+std::filesystem::path ActiveTableFile(const Session& session) {
+  const std::filesystem::path path = platform::ToPath(session.tablePath);
   // Only a chosen file has a full path; a plain name is one of the installation's own files.
-  return path.is_absolute() ? path : platform::FindFixedName({}, session_.tablePath);
+  return path.is_absolute() ? path : platform::FindFixedName({}, session.tablePath);
 }
 
 tables::CurveTableEntry LibraryCommands::EntryFromGrid(std::string_view name) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string_view>
 #include <system_error>
 
@@ -15,6 +16,9 @@ enum class NameResult {
   Duplicate,  // the list has this name already
   NotWritten  // the file could not be written; nothing changed
 };
+
+/// The active table file: relative names are those of the installation's own files.
+[[nodiscard]] std::filesystem::path ActiveTableFile(const Session& session);
 
 /// The commands on the library of curve tables: each works on whole lines of the active table
 /// file. `index` is a position in the list of names. None of them asks the user; a failure
@@ -45,7 +49,7 @@ class LibraryCommands {
 
  private:
   [[nodiscard]] tables::CurveTableEntry EntryFromGrid(std::string_view name) const;
-  [[nodiscard]] std::filesystem::path File() const;
+  [[nodiscard]] std::filesystem::path File() const { return ActiveTableFile(session_); }
 
   Session& session_;
   platform::FileLayer& files_;

@@ -21,15 +21,47 @@ struct SettingRow {
   std::string Settings::*field;
 };
 
-constexpr std::array<SettingRow, 7> kSettings = {{
+constexpr std::array<SettingRow, 3> kSettings = {{
     {"TableName", true, "settings", "relayTables.dat", &Settings::tableName},
     {"NomLoad1", false, kSection, "1", &Settings::nomLoad1},
     {"AbsValues", false, kSection, "0", &Settings::absValues},
-    {"F1Left", false, kSection, "", &Settings::left},
-    {"F1Top", false, kSection, "", &Settings::top},
-    {"F1Width", false, kSection, "", &Settings::width},
-    {"F1Height", false, kSection, "", &Settings::height},
 }};
+
+struct EdgeRow {
+  std::string_view key;
+  std::string_view fallback;
+  std::string Placement::*edge;
+};
+using EdgeRows = std::array<EdgeRow, 4>;
+
+constexpr EdgeRows kMainWindow = {{
+    {"F1Left", "", &Placement::left},
+    {"F1Top", "", &Placement::top},
+    {"F1Width", "", &Placement::width},
+    {"F1Height", "", &Placement::height},
+}};
+
+constexpr std::string_view kExchangeSection = "F2Settings";
+constexpr EdgeRows kExchangeDialog = {{
+    {"Height", "6720", &Placement::height},
+    {"Width", "9270", &Placement::width},
+    {"Left", "0", &Placement::left},
+    {"Top", "0", &Placement::top},
+}};
+
+Placement LoadEdges(const platform::SettingsStore& store, std::string_view title,
+                    std::string_view section, const EdgeRows& rows) {
+  Placement placement;
+  for (const EdgeRow& row : rows) {
+    placement.*row.edge = store.Read(title, section, row.key).value_or(std::string(row.fallback));
+  }
+  return placement;
+}
+
+void AddEdges(std::vector<platform::Setting>& settings, const EdgeRows& rows,
+              const Placement& placement) {
+  for (const EdgeRow& row : rows) settings.push_back({std::string(row.key), placement.*row.edge});
+}
 
 }  // namespace
 
@@ -41,6 +73,7 @@ Settings LoadSettings(const platform::SettingsStore& store, std::string_view exe
         store.Read(row.underExecutableName ? executableName : title, row.readSection, row.key)
             .value_or(std::string(row.fallback));
   }
+  settings.window = LoadEdges(store, title, kSection, kMainWindow);
   return settings;
 }
 
@@ -50,7 +83,19 @@ std::error_code SaveSettings(platform::SettingsStore& store, std::string_view ti
   for (const SettingRow& row : kSettings) {
     rows.push_back({std::string(row.key), settings.*row.field});
   }
+  AddEdges(rows, kMainWindow, settings.window);
   return store.Save(title, kSection, rows);
+}
+
+Placement LoadExchangePlacement(const platform::SettingsStore& store, std::string_view title) {
+  return LoadEdges(store, title, kExchangeSection, kExchangeDialog);
+}
+
+std::error_code SaveExchangePlacement(platform::SettingsStore& store, std::string_view title,
+                                      const Placement& placement) {
+  std::vector<platform::Setting> rows;
+  AddEdges(rows, kExchangeDialog, placement);
+  return store.Save(title, kExchangeSection, rows);
 }
 
 std::optional<int> PixelsFromTwips(std::string_view setting) {

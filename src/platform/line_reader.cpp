@@ -60,7 +60,8 @@ std::size_t ReadBlock(std::ifstream& file, char* to, std::size_t size) {
 
 }  // namespace
 
-LineReader::LineReader(const fs::path& path) : atEnd_(!OpenRegular(path, file_)) {}
+LineReader::LineReader(const fs::path& path, std::uint64_t most)
+    : unread_(most), atEnd_(!OpenRegular(path, file_)) {}
 
 bool LineReader::Refill() {
   if (atEnd_) return false;
@@ -69,9 +70,11 @@ bool LineReader::Refill() {
   begin_ = 0;
   end_ = kept;
   if (buffer_.size() - kept < kBlock) buffer_.resize(std::max(kept + kBlock, 2 * kept));
-  const std::size_t count = ReadBlock(file_, buffer_.data() + end_, buffer_.size() - end_);
+  const std::uint64_t room = std::min<std::uint64_t>(buffer_.size() - end_, unread_);
+  const std::size_t count = ReadBlock(file_, buffer_.data() + end_, static_cast<std::size_t>(room));
   end_ += count;
-  atEnd_ = !file_;
+  unread_ -= count;
+  atEnd_ = !file_ || unread_ == 0;
   return count > 0;
 }
 
@@ -91,6 +94,13 @@ bool LineReader::Next(RawLine& line) {
     begin_ += found.at + found.length;
     return true;
   }
+}
+
+bool EndsInsideLine(const fs::path& path) {
+  std::ifstream file;
+  if (!OpenRegular(path, file) || !file.seekg(-1, std::ios::end)) return false;
+  const int last = file.get();
+  return last != '\n' && last != '\r';
 }
 
 namespace {

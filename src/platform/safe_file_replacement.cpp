@@ -83,22 +83,36 @@ std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const Conten
   return error;
 }
 
-std::error_code AppendToFile(FileLayer& files, const fs::path& path, std::string_view bytes) {
+std::error_code AppendToFile(FileLayer& files, const fs::path& path, const ContentWriter& write) {
   if (const std::error_code error = RefuseUnlessReplaceable(path)) return error;
+  std::error_code unknown;
+  const bool isNew = fs::symlink_status(path, unknown).type() == fs::file_type::not_found;
   std::unique_ptr<OutputFile> file;
   if (const std::error_code error = files.OpenForAppending(path, file)) return error;
   std::uint64_t size = 0;
-  if (const std::error_code error = file->Size(size)) return error;
-  std::error_code error = file->Write(bytes);
-  if (!error) error = file->Flush();
-  if (error) {
-    // Half a line would melt into the next entry. The first failure is what the caller needs.
-    [[maybe_unused]] const std::error_code dropped = file->Truncate(size);
-    return error;
+  std::error_code error = file->Size(size);
+  if (!error) {
+    error = write(*file);
+    if (!error) error = file->Flush();
+    if (error) {
+      // Half a line would melt into the next entry. The first failure is what the caller needs.
+      [[maybe_unused]] const std::error_code dropped = file->Truncate(size);
+    }
   }
-  // What was flushed stays, whatever the closing says; called a failure it would be added again.
-  [[maybe_unused]] const std::error_code dropped = file->Close();
-  return {};
+  if (!error) {
+    // What was flushed stays, whatever the closing says; called a failure it would be added again.
+    [[maybe_unused]] const std::error_code dropped = file->Close();
+    return {};
+  }
+  file.reset();
+  if (isNew) {
+    [[maybe_unused]] const std::error_code dropped = files.Remove(path);
+  }
+  return error;
+}
+
+std::error_code AppendToFile(FileLayer& files, const fs::path& path, std::string_view bytes) {
+  return AppendToFile(files, path, [bytes](OutputFile& file) { return file.Write(bytes); });
 }
 
 }  // namespace zentab::platform

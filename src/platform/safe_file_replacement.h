@@ -9,7 +9,7 @@
 
 namespace zentab::platform {
 
-/// Writes the content of a file that is being replaced.
+/// Writes the content of a file that is being replaced, or what is added to one.
 using ContentWriter = std::function<std::error_code(OutputFile&)>;
 
 /// Gives the file `path` a new content: a leftover `path`.new is removed, the content is written
@@ -20,8 +20,13 @@ using ContentWriter = std::function<std::error_code(OutputFile&)>;
 [[nodiscard]] std::error_code ReplaceFile(FileLayer& files, const std::filesystem::path& path,
                                           const ContentWriter& write);
 
-/// Adds `bytes` at the end of a file, creating it when it is missing, and flushes it to the
-/// device. After an error the file has its former size.
+/// Adds what `write` writes at the end of a file, creating it when it is missing, and flushes it to
+/// the device. After an error the file has its former size, and one that was missing is missing
+/// again.
+[[nodiscard]] std::error_code AppendToFile(FileLayer& files, const std::filesystem::path& path,
+                                           const ContentWriter& write);
+
+/// As above, with the bytes at hand.
 [[nodiscard]] std::error_code AppendToFile(FileLayer& files, const std::filesystem::path& path,
                                            std::string_view bytes);
 

@@ -1,7 +1,6 @@
 #include "tables/table_library.h"
 
 #include <algorithm>
-#include <fstream>
 
 #include "platform/character_case.h"
 #include "platform/line_reader.h"
@@ -23,17 +22,6 @@ std::error_code ChangeLine(platform::FileLayer& files, const fs::path& file, std
   return platform::ReplaceFile(files, file, [&](platform::OutputFile& output) {
     return platform::CopyChangingLine(file, index, replacement, output);
   });
-}
-
-bool EndsInsideLine(const fs::path& file) {
-  // Opening a pipe would wait for someone to write into it.
-  std::error_code error;
-  if (!fs::is_regular_file(file, error)) return false;
-  std::ifstream stream(file, std::ios::binary | std::ios::ate);
-  if (!stream || stream.tellg() <= 0) return false;
-  stream.seekg(-1, std::ios::end);
-  const int last = stream.get();
-  return last != '\n' && last != '\r';
 }
 
 }  // namespace
@@ -70,7 +58,7 @@ std::error_code ReplaceEntry(platform::FileLayer& files, const fs::path& file, s
 
 std::error_code AppendEntry(platform::FileLayer& files, const fs::path& file,
                             const CurveTableEntry& entry) {
-  const std::string line = (EndsInsideLine(file) ? "\r\n" : "") + NewLine(entry);
+  const std::string line = (platform::EndsInsideLine(file) ? "\r\n" : "") + NewLine(entry);
   return platform::AppendToFile(files, file, line);
 }
 

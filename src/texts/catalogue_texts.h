@@ -67,6 +67,11 @@ struct ProgramTexts {
   std::string importProgress = "Importing the time test…";
   std::string noTimeTest = "The time test has no points";
   std::string selectInstrument = "Select Instrument first";
+  std::string noExchangeFile = "No file chosen";  // in the exchange dialog
+  std::string entriesSelected = "Selected: %1";
+  std::string entriesCopied = "Copied: %1";
+  std::string copyFailed = "The entries could not be copied";
+  std::string close = "Close";
   std::string ok = "OK";
   std::string cancel = "Cancel";
 };

@@ -158,6 +158,11 @@ const std::vector<KeyRow>& OwnRows() {
       {"STATUS.WRITE.FAILED", ProgramField{&P::writeFailed}},
       {"STATUS.TIMETEST.EMPTY", ProgramField{&P::noTimeTest}},
       {"TIMETEST.PROGRESS.TEXT", ProgramField{&P::importProgress}},
+      {"F2.NOFILE.TEXT", ProgramField{&P::noExchangeFile}},
+      {"F2.SELECTED.TEXT", ProgramField{&P::entriesSelected}},
+      {"F2.COPIED.TEXT", ProgramField{&P::entriesCopied}},
+      {"F2.COPY.FAILED", ProgramField{&P::copyFailed}},
+      {"F2.CLOSE.TEXT", ProgramField{&P::close}},
       {"MSGBOX.BUTTON.OK", ProgramField{&P::ok}},
       {"MSGBOX.BUTTON.CANCEL", ProgramField{&P::cancel}},
   };

@@ -7,7 +7,9 @@
 namespace zentab::app {
 namespace {
 
-using Field = std::string Settings::*;
+std::string Texts(const Placement& placement) {
+  return placement.left + '|' + placement.top + '|' + placement.width + '|' + placement.height;
+}
 
 class SettingsTest : public test::TemporaryFolder {
  protected:
@@ -20,19 +22,25 @@ TEST_F(SettingsTest, AFirstStartHasTheDefaults) {
   EXPECT_EQ(settings.tableName, "relayTables.dat");
   EXPECT_EQ(settings.nomLoad1, "1");
   EXPECT_EQ(settings.absValues, "0");
-  EXPECT_EQ(settings.left + settings.top + settings.width + settings.height, "");
+  EXPECT_EQ(Texts(settings.window), "|||");
+  EXPECT_EQ(Texts(LoadExchangePlacement(*store_, "Zentab")), "0|0|9270|6720");
 }
 
 TEST_F(SettingsTest, OnlyTheTableNameIsReadUnderTheExecutablesName) {
-  const Settings saved = {"my.dat", "5", "1", "-15", "30", "15000", "9000"};
+  const Settings saved = {"my.dat", "5", "1", {"-15", "30", "15000", "9000"}};
   ASSERT_FALSE(SaveSettings(*store_, "Title", saved));
   const Settings loaded = LoadSettings(*store_, "Executable", "Title");
   EXPECT_EQ(loaded.tableName, "relayTables.dat");
   EXPECT_EQ(LoadSettings(*store_, "Title", "Title").tableName, "my.dat");
-  for (const Field field : {&Settings::nomLoad1, &Settings::absValues, &Settings::left,
-                            &Settings::top, &Settings::width, &Settings::height}) {
-    EXPECT_EQ(loaded.*field, saved.*field);
-  }
+  EXPECT_EQ(loaded.nomLoad1 + loaded.absValues, "51");
+  EXPECT_EQ(Texts(loaded.window), "-15|30|15000|9000");
+}
+
+TEST_F(SettingsTest, TheExchangeDialogsRectangleStandsInASectionOfItsOwn) {
+  ASSERT_FALSE(SaveExchangePlacement(*store_, "Title", {"1", "2", "3", "4"}));
+  EXPECT_EQ(Texts(LoadExchangePlacement(*store_, "Title")), "1|2|3|4");
+  EXPECT_EQ(store_->Read("Title", "F2Settings", "Height"), "4");
+  EXPECT_EQ(Texts(LoadSettings(*store_, "Title", "Title").window), "|||");
 }
 
 TEST(Twips, AreFifteenToAPixel) {

@@ -30,6 +30,7 @@ class AnsweringDialogs : public UserDialogs {
     asked.push_back(message.title + ": " + message.text);
   }
   QString ChooseTableFile() override { return file; }
+  QString ChooseTargetFile() override { return file; }
 };
 
 class MemoryStore : public platform::SettingsStore {

@@ -39,4 +39,8 @@ void EntryListModel::Reload() {
   endResetModel();
 }
 
+QSize RoomyRows::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+  return {0, option.fontMetrics.height() + 6};
+}
+
 }  // namespace zentab::app

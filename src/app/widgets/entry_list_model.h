@@ -2,6 +2,7 @@
 
 #include <QAbstractListModel>
 #include <QString>
+#include <QStyledItemDelegate>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,16 @@ class EntryListModel : public QAbstractListModel {
  private:
   const std::vector<std::string>& names_;
   int rows_ = 0;  // what the view was told last
+};
+
+/// Rows with room for accents above capitals.
+class RoomyRows : public QStyledItemDelegate {
+  Q_OBJECT
+
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex&) const override;
 };
 
 }  // namespace zentab::app

@@ -2,6 +2,7 @@
 
 #include "app/widgets/entry_list_model.h"
 #include "app/widgets/library_panel.h"
+#include "app/widgets/status_line.h"
 
 namespace zentab::app {
 
@@ -103,8 +104,7 @@ bool LibraryController::Agreed(MessageBox box, std::size_t index) const {
 }
 
 void LibraryController::ReportFailure(const std::string& text, std::error_code error) {
-  Q_EMIT Failed(QStringLiteral("%1: %2").arg(QString::fromStdString(text),
-                                             QString::fromLocal8Bit(error.message().c_str())));
+  Q_EMIT Failed(FailureText(text, error));
 }
 
 }  // namespace zentab::app

@@ -8,23 +8,12 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
-#include <QStyledItemDelegate>
 #include <limits>
 
 #include "app/widgets/entry_list_model.h"
 
 namespace zentab::app {
 namespace {
-
-// Rows with room for accents above capitals.
-class RoomyRows : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
-                               const QModelIndex&) const override {
-    return {0, option.fontMetrics.height() + 6};
-  }
-};
 
 // A button's own shortcut is the letter underlined in its caption; setting another would take that
 // one away.

@@ -14,6 +14,8 @@
 #include "app/session_texts.h"
 #include "app/start_up.h"
 #include "app/widgets/chart_panel.h"
+#include "app/widgets/clipboard_controller.h"
+#include "app/widgets/exchange_controller.h"
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library_controller.h"
 #include "app/widgets/library_panel.h"
@@ -47,6 +49,8 @@ MainWindow::MainWindow(MainWindowParts parts)
       chart_(new ChartPanel(this)),
       libraryController_(new LibraryController(session_, parts.files, dialogs_, *library_)),
       timeTest_(new TimeTestController(session_, parts.files, dialogs_, log_, *chart_)),
+      clipboard_(new ClipboardController(session_, *table_)),
+      exchange_(new ExchangeController(session_, parts.files, dialogs_, store_, title_, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())) {
   libraryController_->setParent(this);
@@ -91,9 +95,10 @@ void MainWindow::BuildMenus() {
   connect(add(options, "m_act", QStringLiteral("Set &active table…"), QKeySequence::Open),
           &QAction::triggered, libraryController_, &LibraryController::SetActiveTable);
   options->addSeparator();
-  // Both wait for the dialog that copies entries between files.
-  add(options, "m_imp", QStringLiteral("&Import…"), {})->setEnabled(false);
-  add(options, "m_exp", QStringLiteral("&Export…"), {})->setEnabled(false);
+  connect(add(options, "m_imp", QStringLiteral("&Import…"), {}), &QAction::triggered, exchange_,
+          &ExchangeController::Import);
+  connect(add(options, "m_exp", QStringLiteral("&Export…"), {}), &QAction::triggered, exchange_,
+          &ExchangeController::Export);
   options->addSeparator();
   connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
           &QAction::triggered, this, &QWidget::close);
@@ -127,6 +132,13 @@ void MainWindow::ConnectPanels() {
   });
   connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
   connect(libraryController_, &LibraryController::Failed, status_, &StatusLine::ShowFailure);
+  connect(clipboard_, &ClipboardController::TableChanged, this, [this, grid] {
+    grid->ShowAll();
+    RefreshChart();
+    status_->RefreshModified();
+  });
+  connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
+          &LibraryController::FillEntryList);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
 }
 
@@ -151,7 +163,7 @@ void MainWindow::Load() {
   modes_->Show();
   RefreshCaptions();
   RefreshChart();
-  RestorePlacement(*this, settings_);
+  RestorePlacement(*this, settings_.window);
 }
 
 void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
@@ -208,7 +220,7 @@ void MainWindow::StoreSettings() {
   settings_.tableName = session_.tablePath;
   settings_.nomLoad1 = session_.modes.pickup;
   settings_.absValues = session_.modes.absoluteValues ? "1" : "0";
-  StorePlacement(*this, settings_);
+  settings_.window = PlacementOf(*this);
   // The program ends whether or not its window is remembered.
   [[maybe_unused]] const std::error_code dropped = SaveSettings(store_, title_, settings_);
 }

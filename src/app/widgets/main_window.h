@@ -18,6 +18,8 @@ class QAction;
 namespace zentab::app {
 
 class ChartPanel;
+class ClipboardController;
+class ExchangeController;
 class LibraryController;
 class LibraryPanel;
 class StatusLine;
@@ -75,6 +77,8 @@ class MainWindow : public QMainWindow {
   ChartPanel* chart_;
   LibraryController* libraryController_;
   TimeTestController* timeTest_;
+  ClipboardController* clipboard_;
+  ExchangeController* exchange_;
   ValueModeBinding* modes_;
   StatusLine* status_;
 };

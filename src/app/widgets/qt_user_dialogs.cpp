@@ -1,7 +1,7 @@
 #include "app/widgets/qt_user_dialogs.h"
 
 #include <QAbstractButton>
-#include <QFileDialog>
+#include <QApplication>
 
 namespace zentab::app {
 
@@ -32,10 +32,27 @@ void QtUserDialogs::ReportError(const texts::MessageText& message) {
   [[maybe_unused]] const bool dropped = Show(QMessageBox::Critical, QMessageBox::Ok, message);
 }
 
-QString QtUserDialogs::ChooseTableFile() {
-  // The working folder is the installation folder, where table files are kept.
-  return QFileDialog::getOpenFileName(parent_, QString(), QStringLiteral("."),
-                                      QStringLiteral("Dat (*.dat)"));
+// Asked from a dialog of the main window, a question belongs in front of that dialog.
+QWidget* QtUserDialogs::WindowInFront() const {
+  QWidget* const dialog = QApplication::activeModalWidget();
+  return dialog != nullptr ? dialog : parent_;
 }
+
+QString QtUserDialogs::ChooseFile(QFileDialog::AcceptMode mode) {
+  // The working folder is the installation folder, where table files are kept.
+  QFileDialog dialog(WindowInFront(), QString(), QStringLiteral("."),
+                     QStringLiteral("Dat (*.dat)"));
+  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  dialog.setAcceptMode(mode);
+  if (mode == QFileDialog::AcceptOpen) dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setDefaultSuffix(QStringLiteral("dat"));
+  // Entries are added to an existing file: there is nothing to be replaced.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString QtUserDialogs::ChooseTableFile() { return ChooseFile(QFileDialog::AcceptOpen); }
+
+QString QtUserDialogs::ChooseTargetFile() { return ChooseFile(QFileDialog::AcceptSave); }
 
 }  // namespace zentab::app

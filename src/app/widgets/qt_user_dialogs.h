@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFileDialog>
 #include <QMessageBox>
 
 #include "app/widgets/user_dialogs.h"
@@ -17,10 +18,13 @@ class QtUserDialogs : public UserDialogs {
   void Inform(const texts::MessageText& message) override;
   void ReportError(const texts::MessageText& message) override;
   QString ChooseTableFile() override;
+  QString ChooseTargetFile() override;
 
  private:
   [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
                           const texts::MessageText& message);
+  [[nodiscard]] QWidget* WindowInFront() const;
+  [[nodiscard]] QString ChooseFile(QFileDialog::AcceptMode mode);
 
   const texts::ProgramTexts& texts_;
   QWidget* parent_ = nullptr;

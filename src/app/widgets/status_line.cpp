@@ -28,6 +28,11 @@ QLabel* Cell(const char* name, QStatusBar* bar) {
 
 }  // namespace
 
+QString FailureText(const std::string& what, std::error_code error) {
+  return QStringLiteral("%1: %2").arg(QString::fromStdString(what),
+                                      QString::fromLocal8Bit(error.message().c_str()));
+}
+
 StatusLine::StatusLine(const Session& session, QStatusBar* bar)
     : QObject(bar),
       session_(session),

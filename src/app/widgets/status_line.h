@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QObject>
+#include <string>
+#include <system_error>
 
 #include "app/session.h"
 
@@ -8,6 +10,9 @@ class QLabel;
 class QStatusBar;
 
 namespace zentab::app {
+
+/// What could not be done and why, as one line.
+[[nodiscard]] QString FailureText(const std::string& what, std::error_code error);
 
 /// The status bar: the active table file, the number of its entries, the modified mark, and for a
 /// while what could not be done.

@@ -96,20 +96,16 @@ QWidget* TablePanel::BuildClipboard() {
   auto* const row = new QWidget(this);
   auto* const layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
-  for (const auto& [name, caption] :
-       {std::pair{"Command7", QStringLiteral("&Import Clipboard data")},
-        std::pair{"Command8", QString()}, std::pair{"Command9", QString()}}) {
-    auto* const button = Named(new QPushButton(caption, row), name);
-    button->setEnabled(false);
-    clipboard_.append(button);
-    layout->addWidget(button);
-  }
+  command7 = Named(new QPushButton(QStringLiteral("&Import Clipboard data"), row), "Command7");
+  command8 = Named(new QPushButton(row), "Command8");
+  command9 = Named(new QPushButton(row), "Command9");
+  for (QPushButton* const button : {command7, command8, command9}) layout->addWidget(button);
   HideButtonsWithoutCaption();
   return row;
 }
 
 void TablePanel::HideButtonsWithoutCaption() {
-  for (QPushButton* const button : clipboard_) {
+  for (QPushButton* const button : {command7, command8, command9}) {
     button->setHidden(button->text().trimmed().isEmpty());
   }
   for (QRadioButton* const choice : {option1, option2, option3}) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QList>
 #include <QWidget>
 
 #include "editor/widgets/curve_grid_view.h"
@@ -32,6 +31,9 @@ class TablePanel : public QWidget {
   QLineEdit* text3 = nullptr;       // time multiplier
   QLabel* label3 = nullptr;         // the load column's caption by the value mode
   QLabel* label2 = nullptr;         // the time column's
+  QPushButton* command7 = nullptr;  // Import Clipboard data
+  QPushButton* command8 = nullptr;  // Export
+  QPushButton* command9 = nullptr;  // Clear
   editor::CurveGridView* grid = nullptr;
 
   /// Clipboard commands and instrument choices without a caption offer nothing; those that have
@@ -43,8 +45,6 @@ class TablePanel : public QWidget {
   [[nodiscard]] QWidget* BuildModes();
   [[nodiscard]] QWidget* BuildColumnLabels();
   [[nodiscard]] QWidget* BuildClipboard();
-
-  QList<QPushButton*> clipboard_;
 };
 
 }  // namespace zentab::app

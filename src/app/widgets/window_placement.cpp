@@ -25,15 +25,15 @@ bool IsReachable(const QRect& window) {
 
 }  // namespace
 
-void RestorePlacement(QWidget& window, const Settings& settings) {
+void RestorePlacement(QWidget& window, const Placement& placement) {
   QRect place(window.pos(), window.size());
-  const std::optional<int> left = PixelsFromTwips(settings.left);
-  const std::optional<int> top = PixelsFromTwips(settings.top);
+  const std::optional<int> left = PixelsFromTwips(placement.left);
+  const std::optional<int> top = PixelsFromTwips(placement.top);
   if (left) place.moveLeft(*left);
   if (top) place.moveTop(*top);
-  place.setWidth(std::max(PixelsFromTwips(settings.width).value_or(place.width()),
+  place.setWidth(std::max(PixelsFromTwips(placement.width).value_or(place.width()),
                           window.minimumSizeHint().width()));
-  place.setHeight(std::max(PixelsFromTwips(settings.height).value_or(place.height()),
+  place.setHeight(std::max(PixelsFromTwips(placement.height).value_or(place.height()),
                            window.minimumSizeHint().height()));
   if (const QScreen* const screen = QGuiApplication::primaryScreen()) {
     place.setSize(place.size().boundedTo(kMostDesktops * screen->virtualSize()));
@@ -42,13 +42,11 @@ void RestorePlacement(QWidget& window, const Settings& settings) {
   if ((left || top) && IsReachable(place)) window.move(place.topLeft());
 }
 
-void StorePlacement(const QWidget& window, Settings& settings) {
+Placement PlacementOf(const QWidget& window) {
   const bool plain = !window.isMaximized() && !window.isFullScreen() && !window.isMinimized();
   const QRect place = plain ? QRect(window.pos(), window.size()) : window.normalGeometry();
-  settings.left = TwipsFromPixels(place.left());
-  settings.top = TwipsFromPixels(place.top());
-  settings.width = TwipsFromPixels(place.width());
-  settings.height = TwipsFromPixels(place.height());
+  return {TwipsFromPixels(place.left()), TwipsFromPixels(place.top()),
+          TwipsFromPixels(place.width()), TwipsFromPixels(place.height())};
 }
 
 }  // namespace zentab::app

@@ -40,6 +40,13 @@ std::optional<EditorKey> EditorKeyOf(const QKeyEvent& event) {
   return std::nullopt;
 }
 
+// Keys that select cells, in the grid and in a spreadsheet.
+bool SelectsCells(const QKeyEvent& event) {
+  const bool arrow = event.key() >= Qt::Key_Left && event.key() <= Qt::Key_Down;
+  const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+  return event.matches(QKeySequence::SelectAll) || (arrow && modifiers == Qt::ShiftModifier);
+}
+
 bool IsEnter(const QKeyEvent& event) { return EditorKeyOf(event) == EditorKey::Enter; }
 
 QLineEdit* MakeCellField(QWidget* parent) {
@@ -79,6 +86,9 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
   text11_->installEventFilter(this);
   connect(text11_, &QLineEdit::textChanged, this, &CurveGridView::OnTextChanged);
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &CurveGridView::PlaceEditor);
+  for (QHeaderView* const header : {horizontalHeader(), verticalHeader()}) {
+    connect(header, &QHeaderView::sectionPressed, this, &CurveGridView::OnHeaderPressed);
+  }
 }
 
 void CurveGridView::GridEdit(int keyAscii) {
@@ -89,6 +99,8 @@ void CurveGridView::GridEdit(int keyAscii) {
     text11_->setText(QString::fromStdString(cellEditor_.Text()));
   }
   text11_->setCursorPosition(cellEditor_.Caret());
+  // One cell is being edited, whatever was selected before.
+  selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
   scrollTo(currentIndex());
   text11_->show();
   PlaceEditor();
@@ -109,6 +121,22 @@ void CurveGridView::CloseEditor() {
 }
 
 void CurveGridView::ShowAll() { model_->ShowAll(); }
+
+bool CurveGridView::IsOnlyOpened() const {
+  return cellEditor_.IsVisible() && !text11_->isModified() && !text11_->hasSelectedText() &&
+         text11_->cursorPosition() == text11_->text().size();
+}
+
+CellArea CurveGridView::SelectedArea() const {
+  const QItemSelection selection = selectionModel()->selection();
+  if (selection.isEmpty()) {
+    return {table_.grid.Row(), table_.grid.Col(), table_.grid.Row(), table_.grid.Col()};
+  }
+  // The view selects contiguous cells only: one range.
+  const QItemSelectionRange& range = selection.first();
+  return {range.top() + kFirstRow, range.left() + kLoadColumn, range.bottom() + kFirstRow,
+          range.right() + kLoadColumn};
+}
 
 void CurveGridView::OnTextChanged(const QString& text) {
   cellEditor_.ChangeText(text.toStdString());
@@ -136,6 +164,36 @@ bool CurveGridView::OnEditorKey(const QKeyEvent& event) {
     GridEdit(kOpenWithText);
   }
   return true;
+}
+
+bool CurveGridView::OnSelectingKey(QKeyEvent* event) {
+  if (!SelectsCells(*event) || !IsOnlyOpened()) return false;
+  CloseEditor();
+  keyPressEvent(event);
+  return true;
+}
+
+// The editor lies over the cell where a drag would begin, since the click before has opened it.
+bool CurveGridView::OnDragOutOfEditor(const QMouseEvent& event) {
+  if ((event.buttons() & Qt::LeftButton) == 0 || text11_->rect().contains(event.pos())) {
+    return false;
+  }
+  pressed_ = currentIndex();
+  CloseEditor();
+  // Dragging goes on from here as if it had begun on the cell itself.
+  const QPointF begin = visualRect(pressed_).center();
+  QMouseEvent press(QEvent::MouseButtonPress, begin, viewport()->mapToGlobal(begin), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QTableView::mousePressEvent(&press);
+  // The button went down on the field, which is gone: nobody else would hear of the mouse.
+  viewport()->grabMouse();
+  return true;
+}
+
+// A header takes no focus: the keys would stay with the editor, or with another control.
+void CurveGridView::OnHeaderPressed() {
+  CloseEditor();
+  setFocus();
 }
 
 void CurveGridView::PlaceEditor() {
@@ -176,7 +234,10 @@ bool CurveGridView::eventFilter(QObject* watched, QEvent* event) {
       if (EditorKeyOf(*static_cast<QKeyEvent*>(event))) event->accept();
       return false;
     case QEvent::KeyPress:
-      return OnEditorKey(*static_cast<QKeyEvent*>(event));
+      return OnEditorKey(*static_cast<QKeyEvent*>(event)) ||
+             OnSelectingKey(static_cast<QKeyEvent*>(event));
+    case QEvent::MouseMove:
+      return OnDragOutOfEditor(*static_cast<QMouseEvent*>(event));
     case QEvent::FocusOut: {
       // Another program or the field's own menu in front does not end the editing.
       const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -202,6 +263,7 @@ void CurveGridView::mousePressEvent(QMouseEvent* event) {
 }
 
 void CurveGridView::mouseReleaseEvent(QMouseEvent* event) {
+  viewport()->releaseMouse();
   QTableView::mouseReleaseEvent(event);
   const QModelIndex released = indexAt(event->pos());
   // A drag or a click with a modifier selects cells; a plain click edits one.

@@ -3,6 +3,7 @@
 #include <QTableView>
 
 #include "editor/cell_editor.h"
+#include "editor/clipboard_text.h"
 
 class QLineEdit;
 
@@ -25,6 +26,13 @@ class CurveGridView : public QTableView {
 
   /// The grid has new texts or headings.
   void ShowAll();
+
+  /// Whether the cell editor is open, but neither its text nor its caret has been touched: as far
+  /// as the user is concerned the cell is selected, not edited.
+  [[nodiscard]] bool IsOnlyOpened() const;
+
+  /// The selected cells; the current one where none is.
+  [[nodiscard]] CellArea SelectedArea() const;
 
  Q_SIGNALS:
   /// The user changed a cell.
@@ -51,6 +59,9 @@ class CurveGridView : public QTableView {
  private:
   void OnTextChanged(const QString& text);
   [[nodiscard]] bool OnEditorKey(const QKeyEvent& event);
+  [[nodiscard]] bool OnSelectingKey(QKeyEvent* event);
+  [[nodiscard]] bool OnDragOutOfEditor(const QMouseEvent& event);
+  void OnHeaderPressed();
   void PlaceEditor();
   void FitRows();
 

@@ -1,0 +1,144 @@
+#include "app/widgets/exchange_controller.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QTextDocument>
+
+#include "app/library_commands.h"
+#include "app/session_texts.h"
+#include "app/settings.h"
+#include "app/widgets/status_line.h"
+#include "app/widgets/window_placement.h"
+#include "exchange/entry_copy.h"
+#include "platform/paths.h"
+#include "tables/table_library.h"
+
+namespace zentab::app {
+
+using exchange::ExchangeDialog;
+
+ExchangeController::ExchangeController(Session& session, platform::FileLayer& files,
+                                       UserDialogs& dialogs, platform::SettingsStore& store,
+                                       std::string title, QWidget& window)
+    : QObject(&window),
+      session_(session),
+      files_(files),
+      dialogs_(dialogs),
+      store_(store),
+      title_(std::move(title)),
+      window_(window) {}
+
+void ExchangeController::Import() {
+  ExchangeDialog* const dialog = MakeDialog(Mode::Import);
+  window_.setCursor(Qt::BusyCursor);
+  dialog->exec();
+  window_.unsetCursor();
+  Q_EMIT EntriesAdded();
+}
+
+void ExchangeController::Export() {
+  ExchangeDialog* const dialog = MakeDialog(Mode::Export);
+  connect(dialog, &QDialog::finished, this, [this] {
+    if (CopiesOntoItself()) Q_EMIT EntriesAdded();
+  });
+  dialog->open();
+}
+
+ExchangeDialog* ExchangeController::MakeDialog(Mode mode) {
+  mode_ = mode;
+  fileChosen_ = false;
+  names_.clear();
+  entries_.Reload();
+  auto* const dialog = new ExchangeDialog(entries_, &window_);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setFont(window_.font());
+  dialog->list1->setItemDelegate(new RoomyRows(dialog->list1));
+  ShowTexts(*dialog);
+  RestorePlacement(*dialog, LoadExchangePlacement(store_, title_));
+  connect(dialog, &ExchangeDialog::Opened, this, [this, dialog] { ChooseFile(*dialog); });
+  connect(dialog, &ExchangeDialog::SelectionChanged, this,
+          [this, dialog] { ShowSelection(*dialog); });
+  connect(dialog->command1, &QPushButton::clicked, this, [this, dialog] { Execute(*dialog); });
+  connect(dialog, &ExchangeDialog::Closing, this, [this, dialog] { StorePlacement(*dialog); });
+  return dialog;
+}
+
+void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
+  const bool importing = mode_ == Mode::Import;
+  const QString file = importing ? dialogs_.ChooseTableFile() : dialogs_.ChooseTargetFile();
+  if (file.isEmpty()) {
+    dialog.outcome->setText(QString::fromStdString(session_.texts.program.noExchangeFile));
+    return;
+  }
+  fileChosen_ = true;
+  session_.exchangeFile = QDir::toNativeSeparators(file).toStdString();
+  names_ = importing ? tables::ListEntryNames(platform::ToPath(session_.exchangeFile))
+                     : session_.entryNames;
+  entries_.Reload();
+  dialog.command1->setEnabled(importing || !names_.empty());
+  ShowTexts(dialog);
+  ShowSelection(dialog);
+  dialog.list1->setFocus();
+}
+
+void ExchangeController::Execute(ExchangeDialog& dialog) {
+  dialog.command1->setEnabled(false);
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const std::filesystem::path active = ActiveTableFile(session_);
+  const std::filesystem::path other = platform::ToPath(session_.exchangeFile);
+  const bool importing = mode_ == Mode::Import;
+  const exchange::CopyResult result = exchange::CopyEntries(
+      files_, importing ? other : active, dialog.SelectedRows(), importing ? active : other);
+  QGuiApplication::restoreOverrideCursor();
+  dialog.command1->setEnabled(true);
+  // The button lost the focus when it was disabled; what comes next is another selection.
+  dialog.list1->setFocus();
+  const texts::ProgramTexts& texts = session_.texts.program;
+  dialog.outcome->setText(result.error
+                              ? FailureText(texts.copyFailed, result.error)
+                              : QString::fromStdString(Expanded(session_, texts.entriesCopied,
+                                                                std::to_string(result.copied))));
+}
+
+void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
+  const texts::ExchangeTexts& texts =
+      mode_ == Mode::Import ? session_.texts.importing : session_.texts.exporting;
+  const auto text = [this](const std::string& raw) {
+    return QString::fromStdString(Expanded(session_, raw));
+  };
+  const auto tip = [&](QWidget* control, const std::string& raw) {
+    // Plain text would stand in one line, however long.
+    if (!raw.empty())
+      control->setToolTip(Qt::convertFromPlainText(text(raw), Qt::WhiteSpaceNormal));
+  };
+  // A heading that names the file has to wait until one is chosen.
+  const bool complete = fileChosen_ || texts.heading.find("%G") == std::string::npos;
+  if (complete && !texts.heading.empty()) dialog.setWindowTitle(text(texts.heading));
+  if (!texts.button.empty()) dialog.command1->setText(text(texts.button));
+  tip(dialog.command1, texts.buttonTip);
+  tip(dialog.list1, texts.listTip);
+  dialog.closeButton->setText(QString::fromStdString(session_.texts.program.close));
+}
+
+void ExchangeController::ShowSelection(ExchangeDialog& dialog) const {
+  const std::string count = std::to_string(dialog.SelectedCount());
+  dialog.outcome->setText(
+      QString::fromStdString(Expanded(session_, session_.texts.program.entriesSelected, count)));
+}
+
+void ExchangeController::StorePlacement(const ExchangeDialog& dialog) const {
+  // The dialog closes whether or not its place is remembered.
+  [[maybe_unused]] const std::error_code dropped =
+      SaveExchangePlacement(store_, title_, PlacementOf(dialog));
+}
+
+bool ExchangeController::CopiesOntoItself() const {
+  std::error_code error;
+  return fileChosen_ && std::filesystem::equivalent(ActiveTableFile(session_),
+                                                    platform::ToPath(session_.exchangeFile), error);
+}
+
+}  // namespace zentab::app

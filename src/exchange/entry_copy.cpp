@@ -1,0 +1,108 @@
+#include "exchange/entry_copy.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "platform/line_reader.h"
+#include "platform/safe_file_replacement.h"
+
+namespace zentab::exchange {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+// Large enough that the calls into the system do not count, small enough to stay in the cache.
+constexpr std::size_t kBlock = 256u << 10;
+
+// Gathers lines into blocks.
+class LineWriter {
+ public:
+  explicit LineWriter(platform::OutputFile& output) : output_(output) {
+    block_.reserve(2 * kBlock);
+  }
+
+  std::error_code Write(std::string_view text) {
+    if (text.size() > kBlock) {
+      if (const std::error_code error = Finish()) return error;
+      return output_.Write(text);
+    }
+    block_ += text;
+    return block_.size() < kBlock ? std::error_code() : Finish();
+  }
+
+  std::error_code Finish() {
+    const std::error_code error = block_.empty() ? std::error_code() : output_.Write(block_);
+    block_.clear();
+    return error;
+  }
+
+ private:
+  platform::OutputFile& output_;
+  std::string block_;
+};
+
+// The selected lines of a file as it is now; the file is read no further than to the last of them.
+class SelectedLines {
+ public:
+  SelectedLines(const fs::path& file, std::uint64_t size, const std::vector<bool>& selected)
+      : reader_(file, size),
+        end_(std::find(selected.rbegin(), selected.rend(), true).base()),
+        next_(selected.begin()) {}
+
+  bool Next(platform::RawLine& line) {
+    while (next_ != end_ && reader_.Next(line)) {
+      if (*next_++) return true;
+    }
+    return false;
+  }
+
+  [[nodiscard]] std::error_code Error() const {
+    return reader_.Failed() ? std::make_error_code(std::errc::io_error) : std::error_code();
+  }
+
+ private:
+  platform::LineReader reader_;
+  std::vector<bool>::const_iterator end_;
+  std::vector<bool>::const_iterator next_;
+};
+
+std::error_code WriteLines(SelectedLines& lines, platform::RawLine line, LineWriter& writer,
+                           std::size_t& count) {
+  do {
+    if (const std::error_code error = writer.Write(line.text)) return error;
+    if (const std::error_code error = writer.Write(kLineEnd)) return error;
+    ++count;
+  } while (lines.Next(line));
+  if (const std::error_code error = lines.Error()) return error;
+  return writer.Finish();
+}
+
+}  // namespace
+
+CopyResult CopyEntries(platform::FileLayer& files, const fs::path& source,
+                       const std::vector<bool>& selected, const fs::path& target) {
+  CopyResult result;
+  const std::uint64_t size = fs::file_size(source, result.error);
+  if (result.error) return result;
+  SelectedLines lines(source, size, selected);
+  platform::RawLine first;
+  const bool any = lines.Next(first);
+  result.error = lines.Error();
+  if (result.error || !any) return result;
+
+  const bool endsInside = platform::EndsInsideLine(target);
+  result.error = platform::AppendToFile(files, target, [&](platform::OutputFile& output) {
+    LineWriter writer(output);
+    if (endsInside) {
+      if (const std::error_code error = writer.Write(kLineEnd)) return error;
+    }
+    return WriteLines(lines, first, writer, result.copied);
+  });
+  if (result.error) result.copied = 0;
+  return result;
+}
+
+}  // namespace zentab::exchange

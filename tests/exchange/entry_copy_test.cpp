@@ -1,0 +1,129 @@
+#include "exchange/entry_copy.h"
+
+#include "support/failing_file_layer.h"
+#include "support/table_lines.h"
+#include "support/temporary_folder.h"
+
+namespace zentab::exchange {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::SystemFiles;
+using test::BytesOf;
+using test::FailingFileLayer;
+
+using EntryCopy = test::TemporaryFolder;
+
+TEST_F(EntryCopy, AddsTheSelectedLinesByTheirPosition) {
+  const struct {
+    std::string_view source, target;
+    std::vector<bool> selected;
+    std::string_view after;
+  } cases[] = {
+      {"a\r\nb\r\nc\r\n", "x\r\n", {true, false, true}, "x\r\na\r\nc\r\n"},
+      {"a\r\nb\r\nc\r\n", "", {false, true, false}, "b\r\n"},
+      {"a\nb\rc", "x", {true, true, true}, "x\r\na\r\nb\r\nc\r\n"},
+      {"a\r\nb", "x\n", {false, true}, "x\nb\r\n"},
+      {"a\r\nb", "x\r", {true, true}, "x\ra\r\nb\r\n"},
+      {"a\r\n\r\nc\r\n", "x\r\n", {false, true, true}, "x\r\n\r\nc\r\n"},
+      {"a\r\n", "x", {false}, "x"},
+      {"a\r\n", "x", {}, "x"},
+      {"a\r\n", "x", {false, true}, "x"},
+      {"a\r\n", "x", {true, true, true}, "x\r\na\r\n"},
+      {"", "x", {true}, "x"},
+      {"{\"\xDC \xFF\"\t(1;2)\t \x01}}\r\n", "", {true}, "{\"\xDC \xFF\"\t(1;2)\t \x01}}\r\n"},
+  };
+  for (const auto& [source, target, selected, after] : cases) {
+    const fs::path from = Write("source.dat", source), to = Write("target.dat", target);
+    const CopyResult result = CopyEntries(SystemFiles(), from, selected, to);
+    EXPECT_FALSE(result.error);
+    EXPECT_EQ(BytesOf(to), after) << source;
+    EXPECT_EQ(BytesOf(from), source);
+    EXPECT_EQ(result.copied > 0, after != target);
+  }
+}
+
+TEST_F(EntryCopy, KeepsEveryByteOfHostileLines) {
+  const fs::path to = Folder() / "target.dat";
+  for (const test::LineFile& file : test::HostileLineFiles()) {
+    const fs::path from = Write("source.dat", file.Bytes());
+    std::vector<bool> selected;
+    std::string expected;
+    for (std::size_t line = 0; line < file.lines.size(); ++line) {
+      selected.push_back(line % 3 != 1);
+      if (selected.back()) expected += file.lines[line].text + "\r\n";
+    }
+    fs::remove(to);
+    EXPECT_FALSE(CopyEntries(SystemFiles(), from, selected, to).error) << file.what;
+    EXPECT_TRUE(fs::exists(to) ? BytesOf(to) == expected : expected.empty()) << file.what;
+  }
+}
+
+TEST_F(EntryCopy, OntoItselfAddsEachEntryOnce) {
+  std::string lines;
+  for (int line = 0; line < 5000; ++line)
+    lines += "{\"" + std::to_string(line) + "\"\t(1;2) 000}\r\n";
+  const std::string open = lines.substr(0, lines.size() - 2);
+  for (const std::string& before : {lines, open}) {
+    const fs::path file = Write("library.dat", before);
+    fs::remove(Folder() / "same.dat");
+    fs::create_hard_link(file, Folder() / "same.dat");
+    // More rows than lines, as when entries were removed behind the list's back.
+    const CopyResult result =
+        CopyEntries(SystemFiles(), file, std::vector<bool>(9000, true), Folder() / "same.dat");
+    EXPECT_FALSE(result.error);
+    EXPECT_EQ(result.copied, 5000u);
+    EXPECT_EQ(BytesOf(file), lines + lines);
+  }
+}
+
+TEST_F(EntryCopy, LeavesTheTargetAsItWasWhenItFails) {
+  std::string lines;
+  for (int line = 0; line < 40; ++line) lines += std::string(20'000, 'x') + "\r\n";
+  const fs::path from = Write("source.dat", lines);
+  const std::vector<bool> all(40, true);
+  for (const bool exists : {true, false}) {
+    const fs::path to = Folder() / "target.dat";
+    const std::string before = exists ? "{\"old\"\t 000}" : "(missing)";
+    fs::remove(to);
+    if (exists) Write("target.dat", before);
+    std::string failed;
+    for (std::size_t step = 0;; ++step) {
+      FailingFileLayer layer;
+      layer.failingStep = step;
+      const CopyResult result = CopyEntries(layer, from, all, to);
+      if (!result.error) break;
+      failed += layer.failedStep + ' ';
+      EXPECT_EQ(result.copied, 0u);
+      EXPECT_EQ(BytesOf(to), before) << layer.failedStep;
+    }
+    EXPECT_EQ(failed, "open size write write write flush ");
+    EXPECT_EQ(BytesOf(to), (exists ? before + "\r\n" : "") + lines);
+    fs::remove(to);
+    if (exists) Write("target.dat", before);
+    for (const std::size_t fits : {0u, 1u, 2u, 300'000u, 799'999u}) {
+      FailingFileLayer full;
+      full.bytesThatFit = fits;
+      EXPECT_EQ(CopyEntries(full, from, all, to).error, std::errc::no_space_on_device);
+      EXPECT_EQ(BytesOf(to), before) << fits;
+    }
+  }
+}
+
+TEST_F(EntryCopy, ReportsFilesThatCannotBeCopied) {
+  const fs::path file = Write("library.dat", "a\r\n");
+  fs::create_directory(Folder() / "folder.dat");
+  for (const auto& [source, target] : {std::pair("missing.dat", "library.dat"),
+                                       {"folder.dat", "library.dat"},
+                                       {"library.dat", "folder.dat"},
+                                       {"library.dat", "no such folder/new.dat"}}) {
+    EXPECT_TRUE(CopyEntries(SystemFiles(), Folder() / source, {true}, Folder() / target).error)
+        << source << " to " << target;
+  }
+  fs::permissions(file, fs::perms::owner_read);
+  EXPECT_TRUE(CopyEntries(SystemFiles(), file, {true}, file).error);
+  EXPECT_EQ(BytesOf(file), "a\r\n");
+}
+
+}  // namespace
+}  // namespace zentab::exchange

@@ -1,0 +1,223 @@
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTest>
+
+#include "editor/widgets/curve_grid_view.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kLibrary =
+    "{\"Four\"\t(1;10)(2;20)(3;30)(4;40) 001}\r\n"
+    "{\"Empty\"\t 000}\r\n";
+
+class ClipboardTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start(const std::string& separator = ".") {
+    made_ = std::make_unique<WindowFixture>(kLibrary, separator);
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Write("Zentab.txt", "F1.COMMAND8.TEXT {E&xport}\nF1.COMMAND9.TEXT {Cl&ear}\n");
+    made_->Open();
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    Press("Command1");
+    QGuiApplication::clipboard()->setText(QStringLiteral("left over"));
+    return *made_;
+  }
+  [[nodiscard]] editor::CurveGridView& Grid() const {
+    return *made_->Find<editor::CurveGridView>("MSFlexGrid1");
+  }
+  [[nodiscard]] bool EditorOpen() const { return made_->Find<QWidget>("Text11")->isVisible(); }
+  void Press(const char* name) {
+    QTest::mouseClick(made_->Find<QAbstractButton>(name), Qt::LeftButton);
+  }
+  void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+  }
+  void Keys(QKeySequence::StandardKey key) {
+    QTest::keySequence(QApplication::focusWidget(), QKeySequence(key));
+  }
+  [[nodiscard]] QPoint Middle(int row, int column) const {
+    return Grid().visualRect(Grid().model()->index(row - 1, column - 1)).center();
+  }
+  void ClickCell(int row, int column, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseClick(Grid().viewport(), Qt::LeftButton, modifiers, Middle(row, column));
+  }
+  void Drag(int row, int column, int toRow, int toColumn) {
+    QTest::mousePress(Grid().viewport(), Qt::LeftButton, {}, Middle(row, column));
+    QTest::mouseMove(Grid().viewport(), Middle(toRow, toColumn));
+    QTest::mouseRelease(Grid().viewport(), Qt::LeftButton, {}, Middle(toRow, toColumn));
+  }
+  static void Put(const QString& text) { QGuiApplication::clipboard()->setText(text); }
+  [[nodiscard]] static QString Clip() { return QGuiApplication::clipboard()->text(); }
+  [[nodiscard]] QString Rows(int from, int to) const {
+    return QString::fromStdString(
+        editor::BlockText(made_->session.table.grid, {from, 1, to, 2}).c_str());
+  }
+  [[nodiscard]] bool Modified() const { return made_->session.table.tableModified; }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void SelectingGoesAsInASpreadsheet() {
+    Start();
+    Drag(2, 1, 3, 2);
+    QVERIFY(!EditorOpen());
+    Press("Command8");
+    QCOMPARE(Clip(), QStringLiteral("2\t20\r3\t30"));
+    ClickCell(2, 2);
+    QVERIFY(EditorOpen());
+    ClickCell(4, 2, Qt::ShiftModifier);
+    QVERIFY(!EditorOpen());
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("20\r30\r40"));
+    // Walking on in the editor moves the place from which the arrows select.
+    ClickCell(1, 1);
+    for (int i = 0; i < 4; ++i) Key(Qt::Key_Return);
+    Key(Qt::Key_Escape);
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    Key(Qt::Key_Right, Qt::ShiftModifier);
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("3\t30\r4\t40"));
+    ClickCell(3, 1);
+    Key(Qt::Key_Up, Qt::ShiftModifier);
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("2\r3"));
+    ClickCell(2, 1);
+    auto* const field = made_->Find<QWidget>("Text11");
+    QTest::mousePress(field, Qt::LeftButton);
+    QTest::mouseMove(field, field->rect().bottomRight() + QPoint(20, 5));
+    QTest::mouseMove(Grid().viewport(), Middle(4, 2));
+    QTest::mouseRelease(Grid().viewport(), Qt::LeftButton, {}, Middle(4, 2));
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("2\t20\r3\t30\r4\t40"));
+    ClickCell(1, 2);
+    auto* const numbers = Grid().verticalHeader();
+    QTest::mouseClick(numbers->viewport(), Qt::LeftButton, {},
+                      {5, numbers->sectionViewportPosition(3) + 5});
+    QVERIFY(!EditorOpen());
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("4\t40"));
+    Keys(QKeySequence::SelectAll);
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), Rows(1, 26));
+    Key(Qt::Key_Return);
+    QVERIFY(EditorOpen());
+    Keys(QKeySequence::Copy);
+    QVERIFY2(!Clip().contains('\t'), "an open editor means its own cell");
+    QVERIFY(!Modified());
+  }
+
+  void AColumnWithDecimalCommasBecomesACurve() {
+    WindowFixture& f = Start(",");
+    f.session.table.grid.ClearPoints();
+    ClickCell(1, 1);
+    Put(QStringLiteral("1,05\n1,5\n2\n"));
+    Keys(QKeySequence::Paste);
+    QVERIFY(!EditorOpen());
+    ClickCell(1, 2);
+    Put(QStringLiteral("1234,5\r\n20,00\r\n4,2512\r\n"));
+    Keys(QKeySequence::Paste);
+    QCOMPARE(Rows(1, 4), QStringLiteral("1,05\t1234,5\r1,5\t20\r2\t4,251\r\t"));
+    QVERIFY(f.Find<QWidget>("MSChart1")->isVisible() && f.Find<QWidget>("Command3")->isEnabled());
+    QVERIFY2(!Modified(), "a paste counts as no edit");
+  }
+
+  void PastingFillsTheSelectionOnly() {
+    Start();
+    Drag(2, 1, 3, 1);
+    Put(QStringLiteral("5\t50\r\n6\t60\r\n7\t70\r\n"));
+    Press("Command7");
+    QCOMPARE(Rows(1, 4), QStringLiteral("1\t10\r5\t20\r6\t30\r4\t40"));
+    for (auto* const nothing : {new QMimeData, new QMimeData}) {
+      nothing->setData(QStringLiteral("image/png"), "no text");
+      QGuiApplication::clipboard()->setMimeData(nothing);
+      Press("Command7");
+    }
+    QCOMPARE(Rows(1, 4), QStringLiteral("1\t10\r5\t20\r6\t30\r4\t40"));
+  }
+
+  void ClearingEmptiesTheSelectionAndCountsAsAnEdit() {
+    WindowFixture& f = Start();
+    Drag(3, 1, 4, 2);
+    Press("Command9");
+    QCOMPARE(Rows(1, 4), QStringLiteral("1\t10\r2\t20\r\t\r\t"));
+    QVERIFY(Modified() && !f.Find<QLabel>("StatusModified")->text().isEmpty());
+    Drag(2, 1, 2, 2);
+    Keys(QKeySequence::Cut);
+    QCOMPARE(Clip(), QStringLiteral("2\t20"));
+    QCOMPARE(Rows(1, 2), QStringLiteral("1\t10\r\t"));
+    QVERIFY(!f.Find<QWidget>("MSChart1")->isVisible() && !f.Find<QWidget>("Command4")->isEnabled());
+    Drag(1, 2, 2, 2);
+    Key(Qt::Key_Delete);
+    QCOMPARE(Rows(1, 1), QStringLiteral("1\t"));
+    QVERIFY2(f.dialogs.asked.empty(), "no entry is to be removed");
+  }
+
+  void InACellThatWasOnlyOpenedTheKeysMeanTheCell() {
+    Start();
+    ClickCell(2, 1);
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("2"));
+    Put(QStringLiteral("5\t50\r\n"));
+    Keys(QKeySequence::Paste);
+    QVERIFY(EditorOpen());
+    QCOMPARE(Rows(2, 3), QStringLiteral("5\t50\r3\t30"));
+    ClickCell(3, 2);
+    Key(Qt::Key_Delete);
+    QVERIFY(!EditorOpen());
+    ClickCell(4, 1);
+    Keys(QKeySequence::Cut);
+    QCOMPARE(Clip(), QStringLiteral("4"));
+    QCOMPARE(Rows(3, 4), QStringLiteral("3\t\r\t40"));
+  }
+
+  void NothingToPasteLeavesACellThatWasOpened() {
+    Start();
+    ClickCell(2, 1);
+    QGuiApplication::clipboard()->clear();
+    Keys(QKeySequence::Paste);
+    QCOMPARE(Rows(2, 2), QStringLiteral("2\t20"));
+    QVERIFY(!Modified());
+  }
+
+  void InTheTextOfACellTheKeysMeanTheText() {
+    WindowFixture& f = Start();
+    ClickCell(2, 2);
+    auto* const field = f.Find<QLineEdit>("Text11");
+    field->setSelection(0, 1);
+    Keys(QKeySequence::Cut);
+    QCOMPARE(Clip(), QStringLiteral("2"));
+    QCOMPARE(Rows(2, 2), QStringLiteral("2\t0"));
+    Put(QStringLiteral("5\r\n"));
+    Keys(QKeySequence::Paste);
+    QVERIFY(EditorOpen());
+    QCOMPARE(Rows(2, 3), QStringLiteral("2\t50\r3\t30"));
+    Key(Qt::Key_Home);
+    Key(Qt::Key_Delete);
+    Key(Qt::Key_End);
+    Key(Qt::Key_Delete);
+    QCOMPARE(Rows(2, 2), QStringLiteral("2\t0"));
+    Put(QStringLiteral("7\r\n8\r\n"));
+    Keys(QKeySequence::Paste);
+    QVERIFY(!EditorOpen());
+    QCOMPARE(Rows(2, 3), QStringLiteral("2\t7\r3\t8"));
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::ClipboardTest)
+#include "clipboard_test.moc"

@@ -1,0 +1,197 @@
+#include <QAction>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "exchange/widgets/exchange_dialog.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+using exchange::ExchangeDialog;
+
+const QByteArray kLibrary =
+    "{\"A\"\t(1;10)(2;20) 001}\r\n"
+    "{\"B\"\t(1;10) 001}\r\n"
+    "{\"C\"\t 000}";
+
+QString NamesIn(const QWidget& window) {
+  const auto* const model = window.findChild<QListView*>(QStringLiteral("List1"))->model();
+  QStringList names;
+  for (int row = 0; row < model->rowCount(); ++row) {
+    names.append(model->index(row, 0).data().toString());
+  }
+  return names.join('|');
+}
+
+class ExchangeTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start(const QByteArray& library = kLibrary) {
+    made_ = std::make_unique<WindowFixture>(library);
+    return *made_;
+  }
+  // Carries out `work` on the dialog that the menu command opens, once the file is chosen.
+  void InDialog(const char* command, const std::function<void(ExchangeDialog&)>& work) {
+    int runs = 0;
+    const auto visit = [&] {
+      auto* const dialog = made_->window->findChild<ExchangeDialog*>();
+      QVERIFY(dialog != nullptr && dialog->isVisible());
+      QCOMPARE(dialog->objectName(), QStringLiteral("Form2"));
+      work(*dialog);
+      ++runs;
+      dialog->close();
+    };
+    auto* const action = made_->Find<QAction>(command);
+    // An import returns when its dialog has closed; by then the file question has been asked.
+    QTimer::singleShot(50, this, visit);
+    action->trigger();
+    QTRY_COMPARE(runs, 1);
+    QTRY_VERIFY(made_->window->findChild<ExchangeDialog*>() == nullptr);
+  }
+  static void Select(ExchangeDialog& dialog, std::initializer_list<int> rows) {
+    for (const int row : rows) {
+      dialog.list1->selectionModel()->select(dialog.list1->model()->index(row, 0),
+                                             QItemSelectionModel::Select);
+    }
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void ImportCopiesIntoTheActiveFileAndListsItAnew() {
+    WindowFixture& f = Start();
+    f.Write("other.dat", "{\"X\"\t(5;5) 000}\n{\"Y \xDC\"\t 1}\n{\"Z\"\t}\n");
+    f.dialogs.file = f.Path("other.dat");
+    InDialog("m_imp", [&](ExchangeDialog& dialog) {
+      QCOMPARE(NamesIn(dialog), QStringLiteral("X|Y Ü|Z"));
+      QVERIFY(dialog.command1->isEnabled());
+      Select(dialog, {0, 1});
+      QVERIFY(dialog.outcome->text().contains('2'));
+      dialog.command1->click();
+      QVERIFY(dialog.command1->isEnabled());
+    });
+    QCOMPARE(f.Bytes(), kLibrary + "\r\n{\"X\"\t(5;5) 000}\r\n{\"Y \xDC\"\t 1}\r\n");
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|X|Y Ü"));
+  }
+
+  void ExportCopiesIntoTheOtherFile() {
+    WindowFixture& f = Start();
+    f.dialogs.file = f.Path("new.dat");
+    InDialog("m_exp", [&](ExchangeDialog& dialog) {
+      QCOMPARE(NamesIn(dialog), QStringLiteral("A|B|C"));
+      QVERIFY(!f.Bytes("new.dat").size());
+      Select(dialog, {0, 2});
+      dialog.command1->click();
+      dialog.command1->click();
+    });
+    const QByteArray once = "{\"A\"\t(1;10)(2;20) 001}\r\n{\"C\"\t 000}\r\n";
+    QCOMPARE(f.Bytes("new.dat"), once + once);
+    QCOMPARE(f.Bytes(), kLibrary);
+  }
+
+  void ExportOntoTheActiveFileKeepsListAndFileInStep() {
+    WindowFixture& f = Start();
+    f.dialogs.file = f.Path("relayTables.dat");
+    InDialog("m_exp", [&](ExchangeDialog& dialog) {
+      dialog.list1->selectAll();
+      dialog.command1->click();
+    });
+    QCOMPARE(f.Bytes(), kLibrary + "\r\n" + kLibrary + "\r\n");
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|A|B|C"));
+  }
+
+  void NothingToCopyLeavesExecuteDisabled() {
+    WindowFixture& f = Start("");
+    f.dialogs.file = f.Path("target.dat");
+    InDialog("m_exp", [](ExchangeDialog& dialog) { QVERIFY(!dialog.command1->isEnabled()); });
+    f.dialogs.file.clear();
+    for (const char* const command : {"m_exp", "m_imp"}) {
+      InDialog(command, [](ExchangeDialog& dialog) {
+        QVERIFY(!dialog.command1->isEnabled());
+        QCOMPARE(dialog.list1->model()->rowCount(), 0);
+        QVERIFY(!dialog.outcome->text().isEmpty());
+      });
+    }
+    QVERIFY(!QFile::exists(f.Path("target.dat")));
+    f.Write("nameless.dat", "{}\r\n\r\n{\"x\r\n");
+    f.dialogs.file = f.Path("nameless.dat");
+    InDialog("m_imp", [](ExchangeDialog& dialog) {
+      QCOMPARE(dialog.list1->model()->rowCount(), 0);
+      dialog.command1->click();
+    });
+    QCOMPARE(f.Bytes(), QByteArray());
+  }
+
+  void AFailedCopyIsSaidInTheDialog() {
+    WindowFixture& f = Start();
+    f.Write("other.dat", "kept");
+    QFile::setPermissions(f.Path("other.dat"), QFile::ReadOwner);
+    f.dialogs.file = f.Path("other.dat");
+    InDialog("m_exp", [](ExchangeDialog& dialog) {
+      dialog.list1->selectAll();
+      dialog.command1->click();
+      QVERIFY(dialog.outcome->text().startsWith("The entries could not be copied"));
+      QVERIFY(dialog.command1->isEnabled());
+    });
+    QCOMPARE(f.Bytes("other.dat"), QByteArray("kept"));
+  }
+
+  void TheCatalogueNamesTheDialog() {
+    WindowFixture& f = Start();
+    f.dialogs.file = f.Path("other.dat");
+    InDialog("m_exp", [](ExchangeDialog& dialog) {
+      QCOMPARE(dialog.windowTitle(), QStringLiteral("Import/Export"));
+      QCOMPARE(dialog.command1->text(), QStringLiteral("Execute"));
+    });
+    f.Write("Zentab.txt",
+            "F2.EXPORT.HEADING {To %G}\nF2.EXPORT.BUTTON.TEXT {Go %X}\n"
+            "F2.IMPORT.BUTTON.TIP {Get <it>}\nF2.IMPORT.LIST.TIP {List}\n");
+    f.Open();
+    InDialog("m_exp", [&](ExchangeDialog& dialog) {
+      QCOMPARE(dialog.windowTitle(), "To " + QDir::toNativeSeparators(f.Path("other.dat")));
+      QCOMPARE(dialog.command1->text(), QStringLiteral("Go S"));
+    });
+    InDialog("m_imp", [](ExchangeDialog& dialog) {
+      QCOMPARE(dialog.windowTitle(), QStringLiteral("Import/Export"));
+      QVERIFY(dialog.command1->toolTip().contains(QStringLiteral("Get &lt;it&gt;")));
+      QVERIFY(dialog.list1->toolTip().contains(QStringLiteral("List")));
+    });
+  }
+
+  void TheDialogKeepsItsPlaceAndLaysOutItsControls() {
+    WindowFixture& f = Start();
+    f.dialogs.file = f.Path("other.dat");
+    InDialog("m_exp", [](ExchangeDialog& dialog) {
+      QCOMPARE(dialog.size(), QSize(618, 448));
+      const QRect before = dialog.command1->geometry();
+      for (const QSize size : {QSize(700, 500), QSize(10, 10)}) {
+        dialog.resize(size);
+        QCoreApplication::processEvents();
+        const QRect list = dialog.list1->geometry();
+        QCOMPARE(list.width(), dialog.width() - 2 * list.left() - 7);
+        QCOMPARE(dialog.command1->size(), before.size());
+        QVERIFY(list.bottom() < dialog.command1->y());
+        QVERIFY(dialog.command1->geometry().bottom() < dialog.height());
+      }
+      QVERIFY(dialog.width() >= 300 && dialog.height() >= 200);
+      dialog.setGeometry(40, 50, 600, 450);
+    });
+    QCOMPARE(f.store.values["Width"], std::string("9000"));
+    QCOMPARE(f.store.values["Height"], std::string("6750"));
+    InDialog("m_imp",
+             [](ExchangeDialog& dialog) { QCOMPARE(dialog.geometry(), QRect(40, 50, 600, 450)); });
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::ExchangeTest)
+#include "exchange_test.moc"
