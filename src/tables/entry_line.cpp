@@ -67,7 +67,9 @@ std::string FormatEntryLine(const CurveTableEntry& entry) {
   line += ' ';
   line += entry.milliseconds ? '1' : '0';
   line += entry.absoluteValues ? '1' : '0';
-  line += static_cast<char>('0' + static_cast<int>(entry.instrument));
+  line += entry.instrument == Instrument::Current   ? '1'
+          : entry.instrument == Instrument::Voltage ? '2'
+                                                    : '0';
   line += '}';
   std::replace_if(
       line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');

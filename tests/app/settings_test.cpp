@@ -1,7 +1,6 @@
 #include "app/settings.h"
 
-#include <cstdlib>
-
+#include "support/environment.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::app {
@@ -13,7 +12,7 @@ std::string Texts(const Placement& placement) {
 
 class SettingsTest : public test::TemporaryFolder {
  protected:
-  SettingsTest() { ::setenv("ZENTAB_SETTINGS_DIR", Folder().c_str(), 1); }
+  SettingsTest() { test::SetFolderVariable("ZENTAB_SETTINGS_DIR", Folder()); }
   std::unique_ptr<platform::SettingsStore> store_ = platform::UserSettingsStore();
 };
 
