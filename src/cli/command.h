@@ -28,13 +28,13 @@ void AddCommand(Commands& commands, const char* name, const char* description,
   });
 }
 
-void AddTableCommands(Commands& commands);      // list, show, add, update, remove, copy
-void AddCheckCommand(Commands& commands);       // check
-void AddTextCommands(Commands& commands);       // text, expand
-void AddTimeTestCommands(Commands& commands);   // entry, import
-void AddGraphCommands(Commands& commands);      // grh, grh-read
-void AddCleanCommand(Commands& commands);       // clean
-void AddEvalCommand(Commands& commands);        // eval
+void AddTableCommands(Commands& commands);     // list, show, add, update, remove, copy
+void AddCheckCommand(Commands& commands);      // check
+void AddTextCommands(Commands& commands);      // text, expand
+void AddTimeTestCommands(Commands& commands);  // entry, import
+void AddGraphCommands(Commands& commands);     // grh, grh-read
+void AddCleanCommand(Commands& commands);      // clean
+void AddEvalCommand(Commands& commands);       // eval
 
 /// A decimal number with ".", in the range of a double: checks an option's text.
 extern const CLI::Validator kNumber;

@@ -7,11 +7,12 @@ namespace zentab::cli {
 namespace {
 
 Exit Run(const std::vector<std::string>& arguments) {
-  CLI::App program("Relay curve tables without a window.\nExit codes: 0 done, 1 the operation "
-                   "failed or found nothing, 2 wrong usage.",
-                   "zentab-cli");
+  CLI::App program(
+      "Relay curve tables without a window.\nExit codes: 0 done, 1 the operation "
+      "failed or found nothing, 2 wrong usage.",
+      "zentab-cli");
   program.set_version_flag("--version", "zentab-cli " ZENTAB_VERSION);
-  program.require_subcommand(1);
+  program.require_subcommand(0, 1);
   program.failure_message([](const CLI::App* failed, const CLI::Error& error) {
     return "zentab-cli: " + std::string(error.what()) + "\nRun with --help for the usage of " +
            failed->get_name() + ".\n";
@@ -31,6 +32,7 @@ Exit Run(const std::vector<std::string>& arguments) {
     return program.exit(error) == 0 ? Exit::Done : Exit::WrongUsage;
   }
   Console console;
+  if (!commands.chosen) return console.Misused("a command is needed; --help lists them");
   const Exit exit = commands.chosen(console);
   if (console.Finish()) return exit;
   return console.Fail("standard output cannot be written");
@@ -42,6 +44,5 @@ Exit Run(const std::vector<std::string>& arguments) {
 int main(int count, char** values) {
   std::ios::sync_with_stdio(false);
   zentab::platform::UsePlainStreams();
-  return static_cast<int>(
-      zentab::cli::Run(zentab::platform::ProgramArguments(count, values)));
+  return static_cast<int>(zentab::cli::Run(zentab::platform::ProgramArguments(count, values)));
 }

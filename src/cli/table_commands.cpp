@@ -87,9 +87,10 @@ void DeclareShow(CLI::App& command, ShowOptions& options) {
   command.add_option("FILE", options.file, "Table file, - for standard input")->required();
   command.add_option("ENTRY", options.entry, "Name, or #N for line number N from 0")->required();
   command
-      .add_option("--format", options.format,
-                  "tsv: a remark with name and settings, then LOAD, tab, TIME a line; csv: the same "
-                  "points with commas below a title; json: one object")
+      .add_option(
+          "--format", options.format,
+          "tsv: a remark with name and settings, then LOAD, tab, TIME a line; csv: the same "
+          "points with commas below a title; json: one object")
       ->check(CLI::IsMember({"tsv", "csv", "json"}))
       ->capture_default_str();
 }
@@ -146,8 +147,9 @@ struct StoreOptions {
 };
 
 void DeclareStore(CLI::App& command, StoreOptions& options) {
-  command.add_option("--points", options.points,
-                     "File of points, LOAD, tab, TIME a line; - for standard input")
+  command
+      .add_option("--points", options.points,
+                  "File of points, LOAD, tab, TIME a line; - for standard input")
       ->capture_default_str();
   command.add_flag("--ms", options.milliseconds, "Times are milliseconds, not seconds");
   command.add_flag("--absolute", options.absolute,

@@ -36,7 +36,8 @@ struct ExpandOptions {
 };
 
 void DeclareExpand(CLI::App& command, ExpandOptions& options) {
-  command.add_option("TEMPLATE", options.text, "Text with fields: %1 to %3, %D, %E, %S, %F and more")
+  command
+      .add_option("TEMPLATE", options.text, "Text with fields: %1 to %3, %D, %E, %S, %F and more")
       ->required();
   command.add_option("ARG", options.arguments, "What %1, %2 and %3 stand for")->expected(0, 3);
   command.add_option("--table", options.table, "The active table file's name, for %F");

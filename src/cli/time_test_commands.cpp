@@ -85,7 +85,8 @@ void DeclareImport(CLI::App& command, ImportArguments& options) {
   command.add_option("--diff", options.difference, "Difference type")->check(kShortInteger);
   command.add_option("--filter", options.filter, "Filter type")->check(kShortInteger);
   command.add_option("--mean", options.mean, "Width of the running mean")->check(kShortInteger);
-  command.add_option("--timeout", options.timeout, "Timeout level; below 1: 99 % of the longest time")
+  command
+      .add_option("--timeout", options.timeout, "Timeout level; below 1: 99 % of the longest time")
       ->check(kNumber);
   command.add_option("--trace", options.trace, "File that gets the stages of the import");
 }
