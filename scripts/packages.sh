@@ -30,12 +30,12 @@ need() {
   }
 }
 
-build_packages=(g++ cmake ninja-build libutfcpp-dev)
+build_packages=(g++ cmake ninja-build libutfcpp-dev libcli11-dev nlohmann-json3-dev)
 window_packages=(qt6-base-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
   fonts-dejavu-core fonts-noto-cjk)
 test_packages=(libgtest-dev)
 windows_packages=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 wine64)
-bench_packages=(libbenchmark-dev libmuparser-dev)
+bench_packages=(libbenchmark-dev libmuparser-dev libboost-math-dev)
 
 # build PRESET: configures once (again in a checkout that was moved), then builds what changed.
 build() {

@@ -6,36 +6,39 @@
 
 #include "mathparser/function_catalogue.h"
 #include "mathparser/operations.h"
+#include "mathparser/special/gamma.h"
 
 namespace zentab::mathparser {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kExactIntegers = 9007199254740992.0;  // 2^53
-constexpr std::size_t kFactorials = 171;               // 170! is the last that a double holds
+constexpr std::size_t kFactorialCount = 171;  // 170! is the last that a double holds
+// Up to as many factors comb and perm multiply, which gives every value below 2^53 exactly (the
+// first comb with more of them is 4.7e17); a pair of mantissa and exponent could not. With more the
+// roundings and the time would add up, and the pairs are the better way.
+constexpr double kMostFactors = 30.0;
 
 bool IsWhole(double a) { return std::isfinite(a) && std::trunc(a) == a; }
 
-// Products of doubles drift by a unit in the last place here and there, so the rounding error of
-// each is carried along. The power of two is kept apart, or the error would overflow first.
-std::array<double, kFactorials> MakeFactorials() {
-  std::array<double, kFactorials> table{};
-  double product = 1.0;
-  double error = 0.0;
-  int exponent = 0;
+// A table of exact values as far as a pair of doubles goes, beyond that to 30 digits.
+constexpr std::array<DoubleDouble, kFactorialCount> MakeFactorials() {
+  std::array<DoubleDouble, kFactorialCount> table{};
   table[0] = 1.0;
-  for (std::size_t n = 1; n < kFactorials; ++n) {
-    const auto factor = static_cast<double>(n);
-    const double next = product * factor;
-    error = error * factor + std::fma(product, factor, -next);
-    product = next;
-    int shift = 0;
-    product = std::frexp(product, &shift);
-    error = std::ldexp(error, -shift);
-    exponent += shift;
-    table[n] = std::ldexp(product + error, exponent);
+  for (std::size_t n = 1; n < kFactorialCount; ++n) {
+    table[n] = table[n - 1] * DoubleDouble(static_cast<double>(n));
   }
   return table;
+}
+constexpr std::array<DoubleDouble, kFactorialCount> kFactorials = MakeFactorials();
+
+// n (n-1) ... (n-k+1) / divisor to all digits of a double, so that a result below 2^53 is exact;
+// the power of two of n is kept apart, or a product might overflow on the way.
+double FallingProduct(double n, double k, DoubleDouble divisor) {
+  if (k == 0.0) return 1.0;
+  const int shift = std::ilogb(n);
+  DoubleDouble product = 1.0;
+  for (double i = 0.0; i < k; ++i) product *= DoubleDouble(std::ldexp(n - i, -shift));
+  return std::ldexp((product / divisor).high, shift * static_cast<int>(k));
 }
 
 constexpr std::array kFunctions = {
@@ -51,39 +54,28 @@ constexpr std::array kFunctions = {
 }  // namespace
 
 double Factorial(double a) {
-  static const std::array<double, kFactorials> kTable = MakeFactorials();
   if (!IsWhole(a) || a < 0.0) return kNoNumber;
-  if (a >= static_cast<double>(kFactorials)) return kInfinity;
-  return kTable[static_cast<std::size_t>(a)];
+  if (a >= static_cast<double>(kFactorialCount)) return kInfinity;
+  return kFactorials[static_cast<std::size_t>(a)].high;
 }
 
 double Combinations(double n, double k) {
   if (!IsWhole(n) || !IsWhole(k) || n < 0.0 || k < 0.0) return kNoNumber;
   if (k > n) return 0.0;
   k = std::min(k, n - k);
-  double result = 1.0;
-  // Ends early: at least doubled by every step, the result is infinite before 2000 of them.
-  for (double i = 1.0; i <= k && result < kInfinity; ++i) {
-    double factor = n - k + i;
-    double divisor = i;
-    if (result < kExactIntegers && factor < kExactIntegers) {
-      // result * factor / divisor is whole: shortened first, nothing is lost on the way.
-      const double common = GreatestCommonDivisor(result, divisor);
-      result /= common;
-      divisor /= common;
-    }
-    result *= factor / divisor;
+  if (k > kMostFactors) {
+    return Join(GammaPairOf(SumOf(n, 1.0)) /
+                (GammaPairOf(k + 1.0) * GammaPairOf(SumOf(n - k, 1.0))));
   }
-  return result;
+  return FallingProduct(n, k, kFactorials[static_cast<std::size_t>(k)]);
 }
 
 double Permutations(double n, double k) {
   if (!IsWhole(n) || !IsWhole(k) || n < 0.0 || k < 0.0) return kNoNumber;
   if (k > n) return 0.0;
-  if (n < static_cast<double>(kFactorials) && k == n) return Factorial(n);
-  double result = 1.0;
-  for (double i = 0.0; i < k && result < kInfinity; ++i) result *= n - i;
-  return result;
+  if (n < static_cast<double>(kFactorialCount) && k == n) return Factorial(n);
+  if (k > kMostFactors) return Join(GammaPairOf(SumOf(n, 1.0)) / GammaPairOf(SumOf(n - k, 1.0)));
+  return FallingProduct(n, k, 1.0);
 }
 
 double GreatestCommonDivisor(double a, double b) {

@@ -12,84 +12,81 @@ namespace {
 constexpr double kSmallShape = 16.0;
 
 // ln gamma(x) - ((x - 1/2) ln x - x + ln(2 pi) / 2) for x >= 16 (Abramowitz & Stegun 6.1.41).
-Wide StirlingRest(Wide x) {
-  constexpr std::array kTerms = {1.0L / 12.0L,    -1.0L / 360.0L,      1.0L / 1260.0L,
-                                 -1.0L / 1680.0L, 1.0L / 1188.0L,      -691.0L / 360360.0L,
-                                 1.0L / 156.0L,   -3617.0L / 122400.0L};
-  const Wide square = 1.0L / (x * x);
-  Wide sum = 0.0L;
+double StirlingRest(double x) {
+  constexpr std::array kTerms = {1.0 / 12.0,   -1.0 / 360.0,      1.0 / 1260.0, -1.0 / 1680.0,
+                                 1.0 / 1188.0, -691.0 / 360360.0, 1.0 / 156.0,  -3617.0 / 122400.0};
+  const double square = 1.0 / x / x;
+  double sum = 0.0;
   for (std::size_t k = kTerms.size(); k > 0; --k) sum = sum * square + kTerms[k - 1];
   return sum / x;
 }
 
 // x ln(x / m) + m - x without the cancellation near x = m (Loader, Fast and accurate computation
 // of binomial probabilities, 2000).
-Wide Deviance(Wide x, Wide m) {
-  const Wide difference = x - m;
-  if (std::abs(difference) >= 0.1L * (x + m)) return x * std::log(x / m) - difference;
-  const Wide v = difference / (x + m);
-  Wide sum = difference * v;
-  Wide term = 2.0L * x * v;
-  for (Wide j = 3.0L; j < 60.0L; j += 2.0L) {
-    term *= v * v;
-    const Wide next = sum + term / j;
-    if (next == sum) break;
-    sum = next;
+DoubleDouble Deviance(double x, DoubleDouble m) {
+  const DoubleDouble difference = DoubleDouble(x) - m;
+  const DoubleDouble sum = DoubleDouble(x) + m;
+  if (std::abs(difference.high) >= 0.1 * sum.high) {
+    return DoubleDouble(x) * Log(DoubleDouble(x) / m) - difference;
   }
-  return sum;
+  const DoubleDouble v = difference / sum;
+  const double square = v.high * v.high;
+  // 1/3 + v^2/5 + v^4/7 + ...
+  double series = 0.0;
+  for (double j = 17.0; j >= 3.0; j -= 2.0) series = series * square + 1.0 / j;
+  return difference * v + DoubleDouble(2.0 * x * v.high * square * series);
 }
 
-double Exp(Wide a) { return static_cast<double>(std::exp(a)); }
-
 // ln of (gamma(a + b) / gamma(b)) for b >= 16 and a small beside it.
-Wide LogOfRise(Wide a, Wide b) {
-  return a * std::log(a + b) + (b - 0.5L) * std::log1p(a / b) - a + StirlingRest(a + b) -
-         StirlingRest(b);
+DoubleDouble LogOfRise(double a, double b) {
+  const DoubleDouble sum = SumOf(a, b);
+  return DoubleDouble(a) * (Log(sum) - DoubleDouble(1.0)) +
+         (DoubleDouble(b) - DoubleDouble(0.5)) * LogOnePlus(DoubleDouble(a) / DoubleDouble(b)) +
+         DoubleDouble(StirlingRest(sum.high) - StirlingRest(b));
 }
 
 }  // namespace
 
-double PoissonTerm(double a, Wide x) {
-  if (a == 0.0) return Exp(-x);
-  const Wide wide = a;
+Wide PoissonTerm(double a, double x) {
+  if (a == 0.0) return std::exp(-x);
   if (a >= kLargeArgument) {
-    return Exp(-Deviance(wide, x) - StirlingRest(wide)) / std::sqrt(2.0 * std::numbers::pi * a);
+    return Exp(-Deviance(a, x) - DoubleDouble(StirlingRest(a))) /
+           std::sqrt(2.0 * std::numbers::pi * a);
   }
-  const GammaPair gamma = GammaPairOf(wide + 1.0L);
-  const Wide power = wide * std::log(x) - x;
-  return Exp(power - static_cast<Wide>(gamma.exponent) * kWideLn10) / gamma.mantissa;
+  const DoubleDouble power = DoubleDouble(a) * Log(x) - DoubleDouble(x);
+  return WideJoin(ExpPairOf(power) / GammaPairOf(SumOf(a, 1.0)));
 }
 
-double BetaTerm(double a, double b, Wide x, Wide y) {
+Wide BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y) {
   if (b < a) {
     std::swap(a, b);
     std::swap(x, y);
   }
-  const Wide sum = static_cast<Wide>(a) + static_cast<Wide>(b);
+  const DoubleDouble sum = SumOf(a, b);
+  const DoubleDouble lower = x.high < 0.5 ? LogOnePlus(-x) : Log(y);
+  const DoubleDouble powers = DoubleDouble(a) * Log(x) + DoubleDouble(b) * lower;
   if (b < kLargeArgument) {
-    return Join(PowerPairOf(x, a) * PowerPairOf(y, b) * GammaPairOf(sum) / GammaPairOf(a) /
-                GammaPairOf(b));
+    return WideJoin(ExpPairOf(powers) * GammaPairOf(sum) / (GammaPairOf(a) * GammaPairOf(b)));
   }
   if (a >= kSmallShape) {
-    const Wide rests = StirlingRest(sum) - StirlingRest(a) - StirlingRest(b);
-    const auto width = static_cast<double>(static_cast<Wide>(a) / sum * static_cast<Wide>(b));
-    return Exp(rests - Deviance(a, sum * x) - Deviance(b, sum * y)) *
-           std::sqrt(width / (2.0 * std::numbers::pi));
+    const double rests = StirlingRest(sum.high) - StirlingRest(a) - StirlingRest(b);
+    return Exp(DoubleDouble(rests) - Deviance(a, sum * x) - Deviance(b, sum * y)) *
+           std::sqrt(a / sum.high * b / (2.0 * std::numbers::pi));
   }
-  const Wide powers = static_cast<Wide>(a) * std::log(x) +
-                      static_cast<Wide>(b) * (x < 0.5L ? std::log1p(-x) : std::log(y));
-  return Exp(powers + LogOfRise(a, b)) / Gamma(a);
+  return Exp(powers + LogOfRise(a, b)) / Join(GammaPairOf(a));
 }
 
 double LargeBeta(double a, double b) {
   if (b < a) std::swap(a, b);
-  if (a < kSmallShape) return Gamma(a) * Exp(-LogOfRise(a, b));
-  const Wide small = a;
-  const Wide large = b;
-  const Wide rests = StirlingRest(small) + StirlingRest(large) - StirlingRest(small + large);
-  const Wide powers = small * std::log(small / (small + large)) - large * std::log1p(small / large);
-  return Exp(rests + powers) *
-         static_cast<double>(std::sqrt(2.0L * kWidePi * (1.0L / small + 1.0L / large)));
+  if (a < kSmallShape) return Join(GammaPairOf(a) * ExpPairOf(-LogOfRise(a, b)));
+  const double sum = a + b;
+  const DoubleDouble ratio = DoubleDouble(a) / DoubleDouble(b);
+  const double rests = StirlingRest(a) + StirlingRest(b) - StirlingRest(sum);
+  // a ln(a / (a + b)) - b ln(1 + a / b)
+  const DoubleDouble powers =
+      DoubleDouble(a) * Log(DoubleDouble(a) / SumOf(a, b)) - DoubleDouble(b) * LogOnePlus(ratio);
+  return Exp(powers + DoubleDouble(rests)) *
+         std::sqrt(2.0 * std::numbers::pi * (1.0 / a + 1.0 / b));
 }
 
 }  // namespace zentab::mathparser

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mathparser/special/double_double.h"
 #include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
@@ -8,12 +9,17 @@ namespace zentab::mathparser {
 inline constexpr double kLargeArgument = 1000.0;
 
 /// x^a e^-x / gamma(a + 1), for a >= 0 and x > 0.
-[[nodiscard]] double PoissonTerm(double a, Wide x);
+[[nodiscard]] Wide PoissonTerm(double a, double x);
 
 /// x^a y^b / beta(a, b), for a, b > 0 and x + y = 1, both inside (0,1).
-[[nodiscard]] double BetaTerm(double a, double b, Wide x, Wide y);
+[[nodiscard]] Wide BetaTerm(double a, double b, DoubleDouble x, DoubleDouble y);
 
-/// beta(a, b) where the larger of the two is at least kLargeArgument.
+/// beta(a, b) where the larger of the two is at least kLargeArgument, the other one positive or at
+/// least small beside it.
+[[nodiscard]] inline bool IsLargeBeta(double a, double b) {
+  const double larger = std::fmax(a, b);
+  return larger >= kLargeArgument && std::fmin(a, b) > -0.5 * larger;
+}
 [[nodiscard]] double LargeBeta(double a, double b);
 
 }  // namespace zentab::mathparser

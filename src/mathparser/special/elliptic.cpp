@@ -114,7 +114,7 @@ bool IsInside(const Angle& angle, double k, bool mayEndInPole) {
 
 // Legendre's integral F(phi, k), the angle in degrees. Domain: |k sin(phi)| <= 1, all angles for
 // |k| < 1. Method: Carlson's RF (DLMF 19.25.5, 19.36.1), turns by the complete integral. Error:
-// measured up to 4.6e-16 relative.
+// measured up to 4.7e-16 relative.
 double Elli1(double phi, double k) {
   const Angle angle(phi);
   if (!IsInside(angle, k, false)) return kNoNumber;
@@ -123,7 +123,7 @@ double Elli1(double phi, double k) {
 }
 
 // Legendre's integral E(phi, k), the angle in degrees. Domain: |k sin(phi)| <= 1, all angles for
-// |k| <= 1. Method: Carlson's RF and RD (DLMF 19.25.9 and 19.25.10). Error: measured up to 5.1e-16
+// |k| <= 1. Method: Carlson's RF and RD (DLMF 19.25.9 and 19.25.10). Error: measured up to 5.2e-16
 // relative.
 double Elli2(double phi, double k) {
   const Angle angle(phi);

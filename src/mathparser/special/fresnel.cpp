@@ -90,11 +90,11 @@ double FresnelOf(double x, bool isSine) {
 
 // The integral of sin(pi t^2 / 2) from 0 to x. Domain: all numbers. Method: power series up to 2.5
 // (DLMF 7.6.6), continued fraction up to 5 (7.9.2), asymptotic series beyond (7.12.2). Error:
-// measured up to 1.4e-16 relative.
+// measured up to 1.5e-16 relative.
 double FresnelS(double x) { return FresnelOf(x, true); }
 
 // The integral of cos(pi t^2 / 2) from 0 to x. Domain and method as above (DLMF 7.6.4). Error:
-// measured up to 1.2e-16 relative.
+// measured up to 1.6e-16 relative.
 double FresnelC(double x) { return FresnelOf(x, false); }
 
 constexpr std::array kFunctions = {Special<FresnelS>("fresnels", 83),

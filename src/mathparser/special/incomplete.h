@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mathparser/special/special_functions.h"
+#include "mathparser/special/double_double.h"
 
 namespace zentab::mathparser {
 
@@ -10,6 +10,6 @@ namespace zentab::mathparser {
 [[nodiscard]] double UpperGamma(double a, double x);
 
 /// The regularised incomplete beta function of x for a, b > 0, where x + y = 1.
-[[nodiscard]] double IncompleteBeta(Wide x, Wide y, double a, double b);
+[[nodiscard]] double IncompleteBeta(DoubleDouble x, DoubleDouble y, double a, double b);
 
 }  // namespace zentab::mathparser

@@ -6,7 +6,8 @@
 namespace zentab::mathparser {
 namespace {
 
-constexpr double kSeriesEnd = 10.0;
+// The cancellation of the series costs a double too much beyond 6.
+constexpr double kSeriesEnd = std::numeric_limits<Wide>::digits > 53 ? 10.0 : 6.0;
 constexpr double kAsymptoticStart = 42.0;
 constexpr double kHalfPi = std::numbers::pi / 2.0;
 
@@ -31,7 +32,7 @@ Auxiliary Asymptotic(double x) {
 }
 
 // e^z E_1(z) at z = ix by the continued fraction (DLMF 6.9.1 in its even form) from a depth that
-// is enough for x >= 10; it is g - i f.
+// is enough for x >= 6; it is g - i f.
 Auxiliary Fraction(double x) {
   const int depth = 12 + static_cast<int>(600.0 / x);
   double real = 2.0 * depth + 1.0;
@@ -60,7 +61,7 @@ Wide SeriesFrom(Wide start, Wide first, Wide square) {
 }
 
 // The sine integral. Domain: all numbers. Method: power series up to 10 (DLMF 6.6.5), continued
-// fraction up to 42 (6.9.1), asymptotic series beyond (6.12.3). Error: measured up to 1.1e-16
+// fraction up to 42 (6.9.1), asymptotic series beyond (6.12.3). Error: measured up to 1.2e-16
 // relative.
 double Si(double x) {
   const double size = std::abs(x);
@@ -74,7 +75,7 @@ double Si(double x) {
 }
 
 // The cosine integral. Domain: x > 0. Method: as the sine integral (DLMF 6.6.6, 6.9.1, 6.12.4).
-// Error: measured up to 2.0e-16 of the value or, near zeros, of 0.1.
+// Error: measured up to 2.1e-16 of the value or, near zeros, of 0.1.
 double Ci(double x) {
   if (x <= 0.0) return kNoNumber;
   const Wide wide = x;

@@ -6,16 +6,16 @@
 
 #include "mathparser/function_catalogue.h"
 #include "mathparser/integer_math.h"
+#include "mathparser/special/double_double.h"
 
 namespace zentab::mathparser {
 
-/// What powers, logarithms and cancelling series are carried in: 64 bits of mantissa where the
-/// processor has them. Where it is no wider than double, the results keep about 12 digits.
+/// What recurrences and cancelling series are carried in: 64 bits of mantissa where the processor
+/// has them. Where it is no wider than double, the results keep 13 digits.
 using Wide = long double;
 
 inline constexpr Wide kWidePi = 3.14159265358979323846264338327950288L;
 inline constexpr Wide kWideEuler = 0.57721566490153286060651209008240243L;
-inline constexpr Wide kWideLn10 = 2.30258509299404568401799145468436421L;
 
 /// The largest order of a function that is reached step by step; beyond, it fails.
 inline constexpr double kLargestOrder = 50000.0;
@@ -25,6 +25,12 @@ inline constexpr double kLargestOrder = 50000.0;
 
 /// Rounding must not take a probability above 1; NaN stays.
 [[nodiscard]] inline double AtMostOne(double p) { return p > 1.0 ? 1.0 : p; }
+
+/// e^a by the double exponential, which is several times as fast as the Wide one.
+[[nodiscard]] inline Wide WideExp(DoubleDouble a) {
+  const Wide power = std::exp(a.high);
+  return power > 0.0L ? power + power * static_cast<Wide>(a.low) : power;
+}
 
 /// The entry of a function of 1 to 4 plain numbers.
 template <double (*F)(double)>

@@ -15,9 +15,11 @@ constexpr Wide kLn2 = 0.693147180559945309417232121458176568L;
 constexpr Wide kLn3 = 1.09861228866810969139524523692252571L;
 constexpr Wide kLn5 = 1.60943791243410037460075933322618764L;
 constexpr Wide kLn7 = 1.94591014905531330510535274344317973L;
-constexpr Wide kLnTwoPi = 1.83787706640934548356065947281123527L;
+constexpr DoubleDouble kLnTwoPi{1.8378770664093456, -7.756588316134483e-17};
 
-// Euler and Maclaurin's sum with ten terms (DLMF 25.2.9), for s >= 0. The distance from the pole
+constexpr double kReflectionEnd = -0.1;
+
+// Euler and Maclaurin's sum with ten terms (DLMF 25.2.9), for s >= -0.1. The distance from the pole
 // comes apart, as s may have lost its digits.
 Wide EulerMaclaurin(Wide s, Wide beyondOne) {
   const Wide two = std::exp(-s * kLn2);
@@ -38,20 +40,21 @@ Wide EulerMaclaurin(Wide s, Wide beyondOne) {
 }
 
 // Riemann's zeta function. Domain: all but 1, down to about -260 where it overflows. Method: Euler
-// and Maclaurin's sum (DLMF 25.2.9); below 0 the functional equation (25.4.1), by a gamma pair.
-// Error: measured up to 3.0e-15 relative.
+// and Maclaurin's sum (DLMF 25.2.9); below -0.1 the functional equation (25.4.1), by a gamma pair.
+// Error: measured up to 2.4e-16 relative.
 double Zeta(double s) {
   if (s == 1.0) return kNoNumber;
   if (s > 70.0) return 1.0;
-  if (s >= 0.0) return static_cast<double>(EulerMaclaurin(s, static_cast<Wide>(s) - 1.0L));
-  const Wide wide = s;
-  const Wide sine = SinPi(wide / 2.0L);
+  if (s >= kReflectionEnd) {
+    return static_cast<double>(EulerMaclaurin(s, static_cast<Wide>(s) - 1.0L));
+  }
+  const Wide sine = SinPi(0.5 * s);
   if (sine == 0.0L) return 0.0;
   if (s < -300.0) return kNoNumber;
-  const GammaPair gamma = GammaPairOf(1.0L - wide);
-  const Wide mirrored = s < -70.0 ? 1.0L : EulerMaclaurin(1.0L - wide, -wide);
-  const Wide power = std::exp(wide * kLnTwoPi + static_cast<Wide>(gamma.exponent) * kWideLn10);
-  return static_cast<double>(power * static_cast<Wide>(gamma.mantissa) * sine * mirrored / kWidePi);
+  const Wide distance = -static_cast<Wide>(s);
+  const Wide mirrored = s < -70.0 ? 1.0L : EulerMaclaurin(1.0L + distance, distance);
+  const GammaPair pair = GammaPairOf(SumOf(1.0, -s)) * ExpPairOf(DoubleDouble(s) * kLnTwoPi);
+  return static_cast<double>(WideJoin(pair) * sine * mirrored / kWidePi);
 }
 
 constexpr std::array kFunctions = {Special<Zeta>("zeta", 51)};
