@@ -54,7 +54,7 @@ class LineCheck {
     if (line.find('\0') != std::string::npos) Find("the line holds a NUL character");
     if (!line.starts_with("{\"")) Find("the line does not begin with {\"");
     const std::string_view rest = std::string_view(line).substr(
-        std::min(line.size(), line.find(name + '"') + name.size() + 1));
+        std::min(line.size(), line.find(name + '"', 2) + name.size() + 1));
     if (!rest.starts_with('\t')) Find("no tab follows the name: it may hold a '\"' itself");
     if (!texts::TrimBlanks(rest).ends_with('}')) Find("the line does not end with }");
   }
