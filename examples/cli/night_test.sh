@@ -5,5 +5,4 @@ zentab-cli import --install "$1" --instrument current --catalogue "$1/Zentab1.tx
   --pickup 1 --diff 3 --filter 3 --mean 5 >points.tsv
 zentab-cli add night.dat "Feeder 12" --points points.tsv --instrument current
 zentab-cli grh night.dat "Feeder 12" --pickup 1 -o feeder12.grh
-zentab-cli grh-read feeder12.grh --pickup 1 | diff - points.tsv >/dev/null || echo "The graph differs in its last digits"
 zentab-cli check night.dat
