@@ -13,14 +13,11 @@
 #include "texts/template_text.h"
 
 namespace zentab::app {
-namespace {
 
 testset::GraphDate Today() {
   const std::tm today = LocalTime();
   return {platform::MonthAbbreviation(today.tm_mon + 1), today.tm_mday, 1900 + today.tm_year};
 }
-
-}  // namespace
 
 SetGraphOutcome ReferenceGraphCommands::SetGraph(std::string_view tableName) {
   const auto segments =

@@ -11,8 +11,12 @@
 #include "platform/file_layer.h"
 #include "testset/instrument_session.h"
 #include "testset/reference_graph_reader.h"
+#include "testset/reference_graph_writer.h"
 
 namespace zentab::app {
+
+/// The day that a reference graph written now bears.
+[[nodiscard]] testset::GraphDate Today();
 
 /// What came of handing the grid's curve over.
 struct SetGraphOutcome {

@@ -94,6 +94,7 @@ ParsedEntry ParseEntryLine(std::string_view line) {
   while (rest < text.size() && goesOn) {
     const std::size_t s = semicolon.From(rest);
     const std::size_t c = closing.From(rest);
+    ++entry.pointCount;
     if (entry.points.size() < kMaxPoints) {
       if (s != std::string_view::npos) point.load = FileNumber(text.substr(rest, s - rest));
       const std::size_t timeBegin = s == std::string_view::npos ? rest : s + 1;
