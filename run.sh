@@ -10,9 +10,11 @@ cd "$(dirname "$0")"
 need "${build_packages[@]}" "${window_packages[@]}"
 build release
 
-# Playing never touches the checkout: installation, registry and settings are scratch copies.
+# Playing never touches the checkout: installation, registry and settings are scratch copies. The
+# installation gets the simulated instruments.
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/zentab-demo.XXXXXX")
 cp -r examples/installation "$scratch/installation"
+cp build/release/modules/*.so "$scratch/installation"
 if [ $# -gt 0 ] && [ -f "catalogues/Zentab.$1.txt" ]; then
   cp "catalogues/Zentab.$1.txt" "$scratch/installation/Zentab2.txt"
   shift

@@ -10,7 +10,7 @@ cd "$(dirname "$0")"
 
 check_format() {
   need clang-format
-  find src tests bench tools -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
+  find src simulator tests bench tools -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
 }
 
 run() {

@@ -71,7 +71,7 @@ constexpr Curve kCurves[] = {
     {"IEC EI TMS 1.00", kIecEi, 1.0, kWide},
     {"IEC LTI TMS 0.10", kIecLti, 0.1, kUsual},
     {"IEC LTI TMS 1.00", kIecLti, 1.0, kUsual},
-    {"IEC STI TMS 0.10 (ms)", kIecSti, 0.1, kUsual, kMs},
+    {"IEC STI TMS 0.10 ms", kIecSti, 0.1, kUsual, kMs},
     {"IEC STI TMS 1.00", kIecSti, 1.0, kUsual},
     {"IEEE MI TD 1.0", kIeeeMi, 1.0, kUsual},
     {"IEEE MI TD 5.0", kIeeeMi, 5.0, kUsual},
@@ -94,7 +94,7 @@ constexpr Curve kCurves[] = {
     {"Überspannung U> 59-1", kInverseVoltage, 0.5, kOvervoltage, false, 100.0, kVolts},
     {"27 IDMT TMS 0.5", kInverseVoltage, 0.5, kUndervoltage, false, 0.0, kVolts},
     {"27-1 U< DT 1500 ms, 80 V", kDefinite, 1.5, kUndervoltage, kMs, 80.0, kVolts},
-    {"59N U0> IDMT TMS 0.2 (ms)", kInverseVoltage, 0.2, kOvervoltage, kMs, 0.0, kVolts},
+    {"59N U0> IDMT TMS 0.2 ms", kInverseVoltage, 0.2, kOvervoltage, kMs, 0.0, kVolts},
 };
 
 std::string FourDigits(double value) {

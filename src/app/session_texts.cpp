@@ -1,22 +1,9 @@
 #include "app/session_texts.h"
 
-#include <ctime>
-
 #include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
-
-std::tm LocalTime() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-#ifdef _WIN32
-  localtime_s(&local, &now);
-#else
-  localtime_r(&now, &local);
-#endif
-  return local;
-}
 
 // The load levels of the points, as they stand in files.
 std::string LoadLevels(const editor::CurveGrid& grid) {
@@ -32,7 +19,19 @@ std::string LoadLevels(const editor::CurveGrid& grid) {
 
 }  // namespace
 
-std::string Expanded(const Session& session, std::string_view text, std::string_view argument) {
+std::tm LocalTime() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+#ifdef _WIN32
+  localtime_s(&local, &now);
+#else
+  localtime_r(&now, &local);
+#endif
+  return local;
+}
+
+std::string Expanded(const Session& session, std::string_view text,
+                     const texts::TemplateArguments& arguments) {
   if (text.find('%') == std::string_view::npos) return std::string(text);
   const texts::InstrumentTexts instrument = InstrumentInUse(session);
   texts::TemplateFields fields;
@@ -43,12 +42,18 @@ std::string Expanded(const Session& session, std::string_view text, std::string_
   fields.loadLevels = LoadLevels(session.table.grid);
   fields.instrumentName = instrument.name;
   fields.instrumentUnit = instrument.unit;
-  return texts::ExpandTemplate(text, fields, {argument});
+  return texts::ExpandTemplate(text, fields, arguments);
 }
 
 texts::MessageText MessageFor(const Session& session, MessageBox box, std::string_view entryName) {
   const texts::MessageText& message = session.texts.messages.at(static_cast<std::size_t>(box));
-  return {message.title, Expanded(session, message.text, entryName)};
+  return {message.title, Expanded(session, message.text, {entryName})};
+}
+
+texts::MessageText OpenFailedMessage(const Session& session) {
+  const texts::MessageText& message =
+      session.texts.messages.at(static_cast<std::size_t>(MessageBox::OpenFailed));
+  return {Expanded(session, message.title), Expanded(session, message.text)};
 }
 
 texts::InstrumentTexts InstrumentInUse(const Session& session) {
@@ -73,8 +78,8 @@ LabelPair LabelsFor(const Session& session) {
 
 LabelPair AxisTitlesFor(const Session& session) {
   const LabelPair labels = LabelsFor(session);
-  return {Expanded(session, session.texts.program.loadAxis, labels.load),
-          Expanded(session, session.texts.program.timeAxis, labels.time)};
+  return {Expanded(session, session.texts.program.loadAxis, {labels.load}),
+          Expanded(session, session.texts.program.timeAxis, {labels.time})};
 }
 
 }  // namespace zentab::app

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ctime>
 #include <string>
 #include <string_view>
 
@@ -15,15 +16,23 @@ enum class MessageBox {
   ConfirmUpdate = 3,
   DiscardEditsOnExit = 4,
   DuplicateName = 5,
+  OpenFailed = 6,
 };
+
+/// The present local time.
+[[nodiscard]] std::tm LocalTime();
 
 /// A template with its fields filled in from the session, at the present time.
 [[nodiscard]] std::string Expanded(const Session& session, std::string_view text,
-                                   std::string_view argument = {});
+                                   const texts::TemplateArguments& arguments = {});
 
 /// A message box's title and text about an entry.
 [[nodiscard]] texts::MessageText MessageFor(const Session& session, MessageBox box,
                                             std::string_view entryName);
+
+/// The message that the chosen instrument's time test could not be opened; its title has fields
+/// as well.
+[[nodiscard]] texts::MessageText OpenFailedMessage(const Session& session);
 
 /// The texts of the chosen instrument; where the voltage one has no caption or tooltip, the
 /// current one's serves. Empty when none is chosen.

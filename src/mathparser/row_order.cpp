@@ -69,8 +69,6 @@ class GuardMarker {
   }
 
  private:
-  static std::size_t Place(int number) { return static_cast<std::size_t>(number); }
-
   void Raise(int guard, const Row& product) {
     Row& comparison = table_.At(guard);
     comparison.level += kGuardLevel;

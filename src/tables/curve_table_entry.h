@@ -18,8 +18,9 @@ struct CurvePoint {
   friend bool operator==(const CurvePoint&, const CurvePoint&) = default;
 };
 
-/// The instrument a table belongs to, with the digit that stands for it in a table file.
-enum class Instrument { None = 0, Current = 1, Voltage = 2 };
+/// The instrument a table belongs to. Current and Voltage have their digits in a table file; the
+/// third choice has none and is written as no instrument.
+enum class Instrument { None = 0, Current = 1, Voltage = 2, Third = 3 };
 
 /// A named curve table: one line of a table file.
 struct CurveTableEntry {

@@ -67,7 +67,9 @@ std::string FormatEntryLine(const CurveTableEntry& entry) {
   line += ' ';
   line += entry.milliseconds ? '1' : '0';
   line += entry.absoluteValues ? '1' : '0';
-  line += static_cast<char>('0' + static_cast<int>(entry.instrument));
+  line += entry.instrument == Instrument::Current   ? '1'
+          : entry.instrument == Instrument::Voltage ? '2'
+                                                    : '0';
   line += '}';
   std::replace_if(
       line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
@@ -92,6 +94,7 @@ ParsedEntry ParseEntryLine(std::string_view line) {
   while (rest < text.size() && goesOn) {
     const std::size_t s = semicolon.From(rest);
     const std::size_t c = closing.From(rest);
+    ++entry.pointCount;
     if (entry.points.size() < kMaxPoints) {
       if (s != std::string_view::npos) point.load = FileNumber(text.substr(rest, s - rest));
       const std::size_t timeBegin = s == std::string_view::npos ? rest : s + 1;

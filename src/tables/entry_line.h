@@ -22,6 +22,7 @@ namespace zentab::tables {
 /// What a line says. A setting that it does not give leaves the present one as it is.
 struct ParsedEntry {
   std::vector<CurvePoint> points;  // at most kMaxPoints; number texts with ".", not checked
+  std::size_t pointCount = 0;      // of the line, however many
   std::optional<bool> milliseconds;
   std::optional<bool> absoluteValues;
   std::optional<Instrument> instrument;  // Current or Voltage

@@ -24,18 +24,31 @@ std::error_code ChangeLine(platform::FileLayer& files, const fs::path& file, std
   });
 }
 
+template <class Take>
+void ForEachName(const fs::path& file, Take take) {
+  platform::LineReader reader(file);
+  platform::RawLine line;
+  for (std::size_t number = 0; reader.Next(line); ++number) {
+    if (std::optional<std::string> name = ParseEntryName(line.text)) {
+      take(number, *std::move(name));
+    }
+  }
+}
+
 }  // namespace
 
 std::vector<std::string> ListEntryNames(const fs::path& file) {
   std::vector<std::string> names;
-  platform::LineReader reader(file);
-  platform::RawLine line;
-  while (reader.Next(line)) {
-    if (std::optional<std::string> name = ParseEntryName(line.text)) {
-      names.push_back(*std::move(name));
-    }
-  }
+  ForEachName(file, [&](std::size_t, std::string name) { names.push_back(std::move(name)); });
   return names;
+}
+
+std::vector<NamedLine> ListNamedLines(const fs::path& file) {
+  std::vector<NamedLine> lines;
+  ForEachName(file, [&](std::size_t number, std::string name) {
+    lines.push_back({number, std::move(name)});
+  });
+  return lines;
 }
 
 std::optional<std::string> ReadEntryLine(const fs::path& file, std::size_t index) {

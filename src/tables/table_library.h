@@ -18,6 +18,15 @@ namespace zentab::tables {
 /// that for the lines behind them, which is accepted. A missing or unreadable file has no names.
 [[nodiscard]] std::vector<std::string> ListEntryNames(const std::filesystem::path& file);
 
+/// An entry's name, and the number of its line from 0.
+struct NamedLine {
+  std::size_t number;
+  std::string name;
+};
+
+/// The same names with the numbers of the lines that they really stand in.
+[[nodiscard]] std::vector<NamedLine> ListNamedLines(const std::filesystem::path& file);
+
 /// Line number `index` (from 0) as UTF-8, without its line end; nothing when the file cannot be
 /// read or has no such line.
 [[nodiscard]] std::optional<std::string> ReadEntryLine(const std::filesystem::path& file,

@@ -54,6 +54,22 @@ struct LabelTexts {
   std::string timeMilliseconds = "Trip time (ms)";
 };
 
+/// What the window says of reference graphs. "%1" is the file, "%2" the line at fault and "%3"
+/// what that line fails to be.
+struct GraphTexts {
+  std::string heading = "Import GRH";
+  std::string unreadable = "The file %1 could not be read.";
+  std::string malformed = "The file %1 is no reference graph. Line %2: %3.";
+  std::string endsEarly = "the file ends before the graph does";
+  std::string noCount = "the number of segments is expected";
+  std::string noSegment = "the seven numbers of a segment are expected";
+  std::string notExpected = "this does not belong into a reference graph";
+  std::string needsPickup = "Relative load levels need a pickup value. Choose an instrument first.";
+  std::string skipped = "%1 points of the reference graph were skipped";
+  std::string notWritten = "The reference graph could not be written";
+  std::string noPoints = "No reference graph: row 1 has no load level or no time";
+};
+
 /// What the window says apart from captions of its controls.
 struct ProgramTexts {
   std::string loadAxis = "%1";            // "%1" stands for the load caption of the value mode
@@ -95,6 +111,7 @@ struct CatalogueTexts {
   std::array<std::array<std::string, kEquations + 1>, kEquationStages> equations;  // from 1
   ImportSettings import;
   ProgramTexts program;
+  GraphTexts graph;
   bool logSwitch = false;
 };
 

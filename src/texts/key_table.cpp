@@ -9,6 +9,7 @@ using I = InstrumentTexts;
 using M = MessageText;
 using L = LabelTexts;
 using P = ProgramTexts;
+using G = GraphTexts;
 using X = ExchangeTexts;
 using C = CatalogueTexts;
 using S = ImportSettings;
@@ -156,6 +157,17 @@ const std::vector<KeyRow>& OwnRows() {
       {"STATUS.MODIFIED", ProgramField{&P::modified}},
       {"STATUS.READ.FAILED", ProgramField{&P::readFailed}},
       {"STATUS.WRITE.FAILED", ProgramField{&P::writeFailed}},
+      {"GRH.IMPORT.HEADING", GraphField{&G::heading}},
+      {"GRH.IMPORT.UNREADABLE", GraphField{&G::unreadable}},
+      {"GRH.IMPORT.MALFORMED", GraphField{&G::malformed}},
+      {"GRH.IMPORT.PICKUP", GraphField{&G::needsPickup}},
+      {"GRH.LINE.END", GraphField{&G::endsEarly}},
+      {"GRH.LINE.COUNT", GraphField{&G::noCount}},
+      {"GRH.LINE.SEGMENT", GraphField{&G::noSegment}},
+      {"GRH.LINE.OTHER", GraphField{&G::notExpected}},
+      {"STATUS.GRH.SKIPPED", GraphField{&G::skipped}},
+      {"STATUS.GRH.FAILED", GraphField{&G::notWritten}},
+      {"STATUS.GRH.EMPTY", GraphField{&G::noPoints}},
       {"STATUS.TIMETEST.EMPTY", ProgramField{&P::noTimeTest}},
       {"TIMETEST.PROGRESS.TEXT", ProgramField{&P::importProgress}},
       {"F2.NOFILE.TEXT", ProgramField{&P::noExchangeFile}},

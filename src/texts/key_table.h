@@ -39,6 +39,9 @@ struct LabelField {
 struct ProgramField {
   std::string ProgramTexts::*field;
 };
+struct GraphField {
+  std::string GraphTexts::*field;
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -68,8 +71,8 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, FrameCaption, NamesFromCaptions, InstrumentField,
-                 MessageField, LabelField, ProgramField, ExchangeField, EquationSlot, ImportField,
-                 TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+                 MessageField, LabelField, ProgramField, GraphField, ExchangeField, EquationSlot,
+                 ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place

@@ -67,6 +67,38 @@ Parsed ParseNumber(std::string_view text) {
   return {negative ? -value : value, begin + number.size()};
 }
 
+// A number as d.ddd times a power of ten: its significant digits without trailing zeros.
+struct DecimalForm {
+  std::string digits;
+  int exponent;
+};
+
+DecimalForm DecimalFormOf(double number) {
+  // d.dddddddddddddde+XX, from which the digits and the exponent are taken.
+  std::array<char, 32> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
+                                 std::chars_format::scientific, kSignificantDigits - 1)
+                       .ptr;
+  const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  const std::size_t mark = text.find('e');
+  std::string digits(1, text[0]);
+  digits += text.substr(2, mark - 2);
+  digits.erase(std::max<std::size_t>(digits.find_last_not_of('0') + 1, 1));
+  *end = '\0';
+  return {std::move(digits), std::atoi(text.data() + mark + 1)};
+}
+
+// Adds one to the last digit of a row of digits, which may grow by one in front.
+void CountUp(std::string& digits) {
+  std::size_t at = digits.size();
+  while (at > 0 && digits[at - 1] == '9') digits[--at] = '0';
+  if (at == 0) {
+    digits.insert(digits.begin(), '1');
+  } else {
+    ++digits[at - 1];
+  }
+}
+
 }  // namespace
 
 std::string_view TrimBlanks(std::string_view text) {
@@ -100,35 +132,13 @@ std::optional<std::int16_t> ShortInteger(std::string_view text) {
   return static_cast<std::int16_t>(rounded);
 }
 
-std::string FixedText(double number, int decimals) {
-  if (!std::isfinite(number)) return NumberText(number, ".");
-  // The largest double has 309 digits before the point.
-  std::array<char, 400> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
-                                 std::chars_format::fixed, decimals)
-                       .ptr;
-  const std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-  const bool isZero = digits.find_first_not_of("0.") == std::string_view::npos;
-  return (std::signbit(number) && !isZero ? "-" : "") + std::string(digits);
-}
-
 std::string NumberText(double number, std::string_view decimalSeparator) {
   if (!std::isfinite(number)) return std::isnan(number) ? "NaN" : number > 0 ? "INF" : "-INF";
   if (number == 0.0) return "0";
-  // d.dddddddddddddde+XX, from which the digits and the exponent are taken.
-  std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
-                                 std::chars_format::scientific, kSignificantDigits - 1)
-                       .ptr;
-  const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-  const std::size_t mark = text.find('e');
-  std::string digits(1, text[0]);
-  digits += text.substr(2, mark - 2);
-  digits.erase(digits.find_last_not_of('0') + 1);
-  const int exponent = std::atoi(text.data() + mark + 1);
+  auto [digits, exponent] = DecimalFormOf(number);
 
   std::string result = number < 0 ? "-" : "";
-  const auto withPoint = [&](std::size_t whole) {
+  const auto withPoint = [&result, &decimalSeparator, &digits = digits](std::size_t whole) {
     result += digits.substr(0, whole);
     if (digits.size() > whole) result.append(decimalSeparator).append(digits.substr(whole));
   };
@@ -147,6 +157,34 @@ std::string NumberText(double number, std::string_view decimalSeparator) {
     withPoint(whole);
   }
   return result;
+}
+
+std::string FixedText(double number, int decimals) {
+  if (!std::isfinite(number)) return NumberText(number, ".");
+  auto [digits, exponent] = DecimalFormOf(number);
+  // As a whole number of the last decimal: cut or filled to that length, then rounded.
+  const int length = exponent + 1 + decimals;
+  const bool roundsUp = length >= 0 && static_cast<std::size_t>(length) < digits.size() &&
+                        digits[static_cast<std::size_t>(length)] >= '5';
+  digits.resize(static_cast<std::size_t>(std::max(length, 0)), '0');
+  if (roundsUp) CountUp(digits);
+  const auto behindPoint = static_cast<std::size_t>(decimals);
+  if (digits.size() <= behindPoint) digits.insert(0, behindPoint + 1 - digits.size(), '0');
+  const bool isZero = digits.find_first_not_of('0') == std::string::npos;
+  digits.insert(digits.size() - behindPoint, 1, '.');
+  return (number < 0.0 && !isZero ? "-" : "") + digits;
+}
+
+double ShownValue(float number) {
+  if (!std::isfinite(number)) return number;
+  std::array<char, 32> buffer{};
+  constexpr int kDigits = 7;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
+                                 std::chars_format::scientific, kDigits - 1)
+                       .ptr;
+  double shown = 0.0;
+  std::from_chars(buffer.data(), end, shown);
+  return shown;
 }
 
 double RoundHalfEven(double number, int decimals) {

@@ -27,13 +27,17 @@ namespace zentab::texts {
 /// rounded to the nearest integer, halves to the even one. Nothing for any other text.
 [[nodiscard]] std::optional<std::int16_t> ShortInteger(std::string_view text);
 
-/// A finite number with exactly `decimals` digits behind a ".", at least one before it, no
-/// exponent and no "-" before a zero; any other number as NumberText gives it.
+/// A finite number with exactly `decimals` (from 1) digits behind a ".", at least one before it, no
+/// exponent and no "-" before a zero; any other number as NumberText gives it. Its 15 significant
+/// decimal digits count, as the user sees them; halves are rounded away from zero.
 [[nodiscard]] std::string FixedText(double number, int decimals);
 
 /// A finite number as the grid shows it: at most 15 significant digits, no trailing zeros, the
 /// given decimal separator; 1E-05 or 1.5E+20 below 0.0001 and from 1E+15 up.
 [[nodiscard]] std::string NumberText(double number, std::string_view decimalSeparator);
+
+/// A 32-bit number with the 7 significant digits that it has, so that 0.1f gives 0.1.
+[[nodiscard]] double ShownValue(float number);
 
 /// The number rounded to `decimals` (0 to 15) digits behind the point, halves to the even digit.
 /// Halves are told by the number's 15 significant decimal digits, as the user sees them, not by

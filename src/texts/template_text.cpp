@@ -67,4 +67,10 @@ std::string ExpandTemplate(std::string_view text, const TemplateFields& fields,
   return result;
 }
 
+std::string AsTemplate(std::string_view text) {
+  std::string result;
+  for (const char c : text) result.append(c == '%' ? 2 : 1, c);
+  return result;
+}
+
 }  // namespace zentab::texts

@@ -27,4 +27,7 @@ using TemplateArguments = std::array<std::string_view, 3>;
 [[nodiscard]] std::string ExpandTemplate(std::string_view text, const TemplateFields& fields,
                                          const TemplateArguments& arguments = {});
 
+/// A text that ExpandTemplate gives back as it is, whatever percent signs it holds.
+[[nodiscard]] std::string AsTemplate(std::string_view text);
+
 }  // namespace zentab::texts

@@ -30,8 +30,8 @@ class Import {
     if (!Read(source) || !MeasureDifferences() || !Filter() || !Average()) {
       return std::move(result_);
     }
-    result_.points = SelectPoints(points_);
-    Trace({" Selected entries"}, result_.points);
+    std::vector<MeasuredPoint> chosen = SelectPoints(points_);
+    if (Trace({" Selected entries"}, chosen, kAfterMean)) result_.points = std::move(chosen);
     return std::move(result_);
   }
 
@@ -61,8 +61,8 @@ class Import {
                                       ProgressMeter(progress_, kAfterReading, kAfterDifferences))) {
       return End(ImportOutcome::Stopped);
     }
-    Trace({"Diff Type " + std::to_string(result_.differenceType)}, points_);
-    return true;
+    return Trace({"Diff Type " + std::to_string(result_.differenceType)}, points_,
+                 kAfterDifferences);
   }
 
   bool Filter() {
@@ -89,10 +89,9 @@ class Import {
     const bool finished = equation != nullptr ? TransformTimes(points_, *equation, meter)
                                               : AverageTimes(points_, options_.meanOver, meter);
     if (!finished) return End(ImportOutcome::Stopped);
-    Trace({" After filter and mean", "Filter Type " + std::to_string(options_.filterType),
-           "Mean Over " + std::to_string(options_.meanOver)},
-          points_);
-    return true;
+    return Trace({" After filter and mean", "Filter Type " + std::to_string(options_.filterType),
+                  "Mean Over " + std::to_string(options_.meanOver)},
+                 points_, kAfterMean);
   }
 
   // Compiles the stage's equation of that number, if the catalogue has one. False when its text is
@@ -116,8 +115,12 @@ class Import {
     return End(ImportOutcome::EquationError);
   }
 
-  void Trace(const std::vector<std::string>& headings, const std::vector<MeasuredPoint>& points) {
-    if (trace_ != nullptr) trace_->WriteSection(headings, points);
+  // `done` is how far the whole is meanwhile.
+  bool Trace(const std::vector<std::string>& headings, const std::vector<MeasuredPoint>& points,
+             double done) {
+    return trace_ == nullptr ||
+           trace_->WriteSection(headings, points, ProgressMeter(progress_, done, done)) ||
+           End(ImportOutcome::Stopped);
   }
 
   const ImportOptions& options_;

@@ -16,35 +16,38 @@ ImportTrace::~ImportTrace() {
     const std::error_code dropped = file_->Close();
 }
 
-void ImportTrace::WriteSection(const std::vector<std::string>& headings,
-                               const std::vector<MeasuredPoint>& points) {
-  if (!begun_) {
+bool ImportTrace::WriteSection(const std::vector<std::string>& headings,
+                               const std::vector<MeasuredPoint>& points, ProgressMeter progress) {
+  std::string block;
+  if (begun_) {
+    block = kLineEnd;
+  } else {
     begun_ = true;
     if (Open()) file_.reset();
-  } else if (file_ && file_->Write(kLineEnd)) {
-    file_.reset();
   }
-  if (file_ && Write(headings, points)) file_.reset();
+  for (const std::string& heading : headings) block.append(heading).append(kLineEnd);
+  for (std::size_t at = 0; file_ && at < points.size(); ++at) {
+    const MeasuredPoint& point = points[at];
+    block.append(texts::FixedText(point.load, 3)).append("\t");
+    block.append(texts::FixedText(point.time, 3)).append("\t");
+    block.append(texts::FixedText(point.difference, 4)).append(kLineEnd);
+    if (block.size() >= kBlock) {
+      Write(block);
+      block.clear();
+    }
+    if (!progress.Step(at, points.size())) return false;
+  }
+  Write(block);
+  return true;
+}
+
+void ImportTrace::Write(std::string_view bytes) {
+  if (file_ && file_->Write(bytes)) file_.reset();
 }
 
 std::error_code ImportTrace::Open() {
   if (const std::error_code error = files_.Remove(path_)) return error;
   return files_.Create(path_, path_, file_);
-}
-
-std::error_code ImportTrace::Write(const std::vector<std::string>& headings,
-                                   const std::vector<MeasuredPoint>& points) {
-  std::string block;
-  for (const std::string& heading : headings) block.append(heading).append(kLineEnd);
-  for (const MeasuredPoint& point : points) {
-    block.append(texts::FixedText(point.load, 3)).append("\t");
-    block.append(texts::FixedText(point.time, 3)).append("\t");
-    block.append(texts::FixedText(point.difference, 4)).append(kLineEnd);
-    if (block.size() < kBlock) continue;
-    if (const std::error_code error = file_->Write(block)) return error;
-    block.clear();
-  }
-  return file_->Write(block);
 }
 
 }  // namespace zentab::timetest

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/file_layer.h"
@@ -23,13 +24,13 @@ class ImportTrace {
   ImportTrace& operator=(const ImportTrace&) = delete;
 
   /// A section: its heading lines, its points, and a blank line before it unless it is the first.
-  void WriteSection(const std::vector<std::string>& headings,
-                    const std::vector<MeasuredPoint>& points);
+  /// False when `progress` stopped it, which leaves the file as far as it came.
+  [[nodiscard]] bool WriteSection(const std::vector<std::string>& headings,
+                                  const std::vector<MeasuredPoint>& points, ProgressMeter progress);
 
  private:
   [[nodiscard]] std::error_code Open();
-  [[nodiscard]] std::error_code Write(const std::vector<std::string>& headings,
-                                      const std::vector<MeasuredPoint>& points);
+  void Write(std::string_view bytes);
 
   platform::FileLayer& files_;
   std::filesystem::path path_;

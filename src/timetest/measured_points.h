@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -31,21 +33,25 @@ class ProgressMeter {
   ProgressMeter(const ProgressReport& report, double from, double to)
       : report_(report), from_(from), length_(to - from) {}
 
-  /// Called at every step; `done` of `total` are behind. False once the user wants to stop.
-  [[nodiscard]] bool Step(std::size_t done, std::size_t total) {
-    if (--untilNext_ > 0) return true;
+  /// Called at every step; `done` of `total` are behind. A step with much to do counts for
+  /// `effort` of the usual ones. False once the user wants to stop.
+  [[nodiscard]] bool Step(std::uintmax_t done, std::uintmax_t total, std::size_t effort = 1) {
+    if (effort < untilNext_) {
+      untilNext_ -= effort;
+      return true;
+    }
     untilNext_ = kSteps;
     return !report_ ||
            report_(from_ + length_ * static_cast<double>(done) / static_cast<double>(total));
   }
 
  private:
-  static constexpr int kSteps = 4096;
+  static constexpr std::size_t kSteps = 4096;
 
   const ProgressReport& report_;
   double from_;
   double length_;
-  int untilNext_ = kSteps;
+  std::size_t untilNext_ = kSteps;
 };
 
 }  // namespace zentab::timetest

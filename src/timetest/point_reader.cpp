@@ -11,6 +11,8 @@
 namespace zentab::timetest {
 namespace {
 
+constexpr std::size_t kUsualLine = 256;  // bytes; longer ones take longer
+
 double NumberOf(std::string_view text) {
   if (text.find(',') == std::string_view::npos) return texts::LeadingNumber(text).value_or(0.0);
   return texts::LeadingNumber(texts::SetDecimalSeparator(text, ".")).value_or(0.0);
@@ -49,17 +51,20 @@ class EntryCollector {
  public:
   // More entries than bytes cannot follow one another without a gap.
   explicit EntryCollector(std::uintmax_t fileSize)
-      : last_(static_cast<std::uint64_t>(std::min<std::uintmax_t>(fileSize, kMostEntries))) {}
+      : last_(static_cast<std::uint32_t>(std::min(fileSize, kMostEntries))) {}
 
   // `value` gives the line's point, or nothing for an empty value.
   template <class Value>
   void Add(std::string_view line, Value value) {
     std::uint64_t number = 0;
+    std::optional<std::optional<MeasuredPoint>> point;  // made when it is first needed
     for (const char c : line) {
       if (c < '0' || c > '9') return;
       number = number * 10 + static_cast<std::uint64_t>(c - '0');
       if (number == 0 || number > last_) return;
-      if (number >= next_) Take(number, value());
+      if (number < next_) continue;
+      if (!point) point.emplace(value());
+      Take(static_cast<std::uint32_t>(number), *point);
     }
   }
 
@@ -69,22 +74,29 @@ class EntryCollector {
   [[nodiscard]] std::vector<MeasuredPoint> Finish() {
     std::sort(later_.begin(), later_.end(),
               [](const Later& a, const Later& b) { return a.number < b.number; });
+    // Growing by doubling would need more memory than both lists together.
+    if (!later_.empty() && later_.front().number == next_) {
+      points_.reserve(points_.size() + later_.size());
+    }
     for (const Later& entry : later_) {
-      if (entry.number != next_ || !entry.point || ended_) break;
-      points_.push_back(*entry.point);
+      if (entry.number != next_ || !entry.hasValue || ended_) break;
+      points_.push_back({entry.load, entry.time});
       ++next_;
     }
     return std::move(points_);
   }
 
  private:
+  // Small, as a file in falling order puts all its entries here.
   struct Later {
-    std::uint64_t number;
-    std::optional<MeasuredPoint> point;
+    double load;
+    double time;
+    std::uint32_t number;
+    bool hasValue;
   };
   static constexpr std::uintmax_t kMostEntries = 1u << 30;
 
-  void Take(std::uint64_t number, const std::optional<MeasuredPoint>& point) {
+  void Take(std::uint32_t number, const std::optional<MeasuredPoint>& point) {
     if (number < seen_.size() && seen_[number]) return;
     if (number == next_) {
       if (point) {
@@ -97,11 +109,12 @@ class EntryCollector {
     }
     if (number >= seen_.size()) seen_.resize(std::max<std::size_t>(number + 1, 2 * seen_.size()));
     seen_[number] = true;
-    later_.push_back({number, point});
+    const MeasuredPoint value = point.value_or(MeasuredPoint());
+    later_.push_back({value.load, value.time, number, point.has_value()});
   }
 
-  std::uint64_t last_;
-  std::uint64_t next_ = 1;
+  std::uint32_t last_;
+  std::uint32_t next_ = 1;
   std::vector<MeasuredPoint> points_;  // 1 to next_ - 1
   std::vector<Later> later_;           // came before a smaller number did, each number once
   std::vector<bool> seen_;             // those of `later_`
@@ -132,14 +145,17 @@ std::optional<ReadPoints> ReadTimeTest(const ResultSource& source, const Reading
   EntryCollector entries(size);
   const PointMaker maker(modes);
   std::string buffer;
-  for (SectionLine line; !entries.HasEnded() && lines.Next(line);) {
-    entries.Add(texts::TrimBlanks(line.text), [&]() -> std::optional<MeasuredPoint> {
-      const std::string_view value = EntryValue(line, buffer);
-      return value.empty() ? std::nullopt : std::optional(maker.Make(value));
-    });
+  std::uintmax_t done = 0;
+  for (std::string_view line; !entries.HasEnded() && lines.Next(line);) {
+    if (lines.InSection()) {
+      entries.Add(texts::TrimBlanks(line), [&]() -> std::optional<MeasuredPoint> {
+        const std::string_view value = EntryValue(line, buffer);
+        return value.empty() ? std::nullopt : std::optional(maker.Make(value));
+      });
+    }
     // A file that grows while it is read is never more than whole.
-    const auto done = static_cast<std::size_t>(std::min(lines.BytesRead(), size));
-    if (!progress.Step(done, static_cast<std::size_t>(size))) return std::nullopt;
+    done = std::min(done + lines.LineBytes(), size);
+    if (!progress.Step(done, size, 1 + lines.LineBytes() / kUsualLine)) return std::nullopt;
   }
   ReadPoints read;
   read.points = entries.Finish();

@@ -35,6 +35,7 @@ std::vector<double> LargestMeasures(const std::vector<MeasuredPoint>& points) {
   return largest;
 }
 
+// Ends as long as no more than kWanted measures are infinite.
 class LevelSearch {
  public:
   explicit LevelSearch(const std::vector<MeasuredPoint>& points)
@@ -44,7 +45,6 @@ class LevelSearch {
     while (count_ > kWanted) {
       const bool isFast = count_ > kMany;
       const double next = NextMeasure();
-      if (std::isinf(next)) break;
       do {
         Rise(isFast, next);
       } while (level_ < next);
@@ -91,6 +91,11 @@ class LevelSearch {
 
 double SelectionLevel(const std::vector<MeasuredPoint>& points) {
   if (points.size() <= kWanted) return -1.0;
+  const auto infinite = static_cast<std::size_t>(
+      std::count_if(points.begin(), points.end(),
+                    [](const MeasuredPoint& point) { return std::isinf(point.difference); }));
+  // No number of rounds would leave fewer.
+  if (infinite > kWanted) return std::numeric_limits<double>::max();
   return LevelSearch(points).Run();
 }
 

@@ -12,7 +12,7 @@ namespace zentab::timetest {
 /// The level rises from 0 in rounds, counted by a = 1, 2 and so on, until at most 26 points lie
 /// above it: by 0.0001 a^2 while more than 100 do, else by 0.00001 b (n - 26), where n is their
 /// number and b counts the rounds of this second kind. After ten million rounds it goes straight to
-/// the next measure, and it stops where all the points above it have an infinite one.
+/// the next measure. Where more than 26 measures are infinite it is the largest finite number.
 [[nodiscard]] double SelectionLevel(const std::vector<MeasuredPoint>& points);
 
 /// The points above the selection level, in their order: at most 26, of more the first.

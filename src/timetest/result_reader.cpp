@@ -38,10 +38,10 @@ std::string ReadSectionEntry(std::string_view firstKey, std::string_view heading
   if (secondKey.empty()) secondKey = firstKey;
   // Every line begins with an empty key, also the empty one that stands before the first.
   if (firstKey.empty()) return {};
-  SectionLine line;
-  while (lines.Next(line)) {
-    const std::string_view trimmed = texts::TrimBlanks(line.text);
-    if (trimmed.starts_with(firstKey)) return ValueText(line.text, separator, endMarker);
+  for (std::string_view line; lines.Next(line);) {
+    if (!lines.InSection()) continue;
+    const std::string_view trimmed = texts::TrimBlanks(line);
+    if (trimmed.starts_with(firstKey)) return ValueText(line, separator, endMarker);
     if (trimmed.starts_with(secondKey)) return {};
   }
   return {};

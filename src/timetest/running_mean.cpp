@@ -10,6 +10,8 @@ namespace {
 
 // Sums of as many windows at a time as keep the adders of the processor busy.
 constexpr std::size_t kLanes = 16;
+// Wider windows take noticeably longer.
+constexpr std::size_t kUsualWidth = 64;
 
 // The exponent of the last binary digit that is set.
 int LastDigit(double number) {
@@ -29,7 +31,8 @@ bool AddsExactly(const std::vector<double>& times, std::size_t width) {
     if (time == 0.0) continue;
     last = std::min(last, LastDigit(time));
     largest = std::max(largest, std::abs(time));
-    if (largest * static_cast<double>(width) > std::ldexp(1.0, last + 53)) return false;
+    // An overflow makes both sides infinite.
+    if (!(largest * static_cast<double>(width) < std::ldexp(1.0, last + 53))) return false;
   }
   return true;
 }
@@ -71,14 +74,16 @@ bool AverageTimes(std::vector<MeasuredPoint>& points, int width, ProgressMeter p
   }
   const bool slides = AddsExactly(times, terms);
   const std::size_t step = slides ? 1 : kLanes;
+  const std::size_t effort = slides ? 1 : 1 + terms / kUsualWidth;
   for (std::size_t at = beginnings; at < times.size(); at += step) {
     if (slides) {
-      sum = sum + times[at] - times[at - terms];
+      // The oldest first: with one term more than the width the sum could be rounded.
+      sum = sum - times[at - terms] + times[at];
       points[at].time = sum / static_cast<double>(terms);
     } else {
       AverageLanes(points, times, at, terms);
     }
-    if (!progress.Step(at, times.size())) return false;
+    if (!progress.Step(at, times.size(), effort)) return false;
   }
   return true;
 }

@@ -35,41 +35,50 @@ bool IsAscii(std::string_view text) {
   return (bits & 0x8080808080808080u) == 0;
 }
 
+// Looks for the marker's first letters only: beyond ASCII no letter has them as its lower case.
 bool MayHoldEndMarker(std::string_view text) {
-  return text.size() >= kEndMarker.size() && text.find_first_of("gG") != std::string_view::npos;
+  constexpr std::string_view kBeginning = "get the whole";
+  const auto isSame = [](char a, char lower) {
+    return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == lower;
+  };
+  return text.size() >= kEndMarker.size() &&
+         std::search(text.begin(), text.end(), kBeginning.begin(), kBeginning.end(), isSame) !=
+             text.end();
+}
+
+std::string_view WithoutLastCharacter(std::string_view utf8) {
+  while (!utf8.empty() && (static_cast<unsigned char>(utf8.back()) & 0xC0u) == 0x80u) {
+    utf8.remove_suffix(1);
+  }
+  utf8.remove_suffix(std::min<std::size_t>(utf8.size(), 1));
+  return utf8;
 }
 
 }  // namespace
 
 SectionLines::SectionLines(const std::filesystem::path& file, std::string_view heading)
-    : reader_(file) {
-  if (heading.empty()) return;
-  SectionLine line;
-  while (Next(line) && !texts::TrimBlanks(line.text).starts_with(heading)) {
-  }
-}
+    : reader_(file), heading_(heading), headingFound_(heading.empty()) {}
 
-bool SectionLines::Next(SectionLine& line) {
+bool SectionLines::Next(std::string_view& line) {
   platform::RawLine raw;
   if (!reader_.Next(raw)) return false;
-  bytesRead_ += raw.text.size() + raw.ending.size();
-  line = {raw.text, IsAscii(raw.text)};
-  if (!line.isAscii) {
-    decoded_ = texts::DecodeLine(raw.text);
-    line.text = decoded_;
+  lineBytes_ = raw.text.size() + raw.ending.size();
+  line = raw.text;
+  if (!IsAscii(line)) {
+    decoded_ = texts::DecodeLine(line);
+    line = decoded_;
   }
+  inSection_ = headingFound_;
+  if (!headingFound_) headingFound_ = texts::TrimBlanks(line).starts_with(heading_);
   return true;
 }
 
-std::string_view EntryValue(const SectionLine& line, std::string& buffer) {
-  const std::size_t tab = line.text.find(kSeparator.front());
-  std::string_view value = tab == std::string_view::npos ? line.text : line.text.substr(tab + 1);
-  if (!line.isAscii || MayHoldEndMarker(value)) {
-    buffer = ValueText(line.text, kSeparator, kEndMarker);
-    return buffer;
-  }
-  value.remove_suffix(std::min<std::size_t>(value.size(), 1));
-  return value;
+std::string_view EntryValue(std::string_view line, std::string& buffer) {
+  const std::size_t tab = line.find(kSeparator.front());
+  const std::string_view value = tab == std::string_view::npos ? line : line.substr(tab + 1);
+  if (!MayHoldEndMarker(value)) return WithoutLastCharacter(value);
+  buffer = ValueText(line, kSeparator, kEndMarker);
+  return buffer;
 }
 
 std::string ValueText(std::string_view line, std::string_view separator,

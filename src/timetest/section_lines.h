@@ -8,34 +8,36 @@
 
 namespace zentab::timetest {
 
-/// A line of a result file as UTF-8, without its line end.
-struct SectionLine {
-  std::string_view text;
-  bool isAscii = true;
-};
-
-/// The lines of a result file that follow a heading. The heading is the first line that begins
-/// with its text, blanks at the line's ends aside; an empty one comes before the first line.
+/// The lines of a result file, and which of them follow a heading. The heading is the first line
+/// that begins with its text, blanks at the line's ends aside; an empty one comes before the first
+/// line.
 class SectionLines {
  public:
+  /// `heading` is kept, not copied.
   SectionLines(const std::filesystem::path& file, std::string_view heading);
 
-  /// The next line, valid until the next call; false at the end of the file.
-  [[nodiscard]] bool Next(SectionLine& line);
+  /// The next line as UTF-8, without its line end, valid until the next call; false at the end of
+  /// the file.
+  [[nodiscard]] bool Next(std::string_view& line);
 
-  /// Bytes of lines that were read so far, the heading's and those before it included.
-  [[nodiscard]] std::uintmax_t BytesRead() const { return bytesRead_; }
+  /// Whether the last line lies behind the heading.
+  [[nodiscard]] bool InSection() const { return inSection_; }
+  /// Bytes of the last line in the file.
+  [[nodiscard]] std::size_t LineBytes() const { return lineBytes_; }
 
  private:
   platform::LineReader reader_;
+  std::string_view heading_;
   std::string decoded_;
-  std::uintmax_t bytesRead_ = 0;
+  std::size_t lineBytes_ = 0;
+  bool headingFound_;
+  bool inSection_ = false;
 };
 
 /// The value text of an entry's line as the time test writes it: what follows the first tab, or
 /// the whole line when it has none, in either case without the line's last character. It stands in
 /// the line or in `buffer`.
-[[nodiscard]] std::string_view EntryValue(const SectionLine& line, std::string& buffer);
+[[nodiscard]] std::string_view EntryValue(std::string_view line, std::string& buffer);
 
 /// The part of a line behind the first `separator` up to the first `endMarker` that follows it;
 /// where there is no end marker up to the last character, which is left out. Both are looked for

@@ -1,7 +1,6 @@
 #include "app/settings.h"
 
-#include <cstdlib>
-
+#include "support/environment.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::app {
@@ -13,7 +12,7 @@ std::string Texts(const Placement& placement) {
 
 class SettingsTest : public test::TemporaryFolder {
  protected:
-  SettingsTest() { ::setenv("ZENTAB_SETTINGS_DIR", Folder().c_str(), 1); }
+  SettingsTest() { test::SetFolderVariable("ZENTAB_SETTINGS_DIR", Folder()); }
   std::unique_ptr<platform::SettingsStore> store_ = platform::UserSettingsStore();
 };
 
@@ -37,10 +36,10 @@ TEST_F(SettingsTest, OnlyTheTableNameIsReadUnderTheExecutablesName) {
 }
 
 TEST_F(SettingsTest, TheExchangeDialogsRectangleStandsInASectionOfItsOwn) {
-  ASSERT_FALSE(SaveExchangePlacement(*store_, "Title", {"1", "2", "3", "4"}));
-  EXPECT_EQ(Texts(LoadExchangePlacement(*store_, "Title")), "1|2|3|4");
-  EXPECT_EQ(store_->Read("Title", "F2Settings", "Height"), "4");
-  EXPECT_EQ(Texts(LoadSettings(*store_, "Title", "Title").window), "|||");
+  ASSERT_FALSE(SaveExchangePlacement(*store_, "Exchange", {"1", "2", "3", "4"}));
+  EXPECT_EQ(Texts(LoadExchangePlacement(*store_, "Exchange")), "1|2|3|4");
+  EXPECT_EQ(store_->Read("Exchange", "F2Settings", "Height"), "4");
+  EXPECT_EQ(Texts(LoadSettings(*store_, "Exchange", "Exchange").window), "|||");
 }
 
 TEST(Twips, AreFifteenToAPixel) {

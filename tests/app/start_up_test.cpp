@@ -43,7 +43,8 @@ TEST(StartUp, TheDecimalSeparatorIsCleanedOfWhatTheSystemAdds) {
 TEST(StartUp, CataloguesComeInAFixedOrder) {
   const auto names = [](const char* executable) {
     std::string all;
-    for (const auto& file : CatalogueCandidates("/inst", executable)) all += file.string() + " ";
+    for (const auto& file : CatalogueCandidates("/inst", executable))
+      all += file.generic_string() + " ";
     return all;
   };
   EXPECT_EQ(names("/bin/Zentab"),

@@ -17,7 +17,15 @@ namespace zentab::test {
 class TemporaryFolder : public ::testing::Test {
  protected:
   TemporaryFolder() { std::filesystem::create_directory(folder_); }
-  ~TemporaryFolder() override { std::filesystem::remove_all(folder_); }
+  ~TemporaryFolder() override {
+    // Windows removes neither read-only files nor what a test holds open.
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_, ignored)) {
+      std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_write,
+                                   std::filesystem::perm_options::add, ignored);
+    }
+    std::filesystem::remove_all(folder_, ignored);
+  }
 
   [[nodiscard]] const std::filesystem::path& Folder() const { return folder_; }
 

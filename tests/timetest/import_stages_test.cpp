@@ -127,6 +127,14 @@ TEST(ImportStages, MeansHaveTheBitsOfPlainAdditions) {
     const double unit = round % 3 == 0 ? 1.0 : 0.001;
     Points points = RandomPoints(random, 90, unit);
     if (round % 5 == 0 && !points.empty()) points[points.size() / 2].time = 1e15;
+    if (round % 7 == 0) {
+      // Sums of two that just fit a double, and sums that overflow.
+      const double base = round % 2 == 0 ? std::ldexp(1.0, 52) : 1.7e308;
+      for (MeasuredPoint& point : points) {
+        const auto bit = static_cast<double>(random() % 2);
+        point.time = round % 2 == 0 ? base - bit : base * bit;
+      }
+    }
     for (const int width : {-3, 0, 1, 2, 5, 8, 31, 100, 32767}) {
       Told told{points};
       Points result = points;
@@ -174,6 +182,18 @@ TEST(ImportStages, SelectionEndsForAnyMeasures) {
       EXPECT_EQ(chosen.size(), std::isnan(measure) ? 0u : 26u) << measure << ", " << count;
     }
   }
+}
+
+TEST(ImportStages, SelectionTakesInfiniteMeasuresFirst) {
+  Points points(2000, {0.0, 0.0, 5.0});
+  for (std::size_t at = 0; at < points.size(); ++at) {
+    points[at].load = static_cast<double>(at);
+    if (at >= 1500 && at < 1650) points[at].difference = std::numeric_limits<double>::infinity();
+  }
+  const Points chosen = SelectPoints(points);
+  ASSERT_EQ(chosen.size(), 26u);
+  EXPECT_EQ(chosen.front().load, 1500.0);
+  EXPECT_EQ(chosen.back().load, 1525.0);
 }
 
 TEST(ImportStages, DifferencesAreThoseOfTheTimes) {

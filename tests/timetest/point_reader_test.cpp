@@ -76,6 +76,8 @@ TEST_F(PointReader, OneReadingGivesWhatTheEntriesGive) {
       "T\n1\t\xB0\t2\t\n2\t1,5\t2.500,5\t\n3\t1e999\tNaN\t\n4\tinf\t-1e-400\t\n",
       "T\n1\t1\t2\t3\t4\n99999999999999999999\t1\t1\n18446744073709551617\t1\t1\n2\t1\t1\t\n",
       "T\n" + string(300'000, '7') + "\n1\t1\t2\t\n",
+      "T\n123\t1\xC3\xA9\t2\xC3\xA9\n2\t3 GET THE WHOLE tab\n3\t4\tget the Whole Line\t5\t\n",
+      "T\n12\tget THE whole line\n1\t1\t2\t\n",
   };
   for (const string& bytes : awkward) ExpectTheSame({Write("result.txt", bytes), "T"}, bytes);
   ExpectTheSame({Write("result.txt", "1\t2\t3\t\n2\t4\t5\t\n"), ""}, "no heading");
@@ -89,6 +91,17 @@ TEST_F(PointReader, OneReadingGivesWhatTheEntriesGive) {
       bytes += std::to_string(random() % 100) + (random() % 5 == 0 ? "\t" : "\t3\t") + "\n";
     }
     ExpectTheSame({Write("result.txt", bytes), "T"}, bytes);
+  }
+}
+
+TEST_F(PointReader, CanBeStoppedAtLongLinesAndBeforeTheHeading) {
+  const string line(3'000'000, 'x');
+  for (const string& bytes : {line + "\nT\n1\t1\t2\t\n", "T\n1\t1\t2\t" + line + "\n"}) {
+    int reports = 0;
+    const ProgressReport stop = [&](double) { return ++reports == 0; };
+    const ResultSource source = {Write("result.txt", bytes), "T"};
+    EXPECT_FALSE(ReadTimeTest(source, {}, ProgressMeter(stop, 0.0, 1.0)));
+    EXPECT_EQ(reports, 1);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "app/settings.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/user_dialogs.h"
+#include "support/simulated_modules.h"
 
 namespace zentab::app {
 
@@ -20,6 +22,7 @@ class AnsweringDialogs : public UserDialogs {
   bool answer = true;
   QString file;
   std::vector<std::string> asked;
+  std::function<void()> onError;
 
   bool Confirm(const texts::MessageText& message) override {
     asked.push_back(message.text);
@@ -28,8 +31,10 @@ class AnsweringDialogs : public UserDialogs {
   void Inform(const texts::MessageText& message) override { asked.push_back(message.text); }
   void ReportError(const texts::MessageText& message) override {
     asked.push_back(message.title + ": " + message.text);
+    if (onError) onError();
   }
   QString ChooseTableFile() override { return file; }
+  QString ChooseGraphFile() override { return file; }
   QString ChooseTargetFile() override { return file; }
 };
 
@@ -49,11 +54,12 @@ class MemoryStore : public platform::SettingsStore {
   }
 };
 
-/// A main window on an installation folder that is thrown away.
+/// A main window on an installation folder with the simulated instruments, thrown away at the end.
 class WindowFixture {
  public:
   explicit WindowFixture(const QByteArray& library, const std::string& separator = ".") {
     Write("relayTables.dat", library);
+    test::InstallSimulators(folder_.path().toStdString());
     QDir::setCurrent(folder_.path());
     session.localeDecimalSeparator = separator;
     Open();

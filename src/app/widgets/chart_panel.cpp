@@ -81,7 +81,8 @@ QWidget* ChartPanel::BuildStrip() {
                      "number) number of values"));
   // Set GRH has its caption from the chosen instrument.
   command5 = button("Command5", QStringLiteral("?"), true);
-  button("Command6", QStringLiteral("Import &GRH"), false);
+  command6 = button("Command6", QStringLiteral("Import &GRH"), false);
+  command6->setEnabled(true);
   buttons->addStretch(1);
   command10 = button("Command10", QStringLiteral("Im&port time test"), true);
   command10->setToolTip(QStringLiteral("Imports the table from the time test."));

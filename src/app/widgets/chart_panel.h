@@ -19,6 +19,7 @@ class ChartPanel : public QWidget {
 
   editor::CurveChart* chart = nullptr;
   QPushButton* command5 = nullptr;   // Set GRH
+  QPushButton* command6 = nullptr;   // Import GRH
   QPushButton* command10 = nullptr;  // Import time test
   QLineEdit* text4 = nullptr;        // difference type
   QLineEdit* text5 = nullptr;        // filter type

@@ -100,7 +100,7 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
   dialog.outcome->setText(result.error
                               ? FailureText(texts.copyFailed, result.error)
                               : QString::fromStdString(Expanded(session_, texts.entriesCopied,
-                                                                std::to_string(result.copied))));
+                                                                {std::to_string(result.copied)})));
 }
 
 void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
@@ -126,7 +126,7 @@ void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
 void ExchangeController::ShowSelection(ExchangeDialog& dialog) const {
   const std::string count = std::to_string(dialog.SelectedCount());
   dialog.outcome->setText(
-      QString::fromStdString(Expanded(session_, session_.texts.program.entriesSelected, count)));
+      QString::fromStdString(Expanded(session_, session_.texts.program.entriesSelected, {count})));
 }
 
 void ExchangeController::StorePlacement(const ExchangeDialog& dialog) const {

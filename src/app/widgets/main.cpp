@@ -15,6 +15,17 @@ using namespace zentab;
 
 constexpr const char* kTitle = "Zentab";
 
+// A picture is drawn without anyone who could answer.
+class NobodyToAsk final : public app::UserDialogs {
+ public:
+  bool Confirm(const texts::MessageText&) override { return false; }
+  void Inform(const texts::MessageText&) override {}
+  void ReportError(const texts::MessageText&) override {}
+  QString ChooseTableFile() override { return {}; }
+  QString ChooseTargetFile() override { return {}; }
+  QString ChooseGraphFile() override { return {}; }
+};
+
 // Renders the window with its first entry read, for places without a display.
 bool SaveScreenshot(app::MainWindow& window, const QString& file) {
   constexpr QSize kPictureSize(1240, 820);
@@ -45,8 +56,10 @@ int main(int argc, char* argv[]) {
   app::Settings settings = app::LoadSettings(*store, platform::BaseName(executable), kTitle);
   app::Session session = app::StartSession(settings, *platform::SystemRegistry(), executable);
   app::QtUserDialogs dialogs(session.texts.program);
+  NobodyToAsk nobody;
+  app::UserDialogs& asked = picture.isEmpty() ? static_cast<app::UserDialogs&>(dialogs) : nobody;
   app::MainWindow window(
-      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), dialogs, executable});
+      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), asked, executable});
   dialogs.SetParent(&window);
   window.Load();
   window.show();

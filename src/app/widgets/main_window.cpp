@@ -17,8 +17,10 @@
 #include "app/widgets/clipboard_controller.h"
 #include "app/widgets/exchange_controller.h"
 #include "app/widgets/form_texts.h"
+#include "app/widgets/instrument_controller.h"
 #include "app/widgets/library_controller.h"
 #include "app/widgets/library_panel.h"
+#include "app/widgets/reference_graph_controller.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table_panel.h"
 #include "app/widgets/time_test_controller.h"
@@ -49,11 +51,15 @@ MainWindow::MainWindow(MainWindowParts parts)
       chart_(new ChartPanel(this)),
       libraryController_(new LibraryController(session_, parts.files, dialogs_, *library_)),
       timeTest_(new TimeTestController(session_, parts.files, dialogs_, log_, *chart_)),
+      instruments_(new InstrumentController(session_, log_, dialogs_, *table_)),
+      graphs_(new ReferenceGraphController(session_, parts.files, dialogs_, log_,
+                                           instruments_->Instruments())),
       clipboard_(new ClipboardController(session_, *table_)),
       exchange_(new ExchangeController(session_, parts.files, dialogs_, store_, title_, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())) {
   libraryController_->setParent(this);
+  graphs_->setParent(this);
   modes_->setParent(this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Relay curve table editor"));
@@ -62,6 +68,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   BuildMenus();
   ConnectPanels();
   ConnectTimeTest();
+  ConnectInstruments();
 }
 
 void MainWindow::BuildPanels() {
@@ -123,8 +130,8 @@ void MainWindow::ConnectPanels() {
           &editor::CurveGridView::CloseEditor);
   connect(libraryController_, &LibraryController::TableRead, this, [this] {
     modes_->Show();
-    timeTest_->UpdateTimeTestAvailability();
     ShowTable();
+    instruments_->FollowSession();
   });
   connect(libraryController_, &LibraryController::TableFileChosen, this, [this] {
     ApplyCatalogue(catalogues_.front());
@@ -147,8 +154,26 @@ void MainWindow::ConnectTimeTest() {
           &editor::CurveGridView::CloseEditor);
   connect(timeTest_, &TimeTestController::TableImported, this, &MainWindow::ShowTable);
   connect(timeTest_, &TimeTestController::Failed, status_, &StatusLine::ShowFailure);
-  connect(modes_, &ValueModeBinding::InstrumentChosen, timeTest_,
+  connect(instruments_, &InstrumentController::ResultsWanted, timeTest_,
           &TimeTestController::UpdateTimeTestAvailability);
+  connect(instruments_, &InstrumentController::OpenFailed, timeTest_,
+          &TimeTestController::Withdraw);
+}
+
+void MainWindow::ConnectInstruments() {
+  connect(instruments_, &InstrumentController::InstrumentChosen, this,
+          &MainWindow::RefreshCaptions);
+  connect(instruments_, &InstrumentController::Chosen, this, &MainWindow::RefreshChart);
+  connect(instruments_, &InstrumentController::Failed, status_, &StatusLine::ShowFailure);
+  connect(chart_->command5, &QPushButton::clicked, this, [this] {
+    const std::optional<std::size_t> index = library_->SelectedIndex();
+    graphs_->SetGraph(index ? session_.entryNames[*index] : std::string());
+  });
+  connect(chart_->command6, &QPushButton::clicked, graphs_, &ReferenceGraphController::ImportGraph);
+  connect(graphs_, &ReferenceGraphController::GridNeeded, table_->grid,
+          &editor::CurveGridView::CloseEditor);
+  connect(graphs_, &ReferenceGraphController::TableImported, this, &MainWindow::ShowTable);
+  connect(graphs_, &ReferenceGraphController::Failed, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::Load() {
@@ -182,6 +207,7 @@ void MainWindow::RefreshChart() {
   const editor::ChartCurve curve = editor::CurveOf(session_.table.grid);
   chart_->chart->ShowCurve(curve);
   library_->SetStorable(curve.IsShown());
+  chart_->command5->setEnabled(curve.IsShown() && instruments_->Instruments().IsOpen());
 }
 
 void MainWindow::RefreshCaptions() {
@@ -231,6 +257,11 @@ bool MainWindow::MayEnd() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  // A module is just being opened.
+  if (!isEnabled()) {
+    event->ignore();
+    return;
+  }
   // A file dialog may have changed the working folder. One that is gone leaves it as it is.
   [[maybe_unused]] const std::error_code dropped =
       platform::ChangeCurrentFolder(platform::ToPath(session_.installFolder));
@@ -239,6 +270,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(MayEnd());
   if (!event->isAccepted()) return;
   log_.WriteLogLine(" Unloading... ");
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  instruments_->Instruments().CloseRequest();
   session_.table.grid.ClearPoints();
   log_.WriteLogLine(" %E Exit");
 }

@@ -20,8 +20,10 @@ namespace zentab::app {
 class ChartPanel;
 class ClipboardController;
 class ExchangeController;
+class InstrumentController;
 class LibraryController;
 class LibraryPanel;
+class ReferenceGraphController;
 class StatusLine;
 class TablePanel;
 class TimeTestController;
@@ -57,6 +59,7 @@ class MainWindow : public QMainWindow {
   void BuildMenus();
   void ConnectPanels();
   void ConnectTimeTest();
+  void ConnectInstruments();
   void ShowTable();
   void RefreshChart();
   void ApplyCatalogue(const std::filesystem::path& file);
@@ -77,6 +80,8 @@ class MainWindow : public QMainWindow {
   ChartPanel* chart_;
   LibraryController* libraryController_;
   TimeTestController* timeTest_;
+  InstrumentController* instruments_;
+  ReferenceGraphController* graphs_;
   ClipboardController* clipboard_;
   ExchangeController* exchange_;
   ValueModeBinding* modes_;

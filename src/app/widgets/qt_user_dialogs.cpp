@@ -55,4 +55,10 @@ QString QtUserDialogs::ChooseTableFile() { return ChooseFile(QFileDialog::Accept
 
 QString QtUserDialogs::ChooseTargetFile() { return ChooseFile(QFileDialog::AcceptSave); }
 
+QString QtUserDialogs::ChooseGraphFile() {
+  // Where Set GRH writes them.
+  return QFileDialog::getOpenFileName(WindowInFront(), QString(), QStringLiteral("data"),
+                                      QStringLiteral("GRH (*.grh)"));
+}
+
 }  // namespace zentab::app

@@ -18,6 +18,7 @@ class QtUserDialogs : public UserDialogs {
   void Inform(const texts::MessageText& message) override;
   void ReportError(const texts::MessageText& message) override;
   QString ChooseTableFile() override;
+  QString ChooseGraphFile() override;
   QString ChooseTargetFile() override;
 
  private:

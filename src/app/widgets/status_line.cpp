@@ -51,7 +51,7 @@ void StatusLine::Refresh() {
   file_->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
   const std::string count = std::to_string(session_.entryNames.size());
   const std::string& entries = session_.texts.program.entries;
-  count_->setText(QString::fromStdString(Expanded(session_, entries, count)));
+  count_->setText(QString::fromStdString(Expanded(session_, entries, {count})));
   RefreshModified();
 }
 

@@ -66,7 +66,6 @@ QWidget* TablePanel::BuildModes() {
   // Both are offered by the catalogue.
   check1->hide();
   check2->hide();
-  text3->setEnabled(false);
   auto* const grid2 = new QGridLayout(modes);
   grid2->setContentsMargins(0, 0, 0, 0);
   grid2->addWidget(check1, 0, 0);

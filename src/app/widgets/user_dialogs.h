@@ -19,6 +19,8 @@ class UserDialogs {
   virtual void ReportError(const texts::MessageText& message) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
+  /// Lets the user choose an existing reference graph file; empty when cancelled.
+  [[nodiscard]] virtual QString ChooseGraphFile() = 0;
   /// Lets the user choose the table file to add entries to, which need not exist; empty when
   /// cancelled.
   [[nodiscard]] virtual QString ChooseTargetFile() = 0;

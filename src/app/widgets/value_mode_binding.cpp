@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QRadioButton>
 
 #include "app/widgets/table_panel.h"
 
@@ -10,22 +9,22 @@ namespace zentab::app {
 
 ValueModeBinding::ValueModeBinding(Session& session, TablePanel& panel)
     : session_(session), panel_(panel) {
-  for (QAbstractButton* const control :
-       {static_cast<QAbstractButton*>(panel.check1), static_cast<QAbstractButton*>(panel.check2),
-        static_cast<QAbstractButton*>(panel.option1), static_cast<QAbstractButton*>(panel.option2),
-        static_cast<QAbstractButton*>(panel.option3)}) {
-    connect(control, &QAbstractButton::toggled, this, &ValueModeBinding::Take);
-  }
+  connect(panel.check1, &QCheckBox::toggled, this, &ValueModeBinding::Take);
+  connect(panel.check2, &QCheckBox::toggled, this, &ValueModeBinding::Take);
   connect(panel.text2, &QLineEdit::textChanged, this, &ValueModeBinding::Take);
+  connect(panel.text3, &QLineEdit::textChanged, this, &ValueModeBinding::TakeMultiplier);
+  connect(panel.text3, &QLineEdit::editingFinished, this, [this] {
+    const std::string text = panel_.text3->text().toStdString();
+    if (editor::MultiplierWhenLeft(text).empty()) panel_.text3->clear();
+  });
 }
 
 void ValueModeBinding::Show() {
   showing_ = true;
   panel_.check1->setChecked(session_.modes.absoluteValues);
   panel_.check2->setChecked(session_.modes.milliseconds);
-  panel_.option1->setChecked(session_.instrument == tables::Instrument::Current);
-  panel_.option2->setChecked(session_.instrument == tables::Instrument::Voltage);
   panel_.text2->setText(QString::fromStdString(session_.modes.pickup));
+  panel_.text3->setText(QString::fromStdString(session_.modes.multiplier));
   showing_ = false;
 }
 
@@ -34,12 +33,13 @@ void ValueModeBinding::Take() {
   session_.modes.absoluteValues = panel_.check1->isChecked();
   session_.modes.milliseconds = panel_.check2->isChecked();
   session_.modes.pickup = panel_.text2->text().toStdString();
-  const tables::Instrument before = session_.instrument;
-  session_.instrument = panel_.option1->isChecked()   ? tables::Instrument::Current
-                        : panel_.option2->isChecked() ? tables::Instrument::Voltage
-                                                      : tables::Instrument::None;
   Q_EMIT Changed();
-  if (session_.instrument != before) Q_EMIT InstrumentChosen();
+}
+
+void ValueModeBinding::TakeMultiplier() {
+  const std::string text = panel_.text3->text().toStdString();
+  session_.modes.multiplier = editor::MultiplierWhileTyping(text);
+  if (session_.modes.multiplier.empty() && !text.empty()) panel_.text3->clear();
 }
 
 }  // namespace zentab::app

@@ -8,7 +8,7 @@ namespace zentab::app {
 
 class TablePanel;
 
-/// Keeps the instrument choice and the value modes of the session and their controls the same.
+/// Keeps the value modes of the session and their controls the same.
 class ValueModeBinding : public QObject {
   Q_OBJECT
 
@@ -21,11 +21,10 @@ class ValueModeBinding : public QObject {
  Q_SIGNALS:
   /// The user changed one of them.
   void Changed();
-  /// The user chose an instrument.
-  void InstrumentChosen();
 
  private:
   void Take();
+  void TakeMultiplier();
 
   Session& session_;
   TablePanel& panel_;

@@ -6,6 +6,10 @@
 #include <cstdlib>
 #include <string_view>
 
+#include <utf8.h>
+
+#include "platform/ansi_code_page.h"
+
 namespace zentab::platform {
 namespace {
 
@@ -62,6 +66,15 @@ std::optional<std::string> UserDecimalSeparator() {
   std::string separator = nl_langinfo_l(RADIXCHAR, locale);
   freelocale(locale);
   return separator;
+}
+
+std::string MonthAbbreviation(int month) {
+  locale_t locale = newlocale(LC_TIME_MASK | LC_CTYPE_MASK, "", nullptr);
+  if (locale == nullptr) locale = newlocale(LC_TIME_MASK, "C", nullptr);
+  if (locale == nullptr) return std::to_string(month);
+  const std::string name = nl_langinfo_l(ABMON_1 + (month - 1), locale);
+  freelocale(locale);
+  return utf8::is_valid(name.begin(), name.end()) ? name : FromAnsi(name);
 }
 
 std::uint32_t SystemLocaleIdentifier() {

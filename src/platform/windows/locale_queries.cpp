@@ -1,11 +1,10 @@
 #include "platform/locale_queries.h"
 
-#include <windows.h>
-
 #include <array>
 #include <cstring>
 
 #include "platform/ansi_code_page.h"
+#include "platform/windows/wide_text.h"
 
 namespace zentab::platform {
 
@@ -15,6 +14,16 @@ std::optional<std::string> UserDecimalSeparator() {
                                     static_cast<int>(buffer.size()));
   if (length <= 1) return std::nullopt;
   return FromAnsi(std::string_view(buffer).substr(0, static_cast<std::size_t>(length) - 1));
+}
+
+std::string MonthAbbreviation(int month) {
+  // The longest name the system gives has 80 characters.
+  std::array<wchar_t, 80> buffer{};
+  const auto item = LOCALE_SABBREVMONTHNAME1 + static_cast<LCTYPE>(month - 1);
+  const int length =
+      GetLocaleInfoW(GetUserDefaultLCID(), item, buffer.data(), static_cast<int>(buffer.size()));
+  if (length <= 1) return std::to_string(month);
+  return ToUtf8(std::wstring_view(buffer.data(), static_cast<std::size_t>(length) - 1));
 }
 
 std::uint32_t SystemLocaleIdentifier() { return GetSystemDefaultLCID(); }

@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Cross-compiles everything but the windows, with the simulated instruments, for Windows: for
+# 64 bits with all tests, which run under Wine, and for 32 bits, where a test set's modules live.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+need "${build_packages[@]}" "${test_packages[@]}" "${windows_packages[@]}"
+
+for preset in windows windows32; do
+  echo "== $preset"
+  build "$preset"
+done
+
+# The names that the test-set suite binds must be those of a 32-bit module on both systems.
+check_exports() { # MODULE NAME...
+  local module=$1 listed name
+  shift
+  for preset in windows windows32; do
+    listed=$(x86_64-w64-mingw32-objdump -p "build/$preset/modules/$module")
+    for name in "$@"; do
+      grep -q "\] $name\$" <<<"$listed" || {
+        echo "build/$preset/modules/$module does not export $name" >&2
+        return 1
+      }
+    done
+  done
+}
+check_exports CURR_API.DLL _CURRENT__openFiles@4 _CURRENT__getIstartUp@0 \
+  _CURRENT__closeFiles@0 _CURRENT__setRefgraph@8
+check_exports VOLT_API.DLL _VOLTAGE__openFiles@4 _VOLTAGE__getUstartUp@0 \
+  _VOLTAGE__closeFiles@0 _VOLTAGE__setRefgraph@8
+
+# A registry of its own, made anew, and no windows: the tests show none.
+rm -rf build/wine
+unset DISPLAY WAYLAND_DISPLAY
+ctest --preset windows

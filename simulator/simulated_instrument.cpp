@@ -1,0 +1,79 @@
+#include "simulated_instrument.h"
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include "graph_file.h"
+
+namespace simulator {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path PathOf(const char* name) {
+  std::string portable = name == nullptr ? "" : name;
+  std::replace(portable.begin(), portable.end(), '\\', '/');
+  return portable;
+}
+
+fs::path TextFile(const fs::path& folder) { return folder / "instrument.txt"; }
+
+// What stands behind "key =" in the text file.
+std::optional<std::string> Setting(const fs::path& folder, std::string_view key) {
+  std::ifstream file(TextFile(folder));
+  for (std::string line; std::getline(file, line);) {
+    std::istringstream words(line);
+    std::string name;
+    std::string equals;
+    if (!(words >> name >> equals) || name != key || equals != "=") continue;
+    std::string value;
+    std::getline(words >> std::ws, value);
+    return value;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool SimulatedInstrument::Fails(std::string_view operation) const {
+  std::istringstream words(Setting(folder_, "fail").value_or(""));
+  for (std::string word; words >> word;) {
+    if (word == operation) return true;
+  }
+  return false;
+}
+
+std::int32_t SimulatedInstrument::OpenFiles(const char* dataFolder) {
+  folder_ = PathOf(dataFolder);
+  open_ = std::ifstream(TextFile(folder_)).is_open() && !Fails("open");
+  return open_ ? kDone : kRefused;
+}
+
+float SimulatedInstrument::GetStartUp() const {
+  if (!open_ || Fails("pickup")) return 0.0f;
+  const std::string text = Setting(folder_, "pickup").value_or("");
+  float pickup = 0.0f;
+  std::from_chars(text.data(), text.data() + text.size(), pickup);
+  return pickup;
+}
+
+std::int32_t SimulatedInstrument::CloseFiles() {
+  const bool fails = !open_ || Fails("close");
+  open_ = false;
+  return fails ? kRefused : kDone;
+}
+
+std::int32_t SimulatedInstrument::SetRefgraph(std::int32_t graph, const char* file) const {
+  if (!open_ || graph != 0 || Fails("refgraph")) return kRefused;
+  const std::optional<std::string> bytes = ReadGraphFile(PathOf(file));
+  if (!bytes) return kRefused;
+  std::ofstream reference(folder_ / "reference.grh", std::ios::binary | std::ios::trunc);
+  reference << *bytes << std::flush;
+  return reference ? kDone : kRefused;
+}
+
+}  // namespace simulator

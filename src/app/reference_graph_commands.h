@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+#include "app/event_log.h"
+#include "app/session.h"
+#include "platform/file_layer.h"
+#include "testset/instrument_session.h"
+#include "testset/reference_graph_reader.h"
+#include "testset/reference_graph_writer.h"
+
+namespace zentab::app {
+
+/// The day that a reference graph written now bears.
+[[nodiscard]] testset::GraphDate Today();
+
+/// What came of handing the grid's curve over.
+struct SetGraphOutcome {
+  bool hasPoints = true;  // false: row 1 has an empty cell, nothing was done
+  std::error_code error;  // the file could not be written, the module was not called
+};
+
+/// What came of reading a reference graph. After an error the grid is as it was.
+struct ImportGraphOutcome {
+  std::optional<testset::GraphError> error;
+  std::size_t skipped = 0;  // points that the log tells of
+};
+
+/// Set GRH and Import GRH: the grid's curve to the time test's module and back from a file.
+class ReferenceGraphCommands {
+ public:
+  ReferenceGraphCommands(Session& session, platform::FileLayer& files, const EventLog& log,
+                         testset::InstrumentSession& instruments)
+      : session_(session), files_(files), log_(log), instruments_(instruments) {}
+
+  /// Writes the grid's curve as the reference graph and hands it to the chosen instrument's
+  /// module. `tableName` is the selected entry's, for the log.
+  [[nodiscard]] SetGraphOutcome SetGraph(std::string_view tableName);
+
+  /// Whether the value modes allow reading a reference graph.
+  [[nodiscard]] bool CanImport() const;
+  /// Reads a GRH file into the grid.
+  [[nodiscard]] ImportGraphOutcome ImportGraph(const std::filesystem::path& file);
+
+ private:
+  void LogWriting(std::size_t segments, std::string_view tableName) const;
+
+  Session& session_;
+  platform::FileLayer& files_;
+  const EventLog& log_;
+  testset::InstrumentSession& instruments_;
+};
+
+}  // namespace zentab::app

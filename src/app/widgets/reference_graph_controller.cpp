@@ -1,0 +1,83 @@
+#include "app/widgets/reference_graph_controller.h"
+
+#include <QDir>
+
+#include "app/session_texts.h"
+#include "platform/paths.h"
+
+namespace zentab::app {
+namespace {
+
+const std::string& TextOf(testset::GraphFault fault, const texts::GraphTexts& texts) {
+  switch (fault) {
+    case testset::GraphFault::EndsEarly:
+      return texts.endsEarly;
+    case testset::GraphFault::NoCount:
+      return texts.noCount;
+    case testset::GraphFault::NoSegment:
+      return texts.noSegment;
+    case testset::GraphFault::NotExpected:
+    case testset::GraphFault::Unreadable:
+      break;
+  }
+  return texts.notExpected;
+}
+
+}  // namespace
+
+ReferenceGraphController::ReferenceGraphController(Session& session, platform::FileLayer& files,
+                                                   UserDialogs& dialogs, const EventLog& log,
+                                                   testset::InstrumentSession& instruments)
+    : session_(session), commands_(session, files, log, instruments), dialogs_(dialogs) {}
+
+void ReferenceGraphController::SetGraph(const std::string& tableName) {
+  Q_EMIT GridNeeded();
+  const SetGraphOutcome outcome = commands_.SetGraph(tableName);
+  const texts::GraphTexts& texts = session_.texts.graph;
+  if (!outcome.hasPoints) {
+    Q_EMIT Failed(QString::fromStdString(texts.noPoints));
+  } else if (outcome.error) {
+    Q_EMIT Failed(
+        QStringLiteral("%1: %2").arg(QString::fromStdString(texts.notWritten),
+                                     QString::fromLocal8Bit(outcome.error.message().c_str())));
+  }
+}
+
+void ReferenceGraphController::ImportGraph() {
+  Q_EMIT GridNeeded();
+  if (session_.table.tableModified &&
+      !dialogs_.Confirm(MessageFor(session_, MessageBox::DiscardEdits, {}))) {
+    return;
+  }
+  if (!commands_.CanImport()) {
+    ReportError(session_.texts.graph.needsPickup);
+    return;
+  }
+  const QString file = dialogs_.ChooseGraphFile();
+  if (file.isEmpty()) return;
+  const ImportGraphOutcome outcome = commands_.ImportGraph(platform::ToPath(file.toStdString()));
+  if (outcome.error) {
+    ReportError(*outcome.error, file);
+    return;
+  }
+  Q_EMIT TableImported();
+  if (outcome.skipped == 0) return;
+  const std::string count = std::to_string(outcome.skipped);
+  Q_EMIT Failed(QString::fromStdString(Expanded(session_, session_.texts.graph.skipped, {count})));
+}
+
+void ReferenceGraphController::ReportError(const std::string& text) const {
+  dialogs_.ReportError({session_.texts.graph.heading, text});
+}
+
+void ReferenceGraphController::ReportError(const testset::GraphError& error,
+                                           const QString& file) const {
+  const texts::GraphTexts& texts = session_.texts.graph;
+  const bool isUnreadable = error.fault == testset::GraphFault::Unreadable;
+  const std::string name = QDir::toNativeSeparators(file).toStdString();
+  const std::string line = std::to_string(error.line);
+  ReportError(Expanded(session_, isUnreadable ? texts.unreadable : texts.malformed,
+                       {name, line, TextOf(error.fault, texts)}));
+}
+
+}  // namespace zentab::app

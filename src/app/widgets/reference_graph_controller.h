@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QObject>
+
+#include "app/reference_graph_commands.h"
+#include "app/widgets/user_dialogs.h"
+
+namespace zentab::app {
+
+/// Carries out Set GRH and Import GRH: asks where the user has to agree, runs the command, and
+/// tells what has to be shown anew.
+class ReferenceGraphController : public QObject {
+  Q_OBJECT
+
+ public:
+  ReferenceGraphController(Session& session, platform::FileLayer& files, UserDialogs& dialogs,
+                           const EventLog& log, testset::InstrumentSession& instruments);
+
+ public Q_SLOTS:
+  /// `tableName` is the selected entry's.
+  void SetGraph(const std::string& tableName);
+  void ImportGraph();
+
+ Q_SIGNALS:
+  /// A command is about to use the grid: an open cell editor closes.
+  void GridNeeded();
+  /// The grid holds another table.
+  void TableImported();
+  /// What was not done, or not wholly; `text` says so in one line.
+  void Failed(const QString& text);
+
+ private:
+  void ReportError(const std::string& text) const;
+  void ReportError(const testset::GraphError& error, const QString& file) const;
+
+  Session& session_;
+  ReferenceGraphCommands commands_;
+  UserDialogs& dialogs_;
+};
+
+}  // namespace zentab::app

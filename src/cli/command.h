@@ -1,0 +1,44 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "cli/console.h"
+
+namespace zentab::cli {
+
+/// The program's commands and the one that its arguments chose.
+struct Commands {
+  CLI::App& program;
+  std::function<Exit(Console&)> chosen;
+};
+
+/// Adds a command: `declare` names its arguments, which are kept in an Options, and `run` carries
+/// it out once they are read.
+template <class Options>
+void AddCommand(Commands& commands, const char* name, const char* description,
+                void (*declare)(CLI::App&, Options&), Exit (*run)(const Options&, Console&)) {
+  CLI::App* const command = commands.program.add_subcommand(name, description);
+  const auto options = std::make_shared<Options>();
+  declare(*command, *options);
+  command->callback([&commands, options, run] {
+    commands.chosen = [options, run](Console& console) { return run(*options, console); };
+  });
+}
+
+void AddTableCommands(Commands& commands);     // list, show, add, update, remove, copy
+void AddCheckCommand(Commands& commands);      // check
+void AddTextCommands(Commands& commands);      // text, expand
+void AddTimeTestCommands(Commands& commands);  // entry, import
+void AddGraphCommands(Commands& commands);     // grh, grh-read
+void AddCleanCommand(Commands& commands);      // clean
+void AddEvalCommand(Commands& commands);       // eval
+
+/// A decimal number with ".", in the range of a double: checks an option's text.
+extern const CLI::Validator kNumber;
+/// The number of a text that kNumber let through; 0 for an empty one.
+[[nodiscard]] double NumberOf(const std::string& text);
+
+}  // namespace zentab::cli

@@ -1,0 +1,49 @@
+#include "cli/console.h"
+
+#include <cstdio>
+
+namespace zentab::cli {
+namespace {
+
+constexpr std::size_t kBlock = 64u << 10;
+
+}  // namespace
+
+void Console::Write(std::string_view text) {
+  block_ += text;
+  if (block_.size() >= kBlock) Flush();
+}
+
+void Console::WriteLine(std::string_view text) {
+  block_ += text;
+  Write("\n");
+}
+
+void Console::Flush() {
+  if (std::fwrite(block_.data(), 1, block_.size(), stdout) != block_.size()) failed_ = true;
+  if (std::fflush(stdout) != 0) failed_ = true;
+  block_.clear();
+}
+
+bool Console::Finish() {
+  Flush();
+  return !failed_;
+}
+
+void Console::Warn(std::string_view text) const {
+  const std::string line = "zentab-cli: " + std::string(text) + '\n';
+  // Where standard error is gone there is nobody to tell.
+  [[maybe_unused]] const std::size_t dropped = std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+Exit Console::Fail(std::string_view text) const {
+  Warn(text);
+  return Exit::Failed;
+}
+
+Exit Console::Misused(std::string_view text) const {
+  Warn(text);
+  return Exit::WrongUsage;
+}
+
+}  // namespace zentab::cli

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zentab::cli {
+
+/// Exit codes of the program.
+enum class Exit { Done = 0, Failed = 1, WrongUsage = 2 };
+
+/// What a command says: results on standard output, in blocks, and messages on standard error.
+class Console {
+ public:
+  /// Adds to standard output as it is.
+  void Write(std::string_view text);
+  /// Adds a line.
+  void WriteLine(std::string_view text);
+  /// Passes on what was written so far.
+  void Flush();
+  /// Passes on the rest; false when any of the output could not be written.
+  [[nodiscard]] bool Finish();
+
+  /// "zentab-cli: TEXT" on standard error.
+  void Warn(std::string_view text) const;
+  /// The same, for a command that ends with it.
+  [[nodiscard]] Exit Fail(std::string_view text) const;
+  [[nodiscard]] Exit Misused(std::string_view text) const;
+
+ private:
+  std::string block_;
+  bool failed_ = false;
+};
+
+}  // namespace zentab::cli

@@ -1,0 +1,67 @@
+#include "cli/input_file.h"
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <random>
+
+#include "platform/paths.h"
+
+namespace zentab::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::error_code ErrorOfReading(const fs::path& path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (error) return error;
+  if (fs::is_directory(status)) return std::make_error_code(std::errc::is_a_directory);
+  if (!fs::is_regular_file(status)) return std::make_error_code(std::errc::not_supported);
+  if (std::ifstream(path, std::ios::binary).is_open()) return {};
+  return std::make_error_code(std::errc::permission_denied);
+}
+
+template <class Take>
+void ReadStandardInput(Take take) {
+  std::array<char, 64u << 10> block;
+  while (const std::size_t count = std::fread(block.data(), 1, block.size(), stdin)) {
+    take(std::string_view(block.data(), count));
+  }
+}
+
+}  // namespace
+
+InputFile::InputFile(const std::string& name)
+    : name_(name == "-" ? "standard input" : name), path_(platform::ToPath(name)) {
+  error_ = name == "-" ? Spool() : ErrorOfReading(path_);
+}
+
+InputFile::~InputFile() {
+  // A temporary file that stays is the system's to remove.
+  std::error_code dropped;
+  if (temporary_) fs::remove(path_, dropped);
+}
+
+std::error_code InputFile::Spool() {
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  if (error) return error;
+  std::random_device random;
+  path_ = folder / ("zentab-cli-" + std::to_string(random()) + std::to_string(random()));
+  std::ofstream file(path_, std::ios::binary);
+  temporary_ = file.is_open();
+  ReadStandardInput([&](std::string_view bytes) {
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  });
+  file.close();
+  return file ? std::error_code() : std::make_error_code(std::errc::io_error);
+}
+
+std::string StandardInput() {
+  std::string text;
+  ReadStandardInput([&](std::string_view bytes) { text += bytes; });
+  return text;
+}
+
+}  // namespace zentab::cli

@@ -1,0 +1,48 @@
+#include <iostream>
+
+#include "cli/command.h"
+#include "platform/console_streams.h"
+
+namespace zentab::cli {
+namespace {
+
+Exit Run(const std::vector<std::string>& arguments) {
+  CLI::App program(
+      "Relay curve tables without a window.\nExit codes: 0 done, 1 the operation "
+      "failed or found nothing, 2 wrong usage.",
+      "zentab-cli");
+  program.set_version_flag("--version", "zentab-cli " ZENTAB_VERSION);
+  program.require_subcommand(0, 1);
+  program.failure_message([](const CLI::App* failed, const CLI::Error& error) {
+    return "zentab-cli: " + std::string(error.what()) + "\nRun with --help for the usage of " +
+           failed->get_name() + ".\n";
+  });
+  Commands commands{program, {}};
+  AddTableCommands(commands);
+  AddTextCommands(commands);
+  AddTimeTestCommands(commands);
+  AddGraphCommands(commands);
+  AddCleanCommand(commands);
+  AddEvalCommand(commands);
+  AddCheckCommand(commands);
+  try {
+    // The parser takes its arguments from the back.
+    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error) == 0 ? Exit::Done : Exit::WrongUsage;
+  }
+  Console console;
+  if (!commands.chosen) return console.Misused("a command is needed; --help lists them");
+  const Exit exit = commands.chosen(console);
+  if (console.Finish()) return exit;
+  return console.Fail("standard output cannot be written");
+}
+
+}  // namespace
+}  // namespace zentab::cli
+
+int main(int count, char** values) {
+  std::ios::sync_with_stdio(false);
+  zentab::platform::UsePlainStreams();
+  return static_cast<int>(zentab::cli::Run(zentab::platform::ProgramArguments(count, values)));
+}

@@ -1,0 +1,25 @@
+#include "cli/numbers.h"
+
+#include <array>
+#include <charconv>
+
+#include "cli/command.h"
+#include "texts/number_text.h"
+
+namespace zentab::cli {
+
+std::string ShortestText(double number) {
+  std::array<char, 32> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+  return {buffer.data(), end};
+}
+
+double NumberOf(const std::string& text) { return texts::WholeNumber(text).value_or(0.0); }
+
+const CLI::Validator kNumber(
+    [](const std::string& text) {
+      return texts::WholeNumber(text) ? std::string() : "'" + text + "' is no decimal number";
+    },
+    "NUMBER");
+
+}  // namespace zentab::cli

@@ -1,0 +1,298 @@
+#include <nlohmann/json.hpp>
+
+#include "app/library_commands.h"
+#include "cli/command.h"
+#include "cli/entries.h"
+#include "cli/input_file.h"
+#include "editor/grid_points.h"
+#include "exchange/entry_copy.h"
+#include "platform/line_reader.h"
+#include "platform/paths.h"
+#include "tables/entry_line.h"
+#include "tables/table_library.h"
+#include "texts/line_encoding.h"
+#include "texts/number_text.h"
+
+namespace zentab::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using tables::Instrument;
+
+const std::map<std::string, Instrument> kInstruments = {
+    {"current", Instrument::Current}, {"voltage", Instrument::Voltage}, {"none", Instrument::None}};
+
+std::string NameOf(Instrument instrument) {
+  for (const auto& [name, kind] : kInstruments) {
+    if (kind == instrument) return name;
+  }
+  return {};
+}
+
+std::string Digit(bool flag) { return flag ? "1" : "0"; }
+std::string Digit(Instrument instrument) { return std::to_string(static_cast<int>(instrument)); }
+
+Exit NotFound(const Console& console, const std::string& file, const std::string& entry) {
+  return console.Fail(file + ": no entry '" + entry + "'");
+}
+
+Exit NotWritten(const Console& console, const std::string& file, std::error_code error) {
+  return console.Fail(file + ": not written: " + error.message());
+}
+
+// list
+
+struct ListOptions {
+  std::string file;
+  bool isLong = false;
+};
+
+void DeclareList(CLI::App& command, ListOptions& options) {
+  command.add_option("FILE", options.file, "Table file, - for standard input")->required();
+  command.add_flag("--long", options.isLong,
+                   "Line number (from 0), number of points, ms (0 or 1), absolute values (0 or 1), "
+                   "instrument (0, 1 current, 2 voltage) and name, between tabs");
+}
+
+std::string LongLine(const tables::NamedLine& line, std::string_view bytes) {
+  const tables::ParsedEntry entry = tables::ParseEntryLine(texts::DecodeLine(bytes));
+  return std::to_string(line.number) + '\t' + std::to_string(entry.points.size()) + '\t' +
+         Digit(entry.milliseconds.value_or(false)) + '\t' +
+         Digit(entry.absoluteValues.value_or(false)) + '\t' +
+         Digit(entry.instrument.value_or(Instrument::None)) + '\t' + line.name;
+}
+
+Exit List(const ListOptions& options, Console& console) {
+  const InputFile file(options.file);
+  if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
+  platform::LineReader reader(file.Path());
+  platform::RawLine line;
+  for (std::size_t number = 0; reader.Next(line); ++number) {
+    std::optional<std::string> name = tables::ParseEntryName(line.text);
+    if (!name) continue;
+    console.WriteLine(options.isLong ? LongLine({number, *std::move(name)}, line.text) : *name);
+  }
+  return Exit::Done;
+}
+
+// show
+
+struct ShowOptions {
+  std::string file;
+  std::string entry;
+  std::string format = "tsv";
+};
+
+void DeclareShow(CLI::App& command, ShowOptions& options) {
+  command.add_option("FILE", options.file, "Table file, - for standard input")->required();
+  command.add_option("ENTRY", options.entry, "Name, or #N for line number N from 0")->required();
+  command
+      .add_option(
+          "--format", options.format,
+          "tsv: a remark with name and settings, then LOAD, tab, TIME a line; csv: the same "
+          "points with commas below a title; json: one object")
+      ->check(CLI::IsMember({"tsv", "csv", "json"}))
+      ->capture_default_str();
+}
+
+std::string JsonOf(const std::string& name, const tables::ParsedEntry& entry,
+                   const editor::CurveGrid& grid) {
+  nlohmann::ordered_json points = nlohmann::ordered_json::array();
+  for (std::size_t at = 0; at < entry.points.size(); ++at) {
+    const int row = editor::kFirstRow + static_cast<int>(at);
+    points.push_back({texts::WholeNumber(grid.Cell(row, editor::kLoadColumn)).value_or(0.0),
+                      texts::WholeNumber(grid.Cell(row, editor::kTimeColumn)).value_or(0.0)});
+  }
+  const nlohmann::ordered_json object = {
+      {"name", name},
+      {"milliseconds", entry.milliseconds.value_or(false)},
+      {"absolute", entry.absoluteValues.value_or(false)},
+      {"instrument", NameOf(entry.instrument.value_or(Instrument::None))},
+      {"points", points}};
+  return object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + '\n';
+}
+
+Exit Show(const ShowOptions& options, Console& console) {
+  const InputFile file(options.file);
+  if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
+  const std::optional<FoundEntry> found = FindEntry(file.Path(), options.entry);
+  const std::optional<std::string> line =
+      found ? tables::ReadEntryLine(file.Path(), found->line) : std::nullopt;
+  if (!line) return NotFound(console, file.Name(), options.entry);
+  const tables::ParsedEntry entry = tables::ParseEntryLine(*line);
+  editor::CurveGrid grid;
+  editor::ShowPoints(grid, entry.points, ".");
+  if (options.format == "json") {
+    console.Write(JsonOf(found->name, entry, grid));
+  } else if (options.format == "csv") {
+    console.Write("load,time\n" + GridLines(grid, ','));
+  } else {
+    console.WriteLine("# " + found->name + "\tms=" + Digit(entry.milliseconds.value_or(false)) +
+                      "\tabsolute=" + Digit(entry.absoluteValues.value_or(false)) +
+                      "\tinstrument=" + Digit(entry.instrument.value_or(Instrument::None)));
+    console.Write(GridLines(grid));
+  }
+  return Exit::Done;
+}
+
+// add, update
+
+struct StoreOptions {
+  std::string file;
+  std::string entry;  // the new name, or the entry to replace
+  std::string points = "-";
+  bool milliseconds = false;
+  bool absolute = false;
+  Instrument instrument = Instrument::None;
+};
+
+void DeclareStore(CLI::App& command, StoreOptions& options) {
+  command
+      .add_option("--points", options.points,
+                  "File of points, LOAD, tab, TIME a line; - for standard input")
+      ->capture_default_str();
+  command.add_flag("--ms", options.milliseconds, "Times are milliseconds, not seconds");
+  command.add_flag("--absolute", options.absolute,
+                   "Loads are amperes or volts, not multiples of the pickup value");
+  command.add_option("--instrument", options.instrument, "current, voltage or none")
+      ->transform(CLI::CheckedTransformer(kInstruments, CLI::ignore_case).description(""));
+}
+
+void DeclareAdd(CLI::App& command, StoreOptions& options) {
+  command.add_option("FILE", options.file, "Table file; a missing one is created")->required();
+  command.add_option("NAME", options.entry, "Name of the new entry")->required();
+  DeclareStore(command, options);
+}
+
+void DeclareUpdate(CLI::App& command, StoreOptions& options) {
+  command.add_option("FILE", options.file, "Table file")->required();
+  command.add_option("ENTRY", options.entry, "Name, or #N for line number N from 0")->required();
+  DeclareStore(command, options);
+}
+
+// The file's own path: names of the installation are not looked for.
+std::string FullPath(const std::string& file) {
+  return platform::ToText(fs::absolute(platform::ToPath(file)));
+}
+
+bool TakePoints(const StoreOptions& options, app::Session& session, Console& console) {
+  const InputFile file(options.points);
+  std::string text;
+  if (!file.Error()) {
+    platform::LineReader reader(file.Path());
+    platform::RawLine line;
+    while (reader.Next(line)) text.append(line.text).append("\n");
+  }
+  const PointLines lines = ReadPointLines(text);
+  if (file.Error() || !lines.error.empty()) {
+    console.Warn(file.Name() + ": " + (file.Error() ? file.Error().message() : lines.error));
+    return false;
+  }
+  int row = editor::kFirstRow;
+  for (const tables::CurvePoint& point : lines.points) {
+    session.table.grid.SetCell(row, editor::kLoadColumn, point.load);
+    session.table.grid.SetCell(row, editor::kTimeColumn, point.time);
+    ++row;
+  }
+  session.tablePath = FullPath(options.file);
+  session.modes.milliseconds = options.milliseconds;
+  session.modes.absoluteValues = options.absolute;
+  session.instrument = options.instrument;
+  return true;
+}
+
+Exit Add(const StoreOptions& options, Console& console) {
+  app::Session session;
+  if (!TakePoints(options, session, console)) return Exit::Failed;
+  app::LibraryCommands library(session, platform::SystemFiles());
+  library.FillEntryList();
+  switch (library.EnterName(options.entry)) {
+    case app::NameResult::Added:
+      return Exit::Done;
+    case app::NameResult::Empty:
+      return console.Misused("an entry needs a name");
+    case app::NameResult::Duplicate:
+      return console.Fail(options.file + ": has an entry '" + options.entry + "' already");
+    case app::NameResult::NotWritten:
+      break;
+  }
+  return console.Fail(options.file + ": cannot be written");
+}
+
+Exit Update(const StoreOptions& options, Console& console) {
+  app::Session session;
+  const fs::path path = platform::ToPath(options.file);
+  const std::optional<FoundEntry> found = FindEntry(path, options.entry);
+  if (!found) return NotFound(console, options.file, options.entry);
+  if (!TakePoints(options, session, console)) return Exit::Failed;
+  const std::error_code error =
+      tables::ReplaceEntry(platform::SystemFiles(), path, found->line,
+                           {found->name, editor::PointRows(session.table.grid),
+                            options.milliseconds, options.absolute, options.instrument});
+  return error ? NotWritten(console, options.file, error) : Exit::Done;
+}
+
+// remove
+
+struct RemoveOptions {
+  std::string file;
+  std::string entry;
+};
+
+void DeclareRemove(CLI::App& command, RemoveOptions& options) {
+  command.add_option("FILE", options.file, "Table file")->required();
+  command.add_option("ENTRY", options.entry, "Name, or #N for line number N from 0")->required();
+}
+
+Exit Remove(const RemoveOptions& options, Console& console) {
+  const fs::path path = platform::ToPath(options.file);
+  const std::optional<FoundEntry> found = FindEntry(path, options.entry);
+  if (!found) return NotFound(console, options.file, options.entry);
+  const std::error_code error = tables::RemoveEntry(platform::SystemFiles(), path, found->line);
+  return error ? NotWritten(console, options.file, error) : Exit::Done;
+}
+
+// copy
+
+struct CopyOptions {
+  std::string source;
+  std::string target;
+  std::vector<std::string> entries;
+};
+
+void DeclareCopy(CLI::App& command, CopyOptions& options) {
+  command.add_option("SOURCE", options.source, "Table file, - for standard input")->required();
+  command.add_option("TARGET", options.target, "Table file; a missing one is created")->required();
+  command.add_option("ENTRY", options.entries, "Names, or #N for line number N from 0")->required();
+}
+
+Exit Copy(const CopyOptions& options, Console& console) {
+  const InputFile source(options.source);
+  if (source.Error()) return console.Fail(source.Name() + ": " + source.Error().message());
+  std::vector<bool> selected;
+  for (const std::string& entry : options.entries) {
+    const std::optional<FoundEntry> found = FindEntry(source.Path(), entry);
+    if (!found) return NotFound(console, source.Name(), entry);
+    if (selected.size() <= found->line) selected.resize(found->line + 1);
+    selected[found->line] = true;
+  }
+  const exchange::CopyResult result = exchange::CopyEntries(
+      platform::SystemFiles(), source.Path(), selected, platform::ToPath(options.target));
+  return result.error ? NotWritten(console, options.target, result.error) : Exit::Done;
+}
+
+}  // namespace
+
+void AddTableCommands(Commands& commands) {
+  AddCommand(commands, "list", "The names of a table file's entries, in file order", DeclareList,
+             List);
+  AddCommand(commands, "show", "The points and settings of an entry", DeclareShow, Show);
+  AddCommand(commands, "add", "Adds an entry under a new name", DeclareAdd, Add);
+  AddCommand(commands, "update", "Replaces an entry's points and settings, keeping its name",
+             DeclareUpdate, Update);
+  AddCommand(commands, "remove", "Takes an entry out of the file", DeclareRemove, Remove);
+  AddCommand(commands, "copy", "Adds entries of one table file to another, unchanged", DeclareCopy,
+             Copy);
+}
+
+}  // namespace zentab::cli

@@ -1,0 +1,164 @@
+#include "cli/command.h"
+#include "cli/input_file.h"
+#include "cli/numbers.h"
+#include "platform/paths.h"
+#include "texts/apply_texts.h"
+#include "texts/number_text.h"
+#include "timetest/import_pipeline.h"
+#include "timetest/section_lines.h"
+
+namespace zentab::cli {
+namespace {
+
+// entry
+
+struct EntryOptions {
+  std::string result;
+  std::string heading;
+  std::string number;
+};
+
+void DeclareEntry(CLI::App& command, EntryOptions& options) {
+  command.add_option("RESULT", options.result, "Result file, - for standard input")->required();
+  command.add_option("HEADING", options.heading, "Beginning of the section's heading")->required();
+  command.add_option("NUMBER", options.number, "Number of the entry")->required();
+}
+
+Exit Entry(const EntryOptions& options, Console& console) {
+  const InputFile result(options.result);
+  if (result.Error()) return console.Fail(result.Name() + ": " + result.Error().message());
+  std::string secondKey;
+  const std::string value =
+      timetest::ReadSectionEntry(options.number, options.heading, secondKey, result.Path(),
+                                 timetest::kSeparator, timetest::kEndMarker);
+  if (value.empty()) return console.Fail(result.Name() + ": no entry " + options.number);
+  console.WriteLine(value);
+  return Exit::Done;
+}
+
+// import
+
+struct ImportArguments {
+  std::string result;
+  std::string heading;
+  std::string install;
+  std::string instrument;
+  std::string catalogue;
+  std::string trace;
+  std::string pickup;
+  std::string timeout;
+  std::string difference;
+  std::string filter;
+  std::string mean;
+  bool absolute = false;
+  bool milliseconds = false;
+};
+
+const CLI::Validator kShortInteger(
+    [](const std::string& text) {
+      return texts::ShortInteger(text) ? std::string() : "'" + text + "' is no 16-bit integer";
+    },
+    "INTEGER");
+
+void DeclareImport(CLI::App& command, ImportArguments& options) {
+  CLI::Option* const result =
+      command.add_option("RESULT", options.result, "Result file, - for standard input");
+  CLI::Option* const heading =
+      command.add_option("--heading", options.heading, "Beginning of the section's heading");
+  CLI::Option* const install = command.add_option(
+      "--install", options.install,
+      "In place of both: an installation folder, with the result file and heading of");
+  CLI::Option* const instrument =
+      command.add_option("--instrument", options.instrument, "current or voltage")
+          ->check(CLI::IsMember({"current", "voltage"}));
+  result->needs(heading)->excludes(install);
+  heading->needs(result)->excludes(install);
+  install->needs(instrument);
+  instrument->needs(install);
+  command.add_option("--catalogue", options.catalogue,
+                     "Text catalogue with equations and defaults for the options below");
+  command.add_flag("--absolute", options.absolute,
+                   "Loads stay as read, else they are divided by the pickup value");
+  command.add_flag("--ms", options.milliseconds, "Times stay milliseconds, else seconds");
+  command.add_option("--pickup", options.pickup, "Pickup value; 0 or none leaves loads as read")
+      ->check(kNumber);
+  command.add_option("--diff", options.difference, "Difference type")->check(kShortInteger);
+  command.add_option("--filter", options.filter, "Filter type")->check(kShortInteger);
+  command.add_option("--mean", options.mean, "Width of the running mean")->check(kShortInteger);
+  command
+      .add_option("--timeout", options.timeout, "Timeout level; below 1: 99 % of the longest time")
+      ->check(kNumber);
+  command.add_option("--trace", options.trace, "File that gets the stages of the import");
+}
+
+// A catalogue is applied to no window.
+class NoWindow : public texts::TextTarget {
+ public:
+  void SetCaption(std::string_view, std::string_view) override {}
+  void SetTooltip(std::string_view, std::string_view) override {}
+  void SetShown(std::string_view, bool) override {}
+  void SetPlaceholder(std::string_view, std::string_view) override {}
+  [[nodiscard]] std::string Caption(std::string_view) const override { return {}; }
+};
+
+timetest::ImportOptions Options(const ImportArguments& options,
+                                const texts::ImportSettings& settings) {
+  return {{options.absolute, options.milliseconds, NumberOf(options.pickup)},
+          texts::ShortInteger(options.difference).value_or(settings.differenceType),
+          texts::ShortInteger(options.filter).value_or(settings.filterType),
+          texts::ShortInteger(options.mean).value_or(settings.meanOver),
+          options.timeout.empty() ? settings.timeout : options.timeout};
+}
+
+Exit RunImport(const ImportArguments& arguments, const timetest::ResultSource& source,
+               const std::string& name, Console& console) {
+  texts::CatalogueTexts texts;
+  if (!arguments.catalogue.empty()) {
+    const InputFile catalogue(arguments.catalogue);
+    if (catalogue.Error()) {
+      return console.Fail(catalogue.Name() + ": " + catalogue.Error().message());
+    }
+    NoWindow window;
+    texts::ApplyTexts(catalogue.Path(), window, texts,
+                      [](std::string_view text) { return std::string(text); });
+  }
+  timetest::ImportTrace trace(platform::SystemFiles(), platform::ToPath(arguments.trace));
+  const timetest::ImportResult result =
+      timetest::ImportCurve(source, Options(arguments, texts.import), texts,
+                            arguments.trace.empty() ? nullptr : &trace, nullptr);
+  if (result.outcome == timetest::ImportOutcome::NoEntries) {
+    return console.Fail(name + ": no entries");
+  }
+  if (result.outcome != timetest::ImportOutcome::Imported) return console.Fail(result.error);
+  for (const timetest::MeasuredPoint& point : result.points) {
+    console.WriteLine(ShortestText(point.load) + '\t' + ShortestText(point.time));
+  }
+  return Exit::Done;
+}
+
+Exit Import(const ImportArguments& arguments, Console& console) {
+  if (!arguments.install.empty()) {
+    const auto instrument = arguments.instrument == "current" ? tables::Instrument::Current
+                                                              : tables::Instrument::Voltage;
+    const timetest::ResultSource source =
+        timetest::FindResultSource(platform::ToPath(arguments.install), instrument);
+    return RunImport(arguments, source, platform::ToText(source.file), console);
+  }
+  if (arguments.result.empty()) {
+    return console.Misused("import: RESULT and --heading, or --install and --instrument");
+  }
+  const InputFile result(arguments.result);
+  if (result.Error()) return console.Fail(result.Name() + ": " + result.Error().message());
+  return RunImport(arguments, {result.Path(), arguments.heading}, result.Name(), console);
+}
+
+}  // namespace
+
+void AddTimeTestCommands(Commands& commands) {
+  AddCommand(commands, "entry", "The value text of one entry of a result file", DeclareEntry,
+             Entry);
+  AddCommand(commands, "import", "The points of a time test as a curve: LOAD, tab, TIME a line",
+             DeclareImport, Import);
+}
+
+}  // namespace zentab::cli

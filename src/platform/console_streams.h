@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zentab::platform {
+
+/// The program's arguments, without its own name, as UTF-8.
+[[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** values);
+
+/// Lets standard input and output pass on every byte as it is.
+void UsePlainStreams();
+
+/// Whether standard output is a terminal.
+[[nodiscard]] bool OutputIsTerminal();
+
+}  // namespace zentab::platform

@@ -1,0 +1,99 @@
+// Runs the executable as a script would.
+#include <cstdlib>
+
+#include "support/cases.h"
+#include "support/temporary_folder.h"
+
+namespace zentab::test {
+namespace {
+
+namespace fs = std::filesystem;
+using std::string;
+
+class CommandLine : public TemporaryFolder {
+ protected:
+  // The exit code of a shell command in the test's folder.
+  [[nodiscard]] int Run(const string& command) const {
+    const string line = "cd \"" + Folder().string() + "\" && " + command;
+    const int status = std::system(line.c_str());
+#ifdef _WIN32
+    return status;
+#else
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+#endif
+  }
+
+  void RunCases(const string& section) const {
+    for (const auto& row : Cases("cli.txt", section)) {
+      ASSERT_EQ(row.size(), 5u) << row[0];
+      Write("in", row[1]);
+      const int exit = Run("\"" PROGRAM "\" " + row[0] + " <in >out 2>err");
+      const string messages = BytesOf(Folder() / "err");
+      EXPECT_EQ(std::to_string(exit), row[4]) << row[0] << "\n" << messages;
+      EXPECT_EQ(BytesOf(Folder() / "out"), row[2]) << row[0];
+      EXPECT_NE(messages.find(row[3]), string::npos) << row[0] << "\n" << messages;
+      EXPECT_EQ(messages.empty() || messages.starts_with("zentab-cli: "), true) << messages;
+      EXPECT_EQ(messages.empty(), row[3].empty()) << row[0] << "\n" << messages;
+    }
+  }
+};
+
+TEST_F(CommandLine, Tables) { RunCases("tables"); }
+TEST_F(CommandLine, Texts) { RunCases("texts"); }
+TEST_F(CommandLine, TimeTests) {
+  Write("equations.txt",
+        "VALUE.MEAN.OVER {2}\nVALUE.EQUATION.2 {t0*2}\nFILTER.EQUATION.4 {t1+*}\n");
+  RunCases("time tests");
+}
+TEST_F(CommandLine, Graphs) { RunCases("graphs"); }
+TEST_F(CommandLine, Clean) { RunCases("clean"); }
+TEST_F(CommandLine, Eval) { RunCases("eval"); }
+TEST_F(CommandLine, Usage) {
+  RunCases("usage");
+  // What the help of the program lists, every command explains.
+  for (const char* const command :
+       {"list", "show", "add", "update", "remove", "copy", "text", "expand", "entry", "import",
+        "grh", "grh-read", "clean", "eval", "check"}) {
+    ASSERT_EQ(Run("\"" PROGRAM "\" --help >out"), 0);
+    EXPECT_NE(BytesOf(Folder() / "out").find(string("\n  ") + command), string::npos) << command;
+    ASSERT_EQ(Run("\"" PROGRAM "\" " + string(command) + " --help >out"), 0);
+    EXPECT_NE(BytesOf(Folder() / "out").find("Usage: zentab-cli " + string(command)), string::npos);
+  }
+}
+
+TEST_F(CommandLine, AWriteThatIsRefusedLeavesTheFile) {
+  const fs::path library = Write("lib.dat", "{\"A\"\t(1;2) 001}\n");
+  fs::permissions(library,
+                  fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                  fs::perm_options::remove);
+  Write("in", "5\t6\n");
+  for (const char* const command : {"add lib.dat B", "update lib.dat A", "remove lib.dat A"}) {
+    EXPECT_EQ(Run("\"" PROGRAM "\" " + string(command) + " <in 2>err"), 1) << command;
+  }
+  EXPECT_EQ(BytesOf(library), "{\"A\"\t(1;2) 001}\n");
+  EXPECT_EQ(Names(), (std::vector<string>{"err", "in", "lib.dat"}));
+}
+
+#ifndef _WIN32
+// The script that the documentation shows, on the demo installation.
+TEST_F(CommandLine, TheScriptOfTheDocumentationRuns) {
+  fs::copy(DEMO_INSTALLATION, Folder(), fs::copy_options::recursive);
+  const string path = fs::path(PROGRAM).parent_path().string();
+  ASSERT_EQ(Run("PATH=\"" + path + ":$PATH\" sh \"" NIGHT_TEST_SCRIPT "\" . >out 2>err"), 0)
+      << BytesOf(Folder() / "err");
+  EXPECT_EQ(BytesOf(Folder() / "err"), "");
+  EXPECT_NE(BytesOf(Folder() / "feeder12.grh").find("@A "), string::npos);
+  ASSERT_EQ(Run("\"" PROGRAM "\" show night.dat \"Feeder 12\" >out"), 0);
+  EXPECT_TRUE(
+      BytesOf(Folder() / "out").starts_with("# Feeder 12\tms=0\tabsolute=0\tinstrument=1\n"));
+}
+
+TEST_F(CommandLine, AnOutputThatCannotBeWrittenFails) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  EXPECT_EQ(Run("\"" PROGRAM "\" eval 1 >/dev/full 2>err"), 1);
+  EXPECT_NE(BytesOf(Folder() / "err").find("standard output"), string::npos);
+}
+#endif
+
+}  // namespace
+}  // namespace zentab::test

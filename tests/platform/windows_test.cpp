@@ -1,0 +1,138 @@
+// The Windows side of the platform layer, on the real system.
+#include <windows.h>
+#undef ReplaceFile
+
+#include <fstream>
+
+#include "platform/ansi_code_page.h"
+#include "platform/character_case.h"
+#include "platform/locale_queries.h"
+#include "platform/paths.h"
+#include "platform/registry.h"
+#include "platform/safe_file_replacement.h"
+#include "platform/settings_store.h"
+#include "platform/shared_library.h"
+#include "support/simulated_modules.h"
+#include "support/temporary_folder.h"
+
+namespace zentab::platform {
+namespace {
+
+constexpr const char* kKey = "Software\\ZentabTest";
+
+class WindowsRegistryTest : public ::testing::Test {
+ protected:
+  ~WindowsRegistryTest() override { RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
+
+  static void Set(const char* name, DWORD type, std::string_view bytes) {
+    ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, kKey, name, type, bytes.data(),
+                              static_cast<DWORD>(bytes.size())),
+              ERROR_SUCCESS);
+  }
+  [[nodiscard]] static std::string Value(const char* name) {
+    return SystemRegistry()->ReadRegistryValue(RootKey::CurrentUser, kKey, name).value_or("none");
+  }
+};
+
+TEST_F(WindowsRegistryTest, GivesTextsAndNumbers) {
+  using namespace std::string_view_literals;
+  Set("text", REG_SZ, "C:\\MIRAX\0behind"sv);
+  Set("open", REG_SZ, "C:\\no end");
+  Set("ansi", REG_SZ,
+      "C:\\Pr\xFC"
+      "fger\xE4t");
+  Set("empty", REG_SZ, "");
+  Set("number", REG_DWORD, "\x1F\0\0\x80"sv);
+  Set("longest", REG_SZ, std::string(1023, 'x') + '\0');
+  Set("longer", REG_SZ, std::string(1024, 'x') + '\0');
+  EXPECT_EQ(Value("text"), "C:\\MIRAX");
+  EXPECT_EQ(Value("open"), "C:\\no end");
+  EXPECT_EQ(Value("ansi"), "C:\\Pr\u00FCfger\u00E4t");
+  EXPECT_EQ(Value("empty"), "");
+  EXPECT_EQ(Value("number"), "2147483679");
+  EXPECT_EQ(Value("longest").size(), 1023u);
+  EXPECT_EQ(Value("longer"), "none");
+  EXPECT_EQ(Value("missing"), "none");
+  EXPECT_FALSE(SystemRegistry()->ReadRegistryValue(RootKey::LocalMachine, kKey, "text"));
+}
+
+TEST_F(WindowsRegistryTest, KeepsSettingsOfEveryAlphabet) {
+  const auto store = UserSettingsStore();
+  const std::string path = "C:\\\u00DCber\\\u53D8\u7535\u7AD9.dat";
+  ASSERT_FALSE(store->Save("ZentabTest", "Settings", {{"TableName", path}, {"NomLoad1", ""}}));
+  EXPECT_EQ(store->Read("ZentabTest", "settings", "TableName"), path);
+  EXPECT_EQ(store->Read("ZentabTest", "Settings", "NomLoad1"), "");
+  EXPECT_FALSE(store->Read("ZentabTest", "Settings", "AbsValues"));
+}
+
+TEST(WindowsTexts, PassThroughTheCodePageOfTheSystem) {
+  std::string bytes;
+  for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  EXPECT_EQ(ToAnsi(FromAnsi(bytes)), bytes);
+  EXPECT_EQ(FromAnsi("\xFC"), "\u00FC");
+  EXPECT_FALSE(ToAnsi("\u53D8"));
+  EXPECT_FALSE(ToAnsi("\xFF"));
+  EXPECT_EQ(LowerCase("\u00DCBER \u0416"), "\u00FCber \u0436");
+  EXPECT_TRUE(UserDecimalSeparator().has_value());
+  EXPECT_NE(SystemLocaleIdentifier(), 0u);
+  EXPECT_NE(MonthAbbreviation(11), MonthAbbreviation(12));
+}
+
+class WindowsFiles : public test::TemporaryFolder {
+ protected:
+  ~WindowsFiles() override {
+    std::filesystem::current_path(std::filesystem::temp_directory_path());
+  }
+};
+
+TEST_F(WindowsFiles, HaveNamesOfEveryAlphabetAndAnyCase) {
+  const auto name = ToPath("\u53D8\u7535 \u00DC.dat");
+  std::ofstream(Folder() / name) << "x";
+  EXPECT_EQ(test::BytesOf(FindFixedName(Folder(), "\u53D8\u7535 \u00FC.DAT")), "x");
+  EXPECT_EQ(ToText(name), "\u53D8\u7535 \u00DC.dat");
+  ASSERT_FALSE(ChangeCurrentFolder(Folder()));
+  EXPECT_EQ(test::BytesOf(name), "x");
+  EXPECT_TRUE(ChangeCurrentFolder(Folder() / "missing"));
+  EXPECT_EQ(BaseName(ExecutablePath()), "zentab_tests");
+}
+
+TEST_F(WindowsFiles, AreReplacedInOneStepOrNotAtAll) {
+  const auto file = Write("table.dat", "old");
+  const auto replace = [&file](std::string_view bytes) {
+    return ReplaceFile(SystemFiles(), file,
+                       [bytes](OutputFile& output) { return output.Write(bytes); });
+  };
+  EXPECT_FALSE(replace("new"));
+  EXPECT_EQ(test::BytesOf(file), "new");
+  // Someone else holds the file and shares nothing.
+  HANDLE const held =
+      CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(held, INVALID_HANDLE_VALUE);
+  EXPECT_TRUE(replace("third"));
+  CloseHandle(held);
+  EXPECT_EQ(test::BytesOf(file), "new");
+  SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_TRUE(replace("third"));
+  EXPECT_EQ(test::BytesOf(file), "new");
+  EXPECT_EQ(Names(), std::vector<std::string>{"table.dat"});
+  SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(WindowsFiles, ModulesExportTheDecoratedNamesAndNoOthers) {
+  test::InstallSimulators(Folder());
+  const std::pair<std::string_view, std::string_view> modules[] = {
+      {test::kCurrentModule, "CURRENT__getIstartUp"},
+      {test::kVoltageModule, "VOLTAGE__getUstartUp"}};
+  for (const auto& [module, getStartUp] : modules) {
+    const LoadedLibrary loaded = LoadSharedLibrary(Folder() / module);
+    ASSERT_TRUE(loaded.library) << loaded.failure;
+    EXPECT_TRUE(loaded.library->Find('_' + std::string(getStartUp) + "@0"));
+    EXPECT_FALSE(loaded.library->Find(std::string(getStartUp)));
+  }
+  const LoadedLibrary none = LoadSharedLibrary(Folder() / "missing.dll");
+  EXPECT_FALSE(none.library);
+  EXPECT_NE(none.failure.find("missing.dll: "), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zentab::platform

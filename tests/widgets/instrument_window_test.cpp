@@ -1,0 +1,270 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+
+#include "app/widgets/qt_user_dialogs.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kLibrary =
+    "{\"SI\"\t(1.5;10)(2;4.25)(3;2) 001}\r\n"
+    "{\"U> ms\"\t(100;500)(110;250) 112}\r\n"
+    "{\"None\"\t(1;2)(2;3) 000}\r\n";
+
+const QByteArray kCatalogue =
+    "F1.LOGGFILE {on}\nF1.INSTRUMENT3.TEXT {&Other}\nF1.COMMAND6.TEXT {Import}\n"
+    "F1.COMMAND5.TEXT {GRH I}\nF1.COMMAND5.TEXT2 {GRH U}\nF1.COMMAND5.TIP {hands over}\n"
+    "F1.TEXT2.TIP {I>}\nF1.TEXT2.TIP2 {U>}\nF1.INSTRUMENT1.UNIT {A}\nF1.INSTRUMENT2.UNIT {V}\n"
+    "F1.CHECK1.TEXT {abs}\nTIME.MS.TEXT {ms}\nLOAD.LABEL.ABS.TEXT {in %V}\n"
+    "LOAD.LABEL.REL.TEXT {times %U}\nTIME.LABEL.S.TEXT {time %X}\nTIME.LABEL.MS.TEXT {t in %X}\n"
+    "F1.MSGBOX6.HEAD {%U}\nF1.MSGBOX6.TXT {no %U}\n";
+
+class InstrumentWindowTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start(const std::string& separator = ".") {
+    made_ = std::make_unique<WindowFixture>(kLibrary, separator);
+    made_->Write("Zentab.txt", kCatalogue);
+    made_->Open();
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    return *made_;
+  }
+  void Click(const char* name) { made_->Find<QAbstractButton>(name)->click(); }
+  void Read(int row) {
+    auto* const list = made_->Find<QListView>("List1");
+    list->setCurrentIndex(list->model()->index(row, 0));
+    Click("Command1");
+  }
+  [[nodiscard]] bool Enabled(const char* name) const {
+    return made_->Find<QWidget>(name)->isEnabled();
+  }
+  [[nodiscard]] bool Checked(const char* name) const {
+    return made_->Find<QAbstractButton>(name)->isChecked();
+  }
+  [[nodiscard]] QString Text(const char* name) const {
+    return made_->Find<QLineEdit>(name)->text();
+  }
+  [[nodiscard]] QString Tip(const char* name) const {
+    return made_->Find<QWidget>(name)->toolTip();
+  }
+  [[nodiscard]] QString Labels() const {
+    return made_->Find<QLabel>("Label3")->text() + '|' + made_->Find<QLabel>("Label2")->text();
+  }
+  [[nodiscard]] QString Cells() const {
+    QString cells;
+    for (int row = 1; row <= 26; ++row) {
+      const auto cell = [&](int column) {
+        return QString::fromStdString(made_->session.table.grid.Cell(row, column));
+      };
+      if (!cell(1).isEmpty()) cells += cell(1) + ' ' + cell(2) + '|';
+    }
+    return cells;
+  }
+  // What the log got since it was last looked at, without times.
+  [[nodiscard]] QString TakeLog() {
+    QString log = QString::fromUtf8(made_->Bytes("Zentab.log"));
+    QFile::remove(made_->Path("Zentab.log"));
+    return log.replace(QRegularExpression("\\d\\d:\\d\\d "), QString()).replace("\r\n", "|");
+  }
+  void SetInstrument(const char* kind, const char* text) {
+    test::SetInstrument(made_->session.installFolder, kind, text);
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void AChoiceOpensItsModuleAndTheCurveGoesThereAndBack() {
+    WindowFixture& f = Start();
+    Read(2);
+    QVERIFY2(!Enabled("Command5") && Text("Text2").isEmpty(), "no instrument is chosen");
+    static_cast<void>(TakeLog());
+    Click("Option1");
+    QVERIFY(f.window->isEnabled() && QApplication::overrideCursor() == nullptr);
+    QCOMPARE(Text("Text2"), QStringLiteral("0.5"));
+    QVERIFY(Enabled("Command5") && f.session.instrument == tables::Instrument::Current);
+    QCOMPARE(f.Find<QAbstractButton>("Command5")->text(), QStringLiteral("GRH I"));
+    QCOMPARE(Tip("Text2"), QStringLiteral("I>"));
+    QCOMPARE(Labels(), QStringLiteral("times Current|time S"));
+    Click("Command5");
+    const QByteArray reference = f.Bytes("data/current/reference.grh");
+    QVERIFY(reference.contains("\r\n0.500000 2.000000 1.000000 3.000000 0.000000 "));
+    Click("Option2");
+    QCOMPARE(Text("Text2"), QStringLiteral("110.25"));
+    QCOMPARE(f.Find<QAbstractButton>("Command5")->text(), QStringLiteral("GRH U"));
+    QCOMPARE(Tip("Command5"), QStringLiteral("hands over"));
+    Click("Command5");
+    Click("Option3");
+    QVERIFY(!Enabled("Command5") && f.session.instrument == tables::Instrument::Third);
+    QCOMPARE(Tip("Text2"), QStringLiteral("I>"));
+    QCOMPARE(Text("Text2"), QStringLiteral("110.25"));
+    QCOMPARE(TakeLog(),
+             QStringLiteral(" Current selected | Close request | Open Current 1| I pickup = 0.5|"
+                            " I Writing 1 lines from None absolute values| SetRefgraph 1|"
+                            " Voltage selected | Close request | Current is Open | Close Current 1|"
+                            " Open Voltage 1| U pickup = 110.25|"
+                            " I Writing 1 lines from None absolute values| SetRefgraph 1|"
+                            "  x selected | Close request | Voltage is Open | Close Voltage 1|"));
+    const QString curve = Cells();
+    f.session.table.grid.ClearPoints();
+    f.dialogs.file = f.Path("data/voltage/reference.grh");
+    Click("Command6");
+    QCOMPARE(Cells(), curve);
+    QCOMPARE(TakeLog(), QStringLiteral(" Imported |"));
+    QVERIFY(f.session.table.tableModified && Enabled("Command4"));
+  }
+
+  void TheWindowIsBusyWhileAnInstrumentIsChosen() {
+    WindowFixture& f = Start(",");
+    SetInstrument("voltage", "fail = open\n");
+    bool closed = false;
+    bool enabled = true;
+    f.dialogs.onError = [&] {
+      enabled = f.window->isEnabled();
+      closed = f.window->close();
+      Click("Option1");
+    };
+    auto* const option2 = f.Find<QAbstractButton>("Option2");
+    option2->setFocus();
+    option2->click();
+    QVERIFY(!enabled && !closed);
+    QCOMPARE(f.dialogs.asked, std::vector<std::string>{"Voltage: no Voltage"});
+    QVERIFY(Checked("Option2") && !Enabled("Command5") && !Enabled("Command10"));
+    QCOMPARE(Text("Text2"), QStringLiteral("1"));
+    QCOMPARE(QApplication::focusWidget(), option2);
+    QVERIFY(f.window->isEnabled() && QApplication::overrideCursor() == nullptr);
+    SetInstrument("voltage", "pickup = 2.5\n");
+    Click("Option2");
+    QCOMPARE(Text("Text2"), QStringLiteral("2,5"));
+    QCOMPARE(f.dialogs.asked.size(), 1u);
+  }
+
+  void AMissingModuleIsSaidInABoxThatCanBeAnswered() {
+    WindowFixture& f = Start();
+    QVERIFY(QFile::remove(f.Path(QString::fromLatin1(test::kCurrentModule.data()))));
+    const texts::ProgramTexts texts;
+    QtUserDialogs dialogs(texts);
+    dialogs.SetParent(f.window.get());
+    bool answerable = false;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    f.dialogs.onError = [&] {
+      QTimer::singleShot(0, f.window.get(), [&] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) qFatal("there is no box");
+        icon = box->icon();
+        answerable = box->isEnabled() && box->button(QMessageBox::Ok)->isEnabled();
+        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+        if (box->isVisible()) box->reject();
+      });
+      dialogs.ReportError({"title", "text"});
+    };
+    Click("Option1");
+    QVERIFY(answerable);
+    QCOMPARE(icon, QMessageBox::Critical);
+    QVERIFY(f.window->statusBar()->currentMessage().contains("CURR_API"));
+  }
+
+  void ReadChoosesTheInstrumentOfTheEntryOnceOnly() {
+    WindowFixture& f = Start();
+    static_cast<void>(TakeLog());
+    Read(0);
+    QVERIFY(Checked("Option1") && Enabled("Command5"));
+    QCOMPARE(Text("Text2"), QStringLiteral("0.5"));
+    QCOMPARE(TakeLog(),
+             QStringLiteral(" Current selected | Close request | Open Current 1| I pickup = 0.5|"));
+    Read(0);
+    Read(2);
+    QVERIFY(Checked("Option1"));
+    QCOMPARE(TakeLog(), QString());
+    Read(1);
+    QVERIFY(Checked("Option2") && Checked("Check1") && Checked("Check2"));
+    QCOMPARE(Labels(), QStringLiteral("in V|t in mS"));
+    QVERIFY(TakeLog().endsWith(QStringLiteral(" Open Voltage 1| U pickup = 110.25|")));
+    Click("Option3");
+    Read(1);
+    QVERIFY2(Checked("Option2") && Enabled("Command5"), "the third choice is left again");
+    Click("Option3");
+    Click("Command4");
+    QVERIFY(f.Bytes().contains("(110;250) 110}"));
+  }
+
+  void ModesChangeCaptionsAndNeverTheGrid() {
+    WindowFixture& f = Start();
+    Read(0);
+    const QString curve = Cells();
+    Click("Check1");
+    QCOMPARE(Labels(), QStringLiteral("in A|time S"));
+    Click("Check2");
+    QCOMPARE(Labels(), QStringLiteral("in A|t in mS"));
+    QCOMPARE(Cells(), curve);
+    f.Find<QLineEdit>("Text2")->setText(QStringLiteral("3"));
+    f.Find<QLineEdit>("Text3")->setText(QStringLiteral("2"));
+    Click("Command5");
+    QVERIFY(f.Bytes("data/currtmp.grh").contains("\r\n1.500000 0.020000 2.000000 0.008500 "));
+    QVERIFY(TakeLog().contains(QStringLiteral(" I Writing 2 lines from SI using 3|")));
+    QVERIFY(!f.session.table.tableModified);
+  }
+
+  void TheMultiplierBeginsWithADigit() {
+    WindowFixture& f = Start(",");
+    auto* const field = f.Find<QLineEdit>("Text3");
+    field->setFocus();
+    const std::pair<const char*, const char*> cases[] = {
+        {".", ""},  {"-", ""},    {",5", "5"},  {"1,5", "1,5"}, {"1.5", "1.5"},
+        {"2x", ""}, {"1e3", "3"}, {"12", "12"}, {"1,5,", ""},   {" ", ""}};
+    for (const auto& [typed, kept] : cases) {
+      field->clear();
+      QTest::keyClicks(field, QString::fromLatin1(typed));
+      QCOMPARE(field->text(), QString::fromLatin1(kept));
+      QCOMPARE(f.session.modes.multiplier, std::string(kept));
+    }
+    for (const char* const zero : {"0", "0,00"}) {
+      field->setFocus();
+      QTest::keyClicks(field, QString::fromLatin1(zero));
+      f.Find<QWidget>("List1")->setFocus();
+      QCOMPARE(field->text(), QString());
+    }
+  }
+
+  void ImportAsksBeforeEditsAreLostAndRefusesABrokenFile() {
+    WindowFixture& f = Start();
+    f.dialogs.file = f.Path("bad.grh");
+    Click("Command6");
+    QCOMPARE(f.dialogs.asked.size(), 1u);
+    QVERIFY2(f.dialogs.asked[0].find("pickup") != std::string::npos, "relative, no pickup value");
+    Read(0);
+    const QString curve = Cells();
+    Click("Command6");
+    QVERIFY(f.dialogs.asked.back().find("bad.grh could not be read") != std::string::npos);
+    f.Write("bad.grh", "@A\r\n1\r\n1 2 3 x 0 0 0\r\n");
+    Click("Command6");
+    QVERIFY(f.dialogs.asked.back().find("bad.grh is no reference graph. Line 3: ") !=
+            std::string::npos);
+    QCOMPARE(Cells(), curve);
+    QVERIFY(!f.session.table.tableModified);
+    f.session.table.tableModified = true;
+    f.dialogs.answer = false;
+    const std::size_t asked = f.dialogs.asked.size();
+    Click("Command6");
+    QCOMPARE(f.dialogs.asked.size(), asked + 1);
+    QCOMPARE(Cells(), curve);
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::InstrumentWindowTest)
+#include "instrument_window_test.moc"
