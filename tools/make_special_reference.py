@@ -77,8 +77,12 @@ def hypergeometric_points():
                   (-7, 8.5, 1), (2.5, -1.5, 3.2), (20, 30, 40)]
     points = [-0.999, -0.8, -0.6, -0.5, -0.3, -1e-5, 1e-10, 0.2, 0.5, 0.74, 0.75, 0.76, 0.9, 0.95,
               0.99, 0.999]
+    # Terms that grow again after a pole of c + n nearly met, or from a tiny b; errors that grow where
+    # the function shrinks; a tiny value that a series would lose.
+    hard = [(0.75, 3, 1, -100.0001), (0.9, 3, 1, -100.0001), (0.5, 500, 1e-30, 1), (0.9, 1, 1, 5000),
+            (0.52, 1.34, -8.04, -255.38), (0.95, -28.03, -4.82, -26.82), (-0.25, 80.3, 11.2, 2.4)]
     ends = [(1, 0.5, 0.25, 2), (1, 30.5, -2.5, 40), (1, -3, 2, 1.5), (-1, 0.3, 0.2, 1.4), (-1, 2, 1.5, 3)]
-    return [(x, *p) for p in parameters for x in points] + ends
+    return [(x, *p) for p in parameters for x in points] + hard + ends
 
 
 POINTS = {
@@ -86,7 +90,7 @@ POINTS = {
     "gammaln": spread(1e-8, 1e6, 40) + [1, 1.01, 2, 2.01, 0.99, 171, 172, 1000, 1e10, 1e100, 1e300,
                                         1e-300, -1.5, -3.5, -99.5, -1000.5 - 1],
     "digamma": both(spread(0.01, 1000, 30)) + around(8) + [1e-12, 1, 2, 0.5, 1.4616, 1e8, 1e300],
-    "beta": beta_points() + [(-0.5, 0.7), (-2.5, 0.25), (-1.2, -2.1), (100, 200), (1e6, 3.5)],
+    "beta": beta_points() + [(-0.5, 0.7), (-2.5, 0.25), (-1.2, -2.1), (-1500.25, 2.5), (1500, -1499.25), (-1e9 + 0.25, 2.5), (100, 200), (1e6, 3.5)],
     "comb": count_pairs(),
     "perm": [(n, k) for n, k in count_pairs() if k < 1100],
     "erf": both(spread(1e-10, 7, 40)) + around(1, 6) + [1e-300, 0.5, 2, 3, 5],
@@ -104,19 +108,19 @@ POINTS = {
              [(3.7, 1.5, 0.3), (2, 5, 0.25)],
     "dbinom": count_points(), "cbinom": [p for p in count_points() if p[1] < 20000],
     "dpoisson": [(k, m) for k, m in event_points()] + [(100000, 1e5), (99000, 1e5)],
-    "cpoisson": event_points(),
+    "cpoisson": event_points() + [(k, k * f) for k in (999998, 999999) for f in (0.999, 1, 1.001)],
     "j0": both(bessel_points()) + [1e3, 1e5, 1e8], "y0": bessel_points() + [1e3, 1e5, 1e8],
     "i0": both(bessel_points()) + [700, 712], "k0": bessel_points() + around(600) + [700],
     "besselj": with_orders(bessel_points()) + [(-3.3, 3), (3.3, -3), (-30.0, -5), (1500, 7), (1e6, 4),
                                                (100.5, 100), (99.5, 100)],
     "bessely": with_orders(bessel_points()) + [(3.3, -3), (1500, 7), (1e6, 4)],
     "besseli": with_orders(bessel_points()) + [(-3.3, 3), (600, 7)],
-    "besselk": with_orders(bessel_points()) + [(3.3, -3)] + [(x, 7) for x in around(600)],
+    "besselk": with_orders(bessel_points()) + [(3.3, -3)] + [(x, 7) for x in around(600)] + [(33000, 50000)],
     "airya": both(spread(1e-5, 60, 40)) + around(-9.75, -6, -2.5, 2, 10) + [0, 1, 100, -200, -5000, -90000, -1e7, -1e10],
     "airyb": both(spread(1e-5, 60, 40)) + around(-9.75, -6, -2.5, 10) + [0, 1, 100, -200, -5000, -90000, -1e7, -1e10],
     "elli1": [(p, k) for p in (1e-6, 1, 30, 45, 60, 89, 89.999, 90, -50, 120, 270, 1000)
               for k in (0, 1e-5, 0.3, -0.7, 0.9, 0.999, 0.9999999)] +
-             [(30, 1), (80, 1), (30, 1.5), (10, 5)],
+             [(30, 1), (80, 1), (89.9999999, 1), (30, 1.5), (10, 5)],
     "elli2": [(p, k) for p in (1e-6, 1, 30, 45, 60, 89, 89.999, 90, -50, 120, 270, 1000)
               for k in (0, 1e-5, 0.3, -0.7, 0.9, 0.999, 0.9999999)] +
              [(30, 1), (80, 1), (30, 1.5), (10, 5)],
@@ -169,7 +173,38 @@ def poisson_density(k, mean):
 
 
 def poisson_distribution(k, mean):
+    if k > 1e5:  # from the last term down, until nothing is added
+        term = total = poisson_density(k, mean)
+        while term > total * mpf(10) ** -mp.dps:
+            term *= k / mean
+            total += term
+            k -= 1
+        return total
     return mp.fsum(poisson_density(i, mean) for i in range(int(k) + 1))
+
+
+def bessel_k(x, n):
+    """For large orders the trapezoidal rule about the saddle point of exp(n t - x cosh(t)) / 2."""
+    if n < 10000:
+        return mp.besselk(int(n), x)
+    saddle = mp.asinh(n / x)
+    step = 1 / (8 * mp.sqrt(mp.hypot(n, x)))
+    nodes = (saddle + k * step for k in range(-480, 481))
+    return mp.fsum(mp.exp(n * t - x * mp.cosh(t)) for t in nodes) * step / 2
+
+
+def hypergeometric(x, a, b, c):
+    """Its series where mp.hyp2f1 may end too early, while terms can still grow."""
+    if max(abs(a), abs(b), abs(c)) < 50 or abs(x) > 0.96:
+        return mp.hyp2f1(a, b, c, x)
+    term = total = mpf(1)
+    n = 0
+    while (c + n <= 0 or abs(term) > abs(total) * mpf(10) ** -mp.dps or
+           max(1, abs((a + n) / (c + n))) * max(1, abs((b + n) / (n + 1))) * abs(x) >= 1):
+        term *= (a + n) * (b + n) / ((c + n) * (n + 1)) * x
+        total += term
+        n += 1
+    return total
 
 
 def laguerre(x, n):
@@ -200,7 +235,7 @@ FUNCTIONS = {
     "besselj": lambda x, n: mp.besselj(int(n), x),
     "bessely": lambda x, n: mp.bessely(int(n), x),
     "besseli": lambda x, n: mp.besseli(int(n), x),
-    "besselk": lambda x, n: mp.besselk(int(n), x),
+    "besselk": bessel_k,
     "airya": mp.airyai,
     "airyb": mp.airybi,
     "elli1": lambda phi, k: mp.ellipf(phi * mp.pi / 180, k * k),
@@ -216,7 +251,7 @@ FUNCTIONS = {
     "polyla": laguerre,
     "polyhe": lambda x, n: mp.hermite(int(n), x),
     "polych": lambda x, n: mp.chebyt(int(n), x),
-    "hypgeom": lambda x, a, b, c: mp.hyp2f1(a, b, c, x),
+    "hypgeom": hypergeometric,
 }
 
 

@@ -24,6 +24,7 @@ TEST(SpecialFunctions, RefuseWithTheirMessages) {
       {"hypgeom(1,1,1,2)", kDivergent},
       {"hypgeom(-1,1,2,2)", kDivergent},
       {"hypgeom(0.7,-80.5,90,1.5)", "Warning! You should check the accuracy"},
+      {"hypgeom(-0.25,330,46,10)", "Warning! You should check the accuracy"},
       {"hypgeom(1,1,1,1E20)", "Warning! You should check the accuracy"},
       {"gammai(170.5,1)", kTooLarge},
       {"gammai(1,700.5)", kTooLarge},

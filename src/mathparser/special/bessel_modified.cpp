@@ -129,7 +129,8 @@ double HighOrderI(double n, double x) {
   return static_cast<double>(atOrder / here * LowOrderI(0, x));
 }
 
-// I_n(x). Domain: all x until it overflows near 714, whole |n| <= 50000. Method: power series up to
+// I_n(x). Domain: all x until it overflows, near 714 for low orders and from 2880 on for all; whole
+// |n| <= 50000. Method: power series up to
 // 20 (Abramowitz & Stegun 9.6.10), asymptotic expansion beyond (9.7.1); orders above 1 by the
 // recurrence downwards. Error: measured up to 2.6e-16 relative.
 double BesselI(double x, double n) {
@@ -145,24 +146,34 @@ double BesselI(double x, double n) {
 
 // K_n(x). Domain: x > 0, whole |n| <= 50000. Method: power series up to 2 (Abramowitz & Stegun
 // 9.6.13), the trapezoidal rule on its integral (9.6.24) up to 20, asymptotic expansion beyond
-// (9.7.2); orders above 1 by the recurrence upwards. Error: measured up to 2.0e-16 relative.
+// (9.7.2); orders above 1 by the recurrence upwards. Error:
+// measured up to 2.0e-16 relative for n up to 100, 8.1e-16 at 50000.
 double BesselK(double x, double n) {
   if (x <= 0.0 || !IsWholeNumber(n) || std::abs(n) > kLargestOrder) return kNoNumber;
   const double order = std::abs(n);
   if (order <= 1.0) return static_cast<double>(LowOrderK(static_cast<int>(order), x));
   if (x > 1e8) return 0.0;
-  // Scaled by e^x, whose inverse underflows before a high order does.
+  // Scaled by e^x, whose inverse underflows before a high order does; where the scaled one would
+  // overflow in turn, the scale is taken back piece by piece.
   const bool isScaled = x > 600.0;
   Wide before = isScaled ? ScaledLowOrderK(0, x) : LowOrderK(0, x);
   Wide here = isScaled ? ScaledLowOrderK(1, x) : LowOrderK(1, x);
   const Wide twoOverX = 2.0L / static_cast<Wide>(x);
+  Wide power = isScaled ? static_cast<Wide>(x) : 0.0L;  // what is left of the scale
   for (double k = 1.0; k < order && std::isfinite(here); k += 1.0) {
     const Wide next = before + static_cast<Wide>(k) * twoOverX * here;
     before = here;
     here = next;
+    if (power > 0.0L && here > 1e200L) {
+      const Wide part = std::min(power, 460.0L);
+      const Wide factor = std::exp(-part);
+      before *= factor;
+      here *= factor;
+      power -= part;
+    }
   }
   if (!std::isfinite(here)) return kNoNumber;
-  return static_cast<double>(isScaled ? std::exp(-static_cast<Wide>(x)) * here : here);
+  return static_cast<double>(std::exp(-power) * here);
 }
 
 double I0(double x) { return BesselI(x, 0.0); }

@@ -21,8 +21,17 @@ double StirlingRest(double x) {
   return sum / x;
 }
 
-// x ln(x / m) + m - x without the cancellation near x = m (Loader, Fast and accurate computation
-// of binomial probabilities, 2000).
+// ln of (gamma(a + b) / gamma(b)) for b >= 16 and a small beside it.
+DoubleDouble LogOfRise(double a, double b) {
+  const DoubleDouble sum = SumOf(a, b);
+  return DoubleDouble(a) * (Log(sum) - DoubleDouble(1.0)) +
+         (DoubleDouble(b) - DoubleDouble(0.5)) * LogOnePlus(DoubleDouble(a) / DoubleDouble(b)) +
+         DoubleDouble(StirlingRest(sum.high) - StirlingRest(b));
+}
+
+}  // namespace
+
+// Loader, Fast and accurate computation of binomial probabilities, 2000.
 DoubleDouble Deviance(double x, DoubleDouble m) {
   const DoubleDouble difference = DoubleDouble(x) - m;
   const DoubleDouble sum = DoubleDouble(x) + m;
@@ -36,16 +45,6 @@ DoubleDouble Deviance(double x, DoubleDouble m) {
   for (double j = 17.0; j >= 3.0; j -= 2.0) series = series * square + 1.0 / j;
   return difference * v + DoubleDouble(2.0 * x * v.high * square * series);
 }
-
-// ln of (gamma(a + b) / gamma(b)) for b >= 16 and a small beside it.
-DoubleDouble LogOfRise(double a, double b) {
-  const DoubleDouble sum = SumOf(a, b);
-  return DoubleDouble(a) * (Log(sum) - DoubleDouble(1.0)) +
-         (DoubleDouble(b) - DoubleDouble(0.5)) * LogOnePlus(DoubleDouble(a) / DoubleDouble(b)) +
-         DoubleDouble(StirlingRest(sum.high) - StirlingRest(b));
-}
-
-}  // namespace
 
 Wide PoissonTerm(double a, double x) {
   if (a == 0.0) return std::exp(-x);

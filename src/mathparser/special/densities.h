@@ -8,6 +8,9 @@ namespace zentab::mathparser {
 /// From here on products of gammas and powers go through Stirling's form, not through pairs.
 inline constexpr double kLargeArgument = 1000.0;
 
+/// x ln(x / m) + m - x for x, m > 0, without the cancellation near x = m.
+[[nodiscard]] DoubleDouble Deviance(double x, DoubleDouble m);
+
 /// x^a e^-x / gamma(a + 1), for a >= 0 and x > 0.
 [[nodiscard]] Wide PoissonTerm(double a, double x);
 

@@ -105,11 +105,13 @@ double SecondPart(const Angle& angle, double k) {
 
 const Angle kQuarter(90.0);
 
-// Whether the integrand stays real, and finite if it must, all the way to the angle.
+// Whether the integrand stays real, and finite if it must, all the way to the angle. A sine that
+// rounds to 1 does not tell whether k = 1 has reached its pole.
 bool IsInside(const Angle& angle, double k, bool mayEndInPole) {
-  const double most = angle.turns == 0.0 ? std::abs(k * angle.sine) : std::abs(k);
-  return mayEndInPole ? most <= 1.0
-                      : most < 1.0 || (most == 1.0 && angle.turns == 0.0 && std::abs(k) > 1.0);
+  const double size = std::abs(k);
+  if (angle.turns != 0.0) return mayEndInPole ? size <= 1.0 : size < 1.0;
+  if (size == 1.0) return mayEndInPole || angle.cosine > 0.0;
+  return size < 1.0 || std::abs(k * angle.sine) <= 1.0;
 }
 
 // Legendre's integral F(phi, k), the angle in degrees. Domain: |k sin(phi)| <= 1, all angles for

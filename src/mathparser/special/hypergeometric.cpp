@@ -10,7 +10,9 @@ namespace {
 constexpr double kSeriesEnd = 0.75;  // beyond, steps towards 1 are quicker than the series
 constexpr int kMostTerms = 20000;
 constexpr double kLargestForPairs = 1e9;  // of parameters: the pairs keep 14 digits
+constexpr Wide kLargestShare = 1e-8L;     // of errors in a value without a warning
 constexpr Wide kEpsilon = std::numeric_limits<Wide>::epsilon();
+constexpr Wide kUnbounded = std::numeric_limits<Wide>::infinity();
 constexpr std::string_view kDivergent = "The hypergeometric series is divergent";
 constexpr std::string_view kDoubtful = "Warning! You should check the accuracy";
 
@@ -22,7 +24,15 @@ struct Estimate {
 
 bool EndsSeries(double a) { return a <= 0.0 && IsWholeNumber(a); }
 
-// The sum of (a)_n (b)_n / (c)_n x^n / n! (Abramowitz & Stegun 15.1.1).
+// The largest size of (upper + m) / (lower + m) for m = 0, 1, ..., lower > 0: it goes straight
+// towards 1, or ends at 0.
+Wide LargestFactor(Wide upper, Wide lower) {
+  const Wide factor = std::abs(upper / lower);
+  return upper <= 0.0L && std::trunc(upper) == upper ? factor : std::max(factor, 1.0L);
+}
+
+// The sum of (a)_n (b)_n / (c)_n x^n / n! (Abramowitz & Stegun 15.1.1). Small terms may grow again
+// while c + n is below 0 or a + n or b + n large, so that it ends only where no later one can.
 Estimate Series(Wide a, Wide b, Wide c, Wide x) {
   Wide term = 1.0L;
   Wide sum = 1.0L;
@@ -36,15 +46,20 @@ Estimate Series(Wide a, Wide b, Wide c, Wide x) {
     sum += term;
     largest = std::max(largest, std::abs(term));
     if (!std::isfinite(term)) break;
-    if (std::abs(term) < 1e-22L * std::abs(sum) && std::abs(ratio) < 1.0L) {
+    const Wide next = n + 1.0L;
+    if (std::abs(term) < 1e-22L * std::abs(sum) && c + next > 0.0L &&
+        LargestFactor(a + next, c + next) * LargestFactor(b + next, next + 1.0L) * std::abs(x) <
+            1.0L) {
       return {sum, largest * kEpsilon * (n + 4.0L)};
     }
   }
-  return {sum, std::numeric_limits<Wide>::infinity()};
+  return {sum, kUnbounded};
 }
 
 // Taylor's series of the differential equation (Abramowitz & Stegun 15.5.1) carries the function
 // and its slope from 1/2 towards 1, every step halving the distance: good whatever c - a - b is.
+// The errors are a solution of the same equation and may grow where the function shrinks, so that
+// they are carried along.
 class Walk {
  public:
   Walk(Wide a, Wide b, Wide c) : a_(a), b_(b), c_(c) {}
@@ -52,55 +67,62 @@ class Walk {
   Estimate To(double goal) {
     const Estimate value = Series(a_, b_, c_, 0.5L);
     const Estimate slope = Series(a_ + 1.0L, b_ + 1.0L, c_ + 1.0L, 0.5L);
-    value_ = value.value;
-    slope_ = a_ * b_ / c_ * slope.value;
-    Wide doubt = value.doubt + std::abs(a_ * b_ / c_) * slope.doubt;
+    const Wide factor = a_ * b_ / c_;
+    Solution function{value.value, factor * slope.value};
+    Solution error{value.doubt, std::abs(factor) * slope.doubt};
     const Wide left = 1.0L - static_cast<Wide>(goal);
-    for (Wide rest = 0.5L; rest > left && doubt < 1.0L + std::abs(value_);) {
+    for (Wide rest = 0.5L;
+         rest > left && std::abs(error.value) < 1.0L + std::abs(function.value);) {
       const Wide step = std::min<Wide>(0.5L * rest, rest - left);
-      const Wide before = std::abs(value_);
-      doubt += Step(rest, step);
-      // A value that shrinks makes the errors so far weigh more; their size stays.
-      doubt *= std::max<Wide>(1.0L, std::abs(value_) / std::max<Wide>(before, 1e-300L));
+      const Solution rounding = Step(function, rest, step);
+      Step(error, rest, step);
+      error.value += std::copysign(rounding.value, error.value);
+      error.slope += std::copysign(rounding.slope, error.slope);
       rest = rest - step;
     }
-    return {value_, doubt};
+    return {function.value, std::abs(error.value)};
   }
 
  private:
+  struct Solution {
+    Wide value, slope;
+  };
+
   // From x = 1 - rest by h; gives the size of the rounding errors.
-  Wide Step(Wide rest, Wide h) {
+  Solution Step(Solution& solution, Wide rest, Wide h) const {
     const Wide x = 1.0L - rest;
     const Wide product = x * rest;  // x (1 - x)
     const Wide tilt = rest - x;     // its slope
     const Wide sum = a_ + b_ + 1.0L;
-    Wide before = value_;  // coefficient n times h^n
-    Wide here = slope_ * h;
+    Wide before = solution.value;  // coefficient n times h^n
+    Wide here = solution.slope * h;
     Wide total = before + here;
-    Wide slope = slope_;
-    Wide largest = std::max(std::abs(before), std::abs(here));
+    Wide slope = solution.slope;
+    Solution largest{std::max(std::abs(before), std::abs(here)), std::abs(slope)};
+    // Until then the parameters may let small terms grow again.
+    const Wide enough = std::abs(a_) + std::abs(b_) + std::abs(c_);
     int small = 0;
-    for (int step = 0; step < 2000 && small < 3; ++step) {
+    for (int step = 0; small < 3; ++step) {
+      if (step == 2000) return {kUnbounded, kUnbounded};
       const Wide n = step;
       const Wide next = (h * h * (a_ + n) * (b_ + n) * before -
                          h * (n + 1.0L) * (n * tilt + c_ - sum * x) * here) /
                         (product * (n + 2.0L) * (n + 1.0L));
       before = here;
       here = next;
+      const Wide slopeTerm = here * (n + 2.0L) / h;
       total += here;
-      slope += here * (n + 2.0L) / h;
-      largest = std::max(largest, std::abs(here));
-      small = std::abs(here) * (n + 2.0L) < 1e-21L * (std::abs(total) + std::abs(slope * h))
-                  ? small + 1
-                  : 0;
+      slope += slopeTerm;
+      largest.value = std::max(largest.value, std::abs(here));
+      largest.slope = std::max(largest.slope, std::abs(slopeTerm));
+      const Wide negligible = 1e-21L * (std::abs(total) + std::abs(slope * h));
+      small = n >= enough && std::abs(slopeTerm) * h <= negligible ? small + 1 : 0;
     }
-    value_ = total;
-    slope_ = slope;
-    return 8.0L * kEpsilon * largest;
+    solution = {total, slope};
+    return {8.0L * kEpsilon * largest.value, 8.0L * kEpsilon * largest.slope};
   }
 
   Wide a_, b_, c_;
-  Wide value_ = 0.0L, slope_ = 0.0L;
 };
 
 // The value at 1 (Abramowitz & Stegun 15.1.20).
@@ -124,21 +146,36 @@ Estimate Pfaff(Wide x, Wide a, Wide b, Wide c) {
   return {factor * image.value, factor * image.doubt};
 }
 
+// Euler's (Abramowitz & Stegun 15.3.3) stays where it is.
+Estimate Euler(Wide x, Wide a, Wide b, Wide c) {
+  const Estimate image = Series(c - a, c - b, c, x);
+  const Wide factor = std::exp((c - a - b) * std::log1p(-x));
+  return {factor * image.value, factor * image.doubt};
+}
+
+// Each may cancel where the others do not; what cancels to little must not pass for near a zero
+// before the others were tried.
 Estimate Inside(double x, double a, double b, double c) {
-  if (x > kSeriesEnd) return Walk(a, b, c).To(x);
-  Estimate best;
-  best.doubt = std::numeric_limits<Wide>::infinity();
-  if (x >= -0.5) best = Series(a, b, c, x);
-  // Each may cancel where the others do not.
-  if (x < 0.0 && !IsGood(best)) best = Pfaff(x, a, b, c);
-  if (x < 0.0 && !IsGood(best)) best = Pfaff(x, b, a, c);
+  const auto isPrecise = [](const Estimate& estimate) {
+    return estimate.doubt <= 1e-15L * std::abs(estimate.value);
+  };
+  Estimate best{0.0L, kUnbounded};
+  const auto offer = [&best](const Estimate& other) {
+    if (other.doubt < best.doubt) best = other;
+  };
+  if (x > kSeriesEnd) offer(Walk(a, b, c).To(x));
+  if (x >= -0.5 && !isPrecise(best)) offer(Series(a, b, c, x));
+  if (x < 0.0 && !isPrecise(best)) offer(Pfaff(x, a, b, c));
+  if (x < 0.0 && !isPrecise(best)) offer(Pfaff(x, b, a, c));
+  if (x >= -0.5 && !isPrecise(best)) offer(Euler(x, a, b, c));
   return best;
 }
 
 // Gauss' hypergeometric function. Domain: |x| < 1; x = 1 for c - a - b > 0, x = -1 for c - a - b >
 // -1; all x if a or b is 0, -1, -2, ...; c none of these unless the series ends before. Method:
 // power series (Abramowitz & Stegun 15.1.1) from -0.5 to 0.75, Pfaff's transformation below
-// (15.3.4), Taylor's series of the differential equation above. Error: measured up to 1.1e-15 of
+// (15.3.4), Taylor's series of the differential equation above, Euler's transformation (15.3.3)
+// where these cancel. Error: measured up to 1.1e-15 of
 // the value or, near zeros, of 0.1.
 double HypGeom(const double* arguments, CallContext& context) {
   const double x = arguments[0];
@@ -170,7 +207,9 @@ double HypGeom(const double* arguments, CallContext& context) {
     }
     estimate = Inside(x, a, b, c);
   }
-  if (!IsGood(estimate)) {
+  // Only a polynomial may be exactly 0; what else is all error is a small value, not a zero.
+  const bool hasDigits = isPolynomial || estimate.doubt <= kLargestShare * std::abs(estimate.value);
+  if (!hasDigits || !IsGood(estimate)) {
     context.message = kDoubtful;
     return kNoNumber;
   }

@@ -1,9 +1,11 @@
 #include "mathparser/special/incomplete.h"
 
 #include <array>
+#include <numbers>
 
 #include "mathparser/special/continued_fraction.h"
 #include "mathparser/special/densities.h"
+#include "mathparser/special/error_function.h"
 #include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
@@ -11,6 +13,7 @@ namespace {
 
 constexpr Wide kEpsilon = 1e-18L;
 constexpr int kMostSteps = 25000;
+constexpr double kUniformStart = 1e6;  // of a: beyond, series and fraction take ever more steps
 
 // DLMF 8.7.1, good for x < a + 1: as numerator over denominator, without a division a term.
 double LowerSeries(double a, double x) {
@@ -51,6 +54,28 @@ double UpperFraction(double a, double x) {
     }
   }
   return kNoNumber;
+}
+
+// Temme's uniform expansion for a >= 1e6 (DLMF 8.12.3, 8.12.4): half erfc of the distance from the
+// mean, and a rest whose coefficients (8.12.14 and the next of a) end where a double does, since
+// |eta| < 0.04 unless the power underflows.
+double UniformTail(double a, double x, bool isUpper) {
+  constexpr std::array kTerms = {-1.0 / 3.0,   1.0 / 12.0,        -2.0 / 135.0, 1.0 / 864.0,
+                                 1.0 / 2835.0, -139.0 / 777600.0, 1.0 / 25515.0};
+  const DoubleDouble square = Deviance(a, x);  // a eta^2 / 2
+  const double side = (x < a) == isUpper ? -1.0 : 1.0;
+  if (!(square.high < 750.0)) return side > 0.0 ? 0.0 : 1.0;
+  const double size = std::sqrt(std::fmax(square.high, 0.0));
+  const DoubleDouble rounded = ProductOf(size, size);
+  const double lost = size > 0.0 ? (square - rounded).high / (2.0 * size) : 0.0;
+  const double eta = (x < a ? -size : size) * std::sqrt(2.0 / a);
+  double series = 0.0;
+  for (std::size_t k = kTerms.size(); k > 0; --k) series = series * eta + kTerms[k - 1];
+  series += (-1.0 / 540.0 + eta * (-1.0 / 288.0 + eta / 378.0)) / a;
+  const double bell = Exp(-square);
+  const double rest = bell * series / std::sqrt(2.0 * std::numbers::pi * a);
+  return 0.5 * Erfc(side * size) - side * bell * lost * std::numbers::inv_sqrtpi +
+         (isUpper ? rest : -rest);
 }
 
 // DLMF 8.17.22 over a, its denominators cleared; good for x < (a + 1) / (a + b + 2).
@@ -109,11 +134,13 @@ constexpr std::array kFunctions = {FunctionEntry{"gammai", 94, 2, GammaI},
 
 double LowerGamma(double a, double x) {
   if (x == 0.0) return 0.0;
+  if (a >= kUniformStart) return AtMostOne(UniformTail(a, x, false));
   return AtMostOne(x < a + 1.0 ? LowerSeries(a, x) : 1.0 - UpperFraction(a, x));
 }
 
 double UpperGamma(double a, double x) {
   if (x == 0.0) return 1.0;
+  if (a >= kUniformStart) return AtMostOne(UniformTail(a, x, true));
   return AtMostOne(x < a + 1.0 ? 1.0 - LowerSeries(a, x) : UpperFraction(a, x));
 }
 

@@ -4,8 +4,7 @@
 
 namespace zentab::mathparser {
 
-/// The regularised incomplete gamma functions, lower and upper, for any a > 0 and x >= 0. NaN where
-/// a series would take too long (a beyond about 1e9).
+/// The regularised incomplete gamma functions, lower and upper, for any a > 0 and x >= 0.
 [[nodiscard]] double LowerGamma(double a, double x);
 [[nodiscard]] double UpperGamma(double a, double x);
 
