@@ -215,6 +215,11 @@ void MainWindow::RefreshCaptions() {
   const std::string tip =
       instrument.pickupTip.empty() ? session_.texts.program.selectInstrument : instrument.pickupTip;
   table_->text2->setToolTip(QString::fromStdString(tip));
+  // Without an instrument the field is that of the current one.
+  const std::string& label = instrument.pickupLabel.empty()
+                                 ? session_.texts.instruments[1].pickupLabel
+                                 : instrument.pickupLabel;
+  if (!label.empty()) table_->labelText2->setText(QString::fromStdString(label));
   if (!instrument.setGraphCaption.empty()) {
     chart_->command5->setText(QString::fromStdString(instrument.setGraphCaption));
   }
