@@ -19,10 +19,12 @@ void DeclareClean(CLI::App& command, CleanOptions& options) {
 }
 
 Exit Clean(const CleanOptions& options, Console& console) {
+  const std::optional<std::string> text = StandardInput();
+  if (!text) return console.Fail("standard input cannot be read");
   editor::WorkingTable table;
   const editor::CellArea firstCell = {editor::kFirstRow, editor::kLoadColumn, editor::kFirstRow,
                                       editor::kLoadColumn};
-  editor::PasteText(table, firstCell, texts::DecodeLine(StandardInput()), options.decimal);
+  editor::PasteText(table, firstCell, texts::DecodeLine(*text), options.decimal);
   console.Write(GridLines(table.grid));
   return Exit::Done;
 }

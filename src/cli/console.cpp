@@ -1,5 +1,6 @@
 #include "cli/console.h"
 
+#include <cerrno>
 #include <cstdio>
 
 namespace zentab::cli {
@@ -20,8 +21,10 @@ void Console::WriteLine(std::string_view text) {
 }
 
 void Console::Flush() {
-  if (std::fwrite(block_.data(), 1, block_.size(), stdout) != block_.size()) failed_ = true;
-  if (std::fflush(stdout) != 0) failed_ = true;
+  const bool isWritten = std::fwrite(block_.data(), 1, block_.size(), stdout) == block_.size() &&
+                         std::fflush(stdout) == 0;
+  if (!isWritten && !failed_) lostReader_ = errno == EPIPE;
+  failed_ = failed_ || !isWritten;
   block_.clear();
 }
 

@@ -11,12 +11,16 @@ enum class Exit { Done = 0, Failed = 1, WrongUsage = 2 };
 /// What a command says: results on standard output, in blocks, and messages on standard error.
 class Console {
  public:
+  /// Whether some of the output could not be written.
+  [[nodiscard]] bool IsBroken() const { return failed_; }
   /// Adds to standard output as it is.
   void Write(std::string_view text);
   /// Adds a line.
   void WriteLine(std::string_view text);
   /// Passes on what was written so far.
   void Flush();
+  /// Whether that is because nobody reads it any more, as behind "| head".
+  [[nodiscard]] bool HasLostReader() const { return lostReader_; }
   /// Passes on the rest; false when any of the output could not be written.
   [[nodiscard]] bool Finish();
 
@@ -29,6 +33,7 @@ class Console {
  private:
   std::string block_;
   bool failed_ = false;
+  bool lostReader_ = false;
 };
 
 }  // namespace zentab::cli

@@ -22,14 +22,6 @@ std::error_code ErrorOfReading(const fs::path& path) {
   return std::make_error_code(std::errc::permission_denied);
 }
 
-template <class Take>
-void ReadStandardInput(Take take) {
-  std::array<char, 64u << 10> block;
-  while (const std::size_t count = std::fread(block.data(), 1, block.size(), stdin)) {
-    take(std::string_view(block.data(), count));
-  }
-}
-
 }  // namespace
 
 InputFile::InputFile(const std::string& name)
@@ -44,6 +36,9 @@ InputFile::~InputFile() {
 }
 
 std::error_code InputFile::Spool() {
+  // Taken in before there is a file: whoever breaks off at the keyboard leaves none behind.
+  const std::optional<std::string> text = StandardInput();
+  if (!text) return std::make_error_code(std::errc::io_error);
   std::error_code error;
   const fs::path folder = fs::temp_directory_path(error);
   if (error) return error;
@@ -51,17 +46,25 @@ std::error_code InputFile::Spool() {
   path_ = folder / ("zentab-cli-" + std::to_string(random()) + std::to_string(random()));
   std::ofstream file(path_, std::ios::binary);
   temporary_ = file.is_open();
-  ReadStandardInput([&](std::string_view bytes) {
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  });
+  file.write(text->data(), static_cast<std::streamsize>(text->size()));
   file.close();
   return file ? std::error_code() : std::make_error_code(std::errc::io_error);
 }
 
-std::string StandardInput() {
+std::optional<std::string> StandardInput() {
   std::string text;
-  ReadStandardInput([&](std::string_view bytes) { text += bytes; });
+  std::array<char, 64u << 10> block;
+  while (const std::size_t count = std::fread(block.data(), 1, block.size(), stdin)) {
+    text.append(block.data(), count);
+  }
+  // A folder or a closed stream is not an empty input.
+  if (std::ferror(stdin) != 0) return std::nullopt;
   return text;
+}
+
+bool AreOneFile(const fs::path& one, const fs::path& other) {
+  std::error_code missing;
+  return fs::equivalent(one, other, missing);
 }
 
 }  // namespace zentab::cli

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -30,7 +31,10 @@ class InputFile {
   bool temporary_ = false;
 };
 
-/// All of standard input.
-[[nodiscard]] std::string StandardInput();
+/// All of standard input; nothing when it cannot be read to its end.
+[[nodiscard]] std::optional<std::string> StandardInput();
+
+/// Whether both names lead to one file that exists, through links as well.
+[[nodiscard]] bool AreOneFile(const std::filesystem::path& one, const std::filesystem::path& other);
 
 }  // namespace zentab::cli

@@ -14,8 +14,12 @@ Exit Run(const std::vector<std::string>& arguments) {
   program.set_version_flag("--version", "zentab-cli " ZENTAB_VERSION);
   program.require_subcommand(0, 1);
   program.failure_message([](const CLI::App* failed, const CLI::Error& error) {
-    return "zentab-cli: " + std::string(error.what()) + "\nRun with --help for the usage of " +
-           failed->get_name() + ".\n";
+    std::string usage = failed->get_name();
+    for (const CLI::App* const command : failed->get_subcommands()) {
+      usage += ' ' + command->get_name();
+    }
+    return "zentab-cli: " + std::string(error.what()) + "\nRun " + usage +
+           " --help for its usage.\n";
   });
   Commands commands{program, {}};
   AddTableCommands(commands);
@@ -35,6 +39,7 @@ Exit Run(const std::vector<std::string>& arguments) {
   if (!commands.chosen) return console.Misused("a command is needed; --help lists them");
   const Exit exit = commands.chosen(console);
   if (console.Finish()) return exit;
+  if (console.HasLostReader()) return Exit::Failed;
   return console.Fail("standard output cannot be written");
 }
 

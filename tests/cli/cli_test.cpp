@@ -43,6 +43,8 @@ TEST_F(CommandLine, Texts) { RunCases("texts"); }
 TEST_F(CommandLine, TimeTests) {
   Write("equations.txt",
         "VALUE.MEAN.OVER {2}\nVALUE.EQUATION.2 {t0*2}\nFILTER.EQUATION.4 {t1+*}\n");
+  Write("result.txt", "Test\n1\t3\t2500\t\n2\t5\t2000\t\n");
+  fs::create_directory(Folder() / "empty");
   RunCases("time tests");
 }
 TEST_F(CommandLine, Graphs) { RunCases("graphs"); }
@@ -88,10 +90,32 @@ TEST_F(CommandLine, TheScriptOfTheDocumentationRuns) {
       BytesOf(Folder() / "out").starts_with("# Feeder 12\tms=0\tabsolute=0\tinstrument=1\n"));
 }
 
-TEST_F(CommandLine, AnOutputThatCannotBeWrittenFails) {
+TEST_F(CommandLine, StreamsThatFailAreNoEmptyInputAndNoSuccess) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
-  EXPECT_EQ(Run("\"" PROGRAM "\" eval 1 >/dev/full 2>err"), 1);
-  EXPECT_NE(BytesOf(Folder() / "err").find("standard output"), string::npos);
+  Write("lines", "1\n");
+  for (const char* const command :
+       {"add lib.dat X <&-", "add lib.dat X <.", "list - <&-", "clean <.", "eval --batch <.",
+        "eval 1 >&-", "eval 1 >/dev/full", "eval --batch <lines >/dev/full"}) {
+    EXPECT_EQ(Run("\"" PROGRAM "\" " + string(command) + " 2>err"), 1) << command;
+    EXPECT_NE(BytesOf(Folder() / "err").find("standard "), string::npos) << command;
+  }
+  EXPECT_FALSE(fs::exists(Folder() / "lib.dat"));
+}
+
+TEST_F(CommandLine, AReaderThatLeavesEndsABatchAndLeavesNoTemporaryFile) {
+  fs::create_directory(Folder() / "tmp");
+  string library;
+  for (int entry = 0; entry < 20'000; ++entry)
+    library += "{\"N" + std::to_string(entry) + "\"\t 000}\n";
+  Write("lib.dat", library);
+  const string program = "\"" PROGRAM "\" ";
+  ASSERT_EQ(Run("(TMPDIR=tmp " + program + "list - <lib.dat 2>err; echo $? >rc) | head -1 >out"),
+            0);
+  EXPECT_EQ(BytesOf(Folder() / "out") + BytesOf(Folder() / "rc") + BytesOf(Folder() / "err"),
+            "N0\n1\n");
+  EXPECT_TRUE(fs::is_empty(Folder() / "tmp"));
+  ASSERT_EQ(Run("(yes 1 2>yes.err | " + program + "eval --batch; echo $? >rc) | head -1 >out"), 0);
+  EXPECT_EQ(BytesOf(Folder() / "rc"), "1\n");
 }
 #endif
 
