@@ -3,6 +3,7 @@
 #include "cli/command.h"
 #include "cli/numbers.h"
 #include "mathparser/math_parser.h"
+#include "platform/character_case.h"
 #include "platform/console_streams.h"
 #include "texts/number_text.h"
 
@@ -12,6 +13,7 @@ namespace {
 using mathparser::MathParser;
 
 struct EvalOptions {
+  const CLI::Option* given = nullptr;  // whether there is an expression: it may be empty
   std::string expression;
   std::vector<std::string> values;
   std::string angle = "RAD";
@@ -42,7 +44,11 @@ const CLI::Validator kSetting(
 void DeclareEval(CLI::App& command, EvalOptions& options) {
   CLI::Option* const expression =
       command.add_option("EXPRESSION", options.expression, "The expression");
-  command.add_option("VARIABLE", options.values, "NAME=VALUE; variables are 0 unless given")
+  options.given = expression;
+  command
+      .add_option("VARIABLE", options.values,
+                  "NAME=VALUE; variables are 0 unless given, names that the expression "
+                  "does not hold are passed over")
       ->check(kSetting);
   CLI::Option* const angle =
       command.add_option("--angle", options.angle, "Unit of angles: RAD, DEG or GRAD")
@@ -98,7 +104,9 @@ class Batch {
       rest.remove_prefix(1);
       const std::string_view field = rest.substr(0, rest.find('\t'));
       rest.remove_prefix(field.size());
-      if (!Set(field)) return Error(0, "'" + std::string(field) + "' is not NAME=VALUE");
+      if (!Set(field)) {
+        return Error(0, "'" + std::string(field) + "' is not NAME=VALUE or angle=UNIT");
+      }
     }
     try {
       answer_ = "ok\t";
@@ -114,8 +122,8 @@ class Batch {
     const std::optional<Setting> setting = SettingOf(field);
     if (!setting) return false;
     if (setting->name == "angle") {
-      parser_.AngleUnit(setting->value);
-      return true;
+      parser_.AngleUnit(setting->value);  // stays as it is with a unit that is none
+      return platform::LowerCase(setting->value) == platform::LowerCase(parser_.AngleUnit());
     }
     const std::optional<double> value = texts::WholeNumber(setting->value);
     if (value) parser_.VarSymb(setting->name, *value);
@@ -135,16 +143,18 @@ class Batch {
 Exit EvalBatch(const EvalOptions& options, Console& console) {
   const bool isAtOnce = options.lineBuffered || platform::OutputIsTerminal();
   Batch batch;
-  for (std::string line; std::getline(std::cin, line);) {
+  // Without anyone to answer the input may go on for ever.
+  for (std::string line; !console.IsBroken() && std::getline(std::cin, line);) {
     console.WriteLine(batch.Answer(line));
     if (isAtOnce) console.Flush();
   }
+  if (std::cin.bad()) return console.Fail("standard input cannot be read");
   return Exit::Done;
 }
 
 Exit Eval(const EvalOptions& options, Console& console) {
   if (options.batch) return EvalBatch(options, console);
-  if (options.expression.empty()) return console.Misused("eval: an EXPRESSION, or --batch");
+  if (options.given->count() == 0) return console.Misused("eval: an EXPRESSION, or --batch");
   return EvalOne(options, console);
 }
 
