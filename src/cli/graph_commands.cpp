@@ -14,6 +14,8 @@
 namespace zentab::cli {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr const char* kPickupNeeded = "loads relative to the pickup value need --pickup";
 
 // grh
@@ -60,7 +62,8 @@ void DeclareGraph(CLI::App& command, GraphOptions& options) {
   command
       .add_option("--pickup", options.pickup, "Pickup value that relative loads are multiples of")
       ->check(kNumber);
-  command.add_option("--multiplier", options.multiplier, "Time multiplier")->check(kNumber);
+  command.add_option("--multiplier", options.multiplier, "Factor of the times; 1 unless given")
+      ->check(kNumber);
   CLI::Option* const absolute =
       command.add_flag("--absolute", options.absolute, "Loads are amperes or volts");
   command.add_flag("--relative", options.relative, "Loads are multiples of the pickup value")
@@ -78,7 +81,9 @@ void DeclareGraph(CLI::App& command, GraphOptions& options) {
                   "empty: as the first point has it")
       ->check(kPair);
   command.add_option("--last", options.last, "Extension point behind the curve")->check(kPair);
-  command.add_option("-o,--output", options.output, "GRH file to write")->required();
+  command.add_option("-o,--output", options.output, "GRH file to write")
+      ->required()
+      ->check(kWrittenFile);
 }
 
 editor::ValueModes ModesOf(const GraphOptions& options, const tables::ParsedEntry& entry) {
@@ -108,21 +113,23 @@ texts::InstrumentTexts ExtensionsOf(const GraphOptions& options) {
 Exit WriteGraph(const GraphOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
+  const fs::path output = platform::ToPath(options.output);
+  if (AreOneFile(file.Path(), output)) return console.Fail(options.output + ": is the table file");
   const std::optional<FoundEntry> found = FindEntry(file.Path(), options.entry);
   const std::optional<std::string> line =
       found ? tables::ReadEntryLine(file.Path(), found->line) : std::nullopt;
   if (!line) return console.Fail(file.Name() + ": no entry '" + options.entry + "'");
   const tables::ParsedEntry entry = tables::ParseEntryLine(*line);
   const editor::ValueModes modes = ModesOf(options, entry);
-  if (!modes.absoluteValues && modes.pickup.empty()) return console.Misused(kPickupNeeded);
+  if (!testset::CanImport(modes)) return console.Misused(kPickupNeeded);
   editor::CurveGrid grid;
   editor::ShowPoints(grid, entry.points, ".");
   const auto segments = testset::SegmentsOf(grid, modes, ExtensionsOf(options));
   if (!segments) return console.Fail(found->name + ": has no points");
   const std::string bytes = testset::FormatReferenceGraph(*segments, app::Today());
-  const std::error_code error =
-      platform::ReplaceFile(platform::SystemFiles(), platform::ToPath(options.output),
-                            [&bytes](platform::OutputFile& output) { return output.Write(bytes); });
+  const std::error_code error = platform::ReplaceFile(
+      platform::SystemFiles(), output,
+      [&bytes](platform::OutputFile& written) { return written.Write(bytes); });
   return error ? console.Fail(options.output + ": not written: " + error.message()) : Exit::Done;
 }
 

@@ -22,4 +22,11 @@ const CLI::Validator kNumber(
     },
     "NUMBER");
 
+const CLI::Validator kWrittenFile(
+    [](const std::string& text) {
+      return text == "-" ? "- is standard input, which is only read; ./- is a file of that name"
+                         : std::string();
+    },
+    "");
+
 }  // namespace zentab::cli

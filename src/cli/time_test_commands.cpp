@@ -56,7 +56,10 @@ struct ImportArguments {
 
 const CLI::Validator kShortInteger(
     [](const std::string& text) {
-      return texts::ShortInteger(text) ? std::string() : "'" + text + "' is no 16-bit integer";
+      // No "," here, which the catalogue may have.
+      return texts::WholeNumber(text) && texts::ShortInteger(text)
+                 ? std::string()
+                 : "'" + text + "' is no 16-bit integer";
     },
     "INTEGER");
 
@@ -67,10 +70,11 @@ void DeclareImport(CLI::App& command, ImportArguments& options) {
       command.add_option("--heading", options.heading, "Beginning of the section's heading");
   CLI::Option* const install = command.add_option(
       "--install", options.install,
-      "In place of both: an installation folder, with the result file and heading of");
-  CLI::Option* const instrument =
-      command.add_option("--instrument", options.instrument, "current or voltage")
-          ->check(CLI::IsMember({"current", "voltage"}));
+      "Installation folder, in place of RESULT and --heading, which are found in it");
+  CLI::Option* const instrument = command
+                                      .add_option("--instrument", options.instrument,
+                                                  "Whose results in the installation folder")
+                                      ->check(CLI::IsMember({"current", "voltage"}));
   result->needs(heading)->excludes(install);
   heading->needs(result)->excludes(install);
   install->needs(instrument);
@@ -82,13 +86,25 @@ void DeclareImport(CLI::App& command, ImportArguments& options) {
   command.add_flag("--ms", options.milliseconds, "Times stay milliseconds, else seconds");
   command.add_option("--pickup", options.pickup, "Pickup value; 0 or none leaves loads as read")
       ->check(kNumber);
-  command.add_option("--diff", options.difference, "Difference type")->check(kShortInteger);
-  command.add_option("--filter", options.filter, "Filter type")->check(kShortInteger);
-  command.add_option("--mean", options.mean, "Width of the running mean")->check(kShortInteger);
+  command
+      .add_option("--diff", options.difference,
+                  "Number of the difference equation; built in where there is none")
+      ->check(kShortInteger);
+  command
+      .add_option("--filter", options.filter,
+                  "Number of the filter or its equation: 0 none, 1 to 6 built in; from 7 on points "
+                  "that did "
+                  "not trip stay")
+      ->check(kShortInteger);
+  command
+      .add_option("--mean", options.mean,
+                  "Width of the running mean, and the value equation's number")
+      ->check(kShortInteger);
   command
       .add_option("--timeout", options.timeout, "Timeout level; below 1: 99 % of the longest time")
       ->check(kNumber);
-  command.add_option("--trace", options.trace, "File that gets the stages of the import");
+  command.add_option("--trace", options.trace, "File that gets the stages of the import")
+      ->check(kWrittenFile);
 }
 
 // A catalogue is applied to no window.
@@ -110,8 +126,19 @@ timetest::ImportOptions Options(const ImportArguments& options,
           options.timeout.empty() ? settings.timeout : options.timeout};
 }
 
+// The trace takes the place of a file of that name, which must be none that somebody still needs.
+std::string ErrorOfTrace(const ImportArguments& arguments, const std::filesystem::path& result) {
+  const std::filesystem::path trace = platform::ToPath(arguments.trace);
+  if (AreOneFile(trace, result)) return "is the result file";
+  if (AreOneFile(trace, platform::ToPath(arguments.catalogue))) return "is the catalogue";
+  std::error_code missing;
+  return std::filesystem::is_directory(trace, missing) ? "is a folder" : "";
+}
+
 Exit RunImport(const ImportArguments& arguments, const timetest::ResultSource& source,
                const std::string& name, Console& console) {
+  const std::string traceError = ErrorOfTrace(arguments, source.file);
+  if (!traceError.empty()) return console.Fail(arguments.trace + ": " + traceError);
   texts::CatalogueTexts texts;
   if (!arguments.catalogue.empty()) {
     const InputFile catalogue(arguments.catalogue);
@@ -130,6 +157,7 @@ Exit RunImport(const ImportArguments& arguments, const timetest::ResultSource& s
     return console.Fail(name + ": no entries");
   }
   if (result.outcome != timetest::ImportOutcome::Imported) return console.Fail(result.error);
+  if (trace.IsBroken()) return console.Fail(arguments.trace + ": not written");
   for (const timetest::MeasuredPoint& point : result.points) {
     console.WriteLine(ShortestText(point.load) + '\t' + ShortestText(point.time));
   }
@@ -142,7 +170,9 @@ Exit Import(const ImportArguments& arguments, Console& console) {
                                                               : tables::Instrument::Voltage;
     const timetest::ResultSource source =
         timetest::FindResultSource(platform::ToPath(arguments.install), instrument);
-    return RunImport(arguments, source, platform::ToText(source.file), console);
+    const InputFile result(platform::ToText(source.file));
+    if (result.Error()) return console.Fail(result.Name() + ": " + result.Error().message());
+    return RunImport(arguments, source, result.Name(), console);
   }
   if (arguments.result.empty()) {
     return console.Misused("import: RESULT and --heading, or --install and --instrument");

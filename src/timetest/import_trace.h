@@ -27,6 +27,8 @@ class ImportTrace {
   /// False when `progress` stopped it, which leaves the file as far as it came.
   [[nodiscard]] bool WriteSection(const std::vector<std::string>& headings,
                                   const std::vector<MeasuredPoint>& points, ProgressMeter progress);
+  /// Whether a section was to be written that could not be.
+  [[nodiscard]] bool IsBroken() const { return begun_ && !file_; }
 
  private:
   [[nodiscard]] std::error_code Open();
