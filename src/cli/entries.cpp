@@ -64,13 +64,13 @@ PointLines ReadPointLines(std::string_view text) {
   return lines;
 }
 
-std::string GridLines(const editor::CurveGrid& grid, char separator) {
+std::string GridLines(const editor::CurveGrid& grid) {
   std::string lines;
   std::size_t end = 0;
   for (int row = editor::kFirstRow; row <= editor::kLastRow; ++row) {
     const std::string& load = grid.Cell(row, editor::kLoadColumn);
     const std::string& time = grid.Cell(row, editor::kTimeColumn);
-    lines += texts::SetDecimalSeparator(load, ".") + separator;
+    lines += texts::SetDecimalSeparator(load, ".") + '\t';
     lines += texts::SetDecimalSeparator(time, ".") + '\n';
     if (!load.empty() || !time.empty()) end = lines.size();
   }

@@ -31,6 +31,6 @@ struct PointLines {
 [[nodiscard]] PointLines ReadPointLines(std::string_view text);
 
 /// The grid's rows down to the last one that is not empty, as such lines.
-[[nodiscard]] std::string GridLines(const editor::CurveGrid& grid, char separator = '\t');
+[[nodiscard]] std::string GridLines(const editor::CurveGrid& grid);
 
 }  // namespace zentab::cli

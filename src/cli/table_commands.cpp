@@ -4,6 +4,7 @@
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"
+#include "cli/numbers.h"
 #include "editor/grid_points.h"
 #include "exchange/entry_copy.h"
 #include "platform/line_reader.h"
@@ -89,19 +90,29 @@ void DeclareShow(CLI::App& command, ShowOptions& options) {
   command
       .add_option(
           "--format", options.format,
-          "tsv: a remark with name and settings, then LOAD, tab, TIME a line; csv: the same "
-          "points with commas below a title; json: one object")
+          "tsv: a remark with name and settings, then LOAD, tab, TIME a line as the grid shows "
+          "them; csv: the points with commas below a title; json: one object; the latter two "
+          "with all digits of the numbers")
       ->check(CLI::IsMember({"tsv", "csv", "json"}))
       ->capture_default_str();
 }
 
-std::string JsonOf(const std::string& name, const tables::ParsedEntry& entry,
-                   const editor::CurveGrid& grid) {
+// The number of a point's text as the grid would take it, all its digits.
+double PointNumber(const std::string& text) { return texts::LeadingNumber(text).value_or(0.0); }
+
+std::string CsvOf(const tables::ParsedEntry& entry) {
+  std::string lines = "load,time\n";
+  for (const tables::CurvePoint& point : entry.points) {
+    lines += ShortestText(PointNumber(point.load)) + ',' + ShortestText(PointNumber(point.time));
+    lines += '\n';
+  }
+  return lines;
+}
+
+std::string JsonOf(const std::string& name, const tables::ParsedEntry& entry) {
   nlohmann::ordered_json points = nlohmann::ordered_json::array();
-  for (std::size_t at = 0; at < entry.points.size(); ++at) {
-    const int row = editor::kFirstRow + static_cast<int>(at);
-    points.push_back({texts::WholeNumber(grid.Cell(row, editor::kLoadColumn)).value_or(0.0),
-                      texts::WholeNumber(grid.Cell(row, editor::kTimeColumn)).value_or(0.0)});
+  for (const tables::CurvePoint& point : entry.points) {
+    points.push_back({PointNumber(point.load), PointNumber(point.time)});
   }
   const nlohmann::ordered_json object = {
       {"name", name},
@@ -120,16 +131,16 @@ Exit Show(const ShowOptions& options, Console& console) {
       found ? tables::ReadEntryLine(file.Path(), found->line) : std::nullopt;
   if (!line) return NotFound(console, file.Name(), options.entry);
   const tables::ParsedEntry entry = tables::ParseEntryLine(*line);
-  editor::CurveGrid grid;
-  editor::ShowPoints(grid, entry.points, ".");
   if (options.format == "json") {
-    console.Write(JsonOf(found->name, entry, grid));
+    console.Write(JsonOf(found->name, entry));
   } else if (options.format == "csv") {
-    console.Write("load,time\n" + GridLines(grid, ','));
+    console.Write(CsvOf(entry));
   } else {
     console.WriteLine("# " + found->name + "\tms=" + Digit(entry.milliseconds.value_or(false)) +
                       "\tabsolute=" + Digit(entry.absoluteValues.value_or(false)) +
                       "\tinstrument=" + Digit(entry.instrument.value_or(Instrument::None)));
+    editor::CurveGrid grid;
+    editor::ShowPoints(grid, entry.points, ".");
     console.Write(GridLines(grid));
   }
   return Exit::Done;
@@ -148,8 +159,10 @@ struct StoreOptions {
 
 void DeclareStore(CLI::App& command, StoreOptions& options) {
   command
-      .add_option("--points", options.points,
-                  "File of points, LOAD, tab, TIME a line; - for standard input")
+      .add_option(
+          "--points", options.points,
+          "File of at most 26 points, LOAD, tab, TIME a line, decimal point \".\"; empty lines and "
+          "those that begin with # are passed over; - for standard input")
       ->capture_default_str();
   command.add_flag("--ms", options.milliseconds, "Times are milliseconds, not seconds");
   command.add_flag("--absolute", options.absolute,
@@ -159,13 +172,15 @@ void DeclareStore(CLI::App& command, StoreOptions& options) {
 }
 
 void DeclareAdd(CLI::App& command, StoreOptions& options) {
-  command.add_option("FILE", options.file, "Table file; a missing one is created")->required();
+  command.add_option("FILE", options.file, "Table file; a missing one is created")
+      ->required()
+      ->check(kWrittenFile);
   command.add_option("NAME", options.entry, "Name of the new entry")->required();
   DeclareStore(command, options);
 }
 
 void DeclareUpdate(CLI::App& command, StoreOptions& options) {
-  command.add_option("FILE", options.file, "Table file")->required();
+  command.add_option("FILE", options.file, "Table file")->required()->check(kWrittenFile);
   command.add_option("ENTRY", options.entry, "Name, or #N for line number N from 0")->required();
   DeclareStore(command, options);
 }
@@ -221,12 +236,13 @@ Exit Add(const StoreOptions& options, Console& console) {
 
 Exit Update(const StoreOptions& options, Console& console) {
   app::Session session;
-  const fs::path path = platform::ToPath(options.file);
-  const std::optional<FoundEntry> found = FindEntry(path, options.entry);
+  const InputFile file(options.file);
+  if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
+  const std::optional<FoundEntry> found = FindEntry(file.Path(), options.entry);
   if (!found) return NotFound(console, options.file, options.entry);
   if (!TakePoints(options, session, console)) return Exit::Failed;
   const std::error_code error =
-      tables::ReplaceEntry(platform::SystemFiles(), path, found->line,
+      tables::ReplaceEntry(platform::SystemFiles(), file.Path(), found->line,
                            {found->name, editor::PointRows(session.table.grid),
                             options.milliseconds, options.absolute, options.instrument});
   return error ? NotWritten(console, options.file, error) : Exit::Done;
@@ -240,15 +256,17 @@ struct RemoveOptions {
 };
 
 void DeclareRemove(CLI::App& command, RemoveOptions& options) {
-  command.add_option("FILE", options.file, "Table file")->required();
+  command.add_option("FILE", options.file, "Table file")->required()->check(kWrittenFile);
   command.add_option("ENTRY", options.entry, "Name, or #N for line number N from 0")->required();
 }
 
 Exit Remove(const RemoveOptions& options, Console& console) {
-  const fs::path path = platform::ToPath(options.file);
-  const std::optional<FoundEntry> found = FindEntry(path, options.entry);
+  const InputFile file(options.file);
+  if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
+  const std::optional<FoundEntry> found = FindEntry(file.Path(), options.entry);
   if (!found) return NotFound(console, options.file, options.entry);
-  const std::error_code error = tables::RemoveEntry(platform::SystemFiles(), path, found->line);
+  const std::error_code error =
+      tables::RemoveEntry(platform::SystemFiles(), file.Path(), found->line);
   return error ? NotWritten(console, options.file, error) : Exit::Done;
 }
 
@@ -262,7 +280,9 @@ struct CopyOptions {
 
 void DeclareCopy(CLI::App& command, CopyOptions& options) {
   command.add_option("SOURCE", options.source, "Table file, - for standard input")->required();
-  command.add_option("TARGET", options.target, "Table file; a missing one is created")->required();
+  command.add_option("TARGET", options.target, "Table file; a missing one is created")
+      ->required()
+      ->check(kWrittenFile);
   command.add_option("ENTRY", options.entries, "Names, or #N for line number N from 0")->required();
 }
 

@@ -37,9 +37,12 @@ struct ExpandOptions {
 
 void DeclareExpand(CLI::App& command, ExpandOptions& options) {
   command
-      .add_option("TEMPLATE", options.text, "Text with fields: %1 to %3, %D, %E, %S, %F and more")
+      .add_option("TEMPLATE", options.text,
+                  "Text with fields: %1 %2 %3 arguments, %D date, %E time, %S time with seconds, "
+                  "%F table file, %N line feed, %X time unit, %% percent sign; %G %T %U %V are "
+                  "empty; put -- before one that begins with a minus")
       ->required();
-  command.add_option("ARG", options.arguments, "What %1, %2 and %3 stand for")->expected(0, 3);
+  command.add_option("ARG", options.arguments, "What %1, %2 and %3 stand for");
   command.add_option("--table", options.table, "The active table file's name, for %F");
 }
 
@@ -49,6 +52,9 @@ Exit Expand(const ExpandOptions& options, Console& console) {
   fields.tablePath = options.table;
   fields.timeUnit = editor::ValueModes().TimeUnitText();
   texts::TemplateArguments arguments;
+  if (options.arguments.size() > arguments.size()) {
+    return console.Misused("expand: at most " + std::to_string(arguments.size()) + " ARGs");
+  }
   std::copy(options.arguments.begin(), options.arguments.end(), arguments.begin());
   console.WriteLine(texts::ExpandTemplate(options.text, fields, arguments));
   return Exit::Done;
