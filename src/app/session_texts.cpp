@@ -63,7 +63,7 @@ texts::InstrumentTexts InstrumentInUse(const Session& session) {
   const texts::InstrumentTexts& current = session.texts.instruments[1];
   for (std::string texts::InstrumentTexts::*const field :
        {&texts::InstrumentTexts::setGraphCaption, &texts::InstrumentTexts::setGraphTip,
-        &texts::InstrumentTexts::pickupTip}) {
+        &texts::InstrumentTexts::pickupLabel, &texts::InstrumentTexts::pickupTip}) {
     if ((used.*field).empty()) used.*field = current.*field;
   }
   return used;

@@ -11,8 +11,9 @@ struct InstrumentTexts {
   std::string name;
   std::string setGraphCaption;  // of `Command5`
   std::string setGraphTip;
-  std::string pickupTip;  // of `Text2`
-  std::string firstX;     // the extension points of a reference graph, as number texts
+  std::string pickupLabel;  // of `Text2`
+  std::string pickupTip;
+  std::string firstX;  // the extension points of a reference graph, as number texts
   std::string firstY;
   std::string lastX;
   std::string lastY;

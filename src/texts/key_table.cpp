@@ -134,7 +134,9 @@ const std::vector<KeyRow>& ImportRows() {
 // Texts of controls and messages that came later than the catalogues of the test-set suite.
 const std::vector<KeyRow>& OwnRows() {
   static const std::vector<KeyRow> rows = {
-      {"F1.PICKUP.LABEL", Caption{"LabelText2"}, kExpanded},
+      {"F1.PICKUP.LABEL", InstrumentField{1, &I::pickupLabel}, kExpanded},
+      {"F1.PICKUP.LABEL2", InstrumentField{2, &I::pickupLabel}, kExpanded},
+      {"F1.PICKUP.LABEL3", InstrumentField{3, &I::pickupLabel}, kExpanded},
       {"F1.MULTIPLIER.LABEL", Caption{"LabelText3"}, kExpanded},
       {"LABEL.MEAN.TEXT", Caption{"LabelText6"}},
       {"DIFF.FIELD.TIP", Tooltip{"Text4"}},

@@ -37,8 +37,8 @@ TEST_F(EventLogTest, WritesLinesOnlyWhileItIsSwitchedOn) {
 
 TEST(SessionTexts, FollowTheInstrumentAndTheValueModes) {
   Session session;
-  session.texts.instruments[1] = {"Current", "Set I", "tip I", "I>", "", "", "", "", "A"};
-  session.texts.instruments[2] = {"Voltage", "Set U", "", "", "", "", "", "", "V"};
+  session.texts.instruments[1] = {"Current", "Set I", "tip I", "I> (A)", "I>", "", "", "", "", "A"};
+  session.texts.instruments[2] = {"Voltage", "Set U", "", "", "", "", "", "", "", "V"};
   EXPECT_EQ(InstrumentInUse(session).name, "");
   session.instrument = tables::Instrument::Voltage;
   EXPECT_EQ(InstrumentInUse(session).setGraphCaption, "Set U");

@@ -22,6 +22,7 @@ const QByteArray kLibrary =
     "{\"None\"\t(1;2)(2;3) 000}\r\n";
 
 const QByteArray kCatalogue =
+    "F1.PICKUP.LABEL {I > (A)}\r\nF1.PICKUP.LABEL2 {U > (V)}\r\n"
     "F1.LOGGFILE {on}\nF1.INSTRUMENT3.TEXT {&Other}\nF1.COMMAND6.TEXT {Import}\n"
     "F1.COMMAND5.TEXT {GRH I}\nF1.COMMAND5.TEXT2 {GRH U}\nF1.COMMAND5.TIP {hands over}\n"
     "F1.TEXT2.TIP {I>}\nF1.TEXT2.TIP2 {U>}\nF1.INSTRUMENT1.UNIT {A}\nF1.INSTRUMENT2.UNIT {V}\n"
@@ -99,6 +100,7 @@ class InstrumentWindowTest : public QObject {
     QVERIFY(Enabled("Command5") && f.session.instrument == tables::Instrument::Current);
     QCOMPARE(f.Find<QAbstractButton>("Command5")->text(), QStringLiteral("GRH I"));
     QCOMPARE(Tip("Text2"), QStringLiteral("I>"));
+    QCOMPARE(f.Find<QLabel>("LabelText2")->text(), QStringLiteral("I > (A)"));
     QCOMPARE(Labels(), QStringLiteral("times Current|time S"));
     Click("Command5");
     const QByteArray reference = f.Bytes("data/current/reference.grh");
@@ -107,6 +109,7 @@ class InstrumentWindowTest : public QObject {
     QCOMPARE(Text("Text2"), QStringLiteral("110.25"));
     QCOMPARE(f.Find<QAbstractButton>("Command5")->text(), QStringLiteral("GRH U"));
     QCOMPARE(Tip("Command5"), QStringLiteral("hands over"));
+    QCOMPARE(f.Find<QLabel>("LabelText2")->text(), QStringLiteral("U > (V)"));
     Click("Command5");
     Click("Option3");
     QVERIFY(!Enabled("Command5") && f.session.instrument == tables::Instrument::Third);

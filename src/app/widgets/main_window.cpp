@@ -219,6 +219,11 @@ void MainWindow::RefreshCaptions() {
   const std::string& tip =
       isChosen ? instrument.pickupTip : session_.texts.program.selectInstrument;
   if (!tip.empty()) table_->text2->setToolTip(TooltipText(tip));
+  // Without an instrument the field is that of the current one.
+  const std::string& label = instrument.pickupLabel.empty()
+                                 ? session_.texts.instruments[1].pickupLabel
+                                 : instrument.pickupLabel;
+  if (!label.empty()) table_->labelText2->setText(QString::fromStdString(label));
   if (!instrument.setGraphCaption.empty()) {
     chart_->command5->setText(QString::fromStdString(instrument.setGraphCaption));
   }

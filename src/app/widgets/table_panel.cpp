@@ -70,7 +70,8 @@ QWidget* TablePanel::BuildModes() {
   grid2->setContentsMargins(0, 0, 0, 0);
   grid2->addWidget(check1, 0, 0);
   grid2->addWidget(check2, 0, 1);
-  grid2->addWidget(LabelFor(text2, "LabelText2", QStringLiteral("I > value (A)")), 1, 0);
+  labelText2 = LabelFor(text2, "LabelText2", QStringLiteral("I > value (A)"));
+  grid2->addWidget(labelText2, 1, 0);
   grid2->addWidget(LabelFor(text3, "LabelText3", QStringLiteral("Time multiplier")), 1, 1);
   grid2->addWidget(text2, 2, 0);
   grid2->addWidget(text3, 2, 1);

@@ -29,6 +29,7 @@ class TablePanel : public QWidget {
   QCheckBox* check2 = nullptr;      // time unit is mS
   QLineEdit* text2 = nullptr;       // pickup value
   QLineEdit* text3 = nullptr;       // time multiplier
+  QLabel* labelText2 = nullptr;     // of the pickup field
   QLabel* label3 = nullptr;         // the load column's caption by the value mode
   QLabel* label2 = nullptr;         // the time column's
   QPushButton* command7 = nullptr;  // Import Clipboard data
