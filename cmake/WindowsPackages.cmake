@@ -3,6 +3,18 @@ set(ZENTAB_UTF8CPP /usr/include/utf8cpp CACHE PATH "Folder of utf8.h")
 add_library(utf8cpp INTERFACE)
 target_include_directories(utf8cpp SYSTEM INTERFACE ${ZENTAB_UTF8CPP})
 
+# The others lie among the headers of this system, of which the compiler may see nothing else.
+set(ZENTAB_HEADERS /usr/include CACHE PATH "Folder of CLI/CLI.hpp and nlohmann/json.hpp")
+set(linked ${CMAKE_BINARY_DIR}/headers)
+file(MAKE_DIRECTORY ${linked})
+foreach(library CLI nlohmann)
+  file(CREATE_LINK ${ZENTAB_HEADERS}/${library} ${linked}/${library} SYMBOLIC)
+endforeach()
+foreach(target CLI11::CLI11 nlohmann_json::nlohmann_json)
+  add_library(${target} INTERFACE IMPORTED GLOBAL)
+  target_include_directories(${target} SYSTEM INTERFACE ${linked})
+endforeach()
+
 if(ZENTAB_TESTS)
   set(ZENTAB_GOOGLETEST /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
   set(BUILD_GMOCK OFF CACHE INTERNAL "")

@@ -74,8 +74,8 @@ LoadedModule LoadInstrumentModule(const InstrumentProfile& profile,
   const std::filesystem::path installed = platform::FindFixedName(installFolder, name);
   std::error_code ignored;
   const bool isInstalled = std::filesystem::exists(installed, ignored);
-  platform::LoadedLibrary loaded =
-      platform::LoadSharedLibrary(isInstalled ? installed : platform::ToPath(name));
+  const std::filesystem::path file = isInstalled ? installed : platform::ToPath(name);
+  platform::LoadedLibrary loaded = platform::LoadSharedLibrary(file);
   if (!loaded.library) return {nullptr, std::move(loaded.failure)};
 
   Operations bound;
@@ -84,7 +84,7 @@ LoadedModule LoadInstrumentModule(const InstrumentProfile& profile,
   if (!missing) missing = Bind(*loaded.library, profile.exports.getStartUp, bound.getStartUp);
   if (!missing) missing = Bind(*loaded.library, profile.exports.closeFiles, bound.closeFiles);
   if (!missing) missing = Bind(*loaded.library, profile.exports.setRefgraph, bound.setRefgraph);
-  if (missing) return {nullptr, platform::ToText(installed) + ": " + *missing};
+  if (missing) return {nullptr, platform::ToText(file) + ": " + *missing};
   return {std::make_unique<LibraryModule>(std::move(loaded.library), bound), {}};
 }
 

@@ -44,11 +44,16 @@ class GraphReading {
 
   [[nodiscard]] GraphError Fault(GraphFault fault) const { return {fault, number_}; }
 
+  // A line that is not there.
+  [[nodiscard]] GraphError Missing() const {
+    return Fault(lines_.Failed() ? GraphFault::Unreadable : GraphFault::EndsEarly);
+  }
+
   // The numbers of the next line, which has to have so many of them.
   Result Next(std::size_t fields, GraphFault otherwise, std::vector<double>& numbers) {
     platform::RawLine line;
     ++number_;
-    if (!lines_.Next(line)) return Fault(GraphFault::EndsEarly);
+    if (!lines_.Next(line)) return Missing();
     std::optional<std::vector<double>> read = NumbersOf(line.text);
     if (!read || read->size() != fields) return Fault(otherwise);
     numbers = std::move(*read);
@@ -97,7 +102,7 @@ class GraphReading {
   Result Read(std::vector<GraphSegment>& segments) {
     platform::RawLine first;
     ++number_;
-    if (!lines_.Next(first)) return Fault(GraphFault::Unreadable);
+    if (!lines_.Next(first)) return Missing();
     std::size_t count = 0;
     if (Result error = ReadCount(count)) return error;
     for (std::size_t segment = 0; segment < count; ++segment) {

@@ -14,7 +14,7 @@ inline constexpr std::size_t kMostSegments = 10000;
 
 /// What a line of a GRH file fails to be.
 enum class GraphFault {
-  Unreadable,   // the file cannot be opened, or is no regular file
+  Unreadable,   // the file cannot be opened or read, or is no regular file
   EndsEarly,    // there is no such line any more
   NoCount,      // not the number of segments, 1 to kMostSegments
   NoSegment,    // not the seven numbers of a segment

@@ -169,6 +169,7 @@ TEST_F(GrhFile, NamesTheLineAtFault) {
   }
   EXPECT_EQ(ReadReferenceGraph(Folder() / "missing").error->fault, GraphFault::Unreadable);
   EXPECT_EQ(ReadReferenceGraph(Folder()).error->fault, GraphFault::Unreadable);
+  EXPECT_EQ(ReadText("").error->fault, GraphFault::EndsEarly);
   EXPECT_EQ(ReadText(std::string(5'000'000, '7')).error->line, 2u);
   EXPECT_EQ(ReadText("\r\n1\r\n" + std::string(5'000'000, ' ')).error->line, 3u);
 }

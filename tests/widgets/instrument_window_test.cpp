@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QStatusBar>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QTimer>
 
 #include "app/widgets/qt_user_dialogs.h"
@@ -35,9 +36,10 @@ class InstrumentWindowTest : public QObject {
  private:
   std::unique_ptr<WindowFixture> made_;
 
-  WindowFixture& Start(const std::string& separator = ".") {
+  WindowFixture& Start(const std::string& separator = ".",
+                       const QByteArray& catalogue = kCatalogue) {
     made_ = std::make_unique<WindowFixture>(kLibrary, separator);
-    made_->Write("Zentab.txt", kCatalogue);
+    made_->Write("Zentab.txt", catalogue);
     made_->Open();
     made_->window->activateWindow();
     if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
@@ -59,7 +61,7 @@ class InstrumentWindowTest : public QObject {
     return made_->Find<QLineEdit>(name)->text();
   }
   [[nodiscard]] QString Tip(const char* name) const {
-    return made_->Find<QWidget>(name)->toolTip();
+    return QTextDocumentFragment::fromHtml(made_->Find<QWidget>(name)->toolTip()).toPlainText();
   }
   [[nodiscard]] QString Labels() const {
     return made_->Find<QLabel>("Label3")->text() + '|' + made_->Find<QLabel>("Label2")->text();
@@ -127,6 +129,20 @@ class InstrumentWindowTest : public QObject {
     QCOMPARE(Cells(), curve);
     QCOMPARE(TakeLog(), QStringLiteral(" Imported |"));
     QVERIFY(f.session.table.tableModified && Enabled("Command4"));
+  }
+
+  void AnInstrumentWithoutATextLeavesTheFormerOne() {
+    Start(".",
+          "F1.TEXT2.TIP {}\nF1.TEXT2.TIP2 {pickup <U>}\n"
+          "F1.COMMAND5.TIP {}\nF1.COMMAND5.TIP2 {set <U>}\n");
+    const QString chooseFirst = Tip("Text2");
+    Click("Option1");
+    QCOMPARE(Tip("Text2"), chooseFirst);
+    for (const char* const choice : {"Option2", "Option1"}) {
+      Click(choice);
+      QCOMPARE(Tip("Text2"), QStringLiteral("pickup <U>"));
+      QCOMPARE(Tip("Command5"), QStringLiteral("set <U>"));
+    }
   }
 
   void TheWindowIsBusyWhileAnInstrumentIsChosen() {
@@ -239,6 +255,12 @@ class InstrumentWindowTest : public QObject {
       f.Find<QWidget>("List1")->setFocus();
       QCOMPARE(field->text(), QString());
     }
+    // An access key presses the button and leaves the focus where it is.
+    Read(0);
+    field->setFocus();
+    QTest::keyClicks(field, QStringLiteral("0"));
+    Click("Command5");
+    QVERIFY(f.Bytes("data/currtmp.grh").contains("\r\n0.750000 10.000000 1.000000 4.250000 "));
   }
 
   void ImportAsksBeforeEditsAreLostAndRefusesABrokenFile() {

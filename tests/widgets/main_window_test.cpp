@@ -78,7 +78,7 @@ class MainWindowTest : public QObject {
     QCOMPARE(made_->window->windowTitle(), QStringLiteral("Relay curve table editor"));
     QCOMPARE(made_->Find<QAbstractButton>("Command5")->text(), QStringLiteral("?"));
     QCOMPARE(made_->Find<QAbstractButton>("Command1")->shortcut(), QKeySequence("Alt+R"));
-    QCOMPARE(made_->Find<QLineEdit>("Text2")->toolTip(), QStringLiteral("Select Instrument first"));
+    QVERIFY(made_->Find<QLineEdit>("Text2")->toolTip().contains("Select Instrument first"));
     QVERIFY(made_->Find<QWidget>("Command8")->isHidden());
     QVERIFY(made_->Find<QWidget>("Option3")->isHidden());
   }

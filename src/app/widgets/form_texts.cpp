@@ -20,6 +20,11 @@ const char* CaptionProperty(const QObject& control) {
 
 }  // namespace
 
+QString TooltipText(std::string_view text) {
+  // Plain text would stand in one line, however long, unless it happens to look like markup.
+  return Qt::convertFromPlainText(ToQt(text), Qt::WhiteSpaceNormal);
+}
+
 FormTexts::FormTexts(QMainWindow& form) {
   controls_.insert(form.objectName(), &form);
   for (QObject* const child : form.findChildren<QObject*>()) {
@@ -42,8 +47,7 @@ void FormTexts::SetCaption(std::string_view control, std::string_view text) {
 }
 
 void FormTexts::SetTooltip(std::string_view control, std::string_view text) {
-  // Plain text would stand in one line, however long, unless it happens to look like markup.
-  SetProperty(control, "toolTip", Qt::convertFromPlainText(ToQt(text), Qt::WhiteSpaceNormal));
+  SetProperty(control, "toolTip", TooltipText(text));
 }
 
 void FormTexts::SetShown(std::string_view control, bool shown) {

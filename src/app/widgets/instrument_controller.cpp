@@ -38,8 +38,6 @@ class BusyWindow {
   QPointer<QWidget> focus_;
 };
 
-void LetEventsRun() { QCoreApplication::processEvents(); }
-
 }  // namespace
 
 InstrumentController::InstrumentController(Session& session, const EventLog& log,
@@ -48,8 +46,9 @@ InstrumentController::InstrumentController(Session& session, const EventLog& log
       session_(session),
       dialogs_(dialogs),
       panel_(panel),
-      instruments_(platform::ToPath(session.installFolder),
-                   {[&log](std::string_view line) { log.WriteLogLine(line); }, LetEventsRun}) {
+      instruments_(
+          platform::ToPath(session.installFolder),
+          {[&log](std::string_view line) { log.WriteLogLine(line); }, [this] { LetEventsRun(); }}) {
   // A click on the choice that is already made closes its module and opens it again.
   const auto choose = [this](QRadioButton* option, tables::Instrument kind) {
     connect(option, &QRadioButton::clicked, this, [this, kind] { Choose(kind); });
@@ -77,6 +76,13 @@ void InstrumentController::Choose(tables::Instrument kind) {
     Q_EMIT ResultsWanted();
   }
   Q_EMIT Chosen();
+}
+
+void InstrumentController::LetEventsRun() const {
+  // Outside a choice the window takes input: another instrument, clicked while a graph is on its
+  // way to a module, has to wait, or the graph would go to the wrong one.
+  QCoreApplication::processEvents(busy_ ? QEventLoop::AllEvents
+                                        : QEventLoop::ExcludeUserInputEvents);
 }
 
 void InstrumentController::Open() {

@@ -43,6 +43,7 @@ class InstrumentController : public QObject {
 
  private:
   void Open();
+  void LetEventsRun() const;
   void TellOpenFailed(const std::string& reason);
 
   Session& session_;

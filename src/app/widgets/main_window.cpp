@@ -172,6 +172,8 @@ void MainWindow::ConnectInstruments() {
   connect(chart_->command6, &QPushButton::clicked, graphs_, &ReferenceGraphController::ImportGraph);
   connect(graphs_, &ReferenceGraphController::GridNeeded, table_->grid,
           &editor::CurveGridView::CloseEditor);
+  connect(graphs_, &ReferenceGraphController::GridNeeded, modes_,
+          &ValueModeBinding::LeaveMultiplier);
   connect(graphs_, &ReferenceGraphController::TableImported, this, &MainWindow::ShowTable);
   connect(graphs_, &ReferenceGraphController::Failed, status_, &StatusLine::ShowFailure);
 }
@@ -212,9 +214,11 @@ void MainWindow::RefreshChart() {
 
 void MainWindow::RefreshCaptions() {
   const texts::InstrumentTexts instrument = InstrumentInUse(session_);
-  const std::string tip =
-      instrument.pickupTip.empty() ? session_.texts.program.selectInstrument : instrument.pickupTip;
-  table_->text2->setToolTip(QString::fromStdString(tip));
+  const bool isChosen = session_.instrument != tables::Instrument::None;
+  // What an instrument has no text for stays as it was.
+  const std::string& tip =
+      isChosen ? instrument.pickupTip : session_.texts.program.selectInstrument;
+  if (!tip.empty()) table_->text2->setToolTip(TooltipText(tip));
   // Without an instrument the field is that of the current one.
   const std::string& label = instrument.pickupLabel.empty()
                                  ? session_.texts.instruments[1].pickupLabel
@@ -224,7 +228,7 @@ void MainWindow::RefreshCaptions() {
     chart_->command5->setText(QString::fromStdString(instrument.setGraphCaption));
   }
   if (!instrument.setGraphTip.empty()) {
-    chart_->command5->setToolTip(QString::fromStdString(instrument.setGraphTip));
+    chart_->command5->setToolTip(TooltipText(instrument.setGraphTip));
   }
   table_->HideButtonsWithoutCaption();
   const LabelPair labels = LabelsFor(session_);

@@ -22,7 +22,7 @@ class ReferenceGraphController : public QObject {
   void ImportGraph();
 
  Q_SIGNALS:
-  /// A command is about to use the grid: an open cell editor closes.
+  /// A command is about to use the grid and its value modes: open editors close.
   void GridNeeded();
   /// The grid holds another table.
   void TableImported();

@@ -13,10 +13,12 @@ ValueModeBinding::ValueModeBinding(Session& session, TablePanel& panel)
   connect(panel.check2, &QCheckBox::toggled, this, &ValueModeBinding::Take);
   connect(panel.text2, &QLineEdit::textChanged, this, &ValueModeBinding::Take);
   connect(panel.text3, &QLineEdit::textChanged, this, &ValueModeBinding::TakeMultiplier);
-  connect(panel.text3, &QLineEdit::editingFinished, this, [this] {
-    const std::string text = panel_.text3->text().toStdString();
-    if (editor::MultiplierWhenLeft(text).empty()) panel_.text3->clear();
-  });
+  connect(panel.text3, &QLineEdit::editingFinished, this, &ValueModeBinding::LeaveMultiplier);
+}
+
+void ValueModeBinding::LeaveMultiplier() {
+  const std::string text = panel_.text3->text().toStdString();
+  if (editor::MultiplierWhenLeft(text).empty()) panel_.text3->clear();
 }
 
 void ValueModeBinding::Show() {

@@ -18,6 +18,11 @@ class ValueModeBinding : public QObject {
   /// The session's values changed: shows them.
   void Show();
 
+ public Q_SLOTS:
+  /// The multiplier is left, or used while it is still being typed: a button's access key leaves
+  /// the focus where it is.
+  void LeaveMultiplier();
+
  Q_SIGNALS:
   /// The user changed one of them.
   void Changed();

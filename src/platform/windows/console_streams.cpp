@@ -1,5 +1,8 @@
 #include "platform/console_streams.h"
 
+#include <windows.h>
+
+// Behind the header that it needs.
 #include <fcntl.h>
 #include <io.h>
 #include <shellapi.h>
