@@ -3,6 +3,7 @@
 
 #include "mathparser/special/decaying_integral.h"
 #include "mathparser/special/double_double.h"
+#include "mathparser/special/large_angle.h"
 #include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
@@ -93,8 +94,9 @@ double Oscillating(Which which, double x) {
   const Sums sums(zeta.high, -1.0);
   const double lowSine = std::sin(zeta.low);
   const double lowCosine = std::cos(zeta.low);
-  const double sine = std::sin(zeta.high) * lowCosine + std::cos(zeta.high) * lowSine;
-  const double cosine = std::cos(zeta.high) * lowCosine - std::sin(zeta.high) * lowSine;
+  const SineCosine high = SineCosineOf(zeta.high);
+  const double sine = high.sine * lowCosine + high.cosine * lowSine;
+  const double cosine = high.cosine * lowCosine - high.sine * lowSine;
   const double difference = sine - cosine;
   const double sum = sine + cosine;
   const double even = 1.0 + sums.even;

@@ -4,6 +4,8 @@
 #include <array>
 #include <numbers>
 
+#include "mathparser/special/large_angle.h"
+
 namespace zentab::mathparser {
 namespace {
 
@@ -121,7 +123,10 @@ Real AsymptoticOf(Kind kind, int order, Real x, Real sine, Real cosine) {
 
 double LowOrder(Kind kind, int order, double x) {
   if (x <= kSeriesEnd) return static_cast<double>(SeriesOf(kind, order, x));
-  if (x >= kHankelStart) return AsymptoticOf(kind, order, x, std::sin(x), std::cos(x));
+  if (x >= kHankelStart) {
+    const auto [sine, cosine] = SineCosineOf(x);
+    return AsymptoticOf(kind, order, x, sine, cosine);
+  }
   const DownwardRun run(order, x, kind == Kind::Second);
   return static_cast<double>(MiddleOf(kind, order, x, run));
 }

@@ -1,6 +1,7 @@
 #include <array>
 #include <numbers>
 
+#include "mathparser/special/large_angle.h"
 #include "mathparser/special/special_functions.h"
 
 namespace zentab::mathparser {
@@ -71,7 +72,8 @@ double Si(double x) {
     return std::copysign(static_cast<double>(SeriesFrom(1.0L, wide, wide * wide)), x);
   }
   const Auxiliary rest = AuxiliaryOf(size);
-  return std::copysign(kHalfPi - rest.f * std::cos(size) - rest.g * std::sin(size), x);
+  const auto [sine, cosine] = SineCosineOf(size);
+  return std::copysign(kHalfPi - rest.f * cosine - rest.g * sine, x);
 }
 
 // The cosine integral. Domain: x > 0. Method: as the sine integral (DLMF 6.6.6, 6.9.1, 6.12.4).
@@ -85,7 +87,8 @@ double Ci(double x) {
                                SeriesFrom(2.0L, -0.5L * square, square));
   }
   const Auxiliary rest = AuxiliaryOf(x);
-  return rest.f * std::sin(x) - rest.g * std::cos(x);
+  const auto [sine, cosine] = SineCosineOf(x);
+  return rest.f * sine - rest.g * cosine;
 }
 
 constexpr std::array kFunctions = {Special<Si>("si", 81), Special<Ci>("ci", 82)};
