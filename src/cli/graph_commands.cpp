@@ -1,4 +1,5 @@
 #include "app/reference_graph_commands.h"
+#include "cli/argument_checks.h"
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"
