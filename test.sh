@@ -25,38 +25,37 @@ run() {
   ctest --preset "$1" -j "$(nproc)"
 }
 
-# The longest input of each fuzz target, in bytes.
-declare -A fuzz_targets=(
-  [table_lines]=1024 [catalogue]=2048 [result_reader]=2048 [time_test_import]=2048
-  [reference_graph]=2048 [clipboard_text]=512 [expression]=256 [settings_files]=1024)
+# Each fuzz target with the longest input it gets, in bytes.
+fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_import=2048
+  reference_graph=2048 clipboard_text=512 expression=256 settings_files=1024)
 
-# fuzz LIMIT: all targets; the log, new inputs and what is at fault stay in build/fuzz/found.
-fuzz() {
+# fuzz LIMIT: runs all targets. New inputs, the log and an input at fault stay in build/fuzz/found.
+fuzz() (
   need "${build_packages[@]}" "${fuzz_packages[@]}"
   echo "== fuzz $1"
   build fuzz
-  local found=build/fuzz/found target dictionary failed=()
-  # The targets write files by the million.
+  # Small files are written by the million.
   TMPDIR=$(mktemp -d "$([ -w /dev/shm ] && echo /dev/shm || echo /tmp)/zentab-fuzz-XXXXXX")
   export TMPDIR
   trap 'rm -rf "$TMPDIR"' EXIT
-  for target in "${!fuzz_targets[@]}"; do
-    rm -rf "$found/$target"
-    mkdir -p "$found/$target/inputs"
-    dictionary=build/fuzz/corpus/$target.dict
+  failed=0
+  for row in "${fuzz_targets[@]}"; do
+    target=${row%=*} found=build/fuzz/found/${row%=*} corpus=build/fuzz/corpus/${row%=*}
+    options=("$1" -seed=1 -max_len="${row#*=}" -timeout=10 -rss_limit_mb=2048
+      -print_final_stats=1 -artifact_prefix="$found/")
+    [ ! -f "$corpus.dict" ] || options+=(-dict="$corpus.dict")
+    rm -rf "$found"
+    mkdir -p "$found/inputs"
     printf '%-18s' "$target"
-    if "build/fuzz/bin/$target" "$1" -seed=1 -max_len="${fuzz_targets[$target]}" -timeout=10 \
-      -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$found/$target/" \
-      $([ ! -f "$dictionary" ] || echo "-dict=$dictionary") \
-      "$found/$target/inputs" "build/fuzz/corpus/$target" >"$found/$target/log" 2>&1; then
-      sed -n 's/^Done \([0-9]* runs in [0-9]* second(s)\)$/\1/p' "$found/$target/log"
+    if "build/fuzz/bin/$target" "${options[@]}" "$found/inputs" "$corpus" >"$found/log" 2>&1; then
+      sed -n 's/^Done //p' "$found/log"
     else
-      echo "at fault: see $found/$target"
-      failed+=("$target")
+      echo "at fault: see $found"
+      failed=1
     fi
   done
-  [ ${#failed[@]} -eq 0 ]
-}
+  return "$failed"
+)
 
 case "${1:-dev}" in
   dev | asan | no-gui) run "${1:-dev}" ;;
