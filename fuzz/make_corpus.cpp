@@ -206,8 +206,8 @@ class Corpus {
         "\xEF\xBB\xBF[HKEY_LOCAL_MACHINE\\SOFTWARE\\HALDOR\\MIRAXWIN]\nmirax=dword:0000001f\n",
         "\n]=[x\n=\n[Settings\nTableName=no\n\r\r[]\n"};
     for (const std::string& file : files) {
-      Add("settings_files", "other.dat\t2\t300\n" + file);
-      Add("settings_files", " a=b \t]\t\n" + file);
+      Add("settings_files", "other.dat\t2\t300\t1,5\n" + file);
+      Add("settings_files", " a=b \t]\t\t[x]\n" + file);
     }
   }
 
