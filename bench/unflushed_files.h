@@ -16,8 +16,7 @@ class UnflushedFile final : public platform::OutputFile {
   explicit UnflushedFile(std::unique_ptr<OutputFile> file) : file_(std::move(file)) {}
   std::error_code Write(std::string_view bytes) override { return file_->Write(bytes); }
   std::error_code Flush() override { return {}; }
-  std::error_code Size(std::uint64_t& size) override { return file_->Size(size); }
-  std::error_code Truncate(std::uint64_t size) override { return file_->Truncate(size); }
+  std::error_code Stamp(platform::FileStamp& stamp) override { return file_->Stamp(stamp); }
   std::error_code Close() override { return file_->Close(); }
 
  private:
@@ -45,6 +44,10 @@ class UnflushedFiles final : public platform::FileLayer {
   }
   std::error_code Remove(const fs::path& path) override {
     return platform::SystemFiles().Remove(path);
+  }
+  std::error_code TryLock(const fs::path& path,
+                          std::unique_ptr<platform::FileLock>& lock) override {
+    return platform::SystemFiles().TryLock(path, lock);
   }
 };
 

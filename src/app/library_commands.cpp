@@ -1,20 +1,13 @@
 #include "app/library_commands.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "editor/grid_points.h"
 #include "platform/paths.h"
 #include "tables/entry_line.h"
-#include "tables/table_library.h"
 #include "texts/number_text.h"
 
 namespace zentab::app {
-namespace {
-
-std::error_code NoSuchLine() { return std::make_error_code(std::errc::result_out_of_range); }
-
-}  // namespace
 
 std::filesystem::path ActiveTableFile(const Session& session) {
   const std::filesystem::path path = platform::ToPath(session.tablePath);
@@ -27,12 +20,22 @@ tables::CurveTableEntry LibraryCommands::EntryFromGrid(std::string_view name) co
           session_.modes.absoluteValues, session_.instrument};
 }
 
-void LibraryCommands::FillEntryList() { session_.entryNames = tables::ListEntryNames(File()); }
+tables::KeepAlive LibraryCommands::Alive() const {
+  return [this] { writer_.Files().KeepAlive(); };
+}
 
-std::error_code LibraryCommands::ReadEntry(std::size_t index) {
-  const std::optional<std::string> line = tables::ReadEntryLine(File(), index);
-  if (!line) return NoSuchLine();
-  const tables::ParsedEntry entry = tables::ParseEntryLine(*line);
+void LibraryCommands::FillEntryList() { session_.listing = tables::ListEntries(File(), Alive()); }
+
+bool LibraryCommands::RefreshEntryList(std::size_t& index) {
+  return tables::Refresh(File(), session_.listing, index, Alive());
+}
+
+std::error_code LibraryCommands::ReadEntry(std::size_t& index) {
+  std::string line;
+  if (const auto error = tables::ReadEntryLine(File(), session_.listing, index, line, Alive())) {
+    return error;
+  }
+  const tables::ParsedEntry entry = tables::ParseEntryLine(line);
   editor::ShowPoints(session_.table.grid, entry.points, session_.localeDecimalSeparator);
   session_.modes.milliseconds = entry.milliseconds.value_or(session_.modes.milliseconds);
   session_.modes.absoluteValues = entry.absoluteValues.value_or(session_.modes.absoluteValues);
@@ -41,19 +44,15 @@ std::error_code LibraryCommands::ReadEntry(std::size_t index) {
   return {};
 }
 
-std::error_code LibraryCommands::RemoveEntry(std::size_t index) {
-  if (index >= session_.entryNames.size()) return NoSuchLine();
-  if (const std::error_code error = tables::RemoveEntry(files_, File(), index)) return error;
-  session_.entryNames.erase(session_.entryNames.begin() + static_cast<std::ptrdiff_t>(index));
-  return {};
+std::error_code LibraryCommands::RemoveEntry(std::size_t& index) {
+  return writer_.RemoveEntry(File(), session_.listing, index);
 }
 
-std::error_code LibraryCommands::UpdateEntry(std::size_t index) {
-  if (index >= session_.entryNames.size()) return NoSuchLine();
-  const tables::CurveTableEntry entry = EntryFromGrid(session_.entryNames[index]);
-  if (const std::error_code error = tables::ReplaceEntry(files_, File(), index, entry)) {
-    return error;
-  }
+std::error_code LibraryCommands::UpdateEntry(std::size_t& index) {
+  const std::vector<std::string>& names = session_.listing.names;
+  if (index >= names.size()) return std::make_error_code(std::errc::result_out_of_range);
+  const tables::CurveTableEntry entry = EntryFromGrid(names[index]);
+  if (const auto error = writer_.ReplaceEntry(File(), session_.listing, index, entry)) return error;
   session_.table.tableModified = false;
   return {};
 }
@@ -64,10 +63,10 @@ NameResult LibraryCommands::EnterName(std::string_view typed) {
   std::replace_if(
       name.begin(), name.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   if (name.empty()) return NameResult::Empty;
-  if (tables::HasName(session_.entryNames, name)) return NameResult::Duplicate;
-  if (tables::AppendEntry(files_, File(), EntryFromGrid(name))) return NameResult::NotWritten;
-  session_.entryNames.push_back(name);
-  return NameResult::Added;
+  if (session_.listing.HasName(name)) return NameResult::Duplicate;
+  const std::error_code error = writer_.AppendEntry(File(), session_.listing, EntryFromGrid(name));
+  if (error == std::errc::file_exists) return NameResult::Duplicate;
+  return error ? NameResult::NotWritten : NameResult::Added;
 }
 
 void LibraryCommands::SetActiveTable(std::string_view path) {

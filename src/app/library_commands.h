@@ -6,7 +6,7 @@
 #include <system_error>
 
 #include "app/session.h"
-#include "platform/file_layer.h"
+#include "tables/table_writer.h"
 
 namespace zentab::app {
 
@@ -21,25 +21,31 @@ enum class NameResult {
 [[nodiscard]] std::filesystem::path ActiveTableFile(const Session& session);
 
 /// The commands on the library of curve tables: each works on whole lines of the active table
-/// file. `index` is a position in the list of names. None of them asks the user; a failure
-/// changes neither the file nor the session.
+/// file. `index` is a position in the list of names. Other programs may change the file at any
+/// time: a command that finds it changed lists it anew, `index` follows its line, and the command
+/// goes on there; when nobody's line is the one that was listed any more it fails with
+/// tables::kEntryChanged, and `index` is that of an entry of the same name or beyond the list. None
+/// of them asks the user; a failure changes neither the file nor the table in the grid.
 class LibraryCommands {
  public:
-  LibraryCommands(Session& session, platform::FileLayer& files)
-      : session_(session), files_(files) {}
+  LibraryCommands(Session& session, tables::TableWriter& writer)
+      : session_(session), writer_(writer) {}
 
-  /// Reads the names of the active table file into the session.
+  /// Lists the active table file in the session.
   void FillEntryList();
+
+  /// The same, if the file has changed since it was listed; whether it had.
+  [[nodiscard]] bool RefreshEntryList(std::size_t& index);
 
   /// Brings an entry into the grid, with the settings that it gives. When its line cannot be read
   /// the grid keeps what it holds.
-  [[nodiscard]] std::error_code ReadEntry(std::size_t index);
+  [[nodiscard]] std::error_code ReadEntry(std::size_t& index);
 
   /// Takes an entry out of the file and the list. The grid stays.
-  [[nodiscard]] std::error_code RemoveEntry(std::size_t index);
+  [[nodiscard]] std::error_code RemoveEntry(std::size_t& index);
 
   /// Writes the grid and the settings under the name at `index`.
-  [[nodiscard]] std::error_code UpdateEntry(std::size_t index);
+  [[nodiscard]] std::error_code UpdateEntry(std::size_t& index);
 
   /// A name was entered for the grid's table: adds it to file and list.
   [[nodiscard]] NameResult EnterName(std::string_view typed);
@@ -51,8 +57,10 @@ class LibraryCommands {
   [[nodiscard]] tables::CurveTableEntry EntryFromGrid(std::string_view name) const;
   [[nodiscard]] std::filesystem::path File() const { return ActiveTableFile(session_); }
 
+  [[nodiscard]] tables::KeepAlive Alive() const;
+
   Session& session_;
-  platform::FileLayer& files_;
+  tables::TableWriter& writer_;
 };
 
 }  // namespace zentab::app

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "editor/curve_grid.h"
 #include "editor/value_modes.h"
 #include "tables/curve_table_entry.h"
+#include "tables/table_listing.h"
 #include "texts/catalogue_texts.h"
 
 namespace zentab::app {
@@ -20,8 +20,8 @@ struct Session {
   editor::ValueModes modes;
   tables::Instrument instrument = tables::Instrument::None;
   texts::CatalogueTexts texts;
-  std::string exchangeFile;             // the file chosen last for copying entries
-  std::vector<std::string> entryNames;  // of the active table file, by line number
+  std::string exchangeFile;      // the file chosen last for copying entries
+  tables::TableListing listing;  // of the active table file, as List1 shows it
 };
 
 }  // namespace zentab::app

@@ -1,9 +1,10 @@
 #include "cli/entries.h"
 
 #include <charconv>
+#include <unordered_map>
 
 #include "platform/character_case.h"
-#include "tables/table_library.h"
+#include "platform/line_reader.h"
 #include "texts/number_text.h"
 
 namespace zentab::cli {
@@ -17,35 +18,61 @@ std::optional<std::size_t> LineNumber(std::string_view entry) {
   return error == std::errc() && at == end ? std::optional(line) : std::nullopt;
 }
 
-std::string_view NextLine(std::string_view& text) {
-  const std::size_t end = std::min(text.find('\n'), text.size());
-  std::string_view line = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  if (line.ends_with('\r')) line.remove_suffix(1);
-  return line;
-}
-
 bool IsPoint(const tables::CurvePoint& point) {
   return texts::WholeNumber(point.load) && texts::WholeNumber(point.time);
 }
 
 }  // namespace
 
-std::optional<FoundEntry> FindEntry(const std::filesystem::path& file, const std::string& entry) {
-  const std::optional<std::size_t> wanted = LineNumber(entry);
-  const std::string folded = platform::LowerCase(entry);
-  for (tables::NamedLine& line : tables::ListNamedLines(file)) {
-    if (wanted ? line.number == *wanted : platform::LowerCase(line.name) == folded) {
-      return FoundEntry{line.number, std::move(line.name)};
+std::vector<std::optional<FoundEntry>> FindEntries(const tables::TableListing& listing,
+                                                   const std::vector<std::string>& wanted) {
+  std::unordered_multimap<std::string, std::size_t> places;  // of the names, in `found`
+  std::unordered_multimap<std::size_t, std::size_t> lines;
+  for (std::size_t place = 0; place < wanted.size(); ++place) {
+    if (const std::optional<std::size_t> line = LineNumber(wanted[place])) {
+      lines.emplace(*line, place);
+    } else {
+      places.emplace(platform::LowerCase(wanted[place]), place);
     }
   }
-  return std::nullopt;
+  std::vector<std::optional<FoundEntry>> found(wanted.size());
+  const auto take = [&](const auto& range, std::size_t line, const std::string& name) {
+    for (auto at = range.first; at != range.second; ++at) {
+      if (!found[at->second]) found[at->second] = FoundEntry{line, name};
+    }
+  };
+  std::size_t line = 0;
+  auto nameless = listing.nameless.begin();
+  for (const std::string& name : listing.names) {
+    for (; nameless != listing.nameless.end() && *nameless == line; ++nameless) ++line;
+    if (!places.empty()) take(places.equal_range(platform::LowerCase(name)), line, name);
+    if (!lines.empty()) take(lines.equal_range(line), line, name);
+    ++line;
+  }
+  return found;
 }
 
-PointLines ReadPointLines(std::string_view text) {
+EntryOfFile FindEntry(const std::filesystem::path& file, const std::string& entry) {
+  EntryOfFile result;
+  result.listing = tables::ListEntries(file);
+  result.found = FindEntries(result.listing, {entry}).front();
+  return result;
+}
+
+std::optional<EntryLine> ReadEntry(const std::filesystem::path& file, const std::string& entry) {
+  EntryOfFile in = FindEntry(file, entry);
+  if (!in.found) return std::nullopt;
+  EntryLine result{in.found->name, {}};
+  const auto error = tables::ReadEntryLine(file, in.listing, in.found->line, result.line);
+  return error ? std::nullopt : std::optional(std::move(result));
+}
+
+PointLines ReadPointLines(const std::filesystem::path& file) {
   PointLines lines;
-  for (int number = 1; !text.empty(); ++number) {
-    const std::string_view line = NextLine(text);
+  platform::LineReader reader(file);
+  platform::RawLine raw;
+  for (int number = 1; reader.Next(raw); ++number) {
+    const std::string_view line = raw.text;
     if (line.empty() || line.starts_with('#')) continue;
     const std::size_t tab = std::min(line.find('\t'), line.size());
     const tables::CurvePoint point = {

@@ -6,7 +6,6 @@
 #include "platform/paths.h"
 #include "platform/safe_file_replacement.h"
 #include "tables/entry_line.h"
-#include "tables/table_library.h"
 #include "testset/imported_graph.h"
 #include "testset/reference_graph_writer.h"
 #include "texts/number_text.h"
@@ -115,17 +114,15 @@ Exit WriteGraph(const GraphOptions& options, Console& console) {
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
   const fs::path output = platform::ToPath(options.output);
   if (AreOneFile(file.Path(), output)) return console.Fail(options.output + ": is the table file");
-  const std::optional<FoundEntry> found = FindEntry(file.Path(), options.entry);
-  const std::optional<std::string> line =
-      found ? tables::ReadEntryLine(file.Path(), found->line) : std::nullopt;
-  if (!line) return console.Fail(file.Name() + ": no entry '" + options.entry + "'");
-  const tables::ParsedEntry entry = tables::ParseEntryLine(*line);
+  const std::optional<EntryLine> read = ReadEntry(file.Path(), options.entry);
+  if (!read) return console.Fail(file.Name() + ": no entry '" + options.entry + "'");
+  const tables::ParsedEntry entry = tables::ParseEntryLine(read->line);
   const editor::ValueModes modes = ModesOf(options, entry);
   if (!testset::CanImport(modes)) return console.Misused(kPickupNeeded);
   editor::CurveGrid grid;
   editor::ShowPoints(grid, entry.points, ".");
   const auto segments = testset::SegmentsOf(grid, modes, ExtensionsOf(options));
-  if (!segments) return console.Fail(found->name + ": has no points");
+  if (!segments) return console.Fail(read->name + ": has no points");
   const std::string bytes = testset::FormatReferenceGraph(*segments, app::Today());
   const std::error_code error = platform::ReplaceFile(
       platform::SystemFiles(), output,

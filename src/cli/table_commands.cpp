@@ -10,7 +10,7 @@
 #include "platform/line_reader.h"
 #include "platform/paths.h"
 #include "tables/entry_line.h"
-#include "tables/table_library.h"
+#include "tables/table_writer.h"
 #include "texts/line_encoding.h"
 #include "texts/number_text.h"
 
@@ -38,8 +38,13 @@ Exit NotFound(const Console& console, const std::string& file, const std::string
 }
 
 Exit NotWritten(const Console& console, const std::string& file, std::error_code error) {
-  return console.Fail(file + ": not written: " + error.message());
+  return console.Fail(file + ": not written: " +
+                      (error == tables::kEntryChanged ? "another program has changed it meanwhile"
+                                                      : error.message()));
 }
+
+// A script decides itself what it keeps.
+tables::TableWriter Writer() { return {platform::SystemFiles(), tables::Backups::None}; }
 
 // list
 
@@ -55,12 +60,12 @@ void DeclareList(CLI::App& command, ListOptions& options) {
                    "instrument (0, 1 current, 2 voltage) and name, between tabs");
 }
 
-std::string LongLine(const tables::NamedLine& line, std::string_view bytes) {
+std::string LongLine(std::size_t number, const std::string& name, std::string_view bytes) {
   const tables::ParsedEntry entry = tables::ParseEntryLine(texts::DecodeLine(bytes));
-  return std::to_string(line.number) + '\t' + std::to_string(entry.points.size()) + '\t' +
+  return std::to_string(number) + '\t' + std::to_string(entry.points.size()) + '\t' +
          Digit(entry.milliseconds.value_or(false)) + '\t' +
          Digit(entry.absoluteValues.value_or(false)) + '\t' +
-         Digit(entry.instrument.value_or(Instrument::None)) + '\t' + line.name;
+         Digit(entry.instrument.value_or(Instrument::None)) + '\t' + name;
 }
 
 Exit List(const ListOptions& options, Console& console) {
@@ -69,9 +74,8 @@ Exit List(const ListOptions& options, Console& console) {
   platform::LineReader reader(file.Path());
   platform::RawLine line;
   for (std::size_t number = 0; reader.Next(line); ++number) {
-    std::optional<std::string> name = tables::ParseEntryName(line.text);
-    if (!name) continue;
-    console.WriteLine(options.isLong ? LongLine({number, *std::move(name)}, line.text) : *name);
+    const std::optional<std::string> name = tables::ParseEntryName(line.text);
+    if (name) console.WriteLine(options.isLong ? LongLine(number, *name, line.text) : *name);
   }
   return Exit::Done;
 }
@@ -126,17 +130,15 @@ std::string JsonOf(const std::string& name, const tables::ParsedEntry& entry) {
 Exit Show(const ShowOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  const std::optional<FoundEntry> found = FindEntry(file.Path(), options.entry);
-  const std::optional<std::string> line =
-      found ? tables::ReadEntryLine(file.Path(), found->line) : std::nullopt;
-  if (!line) return NotFound(console, file.Name(), options.entry);
-  const tables::ParsedEntry entry = tables::ParseEntryLine(*line);
+  const std::optional<EntryLine> read = ReadEntry(file.Path(), options.entry);
+  if (!read) return NotFound(console, file.Name(), options.entry);
+  const tables::ParsedEntry entry = tables::ParseEntryLine(read->line);
   if (options.format == "json") {
-    console.Write(JsonOf(found->name, entry));
+    console.Write(JsonOf(read->name, entry));
   } else if (options.format == "csv") {
     console.Write(CsvOf(entry));
   } else {
-    console.WriteLine("# " + found->name + "\tms=" + Digit(entry.milliseconds.value_or(false)) +
+    console.WriteLine("# " + read->name + "\tms=" + Digit(entry.milliseconds.value_or(false)) +
                       "\tabsolute=" + Digit(entry.absoluteValues.value_or(false)) +
                       "\tinstrument=" + Digit(entry.instrument.value_or(Instrument::None)));
     editor::CurveGrid grid;
@@ -192,13 +194,7 @@ std::string FullPath(const std::string& file) {
 
 bool TakePoints(const StoreOptions& options, app::Session& session, Console& console) {
   const InputFile file(options.points);
-  std::string text;
-  if (!file.Error()) {
-    platform::LineReader reader(file.Path());
-    platform::RawLine line;
-    while (reader.Next(line)) text.append(line.text).append("\n");
-  }
-  const PointLines lines = ReadPointLines(text);
+  const PointLines lines = file.Error() ? PointLines() : ReadPointLines(file.Path());
   if (file.Error() || !lines.error.empty()) {
     console.Warn(file.Name() + ": " + (file.Error() ? file.Error().message() : lines.error));
     return false;
@@ -219,7 +215,8 @@ bool TakePoints(const StoreOptions& options, app::Session& session, Console& con
 Exit Add(const StoreOptions& options, Console& console) {
   app::Session session;
   if (!TakePoints(options, session, console)) return Exit::Failed;
-  app::LibraryCommands library(session, platform::SystemFiles());
+  tables::TableWriter writer = Writer();
+  app::LibraryCommands library(session, writer);
   library.FillEntryList();
   switch (library.EnterName(options.entry)) {
     case app::NameResult::Added:
@@ -238,13 +235,13 @@ Exit Update(const StoreOptions& options, Console& console) {
   app::Session session;
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  const std::optional<FoundEntry> found = FindEntry(file.Path(), options.entry);
-  if (!found) return NotFound(console, options.file, options.entry);
+  EntryOfFile entry = FindEntry(file.Path(), options.entry);
+  if (!entry.found) return NotFound(console, options.file, options.entry);
   if (!TakePoints(options, session, console)) return Exit::Failed;
   const std::error_code error =
-      tables::ReplaceEntry(platform::SystemFiles(), file.Path(), found->line,
-                           {found->name, editor::PointRows(session.table.grid),
-                            options.milliseconds, options.absolute, options.instrument});
+      Writer().ReplaceEntry(file.Path(), entry.listing, entry.found->line,
+                            {entry.found->name, editor::PointRows(session.table.grid),
+                             options.milliseconds, options.absolute, options.instrument});
   return error ? NotWritten(console, options.file, error) : Exit::Done;
 }
 
@@ -263,10 +260,9 @@ void DeclareRemove(CLI::App& command, RemoveOptions& options) {
 Exit Remove(const RemoveOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  const std::optional<FoundEntry> found = FindEntry(file.Path(), options.entry);
-  if (!found) return NotFound(console, options.file, options.entry);
-  const std::error_code error =
-      tables::RemoveEntry(platform::SystemFiles(), file.Path(), found->line);
+  EntryOfFile entry = FindEntry(file.Path(), options.entry);
+  if (!entry.found) return NotFound(console, options.file, options.entry);
+  const std::error_code error = Writer().RemoveEntry(file.Path(), entry.listing, entry.found->line);
   return error ? NotWritten(console, options.file, error) : Exit::Done;
 }
 
@@ -289,15 +285,16 @@ void DeclareCopy(CLI::App& command, CopyOptions& options) {
 Exit Copy(const CopyOptions& options, Console& console) {
   const InputFile source(options.source);
   if (source.Error()) return console.Fail(source.Name() + ": " + source.Error().message());
-  std::vector<bool> selected;
-  for (const std::string& entry : options.entries) {
-    const std::optional<FoundEntry> found = FindEntry(source.Path(), entry);
-    if (!found) return NotFound(console, source.Name(), entry);
-    if (selected.size() <= found->line) selected.resize(found->line + 1);
-    selected[found->line] = true;
+  const tables::TableListing listing = tables::ListEntries(source.Path());
+  const auto found = FindEntries(listing, options.entries);
+  std::vector<bool> selected(listing.lines.size());
+  for (std::size_t place = 0; place < found.size(); ++place) {
+    if (!found[place]) return NotFound(console, source.Name(), options.entries[place]);
+    selected[found[place]->line] = true;
   }
+  tables::TableWriter writer = Writer();
   const exchange::CopyResult result = exchange::CopyEntries(
-      platform::SystemFiles(), source.Path(), selected, platform::ToPath(options.target));
+      writer, source.Path(), listing.stamp, selected, platform::ToPath(options.target));
   return result.error ? NotWritten(console, options.target, result.error) : Exit::Done;
 }
 

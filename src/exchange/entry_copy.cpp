@@ -1,11 +1,9 @@
 #include "exchange/entry_copy.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string>
 
 #include "platform/line_reader.h"
-#include "platform/safe_file_replacement.h"
 
 namespace zentab::exchange {
 namespace {
@@ -44,11 +42,11 @@ class LineWriter {
   std::string block_;
 };
 
-// The selected lines of a file as it is now; the file is read no further than to the last of them.
+// The selected lines of a file, which is read no further than to the last of them.
 class SelectedLines {
  public:
-  SelectedLines(const fs::path& file, std::uint64_t size, const std::vector<bool>& selected)
-      : reader_(file, size),
+  SelectedLines(const fs::path& file, const std::vector<bool>& selected)
+      : reader_(file),
         end_(std::find(selected.rbegin(), selected.rend(), true).base()),
         next_(selected.begin()) {}
 
@@ -82,24 +80,27 @@ std::error_code WriteLines(SelectedLines& lines, platform::RawLine line, LineWri
 
 }  // namespace
 
-CopyResult CopyEntries(platform::FileLayer& files, const fs::path& source,
+CopyResult CopyEntries(tables::TableWriter& writer, const fs::path& source,
+                       const std::optional<platform::FileStamp>& listed,
                        const std::vector<bool>& selected, const fs::path& target) {
   CopyResult result;
-  const std::uint64_t size = fs::file_size(source, result.error);
-  if (result.error) return result;
-  SelectedLines lines(source, size, selected);
+  // Opened before its stamp is looked at: what is read is then what was listed.
+  std::optional<SelectedLines> lines(std::in_place, source, selected);
+  if (platform::StampOf(source) != listed) {
+    result.error = std::make_error_code(tables::kEntryChanged);
+    return result;
+  }
   platform::RawLine first;
-  const bool any = lines.Next(first);
-  result.error = lines.Error();
+  const bool any = lines->Next(first);
+  result.error = lines->Error();
   if (result.error || !any) return result;
 
-  const bool endsInside = platform::EndsInsideLine(target);
-  result.error = platform::AppendToFile(files, target, [&](platform::OutputFile& output) {
-    LineWriter writer(output);
-    if (endsInside) {
-      if (const std::error_code error = writer.Write(kLineEnd)) return error;
-    }
-    return WriteLines(lines, first, writer, result.copied);
+  result.error = writer.AppendLines(target, [&](platform::OutputFile& output) {
+    LineWriter block(output);
+    const std::error_code error = WriteLines(*lines, first, block, result.copied);
+    // The source may be the file that is about to be replaced.
+    lines.reset();
+    return error;
   });
   if (result.error) result.copied = 0;
   return result;

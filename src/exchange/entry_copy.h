@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 #include <vector>
 
-#include "platform/file_layer.h"
+#include "platform/file_stamp.h"
+#include "tables/table_writer.h"
 
 namespace zentab::exchange {
 
@@ -19,10 +21,12 @@ struct CopyResult {
 /// (from 0) when `selected[n]` is set, each byte for byte as it stands, with CR LF behind it. A
 /// last line of the target without a line end gets one first. A missing target is created, but
 /// only for lines to be copied; selected lines that the source does not have are left out. The
-/// two may be the same file: what the copy itself adds is not read again. After an error the
-/// target is as it was.
-[[nodiscard]] CopyResult CopyEntries(platform::FileLayer& files,
+/// two may be the same file. Fails with tables::kEntryChanged when the source is no longer the
+/// file of the stamp, from whose listing the lines were selected. After an error the target is as
+/// it was.
+[[nodiscard]] CopyResult CopyEntries(tables::TableWriter& writer,
                                      const std::filesystem::path& source,
+                                     const std::optional<platform::FileStamp>& listed,
                                      const std::vector<bool>& selected,
                                      const std::filesystem::path& target);
 

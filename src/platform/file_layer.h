@@ -1,10 +1,11 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string_view>
 #include <system_error>
+
+#include "platform/file_stamp.h"
 
 namespace zentab::platform {
 
@@ -18,11 +19,15 @@ class OutputFile {
   [[nodiscard]] virtual std::error_code Write(std::string_view bytes) = 0;
   /// Forces what was written onto the storage device.
   [[nodiscard]] virtual std::error_code Flush() = 0;
-  /// The file's size in bytes as the system sees it.
-  [[nodiscard]] virtual std::error_code Size(std::uint64_t& size) = 0;
-  /// Cuts the file to `size` bytes.
-  [[nodiscard]] virtual std::error_code Truncate(std::uint64_t size) = 0;
+  /// The file's size and the rest of its stamp as the system sees them.
+  [[nodiscard]] virtual std::error_code Stamp(FileStamp& stamp) = 0;
   [[nodiscard]] virtual std::error_code Close() = 0;
+};
+
+/// Keeps others from changing a file, until it is destroyed or its process ends, in whatever way.
+class FileLock {
+ public:
+  virtual ~FileLock() = default;
 };
 
 /// The steps by which files are changed, as one replaceable layer under everything that writes.
@@ -43,6 +48,14 @@ class FileLayer {
                                                  const std::filesystem::path& to) = 0;
   /// Removes a file; a missing one is no error.
   [[nodiscard]] virtual std::error_code Remove(const std::filesystem::path& path) = 0;
+  /// Locks a file, there or not, towards all who lock it too; reading stays free. Fails with
+  /// std::errc::device_or_resource_busy while someone else holds the lock. A file `path`.lock
+  /// stands beside it meanwhile; one that a crash left behind is nobody's lock. Where the file
+  /// system knows no locks there is nothing to hold, and the lock is given.
+  [[nodiscard]] virtual std::error_code TryLock(const std::filesystem::path& path,
+                                                std::unique_ptr<FileLock>& lock) = 0;
+  /// Called again and again during work that may last: a window stays alive by it.
+  virtual void KeepAlive() {}
 };
 
 /// The operating system's files.

@@ -2,15 +2,13 @@
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
+
+#include "platform/file_reader.h"
 
 namespace zentab::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Large enough that the calls into the system do not count, small enough to stay in the cache.
-constexpr std::size_t kBlock = 256u << 10;
 
 struct LineEnd {
   std::size_t at;      // offset of the line end
@@ -44,24 +42,9 @@ LineEnd FindLineEnd(std::string_view text, std::size_t from) {
   return {text.size(), 0, false};
 }
 
-bool OpenRegular(const fs::path& path, std::ifstream& file) {
-  std::error_code error;
-  if (!fs::is_regular_file(path, error)) return false;
-  // Unbuffered: the blocks are read straight to where they are used.
-  file.rdbuf()->pubsetbuf(nullptr, 0);
-  file.open(path, std::ios::binary);
-  return file.is_open();
-}
-
-std::size_t ReadBlock(std::ifstream& file, char* to, std::size_t size) {
-  file.read(to, static_cast<std::streamsize>(size));
-  return static_cast<std::size_t>(file.gcount());
-}
-
 }  // namespace
 
-LineReader::LineReader(const fs::path& path, std::uint64_t most)
-    : unread_(most), atEnd_(!OpenRegular(path, file_)) {}
+LineReader::LineReader(const fs::path& path) : atEnd_(!OpenRegular(path, file_)) {}
 
 bool LineReader::Refill() {
   if (atEnd_) return false;
@@ -69,12 +52,11 @@ bool LineReader::Refill() {
   if (begin_ > 0) std::memmove(buffer_.data(), buffer_.data() + begin_, kept);
   begin_ = 0;
   end_ = kept;
-  if (buffer_.size() - kept < kBlock) buffer_.resize(std::max(kept + kBlock, 2 * kept));
-  const std::uint64_t room = std::min<std::uint64_t>(buffer_.size() - end_, unread_);
-  const std::size_t count = ReadBlock(file_, buffer_.data() + end_, static_cast<std::size_t>(room));
+  if (buffer_.size() - kept < kReadBlock) buffer_.resize(std::max(kept + kReadBlock, 2 * kept));
+  file_.read(buffer_.data() + end_, static_cast<std::streamsize>(buffer_.size() - end_));
+  const auto count = static_cast<std::size_t>(file_.gcount());
   end_ += count;
-  unread_ -= count;
-  atEnd_ = !file_ || unread_ == 0;
+  atEnd_ = !file_;
   return count > 0;
 }
 
@@ -94,95 +76,6 @@ bool LineReader::Next(RawLine& line) {
     begin_ += found.at + found.length;
     return true;
   }
-}
-
-bool EndsInsideLine(const fs::path& path) {
-  std::ifstream file;
-  if (!OpenRegular(path, file) || !file.seekg(-1, std::ios::end)) return false;
-  const int last = file.get();
-  return last != '\n' && last != '\r';
-}
-
-namespace {
-
-// Follows the lines of a file through its blocks and passes on all but the changed one.
-class LineChanger {
- public:
-  LineChanger(std::size_t index, std::string_view replacement, OutputFile& output)
-      : index_(index), replacement_(replacement), output_(output) {}
-
-  [[nodiscard]] bool MetLine() const { return met_; }
-
-  std::error_code Feed(std::string_view block) {
-    std::size_t at = 0;
-    if (afterCarriageReturn_) {
-      if (block.front() == '\n') at = 1;
-      if (line_ != index_) {
-        if (const std::error_code error = output_.Write(block.substr(0, at))) return error;
-      }
-      EndLine();
-    }
-    if (line_ < index_) {
-      const std::size_t start = at;
-      while (line_ < index_ && at < block.size()) at = PastLine(block, at);
-      if (const std::error_code error = output_.Write(block.substr(start, at - start))) {
-        return error;
-      }
-    }
-    if (line_ == index_ && at < block.size()) {
-      if (const std::error_code error = MeetLine()) return error;
-      at = PastLine(block, at);
-    }
-    return line_ > index_ ? output_.Write(block.substr(at)) : std::error_code();
-  }
-
- private:
-  // The offset behind the line, or the block's size when the line goes on in the next block.
-  std::size_t PastLine(std::string_view block, std::size_t at) {
-    const LineEnd end = FindLineEnd(block, at);
-    if (end.mayGoOn) {
-      afterCarriageReturn_ = true;
-    } else if (end.length > 0) {
-      EndLine();
-    }
-    return end.at + end.length;
-  }
-
-  void EndLine() {
-    afterCarriageReturn_ = false;
-    ++line_;
-  }
-
-  std::error_code MeetLine() {
-    if (met_) return {};
-    met_ = true;
-    return output_.Write(replacement_);
-  }
-
-  std::size_t index_;
-  std::string_view replacement_;
-  OutputFile& output_;
-  std::size_t line_ = 0;
-  bool afterCarriageReturn_ = false;  // the last block ended in a CR whose LF may follow
-  bool met_ = false;
-};
-
-}  // namespace
-
-std::error_code CopyChangingLine(const fs::path& source, std::size_t index,
-                                 std::string_view replacement, OutputFile& output) {
-  std::ifstream file;
-  if (!OpenRegular(source, file)) {
-    return std::make_error_code(std::errc::no_such_file_or_directory);
-  }
-  LineChanger changer(index, replacement, output);
-  const auto block = std::make_unique_for_overwrite<char[]>(kBlock);
-  while (const std::size_t count = ReadBlock(file, block.get(), kBlock)) {
-    if (const std::error_code error = changer.Feed({block.get(), count})) return error;
-  }
-  if (file.bad()) return std::make_error_code(std::errc::io_error);
-  return changer.MetLine() ? std::error_code()
-                           : std::make_error_code(std::errc::result_out_of_range);
 }
 
 }  // namespace zentab::platform

@@ -1,15 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <limits>
 #include <string_view>
-#include <system_error>
 #include <vector>
-
-#include "platform/file_layer.h"
 
 namespace zentab::platform {
 
@@ -25,9 +20,7 @@ struct RawLine {
 /// file, has no lines; a read that fails ends the file early. Failed() tells both.
 class LineReader {
  public:
-  /// Behind `most` bytes the file counts as ended, however much it has grown meanwhile.
-  explicit LineReader(const std::filesystem::path& path,
-                      std::uint64_t most = std::numeric_limits<std::uint64_t>::max());
+  explicit LineReader(const std::filesystem::path& path);
 
   /// The next line; false at the end of the file.
   [[nodiscard]] bool Next(RawLine& line);
@@ -42,19 +35,7 @@ class LineReader {
   std::vector<char> buffer_;
   std::size_t begin_ = 0;  // the unread bytes are [begin_, end_) of the buffer
   std::size_t end_ = 0;
-  std::uint64_t unread_ = 0;  // how many bytes may still be read from the file
   bool atEnd_ = false;
 };
-
-/// Whether the last line of a file has no line end. False for an empty or missing file.
-[[nodiscard]] bool EndsInsideLine(const std::filesystem::path& path);
-
-/// Copies a file with `replacement` (which brings its own line end; empty: nothing) in the place
-/// of line number `index` (from 0); every other byte is copied as it is. Fails with
-/// std::errc::result_out_of_range when the file has no such line, and with what the system says
-/// when reading or writing fails.
-[[nodiscard]] std::error_code CopyChangingLine(const std::filesystem::path& source,
-                                               std::size_t index, std::string_view replacement,
-                                               OutputFile& output);
 
 }  // namespace zentab::platform

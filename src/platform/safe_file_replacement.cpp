@@ -1,6 +1,8 @@
 #include "platform/safe_file_replacement.h"
 
+#include <chrono>
 #include <memory>
+#include <thread>
 
 namespace zentab::platform {
 namespace {
@@ -16,11 +18,7 @@ class CountingFile final : public OutputFile {
     return file_.Write(bytes);
   }
   std::error_code Flush() override { return file_.Flush(); }
-  std::error_code Size(std::uint64_t& size) override { return file_.Size(size); }
-  std::error_code Truncate(std::uint64_t size) override {
-    count_ = size;
-    return file_.Truncate(size);
-  }
+  std::error_code Stamp(FileStamp& stamp) override { return file_.Stamp(stamp); }
   std::error_code Close() override { return file_.Close(); }
 
   [[nodiscard]] std::uint64_t Count() const { return count_; }
@@ -30,21 +28,13 @@ class CountingFile final : public OutputFile {
   std::uint64_t count_ = 0;
 };
 
-std::error_code WriteWhole(OutputFile& file, const ContentWriter& write) {
+std::error_code WriteWhole(OutputFile& file, const ContentWriter& write, FileStamp& stamp) {
   CountingFile counting(file);
   if (const std::error_code error = write(counting)) return error;
   if (const std::error_code error = counting.Flush()) return error;
-  std::uint64_t size = 0;
-  if (const std::error_code error = counting.Size(size)) return error;
-  if (size != counting.Count()) return std::make_error_code(std::errc::io_error);
+  if (const std::error_code error = counting.Stamp(stamp)) return error;
+  if (stamp.size != counting.Count()) return std::make_error_code(std::errc::io_error);
   return counting.Close();
-}
-
-// The file that is meant, behind any symbolic links; the path itself where there is no file yet.
-fs::path FinalTarget(const fs::path& path) {
-  std::error_code error;
-  fs::path target = fs::is_symlink(path, error) ? fs::canonical(path, error) : path;
-  return error ? path : target;
 }
 
 std::error_code RefuseUnlessReplaceable(const fs::path& path) {
@@ -62,17 +52,46 @@ std::error_code RefuseUnlessReplaceable(const fs::path& path) {
   return {};
 }
 
+std::error_code Lock(FileLayer& files, const fs::path& path, std::unique_ptr<FileLock>& lock) {
+  constexpr auto kLongestWait = std::chrono::seconds(5);
+  constexpr auto kPause = std::chrono::milliseconds(1);
+  const auto end = std::chrono::steady_clock::now() + kLongestWait;
+  for (;;) {
+    const std::error_code error = files.TryLock(path, lock);
+    if (error != std::errc::device_or_resource_busy) return error;
+    if (std::chrono::steady_clock::now() >= end) return error;
+    files.KeepAlive();
+    std::this_thread::sleep_for(kPause);
+  }
+}
+
 }  // namespace
 
-std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const ContentWriter& write) {
-  const fs::path target = FinalTarget(path);
+fs::path LinkTarget(const fs::path& path) {
+  constexpr int kMostLinks = 40;  // as many as the systems follow
+  fs::path target = path;
+  std::error_code error;
+  for (int link = 0; link < kMostLinks && fs::is_symlink(target, error); ++link) {
+    const fs::path next = fs::read_symlink(target, error);
+    if (error) return target;
+    target = target.parent_path() / next;
+  }
+  return target;
+}
+
+std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const ContentWriter& write,
+                            FileStamp* written) {
+  const fs::path target = LinkTarget(path);
   if (const std::error_code error = RefuseUnlessReplaceable(target)) return error;
+  std::unique_ptr<FileLock> lock;
+  if (const std::error_code error = Lock(files, target, lock)) return error;
   fs::path fresh = target;
   fresh += ".new";
   if (const std::error_code error = files.Remove(fresh)) return error;
   std::unique_ptr<OutputFile> file;
+  FileStamp stamp;
   std::error_code error = files.Create(fresh, target, file);
-  if (!error) error = WriteWhole(*file, write);
+  if (!error) error = WriteWhole(*file, write, stamp);
   const bool created = file != nullptr;
   file.reset();
   if (!error) error = files.MoveOver(fresh, target);
@@ -80,39 +99,8 @@ std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const Conten
     // The caller needs the first failure; a leftover is removed by the next replacement.
     [[maybe_unused]] const std::error_code dropped = files.Remove(fresh);
   }
+  if (!error && written != nullptr) *written = stamp;
   return error;
-}
-
-std::error_code AppendToFile(FileLayer& files, const fs::path& path, const ContentWriter& write) {
-  if (const std::error_code error = RefuseUnlessReplaceable(path)) return error;
-  std::error_code unknown;
-  const bool isNew = fs::symlink_status(path, unknown).type() == fs::file_type::not_found;
-  std::unique_ptr<OutputFile> file;
-  if (const std::error_code error = files.OpenForAppending(path, file)) return error;
-  std::uint64_t size = 0;
-  std::error_code error = file->Size(size);
-  if (!error) {
-    error = write(*file);
-    if (!error) error = file->Flush();
-    if (error) {
-      // Half a line would melt into the next entry. The first failure is what the caller needs.
-      [[maybe_unused]] const std::error_code dropped = file->Truncate(size);
-    }
-  }
-  if (!error) {
-    // What was flushed stays, whatever the closing says; called a failure it would be added again.
-    [[maybe_unused]] const std::error_code dropped = file->Close();
-    return {};
-  }
-  file.reset();
-  if (isNew) {
-    [[maybe_unused]] const std::error_code dropped = files.Remove(path);
-  }
-  return error;
-}
-
-std::error_code AppendToFile(FileLayer& files, const fs::path& path, std::string_view bytes) {
-  return AppendToFile(files, path, [bytes](OutputFile& file) { return file.Write(bytes); });
 }
 
 }  // namespace zentab::platform

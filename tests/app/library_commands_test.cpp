@@ -21,41 +21,47 @@ class LibraryCommandsTest : public test::TemporaryFolder {
     return session_.table.grid.Cell(row, column);
   }
 
+  // The index is no longer needed.
+  std::error_code Read(std::size_t index) { return commands_.ReadEntry(index); }
+  std::error_code Update(std::size_t index) { return commands_.UpdateEntry(index); }
+  std::error_code Remove(std::size_t index) { return commands_.RemoveEntry(index); }
+
   Session session_;
   test::FailingFileLayer files_;
-  LibraryCommands commands_{session_, files_};
+  tables::TableWriter writer_{files_, tables::Backups::None};
+  LibraryCommands commands_{session_, writer_};
 };
 
 TEST_F(LibraryCommandsTest, ReadBringsPointsAndSettings) {
   session_.table.grid.SetCell(26, 2, "left over");
   session_.table.tableModified = true;
-  EXPECT_EQ(session_.entryNames, (NameList{"A", "B"}));
-  EXPECT_FALSE(commands_.ReadEntry(0));
+  EXPECT_EQ(session_.listing.names, (NameList{"A", "B"}));
+  EXPECT_FALSE(Read(0));
   EXPECT_EQ(Cell(1, 1) + " " + Cell(1, 2) + " " + Cell(2, 2) + " " + Cell(26, 2), "1,5 10 4,25 ");
   EXPECT_FALSE(session_.table.tableModified);
   EXPECT_FALSE(session_.modes.milliseconds);
   EXPECT_TRUE(session_.modes.absoluteValues);
   EXPECT_EQ(session_.instrument, tables::Instrument::Current);
-  EXPECT_TRUE(commands_.ReadEntry(2));
+  EXPECT_TRUE(Read(2));
 }
 
 TEST_F(LibraryCommandsTest, UpdateAndRemoveWorkOnTheirLineOnly) {
-  EXPECT_FALSE(commands_.ReadEntry(0));
+  EXPECT_FALSE(Read(0));
   session_.table.grid.SetCell(2, 1, "2,5");
   session_.table.tableModified = true;
-  EXPECT_FALSE(commands_.UpdateEntry(1));
+  EXPECT_FALSE(Update(1));
   EXPECT_FALSE(session_.table.tableModified);
   EXPECT_EQ(BytesOf(Folder() / "t.dat"),
             "{\"A\"\t(1.5;10)(2;4.25) 011}\r\n{\"B\"\t(1.5;10)(2.5;4.25) 011}\r\n");
   session_.table.tableModified = true;
-  EXPECT_FALSE(commands_.RemoveEntry(0));
-  EXPECT_EQ(session_.entryNames, NameList{"B"});
+  EXPECT_FALSE(Remove(0));
+  EXPECT_EQ(session_.listing.names, NameList{"B"});
   EXPECT_TRUE(session_.table.tableModified);
   EXPECT_EQ(Cell(2, 1), "2,5");
-  EXPECT_FALSE(commands_.RemoveEntry(0));
+  EXPECT_FALSE(Remove(0));
   EXPECT_EQ(BytesOf(Folder() / "t.dat"), "");
-  EXPECT_TRUE(commands_.RemoveEntry(0));
-  EXPECT_TRUE(commands_.UpdateEntry(0));
+  EXPECT_TRUE(Remove(0));
+  EXPECT_TRUE(Update(0));
 }
 
 TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
@@ -65,32 +71,32 @@ TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
   EXPECT_EQ(commands_.EnterName(" b "), NameResult::Duplicate);
   EXPECT_EQ(commands_.EnterName("  Übung "), NameResult::Added);
   EXPECT_EQ(commands_.EnterName("üBUNG"), NameResult::Duplicate);
-  EXPECT_EQ(session_.entryNames, (NameList{"A", "B", "Übung"}));
+  EXPECT_EQ(session_.listing.names, (NameList{"A", "B", "Übung"}));
   EXPECT_EQ(BytesOf(Folder() / "t.dat"), std::string(kTable) +
                                              "{\"\xDC"
                                              "bung\"\t 000}\r\n");
   EXPECT_TRUE(session_.table.tableModified);
-  session_.entryNames.clear();
+  session_.listing.names.clear();
   commands_.FillEntryList();
-  EXPECT_EQ(session_.entryNames, (NameList{"A", "B", "Übung"}));
+  EXPECT_EQ(session_.listing.names, (NameList{"A", "B", "Übung"}));
 }
 
 TEST_F(LibraryCommandsTest, AFailedWriteChangesNeitherFileNorSession) {
   session_.table.tableModified = true;
   files_.bytesThatFit = 3;
-  EXPECT_TRUE(commands_.UpdateEntry(0));
+  EXPECT_TRUE(Update(0));
   files_.bytesThatFit = 3;
-  EXPECT_TRUE(commands_.RemoveEntry(0));
+  EXPECT_TRUE(Remove(0));
   files_.bytesThatFit = 3;
   EXPECT_EQ(commands_.EnterName("C"), NameResult::NotWritten);
   EXPECT_EQ(BytesOf(Folder() / "t.dat"), kTable);
-  EXPECT_EQ(session_.entryNames, (NameList{"A", "B"}));
+  EXPECT_EQ(session_.listing.names, (NameList{"A", "B"}));
   EXPECT_TRUE(session_.table.tableModified);
 }
 
 TEST_F(LibraryCommandsTest, AMissingTableIsEmptyUntilSomethingIsAdded) {
   commands_.SetActiveTable((Folder() / "new.dat").string());
-  EXPECT_EQ(session_.entryNames, NameList());
+  EXPECT_EQ(session_.listing.names, NameList());
   EXPECT_EQ(commands_.EnterName("first"), NameResult::Added);
   EXPECT_EQ(BytesOf(Folder() / "new.dat"), "{\"first\"\t 000}\r\n");
 }

@@ -14,6 +14,13 @@ using test::FailingFileLayer;
 
 using EntryCopy = test::TemporaryFolder;
 
+// Copies from the file as it is now.
+CopyResult Copy(const fs::path& from, const std::vector<bool>& selected, const fs::path& to,
+                platform::FileLayer& files = SystemFiles()) {
+  tables::TableWriter writer(files, tables::Backups::None);
+  return CopyEntries(writer, from, platform::StampOf(from), selected, to);
+}
+
 TEST_F(EntryCopy, AddsTheSelectedLinesByTheirPosition) {
   const struct {
     std::string_view source, target;
@@ -35,7 +42,7 @@ TEST_F(EntryCopy, AddsTheSelectedLinesByTheirPosition) {
   };
   for (const auto& [source, target, selected, after] : cases) {
     const fs::path from = Write("source.dat", source), to = Write("target.dat", target);
-    const CopyResult result = CopyEntries(SystemFiles(), from, selected, to);
+    const CopyResult result = Copy(from, selected, to);
     EXPECT_FALSE(result.error);
     EXPECT_EQ(BytesOf(to), after) << source;
     EXPECT_EQ(BytesOf(from), source);
@@ -54,7 +61,7 @@ TEST_F(EntryCopy, KeepsEveryByteOfHostileLines) {
       if (selected.back()) expected += file.lines[line].text + "\r\n";
     }
     fs::remove(to);
-    EXPECT_FALSE(CopyEntries(SystemFiles(), from, selected, to).error) << file.what;
+    EXPECT_FALSE(Copy(from, selected, to).error) << file.what;
     EXPECT_TRUE(fs::exists(to) ? BytesOf(to) == expected : expected.empty()) << file.what;
   }
 }
@@ -67,10 +74,9 @@ TEST_F(EntryCopy, OntoItselfAddsEachEntryOnce) {
   for (const std::string& before : {lines, open}) {
     const fs::path file = Write("library.dat", before);
     fs::remove(Folder() / "same.dat");
-    fs::create_hard_link(file, Folder() / "same.dat");
+    fs::create_symlink("library.dat", Folder() / "same.dat");
     // More rows than lines, as when entries were removed behind the list's back.
-    const CopyResult result =
-        CopyEntries(SystemFiles(), file, std::vector<bool>(9000, true), Folder() / "same.dat");
+    const CopyResult result = Copy(file, std::vector<bool>(9000, true), Folder() / "same.dat");
     EXPECT_FALSE(result.error);
     EXPECT_EQ(result.copied, 5000u);
     EXPECT_EQ(BytesOf(file), lines + lines);
@@ -91,23 +97,35 @@ TEST_F(EntryCopy, LeavesTheTargetAsItWasWhenItFails) {
     for (std::size_t step = 0;; ++step) {
       FailingFileLayer layer;
       layer.failingStep = step;
-      const CopyResult result = CopyEntries(layer, from, all, to);
+      const CopyResult result = Copy(from, all, to, layer);
       if (!result.error) break;
       failed += layer.failedStep + ' ';
       EXPECT_EQ(result.copied, 0u);
       EXPECT_EQ(BytesOf(to), before) << layer.failedStep;
     }
-    EXPECT_EQ(failed, "open size write write write flush ");
+    EXPECT_EQ(failed,
+              exists ? "lock remove create write write write write write flush stamp close move "
+                     : "lock remove create write write write flush stamp close move ");
     EXPECT_EQ(BytesOf(to), (exists ? before + "\r\n" : "") + lines);
     fs::remove(to);
     if (exists) Write("target.dat", before);
     for (const std::size_t fits : {0u, 1u, 2u, 300'000u, 799'999u}) {
       FailingFileLayer full;
       full.bytesThatFit = fits;
-      EXPECT_EQ(CopyEntries(full, from, all, to).error, std::errc::no_space_on_device);
+      EXPECT_EQ(Copy(from, all, to, full).error, std::errc::no_space_on_device);
       EXPECT_EQ(BytesOf(to), before) << fits;
     }
   }
+}
+
+TEST_F(EntryCopy, CopiesOnlyFromTheFileThatWasListed) {
+  const fs::path from = Write("source.dat", "{\"a\"\t 000}\r\n{\"b\"\t 000}\r\n");
+  const fs::path to = Write("target.dat", "x\r\n");
+  const std::optional<platform::FileStamp> listed = platform::StampOf(from);
+  Write("source.dat", "{\"b\"\t 000}\r\n");
+  tables::TableWriter writer(SystemFiles(), tables::Backups::None);
+  EXPECT_EQ(CopyEntries(writer, from, listed, {true}, to).error, tables::kEntryChanged);
+  EXPECT_EQ(BytesOf(to), "x\r\n");
 }
 
 TEST_F(EntryCopy, ReportsFilesThatCannotBeCopied) {
@@ -117,11 +135,11 @@ TEST_F(EntryCopy, ReportsFilesThatCannotBeCopied) {
                                        {"folder.dat", "library.dat"},
                                        {"library.dat", "folder.dat"},
                                        {"library.dat", "no such folder/new.dat"}}) {
-    EXPECT_TRUE(CopyEntries(SystemFiles(), Folder() / source, {true}, Folder() / target).error)
+    EXPECT_TRUE(Copy(Folder() / source, {true}, Folder() / target).error)
         << source << " to " << target;
   }
   fs::permissions(file, fs::perms::owner_read);
-  EXPECT_TRUE(CopyEntries(SystemFiles(), file, {true}, file).error);
+  EXPECT_TRUE(Copy(file, {true}, file).error);
   EXPECT_EQ(BytesOf(file), "a\r\n");
 }
 

@@ -1,5 +1,8 @@
 #include "platform/safe_file_replacement.h"
 
+#include <algorithm>
+#include <thread>
+
 #include "support/failing_file_layer.h"
 #include "support/temporary_folder.h"
 
@@ -7,7 +10,6 @@ namespace zentab::test {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::AppendToFile;
 using platform::OutputFile;
 using platform::ReplaceFile;
 using platform::SystemFiles;
@@ -39,7 +41,7 @@ TEST_F(SafeFileReplacement, KeepsTheOldFileWhicheverStepFails) {
     EXPECT_EQ(BytesOf(file), kOld) << layer.failedStep;
     EXPECT_EQ(Names(), kOnlyTheFile) << layer.failedStep;
   }
-  EXPECT_EQ(failed, "remove create write write flush size close move ");
+  EXPECT_EQ(failed, "lock remove create write write flush stamp close move ");
   EXPECT_EQ(BytesOf(file), kFresh);
   EXPECT_EQ(Names(), kOnlyTheFile);
 }
@@ -58,37 +60,43 @@ TEST_F(SafeFileReplacement, KeepsTheOldFileWhenTheDeviceIsFullOrLosesBytes) {
   }
 }
 
-TEST_F(SafeFileReplacement, AppendingLeavesTheFormerBytesWhenItFails) {
-  const fs::path file = Write("table.dat", kOld);
-  for (std::size_t step = 0; step < 4; ++step) {
-    FailingFileLayer layer;
-    layer.failingStep = step;
-    EXPECT_EQ(AppendToFile(layer, file, kFresh), std::errc::io_error) << layer.failedStep;
-    EXPECT_EQ(BytesOf(file), kOld) << layer.failedStep;
-  }
-  for (std::size_t fits = 0; fits < kFresh.size(); ++fits) {
-    FailingFileLayer layer;
-    layer.bytesThatFit = fits;
-    EXPECT_EQ(AppendToFile(layer, file, kFresh), std::errc::no_space_on_device);
-    EXPECT_EQ(BytesOf(file), kOld) << fits;
-  }
-}
-
-// The bytes are on the device then: reported as a failure, they would be added a second time.
-TEST_F(SafeFileReplacement, AppendingSucceedsOnceTheBytesAreFlushed) {
-  const fs::path file = Write("table.dat", kOld);
-  FailingFileLayer layer;
-  layer.failingStep = 4;
-  EXPECT_FALSE(AppendToFile(layer, file, kFresh));
-  EXPECT_EQ(layer.failedStep, "close");
-  EXPECT_EQ(BytesOf(file), std::string(kOld) + std::string(kFresh));
-}
-
-TEST_F(SafeFileReplacement, RemovesAStaleNewFile) {
+TEST_F(SafeFileReplacement, CleansUpBehindACrash) {
   const fs::path file = Write("table.dat", kOld);
   Write("table.dat.new", "a much longer leftover of an interrupted update");
+  Write("table.dat.lock", "");
   EXPECT_FALSE(ReplaceFile(SystemFiles(), file, WriteFresh));
   EXPECT_EQ(BytesOf(file), kFresh);
+  EXPECT_EQ(Names(), kOnlyTheFile);
+}
+
+// Whoever replaces a file at the same time waits, and what he reads of it is what he replaces.
+TEST_F(SafeFileReplacement, OneReplacesAtATime) {
+  const fs::path file = Write("table.dat", "");
+  constexpr int kEach = 100;
+  const auto addLines = [&file](char line) {
+    for (int count = 0; count < kEach; ++count) {
+      EXPECT_FALSE(ReplaceFile(SystemFiles(), file, [&](OutputFile& output) {
+        return output.Write(BytesOf(file) + line);
+      }));
+    }
+  };
+  std::thread other(addLines, 'b');
+  addLines('a');
+  other.join();
+  const std::string bytes = BytesOf(file);
+  EXPECT_EQ(std::count(bytes.begin(), bytes.end(), 'a'), kEach);
+  EXPECT_EQ(std::count(bytes.begin(), bytes.end(), 'b'), kEach);
+  EXPECT_EQ(Names(), kOnlyTheFile);
+}
+
+TEST_F(SafeFileReplacement, GivesUpWaitingForALock) {
+  const fs::path file = Write("table.dat", kOld);
+  std::unique_ptr<platform::FileLock> held;
+  ASSERT_FALSE(SystemFiles().TryLock(file, held));
+  EXPECT_EQ(ReplaceFile(SystemFiles(), file, WriteFresh), std::errc::device_or_resource_busy);
+  EXPECT_EQ(BytesOf(file), kOld);
+  held.reset();
+  EXPECT_FALSE(ReplaceFile(SystemFiles(), file, WriteFresh));
   EXPECT_EQ(Names(), kOnlyTheFile);
 }
 
@@ -99,7 +107,6 @@ TEST_F(SafeFileReplacement, RefusesReadOnlyFilesAndFolders) {
   fs::create_directory(folder);
   for (const fs::path& path : {file, folder}) {
     EXPECT_TRUE(ReplaceFile(SystemFiles(), path, WriteFresh)) << path;
-    EXPECT_TRUE(AppendToFile(SystemFiles(), path, kFresh)) << path;
   }
   EXPECT_EQ(BytesOf(file), kOld);
   EXPECT_EQ(Names(), (std::vector<std::string>{"folder.dat", "table.dat"}));
@@ -114,6 +121,10 @@ TEST_F(SafeFileReplacement, KeepsAccessRightsAndSymbolicLinks) {
   fs::create_symlink("table.dat", Folder() / "link.dat");
   EXPECT_FALSE(ReplaceFile(SystemFiles(), Folder() / "link.dat", WriteFresh));
   EXPECT_TRUE(fs::is_symlink(Folder() / "link.dat"));
+  fs::create_symlink("made.dat", Folder() / "dangling.dat");
+  EXPECT_FALSE(ReplaceFile(SystemFiles(), Folder() / "dangling.dat", WriteFresh));
+  EXPECT_TRUE(fs::is_symlink(Folder() / "dangling.dat"));
+  EXPECT_EQ(BytesOf(Folder() / "made.dat"), kFresh);
   EXPECT_EQ(BytesOf(file), kFresh);
   EXPECT_EQ(fs::status(file).permissions(), kRights);
 }

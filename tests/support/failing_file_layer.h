@@ -35,6 +35,9 @@ class FailingFileLayer final : public platform::FileLayer {
   std::error_code Remove(const Path& path) override {
     return Step("remove", [&] { return platform::SystemFiles().Remove(path); });
   }
+  std::error_code TryLock(const Path& path, std::unique_ptr<platform::FileLock>& lock) override {
+    return Step("lock", [&] { return platform::SystemFiles().TryLock(path, lock); });
+  }
 
  private:
   class File final : public platform::OutputFile {
@@ -52,11 +55,8 @@ class FailingFileLayer final : public platform::FileLayer {
     std::error_code Flush() override {
       return layer_.Step("flush", [&] { return file_->Flush(); });
     }
-    std::error_code Size(std::uint64_t& size) override {
-      return layer_.Step("size", [&] { return file_->Size(size); });
-    }
-    std::error_code Truncate(std::uint64_t size) override {
-      return layer_.Step("truncate", [&] { return file_->Truncate(size); });
+    std::error_code Stamp(platform::FileStamp& stamp) override {
+      return layer_.Step("stamp", [&] { return file_->Stamp(stamp); });
     }
     std::error_code Close() override {
       return layer_.Step("close", [&] { return file_->Close(); });

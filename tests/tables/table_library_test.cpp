@@ -1,7 +1,10 @@
-#include "tables/table_library.h"
+#include <chrono>
+#include <thread>
 
+#include "support/failing_file_layer.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
+#include "tables/table_writer.h"
 
 namespace zentab::tables {
 namespace {
@@ -11,28 +14,67 @@ using platform::SystemFiles;
 using test::BytesOf;
 using NameList = std::vector<std::string>;
 
-using TableLibrary = test::TemporaryFolder;
+class TableLibrary : public test::TemporaryFolder {
+ protected:
+  [[nodiscard]] std::error_code Replace(std::size_t index, const CurveTableEntry& entry = kEntry) {
+    return writer_.ReplaceEntry(file_, listing_, index, entry);
+  }
+  [[nodiscard]] std::error_code Remove(std::size_t index) {
+    return writer_.RemoveEntry(file_, listing_, index);
+  }
+  [[nodiscard]] std::error_code Append(const CurveTableEntry& entry = kEntry) {
+    return writer_.AppendEntry(file_, listing_, entry);
+  }
+  [[nodiscard]] std::optional<std::string> Line(std::size_t index) {
+    std::string line;
+    return ReadEntryLine(file_, listing_, index, line) ? std::nullopt : std::optional(line);
+  }
+  void List(std::string_view bytes) {
+    file_ = Write("t.dat", bytes);
+    listing_ = ListEntries(file_);
+  }
+  // The listing is that of a file read anew.
+  void ExpectUpToDate() {
+    const TableListing fresh = ListEntries(file_);
+    EXPECT_EQ(listing_.names, fresh.names);
+    EXPECT_EQ(listing_.end, fresh.end);
+    ASSERT_EQ(listing_.lines.size(), fresh.lines.size());
+    for (std::size_t line = 0; line < fresh.lines.size(); ++line) {
+      ASSERT_EQ(listing_.lines[line].offset, fresh.lines[line].offset) << line;
+      ASSERT_EQ(listing_.lines[line].hash, fresh.lines[line].hash) << line;
+    }
+  }
 
-const CurveTableEntry kEntry = {"Ü", {{"1,5", "2"}}, false, true, Instrument::Current};
+  static const CurveTableEntry kEntry;
+  fs::path file_;
+  TableListing listing_;
+  TableWriter writer_{SystemFiles(), Backups::None};
+};
+
+const CurveTableEntry TableLibrary::kEntry = {
+    "Ü", {{"1,5", "2"}}, false, true, Instrument::Current};
 const std::string kEntryLine = "{\"\xDC\"\t(1.5;2) 011}\r\n";
 constexpr std::string_view kThree = "{\"a\"\t 000}\r\n{\"b\"\t 000}\n{\"c\"\t 000}";
 
 TEST_F(TableLibrary, ListsANameForEachLineThatHasOne) {
-  const fs::path file = Write(
-      "t.dat", "{\"first\"\t 000}\r\nno name here\r\n\r\n{\"Łódź\"\t 000}\n{\"last\"\t(1;2) 000}");
-  EXPECT_EQ(ListEntryNames(file), (NameList{"first", "Łódź", "last"}));
-  EXPECT_EQ(ListEntryNames(Write("cr.dat", "{\"a\"\r{\"b\"\r")), (NameList{"a", "b"}));
-  EXPECT_EQ(ListEntryNames(Write("empty.dat", "")), NameList());
-  EXPECT_EQ(ListEntryNames(Folder() / "missing.dat"), NameList());
-  EXPECT_EQ(ListEntryNames(Folder()), NameList());
+  List("{\"first\"\t 000}\r\nno name here\r\n\r\n{\"Łódź\"\t 000}\n{\"last\"\t(1;2) 000}");
+  EXPECT_EQ(listing_.names, (NameList{"first", "Łódź", "last"}));
+  EXPECT_EQ(listing_.nameless, (std::vector<std::size_t>{1, 2}));
+  List("{\"a\"\r{\"b\"\r");
+  EXPECT_EQ(listing_.names, (NameList{"a", "b"}));
+  List("");
+  EXPECT_EQ(listing_.names, NameList());
+  EXPECT_EQ(ListEntries(Folder() / "missing.dat").names, NameList());
+  EXPECT_EQ(ListEntries(Folder()).names, NameList());
 }
 
 TEST_F(TableLibrary, ReadsTheLineOfANumber) {
-  const fs::path file = Write("t.dat", kThree);
-  EXPECT_EQ(ReadEntryLine(file, 0), "{\"a\"\t 000}");
-  EXPECT_EQ(ReadEntryLine(file, 2), "{\"c\"\t 000}");
-  EXPECT_EQ(ReadEntryLine(file, 3), std::nullopt);
-  EXPECT_EQ(ReadEntryLine(Folder(), 0), std::nullopt);
+  List(kThree);
+  EXPECT_EQ(Line(0), "{\"a\"\t 000}");
+  EXPECT_EQ(Line(2), "{\"c\"\t 000}");
+  EXPECT_EQ(Line(3), std::nullopt);
+  file_ = Folder();
+  EXPECT_EQ(Line(0), std::nullopt);
 }
 
 TEST_F(TableLibrary, ChangesOneLineOfAnyFile) {
@@ -40,18 +82,18 @@ TEST_F(TableLibrary, ChangesOneLineOfAnyFile) {
     SCOPED_TRACE(lines.what);
     const std::size_t count = lines.lines.size();
     for (std::size_t index = 0; index < count; index += count / 10 + 1) {
-      const fs::path file = Write("t.dat", lines.Bytes());
-      ASSERT_FALSE(ReplaceEntry(SystemFiles(), file, index, kEntry));
-      ASSERT_TRUE(BytesOf(file) == lines.Bytes(index, kEntryLine)) << index;
-      ASSERT_FALSE(RemoveEntry(SystemFiles(), file, index));
-      ASSERT_TRUE(BytesOf(file) == lines.Bytes(index, "")) << index;
+      List(lines.Bytes());
+      ASSERT_FALSE(Replace(index));
+      ASSERT_TRUE(BytesOf(file_) == lines.Bytes(index, kEntryLine)) << index;
+      ASSERT_FALSE(Remove(index));
+      ASSERT_TRUE(BytesOf(file_) == lines.Bytes(index, "")) << index;
     }
-    const fs::path file = Write("t.dat", lines.Bytes());
-    EXPECT_TRUE(RemoveEntry(SystemFiles(), file, count));
-    EXPECT_TRUE(ReplaceEntry(SystemFiles(), file, count, kEntry));
-    EXPECT_TRUE(BytesOf(file) == lines.Bytes());
+    List(lines.Bytes());
+    EXPECT_TRUE(Remove(count));
+    EXPECT_TRUE(Replace(count));
+    EXPECT_TRUE(BytesOf(file_) == lines.Bytes());
     EXPECT_EQ(Names(), NameList{"t.dat"});
-    EXPECT_LE(ListEntryNames(file).size(), count);
+    EXPECT_LE(listing_.names.size(), count);
   }
 }
 
@@ -60,35 +102,135 @@ TEST_F(TableLibrary, AppendsBehindACompleteLastLine) {
       {"", ""}, {"x", "x\r\n"}, {"x\r\n", "x\r\n"}, {"x\n", "x\n"}, {"x\r", "x\r"}, {"\n", "\n"},
   };
   for (const auto& [before, kept] : cases) {
-    const fs::path file = Write("t.dat", before);
-    EXPECT_FALSE(AppendEntry(SystemFiles(), file, kEntry));
-    EXPECT_EQ(BytesOf(file), std::string(kept) + kEntryLine);
+    List(before);
+    EXPECT_FALSE(Append());
+    EXPECT_EQ(BytesOf(file_), std::string(kept) + kEntryLine);
   }
-  EXPECT_FALSE(AppendEntry(SystemFiles(), Folder() / "fresh.dat", kEntry));
-  EXPECT_EQ(BytesOf(Folder() / "fresh.dat"), kEntryLine);
-  EXPECT_TRUE(AppendEntry(SystemFiles(), Folder() / "no folder" / "t.dat", kEntry));
+  file_ = Folder() / "fresh.dat";
+  listing_ = ListEntries(file_);
+  EXPECT_FALSE(Append());
+  EXPECT_EQ(BytesOf(file_), kEntryLine);
+  file_ = Folder() / "no folder" / "t.dat";
+  EXPECT_TRUE(Append());
 }
 
 TEST_F(TableLibrary, LeavesReadOnlyFilesAndFoldersAlone) {
-  const fs::path file = Write("t.dat", kThree);
-  fs::permissions(file, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
-  for (const fs::path& path : {file, Folder()}) {
-    EXPECT_TRUE(RemoveEntry(SystemFiles(), path, 0));
-    EXPECT_TRUE(ReplaceEntry(SystemFiles(), path, 0, kEntry));
-    EXPECT_TRUE(AppendEntry(SystemFiles(), path, kEntry));
+  List(kThree);
+  fs::permissions(file_, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  for (const fs::path& path : {file_, Folder()}) {
+    file_ = path;
+    EXPECT_TRUE(Remove(0));
+    EXPECT_TRUE(Replace(0));
+    EXPECT_TRUE(Append());
   }
-  EXPECT_EQ(BytesOf(file), kThree);
+  EXPECT_EQ(BytesOf(Folder() / "t.dat"), kThree);
   EXPECT_EQ(Names(), NameList{"t.dat"});
-  EXPECT_EQ(ListEntryNames(file).size(), 3u);
+}
+
+TEST_F(TableLibrary, TheListingFollowsTheOwnChanges) {
+  List(kThree);
+  CurveTableEntry entry = kEntry;
+  for (const std::string name : {"x", "longer than the one before"}) {
+    entry.name = name;
+    EXPECT_FALSE(Append(entry));
+    ExpectUpToDate();
+    EXPECT_FALSE(
+        Replace(2, {listing_.names[2], {{"1", "2"}, {"3", name}}, false, false, Instrument::None}));
+    ExpectUpToDate();
+    EXPECT_FALSE(Remove(1));
+    ExpectUpToDate();
+  }
+  EXPECT_EQ(listing_.readings, 1u);
+  // What was two lines is one line end now.
+  List("{\"a\"\r{\"b\"\r\n\n{\"c\"");
+  EXPECT_FALSE(Remove(1));
+  std::size_t first = 0;
+  EXPECT_TRUE(Refresh(file_, listing_, first));
+  EXPECT_EQ(Line(1), "{\"c\"");
+}
+
+// What someone else made of the file a, b, c since it was listed, and what becomes of a change of
+// the entry b.
+TEST_F(TableLibrary, AChangeFollowsItsLineOrIsNotMade) {
+  const std::string a = "{\"a\"\t 000}\r\n", b = "{\"b\"\t 000}\n", c = "{\"c\"\t 000}",
+                    other = "{\"other\"\t(1;2) 000}\r\n", edited = "{\"b\"\t(9;9) 000}\r\n";
+  const struct {
+    std::string now;
+    std::optional<std::size_t> place;  // nothing: no change
+    std::size_t index;
+  } cases[] = {
+      {a + b + c, 1, 1},
+      {other + a + b + c, 2, 2},
+      {b + a + c, 0, 0},
+      {a + a + a + b, 3, 3},
+      {b + a + a + b + b + c, 0, 0},
+      {a + edited + c, {}, 1},
+      {edited + a + c, {}, 0},
+      {a + c, {}, 2},
+      {a + other + c, {}, 3},
+      {"", {}, 0},
+  };
+  for (const auto& [now, place, index] : cases) {
+    for (const std::string& line : {kEntryLine, std::string()}) {
+      SCOPED_TRACE(now + " " + line);
+      List(a + b + c);
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));  // the file system's clock
+      Write("t.dat", now);
+      std::size_t at = 1;
+      const std::error_code error = line.empty()
+                                        ? writer_.RemoveEntry(file_, listing_, at)
+                                        : writer_.ReplaceEntry(file_, listing_, at, kEntry);
+      EXPECT_EQ(at, index);
+      if (place) {
+        EXPECT_FALSE(error);
+        std::string expected = now;
+        expected.replace(expected.find(b), b.size(), line);
+        EXPECT_EQ(BytesOf(file_), expected);
+      } else {
+        EXPECT_EQ(error, kEntryChanged);
+        EXPECT_EQ(BytesOf(file_), now);
+        ExpectUpToDate();
+      }
+    }
+  }
+}
+
+TEST_F(TableLibrary, ANameThatSomeoneElseHasTakenIsNotAddedAgain) {
+  List("{\"a\"\t 000}\r\n");
+  const std::string now = "{\"a\"\t 000}\r\n{\"\xFC\"\t 000}\r\n";
+  Write("t.dat", now);
+  EXPECT_EQ(Append(), std::errc::file_exists);
+  EXPECT_EQ(BytesOf(file_), now);
+  EXPECT_EQ(listing_.names.size(), 2u);
+}
+
+TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
+  List(kThree);
+  Write("t.dat.bak", "an older one, much longer than the file that is kept now, and of no use");
+  const fs::path backup = Folder() / "t.dat.bak";
+  test::FailingFileLayer files;
+  TableWriter writer(files, Backups::AtFirstWrite);
+  std::size_t index = 0;
+  files.bytesThatFit = 20;
+  EXPECT_TRUE(writer.RemoveEntry(file_, listing_, index));
+  EXPECT_TRUE(BytesOf(backup).starts_with("an older one"));
+  EXPECT_EQ(BytesOf(file_), kThree);
+  files.bytesThatFit = test::FailingFileLayer::kNever;
+  EXPECT_FALSE(writer.AppendEntry(file_, listing_, kEntry));
+  EXPECT_EQ(BytesOf(backup), kThree);
+  EXPECT_FALSE(writer.RemoveEntry(file_, listing_, index));
+  EXPECT_FALSE(writer.ReplaceEntry(fs::absolute(file_), listing_, index, kEntry));
+  EXPECT_EQ(BytesOf(backup), kThree);
+  EXPECT_EQ(Names(), (NameList{"t.dat", "t.dat.bak"}));
 }
 
 TEST_F(TableLibrary, NamesAreComparedWithoutCase) {
-  const NameList names = {"Curve A", "ÜBERSTROM łódź"};
+  listing_.names = {"Curve A", "ÜBERSTROM łódź"};
   for (const char* const name : {"curve a", "CURVE A", "Überstrom ŁÓDŹ"}) {
-    EXPECT_TRUE(HasName(names, name)) << name;
+    EXPECT_TRUE(listing_.HasName(name)) << name;
   }
   for (const char* const name : {"Curve", "Curve  A", "Uberstrom łódź", ""}) {
-    EXPECT_FALSE(HasName(names, name)) << name;
+    EXPECT_FALSE(listing_.HasName(name)) << name;
   }
 }
 

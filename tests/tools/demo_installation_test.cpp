@@ -2,7 +2,7 @@
 #include <set>
 
 #include "support/temporary_folder.h"
-#include "tables/table_library.h"
+#include "tables/table_listing.h"
 #include "tools/demo_curves.h"
 #include "tools/demo_time_test.h"
 
@@ -16,7 +16,7 @@ TEST(DemoLibrary, IsWhatTheGeneratorMakes) {
   ASSERT_TRUE(test::BytesOf(kCheckedIn) == DemoLibrary()) << kHowToMake;
   std::vector<std::string> names;
   for (const auto& curve : DemoCurves()) names.push_back(curve.name);
-  EXPECT_EQ(tables::ListEntryNames(kCheckedIn), names);
+  EXPECT_EQ(tables::ListEntries(kCheckedIn).names, names);
   EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size());
 }
 

@@ -1,6 +1,7 @@
 #include "platform/file_layer.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,6 +13,14 @@ namespace {
 namespace fs = std::filesystem;
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
+
+FileStamp StampFrom(const struct stat& status) {
+  constexpr std::uint64_t kNanoseconds = 1'000'000'000;
+  return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
+          static_cast<std::uint64_t>(status.st_size),
+          static_cast<std::uint64_t>(status.st_mtim.tv_sec) * kNanoseconds +
+              static_cast<std::uint64_t>(status.st_mtim.tv_nsec)};
+}
 
 class PosixOutputFile final : public OutputFile {
  public:
@@ -37,16 +46,11 @@ class PosixOutputFile final : public OutputFile {
     return ::fsync(descriptor_) == 0 ? std::error_code() : LastError();
   }
 
-  std::error_code Size(std::uint64_t& size) override {
+  std::error_code Stamp(FileStamp& stamp) override {
     struct stat status {};
     if (::fstat(descriptor_, &status) != 0) return LastError();
-    size = static_cast<std::uint64_t>(status.st_size);
+    stamp = StampFrom(status);
     return {};
-  }
-
-  std::error_code Truncate(std::uint64_t size) override {
-    return ::ftruncate(descriptor_, static_cast<off_t>(size)) == 0 ? std::error_code()
-                                                                   : LastError();
   }
 
   std::error_code Close() override {
@@ -66,6 +70,53 @@ std::error_code SyncFolder(const fs::path& folder) {
   const std::error_code error = ::fsync(descriptor) == 0 ? std::error_code() : LastError();
   ::close(descriptor);
   return error;
+}
+
+// The lock belongs to the open file; the name beside it only leads there.
+class PosixFileLock final : public FileLock {
+ public:
+  PosixFileLock(fs::path path, int descriptor) : path_(std::move(path)), descriptor_(descriptor) {}
+  ~PosixFileLock() override {
+    // Removed while it is held: who waits for it finds another file, or none, under the name.
+    ::unlink(path_.c_str());
+    ::close(descriptor_);
+  }
+  PosixFileLock(const PosixFileLock&) = delete;
+  PosixFileLock& operator=(const PosixFileLock&) = delete;
+
+ private:
+  fs::path path_;
+  int descriptor_;
+};
+
+int OpenLockFile(const fs::path& path, mode_t mode) {
+  const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, mode);
+  if (descriptor >= 0 || errno != EACCES) return descriptor;
+  // Left behind by someone else: locking takes no right to write.
+  const int readable = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+  if (readable < 0) errno = EACCES;
+  return readable;
+}
+
+std::error_code LockDescriptor(int descriptor) {
+  if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) return {};
+  switch (errno) {
+    case EWOULDBLOCK:
+      return std::make_error_code(std::errc::device_or_resource_busy);
+    case ENOLCK:
+    case ENOSYS:
+    case EOPNOTSUPP:
+      return {};
+    default:
+      return LastError();
+  }
+}
+
+bool IsStillNamed(int descriptor, const fs::path& path) {
+  struct stat opened {};
+  struct stat named {};
+  return ::fstat(descriptor, &opened) == 0 && ::lstat(path.c_str(), &named) == 0 &&
+         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
 class PosixFileLayer final : public FileLayer {
@@ -108,6 +159,25 @@ class PosixFileLayer final : public FileLayer {
   std::error_code Remove(const fs::path& path) override {
     return ::unlink(path.c_str()) == 0 || errno == ENOENT ? std::error_code() : LastError();
   }
+
+  std::error_code TryLock(const fs::path& path, std::unique_ptr<FileLock>& lock) override {
+    fs::path name = path;
+    name += ".lock";
+    struct stat model {};
+    const mode_t mode = ::stat(path.c_str(), &model) == 0 ? (model.st_mode & 0777u) : 0666u;
+    const int descriptor = OpenLockFile(name, mode);
+    if (descriptor < 0) return LastError();
+    std::error_code error = LockDescriptor(descriptor);
+    if (!error && !IsStillNamed(descriptor, name)) {
+      error = std::make_error_code(std::errc::device_or_resource_busy);
+    }
+    if (error) {
+      ::close(descriptor);
+      return error;
+    }
+    lock = std::make_unique<PosixFileLock>(std::move(name), descriptor);
+    return {};
+  }
 };
 
 }  // namespace
@@ -115,6 +185,12 @@ class PosixFileLayer final : public FileLayer {
 FileLayer& SystemFiles() {
   static PosixFileLayer files;
   return files;
+}
+
+std::optional<FileStamp> StampOf(const fs::path& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  return StampFrom(status);
 }
 
 bool IsReadOnly(const fs::path& path) {

@@ -11,6 +11,16 @@ namespace fs = std::filesystem;
 
 std::error_code LastError() { return {static_cast<int>(GetLastError()), std::system_category()}; }
 
+std::uint64_t Joined(DWORD high, DWORD low) {
+  return (static_cast<std::uint64_t>(high) << 32) | low;
+}
+
+FileStamp StampFrom(const BY_HANDLE_FILE_INFORMATION& about) {
+  return {about.dwVolumeSerialNumber, Joined(about.nFileIndexHigh, about.nFileIndexLow),
+          Joined(about.nFileSizeHigh, about.nFileSizeLow),
+          Joined(about.ftLastWriteTime.dwHighDateTime, about.ftLastWriteTime.dwLowDateTime)};
+}
+
 class WindowsOutputFile final : public OutputFile {
  public:
   explicit WindowsOutputFile(HANDLE handle) : handle_(handle) {}
@@ -36,18 +46,11 @@ class WindowsOutputFile final : public OutputFile {
     return FlushFileBuffers(handle_) != 0 ? std::error_code() : LastError();
   }
 
-  std::error_code Size(std::uint64_t& size) override {
-    LARGE_INTEGER value{};
-    if (GetFileSizeEx(handle_, &value) == 0) return LastError();
-    size = static_cast<std::uint64_t>(value.QuadPart);
+  std::error_code Stamp(FileStamp& stamp) override {
+    BY_HANDLE_FILE_INFORMATION about{};
+    if (GetFileInformationByHandle(handle_, &about) == 0) return LastError();
+    stamp = StampFrom(about);
     return {};
-  }
-
-  std::error_code Truncate(std::uint64_t size) override {
-    LARGE_INTEGER place{};
-    place.QuadPart = static_cast<LONGLONG>(size);
-    if (SetFilePointerEx(handle_, place, nullptr, FILE_BEGIN) == 0) return LastError();
-    return SetEndOfFile(handle_) != 0 ? std::error_code() : LastError();
   }
 
   std::error_code Close() override {
@@ -70,6 +73,18 @@ std::error_code OpenFile(const fs::path& path, DWORD disposition, DWORD startAt,
   return SetFilePointerEx(handle, none, nullptr, startAt) != 0 ? std::error_code() : LastError();
 }
 
+// A file that nobody else can open meanwhile, and that the system removes with its last handle.
+class WindowsFileLock final : public FileLock {
+ public:
+  explicit WindowsFileLock(HANDLE handle) : handle_(handle) {}
+  ~WindowsFileLock() override { CloseHandle(handle_); }
+  WindowsFileLock(const WindowsFileLock&) = delete;
+  WindowsFileLock& operator=(const WindowsFileLock&) = delete;
+
+ private:
+  HANDLE handle_;
+};
+
 class WindowsFileLayer final : public FileLayer {
  public:
   // Access rights come from the folder, as for every new file on Windows.
@@ -83,11 +98,21 @@ class WindowsFileLayer final : public FileLayer {
     return OpenFile(path, OPEN_ALWAYS, FILE_END, file);
   }
 
+  // Who just reads the file's former content keeps it from being replaced for a moment.
   std::error_code MoveOver(const fs::path& from, const fs::path& to) override {
-    return MoveFileExW(from.c_str(), to.c_str(),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0
-               ? std::error_code()
-               : LastError();
+    constexpr int kTries = 10;
+    constexpr DWORD kPause = 20;  // milliseconds
+    for (int left = kTries;; --left) {
+      if (MoveFileExW(from.c_str(), to.c_str(),
+                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+        return {};
+      }
+      const std::error_code error = LastError();
+      const bool mayPass =
+          error.value() == ERROR_SHARING_VIOLATION || error.value() == ERROR_ACCESS_DENIED;
+      if (!mayPass || left == 0) return error;
+      Sleep(kPause);
+    }
   }
 
   std::error_code Remove(const fs::path& path) override {
@@ -96,6 +121,25 @@ class WindowsFileLayer final : public FileLayer {
     if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return {};
     return {static_cast<int>(error), std::system_category()};
   }
+
+  std::error_code TryLock(const fs::path& path, std::unique_ptr<FileLock>& lock) override {
+    fs::path name = path;
+    name += ".lock";
+    const HANDLE handle =
+        CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) {
+      lock = std::make_unique<WindowsFileLock>(handle);
+      return {};
+    }
+    const std::error_code error = LastError();
+    // Between its last handle and its end the file is there, but closed to everyone.
+    const bool isEnding = error.value() == ERROR_ACCESS_DENIED &&
+                          GetFileAttributesW(name.c_str()) != INVALID_FILE_ATTRIBUTES;
+    return error.value() == ERROR_SHARING_VIOLATION || isEnding
+               ? std::make_error_code(std::errc::device_or_resource_busy)
+               : error;
+  }
 };
 
 }  // namespace
@@ -103,6 +147,18 @@ class WindowsFileLayer final : public FileLayer {
 FileLayer& SystemFiles() {
   static WindowsFileLayer files;
   return files;
+}
+
+std::optional<FileStamp> StampOf(const fs::path& path) {
+  const HANDLE handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return std::nullopt;
+  BY_HANDLE_FILE_INFORMATION about{};
+  const bool isKnown = GetFileInformationByHandle(handle, &about) != 0;
+  CloseHandle(handle);
+  if (!isKnown) return std::nullopt;
+  return StampFrom(about);
 }
 
 bool IsReadOnly(const fs::path& path) {

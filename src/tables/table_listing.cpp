@@ -1,0 +1,150 @@
+#include "tables/table_listing.h"
+
+#include <algorithm>
+
+#include "platform/character_case.h"
+#include "platform/file_reader.h"
+#include "platform/line_reader.h"
+#include "tables/entry_line.h"
+#include "texts/line_encoding.h"
+
+namespace zentab::tables {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uint64_t kKeepAliveEvery = 1u << 20;  // bytes
+
+std::size_t HashOf(std::string_view line) { return std::hash<std::string_view>()(line); }
+
+std::string_view WithoutLineEnd(std::string_view line) {
+  if (line.ends_with('\n')) line.remove_suffix(1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+// Line `index` where the listing has it, if it still stands there.
+std::optional<std::string> LineAt(const fs::path& file, const TableListing& listing,
+                                  std::size_t index) {
+  std::optional<std::string> bytes =
+      platform::FileReader(file).Read(listing.lines[index].offset, listing.EndOf(index));
+  if (!bytes) return std::nullopt;
+  bytes->resize(WithoutLineEnd(*bytes).size());
+  if (HashOf(*bytes) != listing.lines[index].hash) return std::nullopt;
+  return bytes;
+}
+
+TableListing ListAgain(const fs::path& file, const TableListing& former,
+                       const KeepAlive& keepAlive) {
+  TableListing listing = ListEntries(file, keepAlive);
+  listing.readings += former.readings;
+  return listing;
+}
+
+std::optional<std::size_t> FindSameLine(const TableListing& listing, const TableListing& former,
+                                        std::size_t index) {
+  if (index >= former.lines.size()) return std::nullopt;
+  const std::size_t hash = former.lines[index].hash;
+  const std::size_t count = listing.lines.size();
+  for (std::size_t away = 0; away <= index || index + away < count; ++away) {
+    for (const std::size_t place : {index - away, index + away}) {
+      if (place < count && listing.lines[place].hash == hash) return place;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<std::size_t> FindSameName(const TableListing& listing, std::string_view name) {
+  const auto found = std::find(listing.names.begin(), listing.names.end(), name);
+  if (found == listing.names.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - listing.names.begin());
+}
+
+// The place of the same line, else of the same name, else the number of lines.
+std::size_t PlaceOf(const TableListing& listing, const TableListing& former, std::size_t index,
+                    bool& isSameLine) {
+  const std::optional<std::size_t> line = FindSameLine(listing, former, index);
+  isSameLine = line.has_value();
+  if (line) return *line;
+  const std::optional<std::size_t> named =
+      index < former.names.size() ? FindSameName(listing, former.names[index]) : std::nullopt;
+  return named.value_or(listing.lines.size());
+}
+
+}  // namespace
+
+std::uint64_t TableListing::EndOf(std::size_t index) const {
+  return index + 1 < lines.size() ? lines[index + 1].offset : end;
+}
+
+bool TableListing::HasName(std::string_view name) const {
+  const std::string wanted = platform::LowerCase(name);
+  return std::any_of(names.begin(), names.end(), [&wanted](const std::string& other) {
+    return platform::LowerCase(other) == wanted;
+  });
+}
+
+TableListing ListEntries(const fs::path& file, const KeepAlive& keepAlive) {
+  TableListing listing;
+  // A file that changes after this has another stamp.
+  listing.stamp = platform::StampOf(file);
+  listing.readings = 1;
+  std::uint64_t alive = 0;
+  platform::LineReader reader(file);
+  platform::RawLine line;
+  while (reader.Next(line)) {
+    std::optional<std::string> name = ParseEntryName(line.text);
+    if (name) {
+      listing.names.push_back(*std::move(name));
+    } else {
+      listing.nameless.push_back(listing.lines.size());
+    }
+    listing.lines.push_back({listing.end, HashOf(line.text)});
+    listing.end += line.text.size() + line.ending.size();
+    if (keepAlive && listing.end - alive > kKeepAliveEvery) {
+      alive = listing.end;
+      keepAlive();
+    }
+  }
+  return listing;
+}
+
+bool Refresh(const fs::path& file, TableListing& listing, std::size_t& index,
+             const KeepAlive& keepAlive) {
+  if (listing.stamp == platform::StampOf(file)) return false;
+  TableListing fresh = ListAgain(file, listing, keepAlive);
+  bool isSameLine = false;
+  index = PlaceOf(fresh, listing, index, isSameLine);
+  listing = std::move(fresh);
+  return true;
+}
+
+std::error_code ReadLine(const fs::path& file, TableListing& listing, std::size_t& index,
+                         std::string& bytes, const KeepAlive& keepAlive) {
+  constexpr int kTries = 3;  // of a file that goes on changing
+  if (index >= listing.lines.size()) return std::make_error_code(std::errc::result_out_of_range);
+  for (int left = kTries; left > 0; --left) {
+    if (listing.stamp == platform::StampOf(file)) {
+      if (std::optional<std::string> line = LineAt(file, listing, index)) {
+        bytes = *std::move(line);
+        return {};
+      }
+    }
+    TableListing fresh = ListAgain(file, listing, keepAlive);
+    bool isSameLine = false;
+    index = PlaceOf(fresh, listing, index, isSameLine);
+    listing = std::move(fresh);
+    if (!isSameLine) break;
+  }
+  return std::make_error_code(kEntryChanged);
+}
+
+std::error_code ReadEntryLine(const fs::path& file, TableListing& listing, std::size_t& index,
+                              std::string& line, const KeepAlive& keepAlive) {
+  std::string bytes;
+  const std::error_code error = ReadLine(file, listing, index, bytes, keepAlive);
+  if (!error) line = texts::DecodeLine(bytes);
+  return error;
+}
+
+}  // namespace zentab::tables

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string_view>
+#include <system_error>
+
+#include "platform/file_layer.h"
+#include "platform/safe_file_replacement.h"
+#include "tables/curve_table_entry.h"
+#include "tables/table_listing.h"
+
+namespace zentab::tables {
+
+/// Whether the first change of a table file keeps its former content beside it, as FILE.bak.
+enum class Backups { None, AtFirstWrite };
+
+/// Changes table files, each change by replacing the whole file in one step, under its lock: who
+/// is killed, or meets a full disk, leaves the old file or the new one. Whatever has changed the
+/// file since it was listed, no entry of anyone else is overwritten: the file is then listed anew,
+/// and what was meant for a line goes to where that line is now. All other bytes of the file stay.
+/// One writer serves from start to end of the program; backups are kept once for each file.
+///
+/// All operations fail with what the system says, and then the file is as it was. The listing is
+/// brought up to date by each of them, whether it fails or not.
+class TableWriter {
+ public:
+  TableWriter(platform::FileLayer& files, Backups backups) : files_(files), backups_(backups) {}
+
+  /// Puts the entry's line in the place of line `index`, which follows the line as in Refresh.
+  /// Fails with kEntryChanged when the line is gone.
+  [[nodiscard]] std::error_code ReplaceEntry(const std::filesystem::path& file,
+                                             TableListing& listing, std::size_t& index,
+                                             const CurveTableEntry& entry);
+
+  /// Takes line `index` out of the file; as above.
+  [[nodiscard]] std::error_code RemoveEntry(const std::filesystem::path& file,
+                                            TableListing& listing, std::size_t& index);
+
+  /// Adds the entry's line at the end of the file, which is created when it is missing. A last
+  /// line without a line end gets one first. Fails with std::errc::file_exists when the file has
+  /// got an entry of that name since it was listed.
+  [[nodiscard]] std::error_code AppendEntry(const std::filesystem::path& file,
+                                            TableListing& listing, const CurveTableEntry& entry);
+
+  /// Adds what `write` writes, whole lines, in the same way.
+  [[nodiscard]] std::error_code AppendLines(const std::filesystem::path& file,
+                                            const platform::ContentWriter& write);
+
+  /// The files that it works on.
+  [[nodiscard]] platform::FileLayer& Files() const { return files_; }
+
+ private:
+  [[nodiscard]] std::error_code ChangeLine(const std::filesystem::path& file, TableListing& listing,
+                                           std::size_t& index, std::string_view replacement);
+  [[nodiscard]] std::error_code CopyChanged(const std::filesystem::path& file,
+                                            TableListing& listing, std::size_t& index,
+                                            std::string_view replacement,
+                                            platform::OutputFile& output);
+  [[nodiscard]] std::error_code CopyComplete(const std::filesystem::path& file,
+                                             platform::OutputFile& output);
+  [[nodiscard]] std::error_code Append(const std::filesystem::path& file,
+                                       const platform::ContentWriter& write,
+                                       platform::FileStamp* written);
+  [[nodiscard]] std::error_code KeepBackup(const std::filesystem::path& file);
+  [[nodiscard]] KeepAlive Alive() const;
+
+  platform::FileLayer& files_;
+  Backups backups_;
+  std::set<std::filesystem::path> written_;  // the files changed since the start
+};
+
+}  // namespace zentab::tables
