@@ -3,25 +3,19 @@
 #include <utf8.h>
 
 #include "platform/ansi_code_page.h"
+#include "platform/ascii.h"
 
 namespace zentab::texts {
 namespace {
 
 bool IsUtf8(std::string_view bytes) { return utf8::is_valid(bytes.begin(), bytes.end()); }
 
-bool IsAscii(std::string_view bytes) {
-  // Without an early end, so that the compiler takes many bytes at a time.
-  unsigned bits = 0;
-  for (const char c : bytes) bits |= static_cast<unsigned char>(c);
-  return bits < 0x80;
-}
-
 }  // namespace
 
 std::string DecodeLine(std::string_view bytes) { return DecodePart(bytes, bytes); }
 
 std::string DecodePart(std::string_view line, std::string_view part) {
-  if (IsAscii(part) || IsUtf8(line)) return std::string(part);
+  if (platform::IsAscii(part) || IsUtf8(line)) return std::string(part);
   return platform::FromAnsi(part);
 }
 
