@@ -1,16 +1,20 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test.
-#   ./test.sh            the development build
-#   ./test.sh asan       the same under AddressSanitizer and UndefinedBehaviorSanitizer
-#   ./test.sh no-gui     what lies outside widgets/, without Qt
-#   ./test.sh all        all three, the format check, and whether the benchmarks build
+#   ./test.sh             the development build
+#   ./test.sh asan        the same under AddressSanitizer and UndefinedBehaviorSanitizer
+#   ./test.sh no-gui      what lies outside widgets/, without Qt
+#   ./test.sh fuzz        every fuzz target for FUZZ_RUNS executions (1,000,000 unless set)
+#   ./test.sh fuzz-short  every fuzz target for ten seconds
+#   ./test.sh all         the first three, the short fuzzing, the format check, and whether the
+#                         benchmarks build
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
 
 check_format() {
   need clang-format
-  find src simulator tests bench tools -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
+  find src simulator tests bench fuzz tools -name '*.cpp' -o -name '*.h' |
+    xargs clang-format --dry-run -Werror
 }
 
 run() {
@@ -21,16 +25,51 @@ run() {
   ctest --preset "$1" -j "$(nproc)"
 }
 
+# Each fuzz target with the longest input it gets, in bytes.
+fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_import=2048
+  reference_graph=2048 clipboard_text=512 expression=256 settings_files=1024)
+
+# fuzz LIMIT: runs all targets. New inputs, the log and an input at fault stay in build/fuzz/found.
+fuzz() (
+  need "${build_packages[@]}" "${fuzz_packages[@]}"
+  echo "== fuzz $1"
+  build fuzz
+  # Small files are written by the million.
+  TMPDIR=$(mktemp -d "$([ -w /dev/shm ] && echo /dev/shm || echo /tmp)/zentab-fuzz-XXXXXX")
+  export TMPDIR
+  trap 'rm -rf "$TMPDIR"' EXIT
+  failed=0
+  for row in "${fuzz_targets[@]}"; do
+    target=${row%=*} found=build/fuzz/found/${row%=*} corpus=build/fuzz/corpus/${row%=*}
+    options=("$1" -seed=1 -max_len="${row#*=}" -timeout=10 -rss_limit_mb=2048
+      -print_final_stats=1 -artifact_prefix="$found/")
+    [ ! -f "$corpus.dict" ] || options+=(-dict="$corpus.dict")
+    rm -rf "$found"
+    mkdir -p "$found/inputs"
+    printf '%-18s' "$target"
+    if "build/fuzz/bin/$target" "${options[@]}" "$found/inputs" "$corpus" >"$found/log" 2>&1; then
+      sed -n 's/^Done //p' "$found/log"
+    else
+      echo "at fault: see $found"
+      failed=1
+    fi
+  done
+  return "$failed"
+)
+
 case "${1:-dev}" in
   dev | asan | no-gui) run "${1:-dev}" ;;
+  fuzz) fuzz -runs="${FUZZ_RUNS:-1000000}" ;;
+  fuzz-short) fuzz -max_total_time=10 ;;
   all)
     check_format
     for preset in dev no-gui asan; do run "$preset"; done
+    fuzz -max_total_time=10
     need "${bench_packages[@]}"
     build bench
     ;;
   *)
-    sed -n '2,6s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,9s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac
