@@ -48,28 +48,16 @@ class FailingDevice : public TemporaryFolder {
       files.failingStep = FailingFileLayer::kNever;
       EXPECT_TRUE(path.run(place));
     }
-    Files after = before_;
-    after[path.target] = path.after(before_);
-    if (path.isTable && before_.contains(path.target)) {
-      after[path.target + ".bak"] = before_.at(path.target);
-    }
-    EXPECT_TRUE(ReadFolder(Folder()) == after);
+    EXPECT_TRUE(ReadFolder(Folder()) == Changed(path, before_));
     return files.failedStep;
   }
 
   void ExpectUntouched(const WritePath& path, bool mayLeave) const {
     Files now = ReadFolder(Folder());
-    const std::string backup = path.target + ".bak";
-    // The backup was done when what came behind it failed.
-    if (before_.contains(path.target) && now.contains(backup) &&
-        now.at(backup) == before_.at(path.target)) {
-      now.erase(backup);
-      if (before_.contains(backup)) now[backup] = before_.at(backup);
-    }
-    for (const std::string& name : {path.target, backup}) {
+    for (const std::string& name : {path.target, path.target + ".bak"}) {
       if (mayLeave) now.erase(name + ".new");
     }
-    EXPECT_TRUE(now == before_);
+    EXPECT_TRUE(AreUntouched(path, before_, now));
   }
 
   const Files before_ = Installation(9);

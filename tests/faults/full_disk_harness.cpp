@@ -126,16 +126,8 @@ class FullDiskHarness {
   }
 
   void CheckUntouched(const WritePath& path, const Workplace& place, const std::string& what) {
-    Files now = ReadFolder(device_.Folder());
-    const std::string backup = path.target + ".bak";
-    const auto made = now.find(backup);
-    const auto former = before_.find(backup);
-    if (path.isTable && made != now.end() && before_.contains(path.target) &&
-        made->second == before_.at(path.target)) {
-      now.erase(made);
-      if (former != before_.end()) now.insert(*former);
-    }
-    verdict_.Check(now == before_, what + "a file has changed");
+    verdict_.Check(AreUntouched(path, before_, ReadFolder(device_.Folder())),
+                   what + "a file has changed");
     verdict_.Check(place.session.table.tableModified, what + "the edits count as saved");
   }
 
@@ -147,14 +139,9 @@ class FullDiskHarness {
   }
 
   void CheckDone(const WritePath& path, const std::string& what) {
-    Files expected = before_;
-    expected[path.target] = path.after(before_);
-    if (path.isTable && before_.contains(path.target)) {
-      expected[path.target + ".bak"] = before_.at(path.target);
-    }
     Files now = ReadFolder(device_.Folder());
     now[kLogFile] = before_.at(kLogFile);
-    verdict_.Check(now == expected, what + "what was written is something else");
+    verdict_.Check(now == Changed(path, before_), what + "what was written is something else");
   }
 
   const SmallDevice& device_;

@@ -73,7 +73,7 @@ class KillHarness {
   void Prepare(const WritePath& path, bool hasBackup) {
     before_ = installation_;
     if (!hasBackup) before_.erase(path.target + ".bak");
-    after_ = path.after(before_);
+    after_ = Changed(path, before_);
   }
 
   // Whether the child was killed at that moment, or after that time, not done before it.
@@ -137,21 +137,13 @@ class KillHarness {
     tally.slowest = std::max(tally.slowest, nanoseconds(Clock::now() - start));
   }
 
-  void CheckFiles(const WritePath& path, const Files& left, const std::string& what) {
-    const std::string backup = path.target + ".bak";
-    Files expected = before_;
-    for (const auto& [name, bytes] : left) {
-      const bool isOwn = name.starts_with(path.target);
-      if (isOwn && (name.ends_with(".new") || name.ends_with(".lock"))) {
-        expected[name] = bytes;
-      } else if (name == path.target && bytes == after_) {
-        expected[name] = bytes;
-      } else if (name == backup && before_.contains(path.target) &&
-                 bytes == before_.at(path.target)) {
-        expected[name] = bytes;
-      }
+  void CheckFiles(const WritePath& path, Files left, const std::string& what) {
+    for (const std::string& name : {path.target, path.target + ".bak"}) {
+      left.erase(name + ".new");
+      left.erase(name + ".lock");
     }
-    verdict_.Check(left == expected, what + "a file is neither the old nor the new one");
+    verdict_.Check(left == after_ || AreUntouched(path, before_, left),
+                   what + "a file is neither the old nor the new one");
   }
 
   // The next change, of an editor that was started again, on what the killed one left.
@@ -189,7 +181,7 @@ class KillHarness {
       ++tally.steps[(progress_->isDone ? "behind " : "in ") + std::string(progress_->step)];
     }
     const auto file = left.find(path.target);
-    const bool isNew = file != left.end() && file->second == after_;
+    const bool isNew = file != left.end() && file->second == after_.at(path.target);
     ++(isNew ? tally.newFile : tally.oldFile);
     const auto remains = [&](std::string_view ending) {
       return std::any_of(left.begin(), left.end(),
@@ -211,8 +203,7 @@ class KillHarness {
   }
 
   const Files installation_;
-  Files before_;
-  std::string after_;  // the target's new content
+  Files before_, after_;
   ScratchFolder folder_;
   SharedMemory<Progress> progress_;
   std::mt19937 random_;

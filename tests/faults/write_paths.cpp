@@ -205,4 +205,24 @@ const std::vector<WritePath>& WritePaths() {
   return paths;
 }
 
+Files Changed(const WritePath& path, const Files& before) {
+  Files after = before;
+  after[path.target] = path.after(before);
+  if (path.isTable && before.contains(path.target)) {
+    after[path.target + ".bak"] = before.at(path.target);
+  }
+  return after;
+}
+
+bool AreUntouched(const WritePath& path, const Files& before, Files now) {
+  const std::string backup = path.target + ".bak";
+  const auto old = before.find(path.target), former = before.find(backup);
+  const auto kept = now.find(backup);
+  if (path.isTable && old != before.end() && kept != now.end() && kept->second == old->second) {
+    now.erase(kept);
+    if (former != before.end()) now.insert(*former);
+  }
+  return now == before;
+}
+
 }  // namespace zentab::test

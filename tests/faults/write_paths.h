@@ -64,6 +64,12 @@ struct WritePath {
 
 [[nodiscard]] const std::vector<WritePath>& WritePaths();
 
+/// All files of an installation behind a change.
+[[nodiscard]] Files Changed(const WritePath& path, const Files& before);
+/// Whether all files are as before a change that failed, or was killed, before the new file took
+/// the old one's place. The backup may have been made.
+[[nodiscard]] bool AreUntouched(const WritePath& path, const Files& before, Files now);
+
 inline constexpr std::string_view kLibrary = "library.dat";
 inline constexpr int kGridTime = 100;  // of the curve in the grid at the start
 
