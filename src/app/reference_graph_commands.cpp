@@ -19,6 +19,21 @@ testset::GraphDate Today() {
   return {platform::MonthAbbreviation(today.tm_mon + 1), today.tm_mday, 1900 + today.tm_year};
 }
 
+const std::string& FaultText(testset::GraphFault fault, const texts::GraphTexts& texts) {
+  switch (fault) {
+    case testset::GraphFault::EndsEarly:
+      return texts.endsEarly;
+    case testset::GraphFault::NoCount:
+      return texts.noCount;
+    case testset::GraphFault::NoSegment:
+      return texts.noSegment;
+    case testset::GraphFault::NotExpected:
+    case testset::GraphFault::Unreadable:
+      break;
+  }
+  return texts.notExpected;
+}
+
 SetGraphOutcome ReferenceGraphCommands::SetGraph(std::string_view tableName) {
   const auto segments =
       testset::SegmentsOf(session_.table.grid, session_.modes, InstrumentInUse(session_));

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -12,11 +13,17 @@
 #include "testset/instrument_session.h"
 #include "testset/reference_graph_reader.h"
 #include "testset/reference_graph_writer.h"
+#include "texts/catalogue_texts.h"
 
 namespace zentab::app {
 
 /// The day that a reference graph written now bears.
 [[nodiscard]] testset::GraphDate Today();
+
+/// What a line at fault fails to be, in the words of `texts`. A file that cannot be read has no
+/// such line.
+[[nodiscard]] const std::string& FaultText(testset::GraphFault fault,
+                                           const texts::GraphTexts& texts);
 
 /// What came of handing the grid's curve over.
 struct SetGraphOutcome {

@@ -80,6 +80,7 @@ Settings LoadSettings(const platform::SettingsStore& store, std::string_view exe
 std::error_code SaveSettings(platform::SettingsStore& store, std::string_view title,
                              const Settings& settings) {
   std::vector<platform::Setting> rows;
+  rows.reserve(std::size(kSettings));
   for (const SettingRow& row : kSettings) {
     rows.push_back({std::string(row.key), settings.*row.field});
   }

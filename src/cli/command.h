@@ -36,11 +36,4 @@ void AddGraphCommands(Commands& commands);     // grh, grh-read
 void AddCleanCommand(Commands& commands);      // clean
 void AddEvalCommand(Commands& commands);       // eval
 
-/// The name of a file to write: refuses "-", which stands for standard input alone.
-extern const CLI::Validator kWrittenFile;
-/// A decimal number with ".", in the range of a double: checks an option's text.
-extern const CLI::Validator kNumber;
-/// The number of a text that kNumber let through; 0 for an empty one.
-[[nodiscard]] double NumberOf(const std::string& text);
-
 }  // namespace zentab::cli

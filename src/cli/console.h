@@ -11,14 +11,14 @@ enum class Exit { Done = 0, Failed = 1, WrongUsage = 2 };
 /// What a command says: results on standard output, in blocks, and messages on standard error.
 class Console {
  public:
-  /// Whether some of the output could not be written.
-  [[nodiscard]] bool IsBroken() const { return failed_; }
   /// Adds to standard output as it is.
   void Write(std::string_view text);
   /// Adds a line.
   void WriteLine(std::string_view text);
   /// Passes on what was written so far.
   void Flush();
+  /// Whether some of the output could not be written.
+  [[nodiscard]] bool IsBroken() const { return failed_; }
   /// Whether that is because nobody reads it any more, as behind "| head".
   [[nodiscard]] bool HasLostReader() const { return lostReader_; }
   /// Passes on the rest; false when any of the output could not be written.

@@ -1,4 +1,5 @@
 #include "app/reference_graph_commands.h"
+#include "cli/argument_checks.h"
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"
@@ -147,22 +148,6 @@ void DeclareGraphRead(CLI::App& command, GraphReadOptions& options) {
   command.add_flag("--ms", options.milliseconds, "Times become milliseconds, else seconds");
 }
 
-std::string TextOf(testset::GraphFault fault) {
-  switch (fault) {
-    case testset::GraphFault::Unreadable:
-      return "cannot be read";
-    case testset::GraphFault::EndsEarly:
-      return "the file ends early";
-    case testset::GraphFault::NoCount:
-      return "no number of segments";
-    case testset::GraphFault::NoSegment:
-      return "no segment";
-    case testset::GraphFault::NotExpected:
-      break;
-  }
-  return "not what a reference graph has here";
-}
-
 Exit ReadGraph(const GraphReadOptions& options, Console& console) {
   editor::ValueModes modes;
   modes.absoluteValues = options.absolute;
@@ -173,8 +158,12 @@ Exit ReadGraph(const GraphReadOptions& options, Console& console) {
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
   const testset::ReadGraph graph = testset::ReadReferenceGraph(file.Path());
   if (graph.error) {
+    if (graph.error->fault == testset::GraphFault::Unreadable) {
+      return console.Fail(file.Name() + ": cannot be read");
+    }
+    const texts::GraphTexts words;
     return console.Fail(file.Name() + ':' + std::to_string(graph.error->line) + ": " +
-                        TextOf(graph.error->fault));
+                        app::FaultText(graph.error->fault, words));
   }
   const testset::ImportedGraph imported = testset::ImportGraph(graph.segments, modes, {});
   for (const testset::GraphPoint& point : imported.skipped) {

@@ -3,9 +3,6 @@
 #include <array>
 #include <charconv>
 
-#include "cli/command.h"
-#include "texts/number_text.h"
-
 namespace zentab::cli {
 
 std::string ShortestText(double number) {
@@ -13,20 +10,5 @@ std::string ShortestText(double number) {
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
   return {buffer.data(), end};
 }
-
-double NumberOf(const std::string& text) { return texts::WholeNumber(text).value_or(0.0); }
-
-const CLI::Validator kNumber(
-    [](const std::string& text) {
-      return texts::WholeNumber(text) ? std::string() : "'" + text + "' is no decimal number";
-    },
-    "NUMBER");
-
-const CLI::Validator kWrittenFile(
-    [](const std::string& text) {
-      return text == "-" ? "- is standard input, which is only read; ./- is a file of that name"
-                         : std::string();
-    },
-    "");
 
 }  // namespace zentab::cli

@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/library_commands.h"
+#include "cli/argument_checks.h"
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"

@@ -1,3 +1,4 @@
+#include "cli/argument_checks.h"
 #include "cli/command.h"
 #include "cli/input_file.h"
 #include "cli/numbers.h"

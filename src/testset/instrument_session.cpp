@@ -1,6 +1,7 @@
 #include "testset/instrument_session.h"
 
 #include <cmath>
+#include <cstdint>
 #include <system_error>
 
 #include "platform/paths.h"
@@ -35,9 +36,10 @@ OpenOutcome InstrumentSession::Open() {
   UseInstallFolder();
   OpenOutcome outcome{false, Load()};
   Slot& slot = ChosenSlot();
-  openResult_ = slot.module ? slot.module->OpenFiles(std::string(profile.dataFolder)) : 0;
-  hooks_.writeLogLine(WithValue(profile.openLine, openResult_));
-  slot.open = outcome.open = openResult_ == kOpened;
+  const std::int32_t result =
+      slot.module ? slot.module->OpenFiles(std::string(profile.dataFolder)) : 0;
+  hooks_.writeLogLine(WithValue(profile.openLine, result));
+  slot.open = outcome.open = result == kOpened;
   if (!outcome.open) return outcome;
   hooks_.letEventsRun();
   pickup_ = slot.module->GetStartUp();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -67,7 +66,6 @@ class InstrumentSession {
   SessionHooks hooks_;
   tables::Instrument kind_ = tables::Instrument::None;
   std::array<Slot, 4> slots_;  // by kind
-  std::int32_t openResult_ = 0;
   float pickup_ = 0.0f;
 };
 

@@ -2,6 +2,9 @@
 
 #include <utf8.h>
 
+#include <cstdint>
+#include <cstring>
+
 #include "platform/ansi_code_page.h"
 
 namespace zentab::texts {
@@ -9,14 +12,19 @@ namespace {
 
 bool IsUtf8(std::string_view bytes) { return utf8::is_valid(bytes.begin(), bytes.end()); }
 
-bool IsAscii(std::string_view bytes) {
-  // Without an early end, so that the compiler takes many bytes at a time.
-  unsigned bits = 0;
-  for (const char c : bytes) bits |= static_cast<unsigned char>(c);
-  return bits < 0x80;
-}
-
 }  // namespace
+
+bool IsAscii(std::string_view bytes) {
+  std::uint64_t bits = 0;
+  std::size_t at = 0;
+  for (; at + sizeof bits <= bytes.size(); at += sizeof bits) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes.data() + at, sizeof word);
+    bits |= word;
+  }
+  for (; at < bytes.size(); ++at) bits |= static_cast<unsigned char>(bytes[at]);
+  return (bits & 0x8080808080808080u) == 0;
+}
 
 std::string DecodeLine(std::string_view bytes) { return DecodePart(bytes, bytes); }
 

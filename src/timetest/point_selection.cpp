@@ -35,13 +35,16 @@ std::vector<double> LargestMeasures(const std::vector<MeasuredPoint>& points) {
   return largest;
 }
 
-// Ends as long as no more than kWanted measures are infinite.
 class LevelSearch {
  public:
   explicit LevelSearch(const std::vector<MeasuredPoint>& points)
       : largest_(LargestMeasures(points)), count_(points.size()) {}
 
   double Run() {
+    // No number of rounds would leave fewer.
+    if (largest_.size() > kWanted && largest_[kWanted] == kInfinity) {
+      return std::numeric_limits<double>::max();
+    }
     while (count_ > kWanted) {
       const bool isFast = count_ > kMany;
       const double next = NextMeasure();
@@ -91,11 +94,6 @@ class LevelSearch {
 
 double SelectionLevel(const std::vector<MeasuredPoint>& points) {
   if (points.size() <= kWanted) return -1.0;
-  const auto infinite = static_cast<std::size_t>(
-      std::count_if(points.begin(), points.end(),
-                    [](const MeasuredPoint& point) { return std::isinf(point.difference); }));
-  // No number of rounds would leave fewer.
-  if (infinite > kWanted) return std::numeric_limits<double>::max();
   return LevelSearch(points).Run();
 }
 

@@ -1,8 +1,6 @@
 #include "timetest/section_lines.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
 
 #include "platform/character_case.h"
 #include "texts/characters.h"
@@ -21,18 +19,6 @@ std::size_t PositionOf(std::u32string_view text, std::u32string_view wanted, std
 
 std::u32string Folded(std::string_view text) {
   return texts::ToCharacters(platform::LowerCase(text));
-}
-
-bool IsAscii(std::string_view text) {
-  std::uint64_t bits = 0;
-  std::size_t at = 0;
-  for (; at + sizeof bits <= text.size(); at += sizeof bits) {
-    std::uint64_t word;
-    std::memcpy(&word, text.data() + at, sizeof word);
-    bits |= word;
-  }
-  for (; at < text.size(); ++at) bits |= static_cast<unsigned char>(text[at]);
-  return (bits & 0x8080808080808080u) == 0;
 }
 
 // Looks for the marker's first letters only: beyond ASCII no letter has them as its lower case.
@@ -64,7 +50,7 @@ bool SectionLines::Next(std::string_view& line) {
   if (!reader_.Next(raw)) return false;
   lineBytes_ = raw.text.size() + raw.ending.size();
   line = raw.text;
-  if (!IsAscii(line)) {
+  if (!texts::IsAscii(line)) {
     decoded_ = texts::DecodeLine(line);
     line = decoded_;
   }

@@ -10,7 +10,7 @@
 namespace zentab::mathparser {
 namespace {
 
-constexpr std::size_t kMegabyte = 1000000;
+constexpr std::size_t kLong = 10000000;  // bytes
 
 std::string Repeated(const std::string& part, std::size_t length) {
   std::string text;
@@ -40,7 +40,7 @@ std::string Sum(int terms, const std::string& name) {
 }
 
 TEST(HostileInput, LongAndDeepTexts) {
-  const std::size_t m = kMegabyte;
+  const std::size_t m = kLong;
   struct Case {
     const char* what;
     std::string text;
@@ -72,6 +72,9 @@ TEST(HostileInput, LongAndDeepTexts) {
       {"100 variables", Sum(100, "v"), ""},
       {"101 variables", Sum(101, "v"), "too many variables"},
       {"a large factorial", "fact(1E9)!", "Evaluation error < fact(1000000000) > at pos: 5"},
+      {"a large order", "polyle(0.5,1E9)", "Evaluation error < polyle(0.5;1000000000) > at pos: 7"},
+      {"large orders in many rows", Repeated("polyla(1.5,50000)+", 1700) + "1", ""},
+      {"large shapes", "betai(0.5,1E17,1E17)", "Evaluation error < betai("},
       {"large choices", "comb(1E300,1E299)", "Evaluation error"},
       {"many choices", "comb(1029,514)+perm(170,169)+comb(1E300,1)+gcd(1E308,3)", ""},
   };

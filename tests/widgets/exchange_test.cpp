@@ -18,15 +18,6 @@ const QByteArray kLibrary =
     "{\"B\"\t(1;10) 001}\r\n"
     "{\"C\"\t 000}";
 
-QString NamesIn(const QWidget& window) {
-  const auto* const model = window.findChild<QListView*>(QStringLiteral("List1"))->model();
-  QStringList names;
-  for (int row = 0; row < model->rowCount(); ++row) {
-    names.append(model->index(row, 0).data().toString());
-  }
-  return names.join('|');
-}
-
 class ExchangeTest : public QObject {
   Q_OBJECT
 

@@ -45,11 +45,10 @@ class InstrumentWindowTest : public QObject {
     if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
     return *made_;
   }
-  void Click(const char* name) { made_->Find<QAbstractButton>(name)->click(); }
   void Read(int row) {
     auto* const list = made_->Find<QListView>("List1");
     list->setCurrentIndex(list->model()->index(row, 0));
-    Click("Command1");
+    made_->Click("Command1");
   }
   [[nodiscard]] bool Enabled(const char* name) const {
     return made_->Find<QWidget>(name)->isEnabled();
@@ -94,7 +93,7 @@ class InstrumentWindowTest : public QObject {
     Read(2);
     QVERIFY2(!Enabled("Command5") && Text("Text2").isEmpty(), "no instrument is chosen");
     static_cast<void>(TakeLog());
-    Click("Option1");
+    made_->Click("Option1");
     QVERIFY(f.window->isEnabled() && QApplication::overrideCursor() == nullptr);
     QCOMPARE(Text("Text2"), QStringLiteral("0.5"));
     QVERIFY(Enabled("Command5") && f.session.instrument == tables::Instrument::Current);
@@ -102,16 +101,16 @@ class InstrumentWindowTest : public QObject {
     QCOMPARE(Tip("Text2"), QStringLiteral("I>"));
     QCOMPARE(f.Find<QLabel>("LabelText2")->text(), QStringLiteral("I > (A)"));
     QCOMPARE(Labels(), QStringLiteral("times Current|time S"));
-    Click("Command5");
+    made_->Click("Command5");
     const QByteArray reference = f.Bytes("data/current/reference.grh");
     QVERIFY(reference.contains("\r\n0.500000 2.000000 1.000000 3.000000 0.000000 "));
-    Click("Option2");
+    made_->Click("Option2");
     QCOMPARE(Text("Text2"), QStringLiteral("110.25"));
     QCOMPARE(f.Find<QAbstractButton>("Command5")->text(), QStringLiteral("GRH U"));
     QCOMPARE(Tip("Command5"), QStringLiteral("hands over"));
     QCOMPARE(f.Find<QLabel>("LabelText2")->text(), QStringLiteral("U > (V)"));
-    Click("Command5");
-    Click("Option3");
+    made_->Click("Command5");
+    made_->Click("Option3");
     QVERIFY(!Enabled("Command5") && f.session.instrument == tables::Instrument::Third);
     QCOMPARE(Tip("Text2"), QStringLiteral("I>"));
     QCOMPARE(Text("Text2"), QStringLiteral("110.25"));
@@ -125,7 +124,7 @@ class InstrumentWindowTest : public QObject {
     const QString curve = Cells();
     f.session.table.grid.ClearPoints();
     f.dialogs.file = f.Path("data/voltage/reference.grh");
-    Click("Command6");
+    made_->Click("Command6");
     QCOMPARE(Cells(), curve);
     QCOMPARE(TakeLog(), QStringLiteral(" Imported |"));
     QVERIFY(f.session.table.tableModified && Enabled("Command4"));
@@ -136,10 +135,10 @@ class InstrumentWindowTest : public QObject {
           "F1.TEXT2.TIP {}\nF1.TEXT2.TIP2 {pickup <U>}\n"
           "F1.COMMAND5.TIP {}\nF1.COMMAND5.TIP2 {set <U>}\n");
     const QString chooseFirst = Tip("Text2");
-    Click("Option1");
+    made_->Click("Option1");
     QCOMPARE(Tip("Text2"), chooseFirst);
     for (const char* const choice : {"Option2", "Option1"}) {
-      Click(choice);
+      made_->Click(choice);
       QCOMPARE(Tip("Text2"), QStringLiteral("pickup <U>"));
       QCOMPARE(Tip("Command5"), QStringLiteral("set <U>"));
     }
@@ -153,7 +152,7 @@ class InstrumentWindowTest : public QObject {
     f.dialogs.onError = [&] {
       enabled = f.window->isEnabled();
       closed = f.window->close();
-      Click("Option1");
+      made_->Click("Option1");
     };
     auto* const option2 = f.Find<QAbstractButton>("Option2");
     option2->setFocus();
@@ -165,7 +164,7 @@ class InstrumentWindowTest : public QObject {
     QCOMPARE(QApplication::focusWidget(), option2);
     QVERIFY(f.window->isEnabled() && QApplication::overrideCursor() == nullptr);
     SetInstrument("voltage", "pickup = 2.5\n");
-    Click("Option2");
+    made_->Click("Option2");
     QCOMPARE(Text("Text2"), QStringLiteral("2,5"));
     QCOMPARE(f.dialogs.asked.size(), 1u);
   }
@@ -189,7 +188,7 @@ class InstrumentWindowTest : public QObject {
       });
       dialogs.ReportError({"title", "text"});
     };
-    Click("Option1");
+    made_->Click("Option1");
     QVERIFY(answerable);
     QCOMPARE(icon, QMessageBox::Critical);
     QVERIFY(f.window->statusBar()->currentMessage().contains("CURR_API"));
@@ -211,11 +210,11 @@ class InstrumentWindowTest : public QObject {
     QVERIFY(Checked("Option2") && Checked("Check1") && Checked("Check2"));
     QCOMPARE(Labels(), QStringLiteral("in V|t in mS"));
     QVERIFY(TakeLog().endsWith(QStringLiteral(" Open Voltage 1| U pickup = 110.25|")));
-    Click("Option3");
+    made_->Click("Option3");
     Read(1);
     QVERIFY2(Checked("Option2") && Enabled("Command5"), "the third choice is left again");
-    Click("Option3");
-    Click("Command4");
+    made_->Click("Option3");
+    made_->Click("Command4");
     QVERIFY(f.Bytes().contains("(110;250) 110}"));
   }
 
@@ -223,14 +222,14 @@ class InstrumentWindowTest : public QObject {
     WindowFixture& f = Start();
     Read(0);
     const QString curve = Cells();
-    Click("Check1");
+    made_->Click("Check1");
     QCOMPARE(Labels(), QStringLiteral("in A|time S"));
-    Click("Check2");
+    made_->Click("Check2");
     QCOMPARE(Labels(), QStringLiteral("in A|t in mS"));
     QCOMPARE(Cells(), curve);
     f.Find<QLineEdit>("Text2")->setText(QStringLiteral("3"));
     f.Find<QLineEdit>("Text3")->setText(QStringLiteral("2"));
-    Click("Command5");
+    made_->Click("Command5");
     QVERIFY(f.Bytes("data/currtmp.grh").contains("\r\n1.500000 0.020000 2.000000 0.008500 "));
     QVERIFY(TakeLog().contains(QStringLiteral(" I Writing 2 lines from SI using 3|")));
     QVERIFY(!f.session.table.tableModified);
@@ -259,22 +258,22 @@ class InstrumentWindowTest : public QObject {
     Read(0);
     field->setFocus();
     QTest::keyClicks(field, QStringLiteral("0"));
-    Click("Command5");
+    made_->Click("Command5");
     QVERIFY(f.Bytes("data/currtmp.grh").contains("\r\n0.750000 10.000000 1.000000 4.250000 "));
   }
 
   void ImportAsksBeforeEditsAreLostAndRefusesABrokenFile() {
     WindowFixture& f = Start();
     f.dialogs.file = f.Path("bad.grh");
-    Click("Command6");
+    made_->Click("Command6");
     QCOMPARE(f.dialogs.asked.size(), 1u);
     QVERIFY2(f.dialogs.asked[0].find("pickup") != std::string::npos, "relative, no pickup value");
     Read(0);
     const QString curve = Cells();
-    Click("Command6");
+    made_->Click("Command6");
     QVERIFY(f.dialogs.asked.back().find("bad.grh could not be read") != std::string::npos);
     f.Write("bad.grh", "@A\r\n1\r\n1 2 3 x 0 0 0\r\n");
-    Click("Command6");
+    made_->Click("Command6");
     QVERIFY(f.dialogs.asked.back().find("bad.grh is no reference graph. Line 3: ") !=
             std::string::npos);
     QCOMPARE(Cells(), curve);
@@ -282,7 +281,7 @@ class InstrumentWindowTest : public QObject {
     f.session.table.tableModified = true;
     f.dialogs.answer = false;
     const std::size_t asked = f.dialogs.asked.size();
-    Click("Command6");
+    made_->Click("Command6");
     QCOMPARE(f.dialogs.asked.size(), asked + 1);
     QCOMPARE(Cells(), curve);
   }

@@ -32,7 +32,6 @@ class TimeTestWindowTest : public QObject {
     made_->Open();
     return *made_;
   }
-  void Click(const char* name) { made_->Find<QAbstractButton>(name)->click(); }
   [[nodiscard]] bool Offered() const { return made_->Find<QWidget>("Command10")->isEnabled(); }
   [[nodiscard]] QString Row(int row) const {
     const auto& grid = made_->session.table.grid;
@@ -45,16 +44,16 @@ class TimeTestWindowTest : public QObject {
   void ImportsFromTheChosenInstrumentByMouseAndKeyboard() {
     WindowFixture& fixture = Start();
     QVERIFY(!Offered());
-    Click("Option2");
+    made_->Click("Option2");
     QVERIFY(!Offered());
-    Click("Option1");
+    made_->Click("Option1");
     QVERIFY(Offered());
     for (const char* const field : {"Text4", "Text5", "Text6"}) {
       QVERIFY(fixture.Find<QWidget>(field)->isVisible());
     }
     fixture.Find<QLineEdit>("Text2")->setText("1,5");
     fixture.Find<QLineEdit>("Text6")->setText("2");
-    Click("Command10");
+    made_->Click("Command10");
     QCOMPARE(Row(1), QStringLiteral("2 2,5"));
     QCOMPARE(Row(2), QStringLiteral("4 2"));
     QCOMPARE(Row(3), QStringLiteral("6 1,25"));
@@ -74,16 +73,16 @@ class TimeTestWindowTest : public QObject {
 
   void AsksBeforeEditsAreLostAndTellsOfABadEquation() {
     WindowFixture& fixture = Start();
-    Click("Option1");
+    made_->Click("Option1");
     fixture.session.table.grid.SetCell(1, 1, "mine");
     fixture.session.table.tableModified = true;
     fixture.dialogs.answer = false;
-    Click("Command10");
+    made_->Click("Command10");
     QCOMPARE(fixture.dialogs.asked.size(), 1u);
     QCOMPARE(Row(1), QStringLiteral("mine "));
     fixture.dialogs.answer = true;
     fixture.Find<QLineEdit>("Text5")->setText("4");
-    Click("Command10");
+    made_->Click("Command10");
     QCOMPARE(fixture.dialogs.asked.back(), std::string("ERROR: Error in filter equation #4"));
     QCOMPARE(Row(1), QStringLiteral("mine "));
     QVERIFY(fixture.session.table.tableModified);
@@ -91,9 +90,9 @@ class TimeTestWindowTest : public QObject {
 
   void AResultFileThatIsGoneWithdrawsTheCommand() {
     WindowFixture& fixture = Start();
-    Click("Option1");
+    made_->Click("Option1");
     QVERIFY(QFile::remove(fixture.Path("data/current/result.txt")));
-    Click("Command10");
+    made_->Click("Command10");
     QVERIFY(!Offered());
     QCOMPARE(Row(1), QStringLiteral(" "));
     // The next time test is found when the user comes back.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QFile>
+#include <QListView>
 #include <QTemporaryDir>
 #include <functional>
 #include <map>
@@ -12,6 +14,7 @@
 #include "app/settings.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/user_dialogs.h"
+#include "support/failing_file_layer.h"
 #include "support/simulated_modules.h"
 
 namespace zentab::app {
@@ -37,6 +40,16 @@ class AnsweringDialogs : public UserDialogs {
   QString ChooseGraphFile() override { return file; }
   QString ChooseTargetFile() override { return file; }
 };
+
+/// The names in a window's list.
+inline QString NamesIn(const QWidget& window) {
+  const auto* const model = window.findChild<QListView*>(QStringLiteral("List1"))->model();
+  QStringList names;
+  for (int row = 0; row < model->rowCount(); ++row) {
+    names.append(model->index(row, 0).data().toString());
+  }
+  return names.join('|');
+}
 
 class MemoryStore : public platform::SettingsStore {
  public:
@@ -77,8 +90,8 @@ class WindowFixture {
     session.installFolder = folder_.path().toStdString();
     session.tablePath = settings.tableName;
     session.modes.absoluteValues = settings.absValues == "1";
-    window = std::make_unique<MainWindow>(MainWindowParts{
-        session, settings, "Zentab", store, platform::SystemFiles(), dialogs, executable});
+    window = std::make_unique<MainWindow>(
+        MainWindowParts{session, settings, "Zentab", store, files, dialogs, executable});
     window->Load();
     window->show();
   }
@@ -86,6 +99,15 @@ class WindowFixture {
   template <typename Control>
   [[nodiscard]] Control* Find(const char* name) const {
     return window->findChild<Control*>(QLatin1String(name));
+  }
+  void Click(const char* button) const { Find<QAbstractButton>(button)->click(); }
+  void Select(int row) const {
+    auto* const list = Find<QListView>("List1");
+    list->setCurrentIndex(list->model()->index(row, 0));
+  }
+  [[nodiscard]] int SelectedRow() const {
+    const QModelIndexList rows = Find<QListView>("List1")->selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
   }
   [[nodiscard]] QString Path(const QString& name) const { return folder_.filePath(name); }
   void Write(const QString& name, const QByteArray& bytes) const {
@@ -102,6 +124,7 @@ class WindowFixture {
   Session session;
   MemoryStore store;
   AnsweringDialogs dialogs;
+  test::FailingFileLayer files;
   std::filesystem::path executable = "Zentab";  // the default catalogue lies in the folder
   std::unique_ptr<MainWindow> window;
 

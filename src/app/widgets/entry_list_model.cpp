@@ -1,5 +1,9 @@
 #include "app/widgets/entry_list_model.h"
 
+#include <algorithm>
+
+#include "app/entry_filter.h"
+
 namespace zentab::app {
 namespace {
 
@@ -28,15 +32,34 @@ int EntryListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant EntryListModel::data(const QModelIndex& index, int role) const {
-  const auto row = static_cast<std::size_t>(index.row());
-  if (row >= names_.size() || role != Qt::DisplayRole) return {};
-  return ShownName(names_[row]);
+  if (role != Qt::DisplayRole || index.row() >= rows_) return {};
+  const std::size_t entry = EntryOf(index.row());
+  if (entry >= names_.size()) return {};
+  return ShownName(names_[entry]);
 }
 
 void EntryListModel::Reload() {
   beginResetModel();
-  rows_ = static_cast<int>(names_.size());
+  shown_.clear();
+  if (!filter_.empty()) shown_ = EntriesNamedLike(names_, filter_);
+  rows_ = static_cast<int>(filter_.empty() ? names_.size() : shown_.size());
   endResetModel();
+}
+
+void EntryListModel::SetFilter(const QString& text) {
+  filter_ = text.toStdString();
+  Reload();
+}
+
+std::size_t EntryListModel::EntryOf(int row) const {
+  const auto place = static_cast<std::size_t>(row);
+  return filter_.empty() ? place : shown_[place];
+}
+
+int EntryListModel::RowFrom(std::size_t entry) const {
+  if (filter_.empty()) return static_cast<int>(std::min<std::size_t>(entry, names_.size()));
+  const auto found = std::lower_bound(shown_.begin(), shown_.end(), entry);
+  return static_cast<int>(found - shown_.begin());
 }
 
 QSize RoomyRows::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {

@@ -11,7 +11,7 @@ namespace zentab::app {
 /// An entry's name as one short line: a damaged file may hold a name of any length and content.
 [[nodiscard]] QString ShownName(const std::string& name);
 
-/// The names of the table file's entries, one row each.
+/// The names of a table file's entries, one row each, or those of them that hold a text.
 class EntryListModel : public QAbstractListModel {
   Q_OBJECT
 
@@ -23,10 +23,19 @@ class EntryListModel : public QAbstractListModel {
 
   /// The names have changed.
   void Reload();
+  /// Shows only the names that hold the text, letters compared without case; all for an empty one.
+  void SetFilter(const QString& text);
+
+  /// The place of a row's name among all names.
+  [[nodiscard]] std::size_t EntryOf(int row) const;
+  /// The row of the name at a place, or of the next one that is shown; rowCount() behind the last.
+  [[nodiscard]] int RowFrom(std::size_t entry) const;
 
  private:
   const std::vector<std::string>& names_;
-  int rows_ = 0;  // what the view was told last
+  std::string filter_;
+  std::vector<std::size_t> shown_;  // with a filter, the places of the names that are shown
+  int rows_ = 0;                    // what the view was told last
 };
 
 /// Rows with room for accents above capitals.

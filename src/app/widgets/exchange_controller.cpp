@@ -10,22 +10,24 @@
 #include "app/library_commands.h"
 #include "app/session_texts.h"
 #include "app/settings.h"
+#include "app/widgets/responsive_files.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/window_placement.h"
 #include "exchange/entry_copy.h"
 #include "platform/paths.h"
-#include "tables/table_library.h"
 
 namespace zentab::app {
 
 using exchange::ExchangeDialog;
 
-ExchangeController::ExchangeController(Session& session, platform::FileLayer& files,
-                                       UserDialogs& dialogs, platform::SettingsStore& store,
-                                       std::string title, QWidget& window)
+ExchangeController::ExchangeController(Session& session, ResponsiveFiles& files,
+                                       tables::TableWriter& writer, UserDialogs& dialogs,
+                                       platform::SettingsStore& store, std::string title,
+                                       QWidget& window)
     : QObject(&window),
       session_(session),
       files_(files),
+      writer_(writer),
       dialogs_(dialogs),
       store_(store),
       title_(std::move(title)),
@@ -50,7 +52,7 @@ void ExchangeController::Export() {
 ExchangeDialog* ExchangeController::MakeDialog(Mode mode) {
   mode_ = mode;
   fileChosen_ = false;
-  names_.clear();
+  listing_ = {};
   entries_.Reload();
   auto* const dialog = new ExchangeDialog(entries_, &window_);
   dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -75,10 +77,13 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   }
   fileChosen_ = true;
   session_.exchangeFile = QDir::toNativeSeparators(file).toStdString();
-  names_ = importing ? tables::ListEntryNames(platform::ToPath(session_.exchangeFile))
-                     : session_.entryNames;
-  entries_.Reload();
-  dialog.command1->setEnabled(importing || !names_.empty());
+  if (importing) {
+    ListSource();
+  } else {
+    listing_ = session_.listing;
+    entries_.Reload();
+  }
+  dialog.command1->setEnabled(importing || !listing_.names.empty());
   ShowTexts(dialog);
   ShowSelection(dialog);
   dialog.list1->setFocus();
@@ -87,20 +92,41 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
 void ExchangeController::Execute(ExchangeDialog& dialog) {
   dialog.command1->setEnabled(false);
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const std::filesystem::path active = ActiveTableFile(session_);
-  const std::filesystem::path other = platform::ToPath(session_.exchangeFile);
-  const bool importing = mode_ == Mode::Import;
-  const exchange::CopyResult result = exchange::CopyEntries(
-      files_, importing ? other : active, dialog.SelectedRows(), importing ? active : other);
+  const std::filesystem::path target =
+      mode_ == Mode::Import ? ActiveTableFile(session_) : platform::ToPath(session_.exchangeFile);
+  exchange::CopyResult result;
+  {
+    const ResponsiveFiles::Work work(files_);
+    result =
+        exchange::CopyEntries(writer_, Source(), listing_.stamp, dialog.SelectedRows(), target);
+  }
+  const bool isStale = result.error == tables::kEntryChanged;
+  if (isStale || CopiesOntoItself()) ListSource();
   QGuiApplication::restoreOverrideCursor();
   dialog.command1->setEnabled(true);
   // The button lost the focus when it was disabled; what comes next is another selection.
   dialog.list1->setFocus();
   const texts::ProgramTexts& texts = session_.texts.program;
-  dialog.outcome->setText(result.error
-                              ? FailureText(texts.copyFailed, result.error)
-                              : QString::fromStdString(Expanded(session_, texts.entriesCopied,
-                                                                {std::to_string(result.copied)})));
+  if (isStale) {
+    dialog.outcome->setText(QString::fromStdString(texts.fileChanged));
+  } else if (result.error) {
+    dialog.outcome->setText(FailureText(texts.copyFailed, result.error));
+  } else {
+    const std::string count = std::to_string(result.copied);
+    dialog.outcome->setText(
+        QString::fromStdString(Expanded(session_, texts.entriesCopied, {count})));
+  }
+}
+
+std::filesystem::path ExchangeController::Source() const {
+  return mode_ == Mode::Import ? platform::ToPath(session_.exchangeFile)
+                               : ActiveTableFile(session_);
+}
+
+void ExchangeController::ListSource() {
+  const ResponsiveFiles::Work work(files_);
+  listing_ = tables::ListEntries(Source(), [this] { files_.KeepAlive(); });
+  entries_.Reload();
 }
 
 void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {

@@ -2,26 +2,28 @@
 
 #include <QObject>
 #include <string>
-#include <vector>
 
 #include "app/session.h"
 #include "app/widgets/entry_list_model.h"
 #include "app/widgets/user_dialogs.h"
 #include "exchange/widgets/exchange_dialog.h"
-#include "platform/file_layer.h"
 #include "platform/settings_store.h"
+#include "tables/table_writer.h"
 
 namespace zentab::app {
 
-/// Copies entries between the active table file and another one, in the dialog `Form2`. The dialog
-/// is modal: while it lists the entries of the active file, that file stays as it is.
+class ResponsiveFiles;
+
+/// Copies entries between the active table file and another one, in the dialog `Form2`. A file that
+/// other programs have changed since its entries were listed is listed anew instead of copied from.
 class ExchangeController : public QObject {
   Q_OBJECT
 
  public:
   /// `title` is the program's title, under which the dialog's place is kept.
-  ExchangeController(Session& session, platform::FileLayer& files, UserDialogs& dialogs,
-                     platform::SettingsStore& store, std::string title, QWidget& window);
+  ExchangeController(Session& session, ResponsiveFiles& files, tables::TableWriter& writer,
+                     UserDialogs& dialogs, platform::SettingsStore& store, std::string title,
+                     QWidget& window);
 
  public Q_SLOTS:
   /// From another file into the active one; returns when the dialog has closed.
@@ -43,9 +45,12 @@ class ExchangeController : public QObject {
   void ShowSelection(exchange::ExchangeDialog& dialog) const;
   void StorePlacement(const exchange::ExchangeDialog& dialog) const;
   [[nodiscard]] bool CopiesOntoItself() const;
+  [[nodiscard]] std::filesystem::path Source() const;
+  void ListSource();
 
   Session& session_;
-  platform::FileLayer& files_;
+  ResponsiveFiles& files_;
+  tables::TableWriter& writer_;
   UserDialogs& dialogs_;
   platform::SettingsStore& store_;
   std::string title_;
@@ -53,8 +58,8 @@ class ExchangeController : public QObject {
 
   Mode mode_ = Mode::Import;
   bool fileChosen_ = false;
-  std::vector<std::string> names_;  // of the entries in the dialog's list
-  EntryListModel entries_{names_, nullptr};
+  tables::TableListing listing_;  // the entries in the dialog's list
+  EntryListModel entries_{listing_.names, nullptr};
 };
 
 }  // namespace zentab::app

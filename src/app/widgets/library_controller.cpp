@@ -1,14 +1,33 @@
 #include "app/widgets/library_controller.h"
 
+#include <QApplication>
+#include <QTimer>
+
 #include "app/widgets/entry_list_model.h"
 #include "app/widgets/library_panel.h"
+#include "app/widgets/responsive_files.h"
 #include "app/widgets/status_line.h"
 
 namespace zentab::app {
+namespace {
 
-LibraryController::LibraryController(Session& session, platform::FileLayer& files,
-                                     UserDialogs& dialogs, LibraryPanel& panel)
-    : session_(session), commands_(session, files), dialogs_(dialogs), panel_(panel) {
+// Network shares tell nobody of changes that other computers make: the file has to be looked at.
+constexpr int kLookEvery = 500;  // milliseconds
+
+}  // namespace
+
+LibraryController::LibraryController(Session& session, ResponsiveFiles& files,
+                                     tables::TableWriter& writer, UserDialogs& dialogs,
+                                     LibraryPanel& panel)
+    : QObject(&panel),
+      session_(session),
+      files_(files),
+      commands_(session, writer),
+      dialogs_(dialogs),
+      panel_(panel),
+      watch_(new QTimer(this)) {
+  watch_->setInterval(kLookEvery);
+  connect(watch_, &QTimer::timeout, this, &LibraryController::LookAtFile);
   connect(&panel, &LibraryPanel::ReadWanted, this, &LibraryController::Read);
   connect(&panel, &LibraryPanel::RemoveWanted, this, &LibraryController::Remove);
   connect(&panel, &LibraryPanel::AddNewWanted, this, &LibraryController::AddNew);
@@ -17,34 +36,33 @@ LibraryController::LibraryController(Session& session, platform::FileLayer& file
 }
 
 void LibraryController::FillEntryList() {
+  const ResponsiveFiles::Work work(files_);
   commands_.FillEntryList();
-  panel_.ShowNames(0);
+  ShowFromStart();
+}
+
+void LibraryController::ShowFromStart() {
+  panel_.ShowAllNames();
+  watch_->start();
   Q_EMIT LibraryChanged();
 }
 
 void LibraryController::Read() {
-  const std::optional<std::size_t> index = panel_.SelectedIndex();
+  std::optional<std::size_t> index = panel_.SelectedIndex();
   if (!index) return;
   Q_EMIT GridNeeded();
   if (session_.table.tableModified && !Agreed(MessageBox::DiscardEdits, *index)) return;
-  if (const std::error_code error = commands_.ReadEntry(*index)) {
-    ReportFailure(session_.texts.program.readFailed, error);
-    return;
-  }
+  if (!Run(&LibraryCommands::ReadEntry, *index, session_.texts.program.readFailed)) return;
   Q_EMIT TableRead();
   Q_EMIT LibraryChanged();
 }
 
 void LibraryController::Remove() {
-  const std::optional<std::size_t> index = panel_.SelectedIndex();
+  std::optional<std::size_t> index = panel_.SelectedIndex();
   if (!index || !Agreed(MessageBox::ConfirmRemoval, *index)) return;
-  if (const std::error_code error = commands_.RemoveEntry(*index)) {
-    ReportFailure(session_.texts.program.writeFailed, error);
-    return;
-  }
+  if (!Run(&LibraryCommands::RemoveEntry, *index, session_.texts.program.writeFailed)) return;
   // The entry that moved up is the next one to look at; behind the last one it is the one before.
-  const std::size_t count = session_.entryNames.size();
-  panel_.ShowNames(*index < count || count == 0 ? *index : count - 1);
+  panel_.ShowNamesFrom(*index);
   Q_EMIT LibraryChanged();
 }
 
@@ -54,19 +72,17 @@ void LibraryController::AddNew() {
 }
 
 void LibraryController::Update() {
-  const std::optional<std::size_t> index = panel_.SelectedIndex();
+  std::optional<std::size_t> index = panel_.SelectedIndex();
   if (!index) return;
   Q_EMIT GridNeeded();
   if (!Agreed(MessageBox::ConfirmUpdate, *index)) return;
-  if (const std::error_code error = commands_.UpdateEntry(*index)) {
-    ReportFailure(session_.texts.program.writeFailed, error);
-    return;
-  }
+  if (!Run(&LibraryCommands::UpdateEntry, *index, session_.texts.program.writeFailed)) return;
   Q_EMIT LibraryChanged();
 }
 
 void LibraryController::EnterName(const QString& name) {
   const std::optional<std::size_t> selected = panel_.SelectedIndex();
+  const ResponsiveFiles::Work work(files_);
   switch (commands_.EnterName(name.toStdString())) {
     case NameResult::Empty:
       panel_.CloseNameBox();
@@ -74,7 +90,7 @@ void LibraryController::EnterName(const QString& name) {
     case NameResult::Added:
       panel_.CloseNameBox();
       // The new entry is not selected.
-      panel_.ShowNames(selected.value_or(session_.entryNames.size()));
+      panel_.ShowNames(selected.value_or(session_.listing.names.size()));
       Q_EMIT LibraryChanged();
       break;
     case NameResult::Duplicate:
@@ -92,19 +108,45 @@ void LibraryController::EnterName(const QString& name) {
 void LibraryController::SetActiveTable() {
   const QString file = dialogs_.ChooseTableFile();
   if (file.isEmpty()) return;
+  const ResponsiveFiles::Work work(files_);
   commands_.SetActiveTable(file.toStdString());
-  panel_.ShowNames(0);
+  ShowFromStart();
   Q_EMIT TableFileChosen();
+}
+
+void LibraryController::LookAtFile() {
+  // A question is about the entry that is selected now.
+  if (files_.IsAtWork() || QApplication::activeModalWidget() != nullptr) return;
+  const std::optional<platform::FileStamp> now = platform::StampOf(ActiveTableFile(session_));
+  const bool isSettled = now == seen_;
+  seen_ = now;
+  if (!isSettled || now == session_.listing.stamp) return;
+  const ResponsiveFiles::Work work(files_);
+  std::size_t index = panel_.SelectedIndex().value_or(session_.listing.lines.size());
+  if (!commands_.RefreshEntryList(index)) return;
+  panel_.ShowNames(index);
   Q_EMIT LibraryChanged();
 }
 
 bool LibraryController::Agreed(MessageBox box, std::size_t index) const {
   return dialogs_.Confirm(
-      MessageFor(session_, box, ShownName(session_.entryNames[index]).toStdString()));
+      MessageFor(session_, box, ShownName(session_.listing.names[index]).toStdString()));
 }
 
-void LibraryController::ReportFailure(const std::string& text, std::error_code error) {
-  Q_EMIT Failed(FailureText(text, error));
+bool LibraryController::Run(Command command, std::size_t& index, const std::string& failure) {
+  const std::size_t readings = session_.listing.readings;
+  const ResponsiveFiles::Work work(files_);
+  const std::error_code error = (commands_.*command)(index);
+  if (session_.listing.readings != readings) {
+    panel_.ShowNames(index);
+    Q_EMIT LibraryChanged();
+  }
+  if (error == tables::kEntryChanged) {
+    Q_EMIT Failed(QString::fromStdString(session_.texts.program.entryChanged));
+  } else if (error) {
+    Q_EMIT Failed(FailureText(failure, error));
+  }
+  return !error;
 }
 
 }  // namespace zentab::app

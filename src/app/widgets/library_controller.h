@@ -1,23 +1,28 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
 
 #include "app/library_commands.h"
 #include "app/session_texts.h"
 #include "app/widgets/user_dialogs.h"
 
+class QTimer;
+
 namespace zentab::app {
 
 class LibraryPanel;
+class ResponsiveFiles;
 
 /// Carries out the commands of the library panel: asks where the user has to agree, runs the
-/// command, and tells what has to be shown anew.
+/// command, and tells what has to be shown anew. Other programs may change the table file: the list
+/// is then shown anew, at the next command or within about a second.
 class LibraryController : public QObject {
   Q_OBJECT
 
  public:
-  LibraryController(Session& session, platform::FileLayer& files, UserDialogs& dialogs,
-                    LibraryPanel& panel);
+  LibraryController(Session& session, ResponsiveFiles& files, tables::TableWriter& writer,
+                    UserDialogs& dialogs, LibraryPanel& panel);
 
   /// Lists the active table file and selects its first entry.
   void FillEntryList();
@@ -29,6 +34,8 @@ class LibraryController : public QObject {
   void Update();
   void EnterName(const QString& name);
   void SetActiveTable();
+  /// Shows the list anew if the file has changed and has not changed again since the last look.
+  void LookAtFile();
 
  Q_SIGNALS:
   /// A command is about to use the grid: an open cell editor closes.
@@ -43,13 +50,19 @@ class LibraryController : public QObject {
   void Failed(const QString& text);
 
  private:
+  using Command = std::error_code (LibraryCommands::*)(std::size_t&);
+
+  void ShowFromStart();
   [[nodiscard]] bool Agreed(MessageBox box, std::size_t index) const;
-  void ReportFailure(const std::string& text, std::error_code error);
+  [[nodiscard]] bool Run(Command command, std::size_t& index, const std::string& failure);
 
   Session& session_;
+  ResponsiveFiles& files_;
   LibraryCommands commands_;
   UserDialogs& dialogs_;
   LibraryPanel& panel_;
+  QTimer* watch_;
+  std::optional<platform::FileStamp> seen_;  // at the last look
 };
 
 }  // namespace zentab::app

@@ -6,8 +6,11 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QStackedWidget>
+#include <algorithm>
 #include <limits>
 
 #include "app/widgets/entry_list_model.h"
@@ -28,6 +31,7 @@ LibraryPanel::LibraryPanel(const std::vector<std::string>& names, QWidget* paren
     : QWidget(parent),
       model_(new EntryListModel(names, this)),
       label1_(new QLabel(QStringLiteral("Curve &tables"), this)),
+      filter_(new QLineEdit(this)),
       list1_(new QListView(this)),
       places_(new QStackedWidget(this)) {
   label1_->setObjectName(QStringLiteral("Label1"));
@@ -45,11 +49,13 @@ LibraryPanel::LibraryPanel(const std::vector<std::string>& names, QWidget* paren
   remove->setContext(Qt::WidgetShortcut);
   connect(remove, &QShortcut::activated, this, &LibraryPanel::RemoveWanted);
 
+  BuildFilter();
   BuildButtons();
   BuildNameBox();
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(label1_);
+  layout->addWidget(filter_);
   layout->addWidget(list1_, 1);
   layout->addWidget(places_);
   RefreshButtons();
@@ -63,6 +69,30 @@ QPushButton* LibraryPanel::AddButton(QGridLayout* layout, int place, const char*
   button->setToolTip(tip);
   layout->addWidget(button, place / 2, place % 2);
   return button;
+}
+
+void LibraryPanel::BuildFilter() {
+  filter_->setObjectName(QStringLiteral("TextFilter"));
+  filter_->setPlaceholderText(QStringLiteral("Find a name (Ctrl+F)"));
+  filter_->setToolTip(QStringLiteral("Lists only the tables whose names hold this text"));
+  filter_->setClearButtonEnabled(true);
+  connect(filter_, &QLineEdit::textChanged, this, &LibraryPanel::ApplyFilter);
+  connect(filter_, &QLineEdit::returnPressed, list1_, [this] { list1_->setFocus(); });
+  auto* const find = new QShortcut(QKeySequence::Find, this);
+  connect(find, &QShortcut::activated, filter_, [this] {
+    filter_->setFocus(Qt::ShortcutFocusReason);
+    filter_->selectAll();
+  });
+  const auto inFilter = [this](Qt::Key key, auto work) {
+    auto* const shortcut = new QShortcut(key, filter_);
+    shortcut->setContext(Qt::WidgetShortcut);
+    connect(shortcut, &QShortcut::activated, filter_, work);
+  };
+  inFilter(Qt::Key_Escape, [this] {
+    filter_->clear();
+    list1_->setFocus();
+  });
+  inFilter(Qt::Key_Down, [this] { list1_->setFocus(); });
 }
 
 void LibraryPanel::BuildButtons() {
@@ -108,17 +138,47 @@ void LibraryPanel::BuildNameBox() {
 }
 
 void LibraryPanel::ShowNames(std::size_t selected) {
+  const int scrolled = list1_->verticalScrollBar()->value();
   model_->Reload();
-  const QModelIndex row = model_->index(static_cast<int>(selected));
-  if (row.isValid()) list1_->setCurrentIndex(row);
+  const int row = model_->RowFrom(selected);
+  if (row < model_->rowCount() && model_->EntryOf(row) == selected) SelectRow(row);
+  list1_->verticalScrollBar()->setValue(scrolled);
+  list1_->scrollTo(list1_->currentIndex());
   RefreshButtons();
+}
+
+void LibraryPanel::ShowNamesFrom(std::size_t place) {
+  ShowNames(place);
+  if (!SelectedIndex()) SelectRow(std::min(model_->RowFrom(place), model_->rowCount() - 1));
+}
+
+void LibraryPanel::ShowAllNames() {
+  const QSignalBlocker silent(filter_);
+  filter_->clear();
+  ApplyFilter({});
+  SelectRow(0);
+}
+
+void LibraryPanel::ApplyFilter(const QString& text) {
+  const std::optional<std::size_t> selected = SelectedIndex();
+  model_->SetFilter(text);
+  // What is not shown must not be what Update and Remove work on.
+  const int row = selected ? model_->RowFrom(*selected) : 0;
+  const bool isShown = row < model_->rowCount() && model_->EntryOf(row) == selected;
+  SelectRow(isShown ? row : 0);
+  RefreshButtons();
+}
+
+void LibraryPanel::SelectRow(int row) {
+  const QModelIndex index = model_->index(row);
+  if (index.isValid()) list1_->setCurrentIndex(index);
 }
 
 std::optional<std::size_t> LibraryPanel::SelectedIndex() const {
   const QModelIndex row = list1_->currentIndex();
   // The row with the keyboard's place need not be selected: Ctrl and a click take that away.
   if (!list1_->selectionModel()->isSelected(row)) return std::nullopt;
-  return static_cast<std::size_t>(row.row());
+  return model_->EntryOf(row.row());
 }
 
 void LibraryPanel::OpenNameBox() {

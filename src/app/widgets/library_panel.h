@@ -16,16 +16,22 @@ namespace zentab::app {
 
 class EntryListModel;
 
-/// The left of the main window: the entry list `List1` with Read `Command1`, Remove `Command2`,
-/// Add New `Command3` and Update `Command4`, in whose place the name box `Text1` appears.
+/// The left of the main window: a field to find names by, the entry list `List1` with Read
+/// `Command1`, Remove `Command2`, Add New `Command3` and Update `Command4`, in whose place the name
+/// box `Text1` appears.
 class LibraryPanel : public QWidget {
   Q_OBJECT
 
  public:
   LibraryPanel(const std::vector<std::string>& names, QWidget* parent);
 
-  /// The names have changed: shows them and selects one, where there is such a row.
+  /// The names have changed: shows them and selects that one, if it is shown.
   void ShowNames(std::size_t selected);
+  /// The same, but selects the next one that is shown, or the last one.
+  void ShowNamesFrom(std::size_t place);
+  /// The names are those of another file: shows all of them and selects the first.
+  void ShowAllNames();
+  /// The place of the selected entry among all names.
   [[nodiscard]] std::optional<std::size_t> SelectedIndex() const;
 
   void OpenNameBox();
@@ -45,12 +51,16 @@ class LibraryPanel : public QWidget {
  private:
   [[nodiscard]] QPushButton* AddButton(QGridLayout* layout, int place, const char* name,
                                        const QString& caption, const QString& tip);
+  void BuildFilter();
   void BuildButtons();
   void BuildNameBox();
   void RefreshButtons();
+  void ApplyFilter(const QString& text);
+  void SelectRow(int row);
 
   EntryListModel* model_;
   QLabel* label1_;
+  QLineEdit* filter_;
   QListView* list1_;
   QStackedWidget* places_;
   QPushButton* command1_ = nullptr;

@@ -45,20 +45,21 @@ MainWindow::MainWindow(MainWindowParts parts)
       catalogues_(CatalogueCandidates(session_.installFolder, parts.executable)),
       store_(parts.store),
       dialogs_(parts.dialogs),
+      files_(parts.files),
+      writer_(files_, tables::Backups::AtFirstWrite),
       log_(session_, parts.files),
-      library_(new LibraryPanel(session_.entryNames, this)),
+      library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
-      libraryController_(new LibraryController(session_, parts.files, dialogs_, *library_)),
+      libraryController_(new LibraryController(session_, files_, writer_, dialogs_, *library_)),
       timeTest_(new TimeTestController(session_, parts.files, dialogs_, log_, *chart_)),
       instruments_(new InstrumentController(session_, log_, dialogs_, *table_)),
       graphs_(new ReferenceGraphController(session_, parts.files, dialogs_, log_,
                                            instruments_->Instruments())),
       clipboard_(new ClipboardController(session_, *table_)),
-      exchange_(new ExchangeController(session_, parts.files, dialogs_, store_, title_, *this)),
+      exchange_(new ExchangeController(session_, files_, writer_, dialogs_, store_, title_, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())) {
-  libraryController_->setParent(this);
   graphs_->setParent(this);
   modes_->setParent(this);
   setObjectName(QStringLiteral("Form1"));
@@ -167,7 +168,7 @@ void MainWindow::ConnectInstruments() {
   connect(instruments_, &InstrumentController::Failed, status_, &StatusLine::ShowFailure);
   connect(chart_->command5, &QPushButton::clicked, this, [this] {
     const std::optional<std::size_t> index = library_->SelectedIndex();
-    graphs_->SetGraph(index ? session_.entryNames[*index] : std::string());
+    graphs_->SetGraph(index ? session_.listing.names[*index] : std::string());
   });
   connect(chart_->command6, &QPushButton::clicked, graphs_, &ReferenceGraphController::ImportGraph);
   connect(graphs_, &ReferenceGraphController::GridNeeded, table_->grid,
@@ -266,8 +267,8 @@ bool MainWindow::MayEnd() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  // A module is just being opened.
-  if (!isEnabled()) {
+  // A module is just being opened, or a table file written.
+  if (!isEnabled() || files_.IsAtWork()) {
     event->ignore();
     return;
   }

@@ -8,9 +8,11 @@
 #include "app/event_log.h"
 #include "app/session.h"
 #include "app/settings.h"
+#include "app/widgets/responsive_files.h"
 #include "app/widgets/user_dialogs.h"
 #include "platform/file_layer.h"
 #include "platform/settings_store.h"
+#include "tables/table_writer.h"
 #include "texts/ui_font.h"
 
 class QAction;
@@ -73,6 +75,8 @@ class MainWindow : public QMainWindow {
   std::vector<std::filesystem::path> catalogues_;  // in the order of their application
   platform::SettingsStore& store_;
   UserDialogs& dialogs_;
+  ResponsiveFiles files_;
+  tables::TableWriter writer_;
   EventLog log_;
   texts::UiFontChoice font_;
   LibraryPanel* library_;

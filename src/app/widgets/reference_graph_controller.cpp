@@ -6,25 +6,6 @@
 #include "platform/paths.h"
 
 namespace zentab::app {
-namespace {
-
-const std::string& TextOf(testset::GraphFault fault, const texts::GraphTexts& texts) {
-  switch (fault) {
-    case testset::GraphFault::EndsEarly:
-      return texts.endsEarly;
-    case testset::GraphFault::NoCount:
-      return texts.noCount;
-    case testset::GraphFault::NoSegment:
-      return texts.noSegment;
-    case testset::GraphFault::NotExpected:
-    case testset::GraphFault::Unreadable:
-      break;
-  }
-  return texts.notExpected;
-}
-
-}  // namespace
-
 ReferenceGraphController::ReferenceGraphController(Session& session, platform::FileLayer& files,
                                                    UserDialogs& dialogs, const EventLog& log,
                                                    testset::InstrumentSession& instruments)
@@ -77,7 +58,7 @@ void ReferenceGraphController::ReportError(const testset::GraphError& error,
   const std::string name = QDir::toNativeSeparators(file).toStdString();
   const std::string line = std::to_string(error.line);
   ReportError(Expanded(session_, isUnreadable ? texts.unreadable : texts.malformed,
-                       {name, line, TextOf(error.fault, texts)}));
+                       {name, line, FaultText(error.fault, texts)}));
 }
 
 }  // namespace zentab::app

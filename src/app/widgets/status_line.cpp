@@ -49,7 +49,7 @@ void StatusLine::Refresh() {
   const QString path = QDir::toNativeSeparators(QString::fromStdString(session_.tablePath));
   file_->setText(Shortened(path));
   file_->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
-  const std::string count = std::to_string(session_.entryNames.size());
+  const std::string count = std::to_string(session_.listing.names.size());
   const std::string& entries = session_.texts.program.entries;
   count_->setText(QString::fromStdString(Expanded(session_, entries, {count})));
   RefreshModified();

@@ -18,12 +18,14 @@ class ContinuedFraction {
     upper_ = upper;
     lower_ = lower;
   }
-  /// Whether the last step changed less than a double can show; looks every fourth time.
+  /// Whether no further step would change what a double can show, or the terms have grown beyond
+  /// all numbers: then Inverse() is NaN. Looks every fourth time.
   [[nodiscard]] bool IsSettled() {
     if (++asked_ % 4 != 0) return false;
     const Wide here = upper_ * lowerBefore_;
-    const Wide before = upperBefore_ * lower_;
-    if (std::abs(here - before) <= kEpsilon * std::abs(here)) return true;
+    const Wide change = std::abs(here - upperBefore_ * lower_);
+    if (!std::isfinite(change)) upper_ = kNoNumber;
+    if (!std::isfinite(change) || change <= kEpsilon * std::abs(here)) return true;
     if (std::abs(upper_) + std::abs(lower_) > kHuge) {
       for (Wide* part : {&upper_, &lower_, &upperBefore_, &lowerBefore_}) *part /= kHuge;
     }

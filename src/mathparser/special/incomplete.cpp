@@ -150,8 +150,15 @@ double IncompleteBeta(DoubleDouble x, DoubleDouble y, double a, double b) {
   const Wide term = BetaTerm(a, b, x, y);
   const Wide wideX = static_cast<Wide>(x.high) + static_cast<Wide>(x.low);
   const Wide wideY = static_cast<Wide>(y.high) + static_cast<Wide>(y.low);
+  const double mean = (a + 1.0) / (a + b + 2.0);
+  const bool isBelow = x.high < mean;
+  // The nearer tail is 0, and large shapes would lead its fraction beyond all numbers. Next to the
+  // mean it takes more digits to tell which tail that is.
+  if (term == 0.0L && (isBelow ? a : b) >= 1.0 && std::abs(x.high - mean) > 1e-12 * mean) {
+    return isBelow ? 0.0 : 1.0;
+  }
   // Beyond the mean the other tail is quicker, but a small b leaves nothing of its digits.
-  if (x.high < (a + 1.0) / (a + b + 2.0) || (b < 1.0 && x.high < 0.9)) {
+  if (isBelow || (b < 1.0 && x.high < 0.9)) {
     return AtMostOne(static_cast<double>(term * BetaFraction(wideX, a, b)));
   }
   const auto value = static_cast<double>(1.0L - term * BetaFraction(wideY, b, a));

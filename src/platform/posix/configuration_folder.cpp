@@ -9,7 +9,7 @@ std::filesystem::path ConfigurationFolder(const char* environmentVariable) {
     const char* const value = std::getenv(variable);
     return value == nullptr ? std::filesystem::path() : std::filesystem::path(value);
   };
-  if (const auto named = folderIn(environmentVariable); !named.empty()) return named;
+  if (auto named = folderIn(environmentVariable); !named.empty()) return named;
   if (const auto config = folderIn("XDG_CONFIG_HOME"); config.is_absolute()) {
     return config / "zentab";
   }

@@ -1,0 +1,166 @@
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTest>
+
+#include "editor/widgets/curve_grid_view.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kA = "{\"Anna\"\t(1.5;10)(2;4) 001}\r\n";
+const QByteArray kB = "{\"Berta\"\t(2.5;10)(3;4) 001}\r\n";
+const QByteArray kC = "{\"Cäsar\"\t(3.5;10)(4;4) 001}\r\n";
+const QByteArray kForeign = "{\"foreign\"\t(7;7)(8;8) 001}\r\n";
+
+// The library panel while the table file changes, cannot be written, or is long.
+class LibraryWindowTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  // The entry of row 1 is in the grid, edited.
+  WindowFixture& StartWithEdits() {
+    made_ = std::make_unique<WindowFixture>(kA + kB + kC);
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Select(1);
+    made_->Click("Command1");
+    made_->Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    made_->Find<editor::CurveGridView>("MSFlexGrid1")->CloseEditor();
+    return *made_;
+  }
+  void ExpectEdits() const {
+    QVERIFY(made_->session.table.tableModified);
+    QVERIFY(!made_->Find<QLabel>("StatusModified")->text().isEmpty());
+    QCOMPARE(made_->session.table.grid.Cell(1, 1), std::string("8"));
+  }
+  [[nodiscard]] QString Message() const { return made_->window->statusBar()->currentMessage(); }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void AChangedFileIsListedAnewWithSelectionAndEdits() {
+    WindowFixture& f = StartWithEdits();
+    f.Write("relayTables.dat", kForeign + kA + kB + kC);
+    QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|Cäsar"));
+    QCOMPARE(f.SelectedRow(), 2);
+    ExpectEdits();
+    // Changed by someone else, it is still the one to look at.
+    f.Write("relayTables.dat", "{\"Berta\"\t(9;9) 000}\r\n" + kA);
+    QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("Berta|Anna"));
+    QCOMPARE(f.SelectedRow(), 0);
+    f.Write("relayTables.dat", kA);
+    QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("Anna"));
+    QCOMPARE(f.SelectedRow(), -1);
+    ExpectEdits();
+    QVERIFY(QFile::remove(f.Path("relayTables.dat")));
+    QTRY_COMPARE(NamesIn(*f.window), QString());
+    ExpectEdits();
+  }
+
+  // Between two looks at the file.
+  void ACommandFollowsItsEntryOrDoesNothing() {
+    WindowFixture& f = StartWithEdits();
+    const QByteArray edited = "{\"Berta\"\t(8;10)(3;4) 001}\r\n";
+    f.Write("relayTables.dat", kForeign + kA + kB + kC);
+    f.Click("Command4");
+    QCOMPARE(f.Bytes(), kForeign + kA + edited + kC);
+    QCOMPARE(f.Bytes("relayTables.dat.bak"), kForeign + kA + kB + kC);
+    QCOMPARE(f.SelectedRow(), 2);
+    QVERIFY(!f.session.table.tableModified);
+
+    f.Write("relayTables.dat", kForeign + edited + kC);
+    f.Click("Command2");
+    QCOMPARE(f.Bytes(), kForeign + kC);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Cäsar"));
+    QCOMPARE(f.SelectedRow(), 1);
+
+    const QByteArray theirs = "{\"Cäsar\"\t(6;6)(7;7) 001}\r\n" + kForeign;
+    for (const char* const command : {"Command4", "Command2", "Command1"}) {
+      f.Write("relayTables.dat", kForeign + kC);
+      QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("foreign|Cäsar"));
+      f.Select(1);
+      f.Write("relayTables.dat", theirs);
+      f.Click(command);
+      QCOMPARE(f.Bytes(), theirs);
+      QCOMPARE(NamesIn(*f.window), QStringLiteral("Cäsar|foreign"));
+      QCOMPARE(f.SelectedRow(), 0);
+      QVERIFY(Message().contains(QStringLiteral("Another program")));
+      QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("8"));
+    }
+    f.Click("Command1");
+    QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("6"));
+  }
+
+  void AFileThatCannotBeWrittenIsSaidInTheStatusBarAndKeepsTheEdits() {
+    WindowFixture& f = StartWithEdits();
+    const auto expectKept = [&f, this] {
+      QCOMPARE(f.Bytes(), kA + kB + kC);
+      QCOMPARE(NamesIn(*f.window), QStringLiteral("Anna|Berta|Cäsar"));
+      QVERIFY(Message().startsWith(QStringLiteral("The table file could not be written")));
+      f.window->statusBar()->clearMessage();
+      ExpectEdits();
+    };
+    const auto tryAll = [&f, &expectKept](const auto& fail) {
+      fail();
+      f.Click("Command4");
+      expectKept();
+      fail();
+      f.Click("Command2");
+      expectKept();
+      fail();
+      f.Click("Command3");
+      f.Find<QLineEdit>("Text1")->setText(QStringLiteral("kept"));
+      QTest::keyClick(f.Find<QLineEdit>("Text1"), Qt::Key_Return);
+      QCOMPARE(f.Find<QLineEdit>("Text1")->text(), QStringLiteral("kept"));
+      expectKept();
+      f.Find<QLineEdit>("Text1")->clear();
+      QTest::keyClick(f.Find<QLineEdit>("Text1"), Qt::Key_Return);
+    };
+    for (const std::size_t fits : {0u, 10u, 100u}) {
+      tryAll([&f, fits] { f.files.bytesThatFit = fits; });
+    }
+    f.files.bytesThatFit = test::FailingFileLayer::kNever;
+    QVERIFY(QFile::setPermissions(f.Path("relayTables.dat"), QFile::ReadOwner));
+    tryAll([] {});
+    QCOMPARE(f.dialogs.asked.size(), 8u);
+    QVERIFY2(!f.Bytes().isEmpty() && !QFile::exists(f.Path("relayTables.dat.new")), "left behind");
+  }
+
+  void TheFilterFindsNamesAndCommandsWorkOnWhatItShows() {
+    WindowFixture& f = StartWithEdits();
+    auto* const filter = f.Find<QLineEdit>("TextFilter");
+    QTest::keyClick(f.window.get(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(filter->hasFocus());
+    QTest::keyClicks(filter, QStringLiteral("A"));
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Anna|Berta|Cäsar"));
+    QCOMPARE(f.SelectedRow(), 1);
+    QTest::keyClicks(filter, QStringLiteral("R"));
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Cäsar"));
+    QCOMPARE(f.SelectedRow(), 0);
+    f.Click("Command1");
+    QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("3.5"));
+    f.Write("relayTables.dat", kForeign + kA + kB + kC + kForeign);
+    QTRY_COMPARE(f.session.listing.names.size(), 5u);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Cäsar"));
+    f.Click("Command2");
+    QCOMPARE(f.Bytes(), kForeign + kA + kB + kForeign);
+    QCOMPARE(NamesIn(*f.window), QString());
+    QVERIFY(!f.Find<QAbstractButton>("Command1")->isEnabled());
+    filter->setText(QStringLiteral("ÄS"));
+    QCOMPARE(NamesIn(*f.window), QString());
+    QTest::keyClick(filter, Qt::Key_Escape);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|foreign"));
+    QVERIFY(f.Find<QListView>("List1")->hasFocus());
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::LibraryWindowTest)
+#include "library_window_test.moc"
