@@ -5,6 +5,8 @@
 #   ./test.sh no-gui      what lies outside widgets/, without Qt
 #   ./test.sh fuzz        every fuzz target for FUZZ_RUNS executions (1,000,000 unless set)
 #   ./test.sh fuzz-short  every fuzz target for ten seconds
+#   ./test.sh faults [KILLS [SECONDS]]   kills in the middle of a change, 1000 on the disk and as
+#                         many in memory; a full device (as root); competing processes, for 60 s
 #   ./test.sh all         the first three, the short fuzzing, the format check, and whether the
 #                         benchmarks build
 set -euo pipefail
@@ -57,6 +59,23 @@ fuzz() (
   return "$failed"
 )
 
+faults() {
+  local kills=${1:-1000} seconds=${2:-60} bin=build/no-gui/bin skipped=0
+  need "${build_packages[@]}" "${test_packages[@]}"
+  build no-gui
+  echo "== kills, with files on the disk"
+  "$bin/kill_harness" "$kills"
+  if [ -d /dev/shm ]; then
+    echo "== kills, with files in memory"
+    TMPDIR=/dev/shm "$bin/kill_harness" "$kills"
+  fi
+  echo "== full device"
+  "$bin/full_disk_harness" || { skipped=$? && [ "$skipped" -eq 77 ]; }
+  echo "== processes that compete"
+  "$bin/writers_harness" "$seconds" 2
+  "$bin/writers_harness" "$((seconds / 3))" 4
+}
+
 case "${1:-dev}" in
   dev | asan | no-gui) run "${1:-dev}" ;;
   fuzz) fuzz -runs="${FUZZ_RUNS:-1000000}" ;;
@@ -68,8 +87,9 @@ case "${1:-dev}" in
     need "${bench_packages[@]}"
     build bench
     ;;
+  faults) faults "${@:2}" ;;
   *)
-    sed -n '2,9s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,11s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac
