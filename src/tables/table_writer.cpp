@@ -84,9 +84,11 @@ std::error_code TableWriter::KeepBackup(const fs::path& file) {
   if (!source.IsOpen()) return {};
   fs::path backup = platform::LinkTarget(file);
   backup += ".bak";
-  return platform::ReplaceFile(files_, backup, [&](platform::OutputFile& output) {
-    return source.Copy(0, source.Size(), output);
-  });
+  const std::error_code error = platform::ReplaceFile(
+      files_, backup,
+      [&source](platform::OutputFile& output) { return source.Copy(0, source.Size(), output); });
+  lacksBackup_ = static_cast<bool>(error);
+  return error;
 }
 
 std::error_code TableWriter::CopyChanged(const fs::path& file, TableListing& listing,
@@ -108,17 +110,21 @@ std::error_code TableWriter::CopyChanged(const fs::path& file, TableListing& lis
   return source.Copy(end, source.Size(), output);
 }
 
+std::error_code TableWriter::Rewrite(const fs::path& file, const platform::ContentWriter& write,
+                                     platform::FileStamp& written) {
+  lacksBackup_ = false;
+  const std::error_code error = platform::ReplaceFile(files_, file, write, &written);
+  if (!error) written_.insert(Identity(file));
+  return error;
+}
+
 std::error_code TableWriter::ChangeLine(const fs::path& file, TableListing& listing,
                                         std::size_t& index, std::string_view replacement) {
   platform::FileStamp stamp;
-  const std::error_code error = platform::ReplaceFile(
-      files_, file,
-      [&](platform::OutputFile& output) {
-        return CopyChanged(file, listing, index, replacement, output);
-      },
-      &stamp);
-  if (error) return error;
-  written_.insert(Identity(file));
+  const auto write = [&](platform::OutputFile& output) {
+    return CopyChanged(file, listing, index, replacement, output);
+  };
+  if (const std::error_code error = Rewrite(file, write, stamp)) return error;
   listing.stamp = stamp;
   return {};
 }
@@ -150,16 +156,12 @@ std::error_code TableWriter::CopyComplete(const fs::path& file, platform::Output
 }
 
 std::error_code TableWriter::Append(const fs::path& file, const platform::ContentWriter& write,
-                                    platform::FileStamp* written) {
-  const std::error_code error = platform::ReplaceFile(
-      files_, file,
-      [&](platform::OutputFile& output) {
-        const std::error_code copying = CopyComplete(file, output);
-        return copying ? copying : write(output);
-      },
-      written);
-  if (!error) written_.insert(Identity(file));
-  return error;
+                                    platform::FileStamp& written) {
+  const auto writeAll = [&](platform::OutputFile& output) {
+    const std::error_code error = CopyComplete(file, output);
+    return error ? error : write(output);
+  };
+  return Rewrite(file, writeAll, written);
 }
 
 std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& listing,
@@ -176,7 +178,7 @@ std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& lis
         }
         return output.Write(line);
       },
-      &stamp);
+      stamp);
   if (error) return error;
   listing.names.push_back(entry.name);
   listing.lines.push_back(MarkOf(stamp.size - line.size(), line));
@@ -187,7 +189,8 @@ std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& lis
 
 std::error_code TableWriter::AppendLines(const fs::path& file,
                                          const platform::ContentWriter& write) {
-  return Append(file, write, nullptr);
+  platform::FileStamp stamp;
+  return Append(file, write, stamp);
 }
 
 }  // namespace zentab::tables

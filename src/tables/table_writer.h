@@ -49,6 +49,10 @@ class TableWriter {
   [[nodiscard]] std::error_code AppendLines(const std::filesystem::path& file,
                                             const platform::ContentWriter& write);
 
+  /// Whether the last operation failed because the former file could not be kept as a backup; it
+  /// is not changed without one.
+  [[nodiscard]] bool LacksBackup() const { return lacksBackup_; }
+
   /// The files that it works on.
   [[nodiscard]] platform::FileLayer& Files() const { return files_; }
 
@@ -63,13 +67,17 @@ class TableWriter {
                                              platform::OutputFile& output);
   [[nodiscard]] std::error_code Append(const std::filesystem::path& file,
                                        const platform::ContentWriter& write,
-                                       platform::FileStamp* written);
+                                       platform::FileStamp& written);
+  [[nodiscard]] std::error_code Rewrite(const std::filesystem::path& file,
+                                        const platform::ContentWriter& write,
+                                        platform::FileStamp& written);
   [[nodiscard]] std::error_code KeepBackup(const std::filesystem::path& file);
   [[nodiscard]] KeepAlive Alive() const;
 
   platform::FileLayer& files_;
   Backups backups_;
   std::set<std::filesystem::path> written_;  // the files changed since the start
+  bool lacksBackup_ = false;
 };
 
 }  // namespace zentab::tables

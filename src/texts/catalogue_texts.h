@@ -81,6 +81,7 @@ struct ProgramTexts {
   std::string modified = "Modified";
   std::string readFailed = "The entry could not be read";
   std::string writeFailed = "The table file could not be written";
+  std::string backupFailed = "The table file was not written, as no backup could be kept of it";
   std::string entryChanged = "Another program has changed the entry; the list shows the file anew";
   std::string fileChanged = "Another program has changed the file; its entries are shown anew";
   std::string importProgress = "Importing the time test…";

@@ -161,6 +161,7 @@ const std::vector<KeyRow>& OwnRows() {
       {"STATUS.MODIFIED", ProgramField{&P::modified}},
       {"STATUS.READ.FAILED", ProgramField{&P::readFailed}},
       {"STATUS.WRITE.FAILED", ProgramField{&P::writeFailed}},
+      {"STATUS.BACKUP.FAILED", ProgramField{&P::backupFailed}},
       {"STATUS.ENTRY.CHANGED", ProgramField{&P::entryChanged}},
       {"GRH.IMPORT.HEADING", GraphField{&G::heading}},
       {"GRH.IMPORT.UNREADABLE", GraphField{&G::unreadable}},

@@ -110,7 +110,8 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
   if (isStale) {
     dialog.outcome->setText(QString::fromStdString(texts.fileChanged));
   } else if (result.error) {
-    dialog.outcome->setText(FailureText(texts.copyFailed, result.error));
+    const std::string& what = writer_.LacksBackup() ? texts.backupFailed : texts.copyFailed;
+    dialog.outcome->setText(FailureText(what, result.error));
   } else {
     const std::string count = std::to_string(result.copied);
     dialog.outcome->setText(

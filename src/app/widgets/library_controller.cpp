@@ -22,6 +22,7 @@ LibraryController::LibraryController(Session& session, ResponsiveFiles& files,
     : QObject(&panel),
       session_(session),
       files_(files),
+      writer_(writer),
       commands_(session, writer),
       dialogs_(dialogs),
       panel_(panel),
@@ -52,7 +53,7 @@ void LibraryController::Read() {
   if (!index) return;
   Q_EMIT GridNeeded();
   if (session_.table.tableModified && !Agreed(MessageBox::DiscardEdits, *index)) return;
-  if (!Run(&LibraryCommands::ReadEntry, *index, session_.texts.program.readFailed)) return;
+  if (!Run(&LibraryCommands::ReadEntry, *index)) return;
   Q_EMIT TableRead();
   Q_EMIT LibraryChanged();
 }
@@ -60,7 +61,7 @@ void LibraryController::Read() {
 void LibraryController::Remove() {
   std::optional<std::size_t> index = panel_.SelectedIndex();
   if (!index || !Agreed(MessageBox::ConfirmRemoval, *index)) return;
-  if (!Run(&LibraryCommands::RemoveEntry, *index, session_.texts.program.writeFailed)) return;
+  if (!Run(&LibraryCommands::RemoveEntry, *index)) return;
   // The entry that moved up is the next one to look at; behind the last one it is the one before.
   panel_.ShowNamesFrom(*index);
   Q_EMIT LibraryChanged();
@@ -76,7 +77,7 @@ void LibraryController::Update() {
   if (!index) return;
   Q_EMIT GridNeeded();
   if (!Agreed(MessageBox::ConfirmUpdate, *index)) return;
-  if (!Run(&LibraryCommands::UpdateEntry, *index, session_.texts.program.writeFailed)) return;
+  if (!Run(&LibraryCommands::UpdateEntry, *index)) return;
   Q_EMIT LibraryChanged();
 }
 
@@ -100,7 +101,7 @@ void LibraryController::EnterName(const QString& name) {
       break;
     case NameResult::NotWritten:
       // The box keeps the name for another try.
-      Q_EMIT Failed(QString::fromStdString(session_.texts.program.writeFailed));
+      Q_EMIT Failed(QString::fromStdString(WriteFailure()));
       break;
   }
 }
@@ -133,7 +134,12 @@ bool LibraryController::Agreed(MessageBox box, std::size_t index) const {
       MessageFor(session_, box, ShownName(session_.listing.names[index]).toStdString()));
 }
 
-bool LibraryController::Run(Command command, std::size_t& index, const std::string& failure) {
+const std::string& LibraryController::WriteFailure() const {
+  const texts::ProgramTexts& texts = session_.texts.program;
+  return writer_.LacksBackup() ? texts.backupFailed : texts.writeFailed;
+}
+
+bool LibraryController::Run(Command command, std::size_t& index) {
   const std::size_t readings = session_.listing.readings;
   const ResponsiveFiles::Work work(files_);
   const std::error_code error = (commands_.*command)(index);
@@ -144,7 +150,8 @@ bool LibraryController::Run(Command command, std::size_t& index, const std::stri
   if (error == tables::kEntryChanged) {
     Q_EMIT Failed(QString::fromStdString(session_.texts.program.entryChanged));
   } else if (error) {
-    Q_EMIT Failed(FailureText(failure, error));
+    const bool reads = command == &LibraryCommands::ReadEntry;
+    Q_EMIT Failed(FailureText(reads ? session_.texts.program.readFailed : WriteFailure(), error));
   }
   return !error;
 }

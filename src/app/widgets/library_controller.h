@@ -54,10 +54,12 @@ class LibraryController : public QObject {
 
   void ShowFromStart();
   [[nodiscard]] bool Agreed(MessageBox box, std::size_t index) const;
-  [[nodiscard]] bool Run(Command command, std::size_t& index, const std::string& failure);
+  [[nodiscard]] const std::string& WriteFailure() const;
+  [[nodiscard]] bool Run(Command command, std::size_t& index);
 
   Session& session_;
   ResponsiveFiles& files_;
+  const tables::TableWriter& writer_;
   LibraryCommands commands_;
   UserDialogs& dialogs_;
   LibraryPanel& panel_;
