@@ -3,7 +3,8 @@
 #   ./test.sh            the development build
 #   ./test.sh asan       the same under AddressSanitizer and UndefinedBehaviorSanitizer
 #   ./test.sh no-gui     what lies outside widgets/, without Qt
-#   ./test.sh all        all three, the format check, and whether the benchmarks build
+#   ./test.sh static     clang-tidy and cppcheck
+#   ./test.sh all        all of these, the format check, and whether the benchmarks build
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
@@ -23,14 +24,16 @@ run() {
 
 case "${1:-dev}" in
   dev | asan | no-gui) run "${1:-dev}" ;;
+  static) scripts/check-static.sh ;;
   all)
     check_format
+    scripts/check-static.sh
     for preset in dev no-gui asan; do run "$preset"; done
     need "${bench_packages[@]}"
     build bench
     ;;
   *)
-    sed -n '2,6s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,7s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac
