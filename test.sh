@@ -1,17 +1,23 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test.
-#   ./test.sh            the development build
-#   ./test.sh asan       the same under AddressSanitizer and UndefinedBehaviorSanitizer
-#   ./test.sh no-gui     what lies outside widgets/, without Qt
-#   ./test.sh static     clang-tidy and cppcheck
-#   ./test.sh all        all of these, the format check, and whether the benchmarks build
+#   ./test.sh             the development build
+#   ./test.sh asan        the same under AddressSanitizer and UndefinedBehaviorSanitizer
+#   ./test.sh no-gui      what lies outside widgets/, without Qt
+#   ./test.sh static      clang-tidy and cppcheck
+#   ./test.sh fuzz        every fuzz target for FUZZ_RUNS executions (1,000,000 unless set)
+#   ./test.sh fuzz-short  every fuzz target for ten seconds
+#   ./test.sh faults [KILLS [SECONDS]]   kills in the middle of a change, 1000 on the disk and as
+#                         many in memory; a full device (as root); competing processes, for 60 s
+#   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
+#                         benchmarks build
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
 
 check_format() {
   need clang-format
-  find src simulator tests bench tools -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run -Werror
+  find src simulator tests bench fuzz tools -name '*.cpp' -o -name '*.h' |
+    xargs clang-format --dry-run -Werror
 }
 
 run() {
@@ -22,18 +28,71 @@ run() {
   ctest --preset "$1" -j "$(nproc)"
 }
 
+# Each fuzz target with the longest input it gets, in bytes.
+fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_import=2048
+  reference_graph=2048 clipboard_text=512 expression=256 settings_files=1024)
+
+# fuzz LIMIT: runs all targets. New inputs, the log and an input at fault stay in build/fuzz/found.
+fuzz() (
+  need "${build_packages[@]}" "${fuzz_packages[@]}"
+  echo "== fuzz $1"
+  build fuzz
+  # Small files are written by the million.
+  TMPDIR=$(mktemp -d "$([ -w /dev/shm ] && echo /dev/shm || echo /tmp)/zentab-fuzz-XXXXXX")
+  export TMPDIR
+  trap 'rm -rf "$TMPDIR"' EXIT
+  failed=0
+  for row in "${fuzz_targets[@]}"; do
+    target=${row%=*} found=build/fuzz/found/${row%=*} corpus=build/fuzz/corpus/${row%=*}
+    options=("$1" -seed=1 -max_len="${row#*=}" -timeout=10 -rss_limit_mb=2048
+      -print_final_stats=1 -artifact_prefix="$found/")
+    [ ! -f "$corpus.dict" ] || options+=(-dict="$corpus.dict")
+    rm -rf "$found"
+    mkdir -p "$found/inputs"
+    printf '%-18s' "$target"
+    if "build/fuzz/bin/$target" "${options[@]}" "$found/inputs" "$corpus" >"$found/log" 2>&1; then
+      sed -n 's/^Done //p' "$found/log"
+    else
+      echo "at fault: see $found"
+      failed=1
+    fi
+  done
+  return "$failed"
+)
+
+faults() {
+  local kills=${1:-1000} seconds=${2:-60} bin=build/no-gui/bin skipped=0
+  need "${build_packages[@]}" "${test_packages[@]}"
+  build no-gui
+  echo "== kills, with files on the disk"
+  "$bin/kill_harness" "$kills"
+  if [ -d /dev/shm ]; then
+    echo "== kills, with files in memory"
+    TMPDIR=/dev/shm "$bin/kill_harness" "$kills"
+  fi
+  echo "== full device"
+  "$bin/full_disk_harness" || { skipped=$? && [ "$skipped" -eq 77 ]; }
+  echo "== processes that compete"
+  "$bin/writers_harness" "$seconds" 2
+  "$bin/writers_harness" "$((seconds / 3))" 4
+}
+
 case "${1:-dev}" in
   dev | asan | no-gui) run "${1:-dev}" ;;
   static) scripts/check-static.sh ;;
+  fuzz) fuzz -runs="${FUZZ_RUNS:-1000000}" ;;
+  fuzz-short) fuzz -max_total_time=10 ;;
   all)
     check_format
     scripts/check-static.sh
     for preset in dev no-gui asan; do run "$preset"; done
+    fuzz -max_total_time=10
     need "${bench_packages[@]}"
     build bench
     ;;
+  faults) faults "${@:2}" ;;
   *)
-    sed -n '2,7s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,12s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

@@ -37,15 +37,18 @@ void CopySelected(benchmark::State& state, Selection selection, bool flushed) {
   const fs::path copied = SharedLibrary().Folder() / "copied.dat";
   const fs::path selectedBytes = SharedLibrary().Folder() / "selected.dat";
   const std::vector<bool> rows = Selected(selection);
+  tables::TableWriter writer(files, tables::Backups::None);
+  const auto stamp = platform::StampOf(library);
   fs::remove(selectedBytes);
-  Require(exchange::CopyEntries(files, library, rows, selectedBytes).copied == kEntries / 2);
+  Require(exchange::CopyEntries(writer, library, stamp, rows, selectedBytes).copied ==
+          kEntries / 2);
 
   // Every copy is written into a fresh file; removing the last one is timed for all of them.
   InTurns(
       state,
       [&] {
         fs::remove(copied);
-        Require(!exchange::CopyEntries(files, library, rows, copied).error);
+        Require(!exchange::CopyEntries(writer, library, stamp, rows, copied).error);
       },
       {{"library", [&] { PlainCopy(library, flushed); }},
        {"selected", [&] { PlainCopy(selectedBytes, flushed); }}},

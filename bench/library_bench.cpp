@@ -17,7 +17,7 @@
 #include "bench/in_turns.h"
 #include "bench/library_file.h"
 #include "bench/unflushed_files.h"
-#include "tables/table_library.h"
+#include "tables/table_writer.h"
 
 namespace {
 
@@ -62,9 +62,18 @@ void ReplaceLine(benchmark::State& state, bool flushed) {
   UnflushedFiles unflushed;
   platform::FileLayer& files = flushed ? platform::SystemFiles() : unflushed;
   const fs::path path = SharedLibrary().Path();
+  tables::TableWriter writer(files, tables::Backups::None);
+  tables::TableListing listing = tables::ListEntries(path);
+  std::size_t index = kNearEnd;
   InTurns(
-      state, [&] { Require(!tables::ReplaceEntry(files, path, kNearEnd, EntryNumber(kNearEnd))); },
-      {{"copy+rename", [&] { PlainCopy(path, flushed); }}}, 1.1);
+      state, [&] { Require(!writer.ReplaceEntry(path, listing, index, EntryNumber(kNearEnd))); },
+      {{"copy+rename",
+        [&] {
+          PlainCopy(path, flushed);
+          // The copy is what the listing is of.
+          listing.stamp = platform::StampOf(path);
+        }}},
+      1.1);
 }
 
 void BesideCounting(benchmark::State& state, const std::function<void(const fs::path&)>& work) {
@@ -76,13 +85,16 @@ void BesideCounting(benchmark::State& state, const std::function<void(const fs::
 
 void ListNames(benchmark::State& state) {
   BesideCounting(state, [](const fs::path& path) {
-    Require(tables::ListEntryNames(path).size() == kEntries);
+    Require(tables::ListEntries(path).names.size() == kEntries);
   });
 }
 
 void ReadLineNearEnd(benchmark::State& state) {
-  BesideCounting(state, [](const fs::path& path) {
-    Require(tables::ReadEntryLine(path, kNearEnd).has_value());
+  tables::TableListing listing = tables::ListEntries(SharedLibrary().Path());
+  std::size_t index = kNearEnd;
+  std::string line;
+  BesideCounting(state, [&](const fs::path& path) {
+    Require(!tables::ReadEntryLine(path, listing, index, line));
   });
 }
 

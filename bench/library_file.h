@@ -33,10 +33,11 @@ inline tables::CurveTableEntry EntryNumber(std::size_t number) {
 
 class Library {
  public:
-  Library() : folder_(fs::temp_directory_path() / ("zentab-bench-" + std::to_string(::getpid()))) {
+  explicit Library(std::size_t entries = kEntries)
+      : folder_(fs::temp_directory_path() / ("zentab-bench-" + std::to_string(::getpid()))) {
     fs::create_directories(folder_);
     std::ofstream file(Path(), std::ios::binary);
-    for (std::size_t number = 0; number < kEntries; ++number) {
+    for (std::size_t number = 0; number < entries; ++number) {
       file << tables::FormatEntryLine(EntryNumber(number)) << "\r\n";
     }
   }

@@ -139,7 +139,7 @@ class MathParser {
       KeepAllVariables();
     } else {
       volatile double* evaluated = evaluated_.data();
-      for (int i = First; i < First + Count; ++i) evaluated[i] = program_.values[i];
+      for (std::size_t i = First; i < First + Count; ++i) evaluated[i] = program_.values[i];
       KeepVariables<First + Count, Count + 1>();
     }
   }

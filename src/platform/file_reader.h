@@ -14,7 +14,11 @@ namespace zentab::platform {
 
 /// The block that files are read in: large enough that the calls into the system do not count,
 /// small enough to stay in the cache.
+#ifdef ZENTAB_READ_BLOCK
+inline constexpr std::size_t kReadBlock = ZENTAB_READ_BLOCK;
+#else
 inline constexpr std::size_t kReadBlock = 256u << 10;
+#endif
 
 /// Opens a regular file for reading in large blocks; false when that fails or it is none.
 [[nodiscard]] bool OpenRegular(const std::filesystem::path& path, std::ifstream& file);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/ascii.h"
 #include "platform/character_case.h"
 #include "platform/file_reader.h"
 #include "platform/line_reader.h"
@@ -80,7 +81,10 @@ std::uint64_t TableListing::EndOf(std::size_t index) const {
 bool TableListing::HasName(std::string_view name) const {
   const std::string wanted = platform::LowerCase(name);
   return std::any_of(names.begin(), names.end(), [&wanted](const std::string& other) {
-    return platform::LowerCase(other) == wanted;
+    if (!platform::IsAscii(other)) return platform::LowerCase(other) == wanted;
+    // Most names are of this kind, and no copy is made of them.
+    return std::equal(other.begin(), other.end(), wanted.begin(), wanted.end(),
+                      [](char c, char lower) { return platform::LowerAscii(c) == lower; });
   });
 }
 

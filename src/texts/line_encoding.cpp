@@ -2,10 +2,8 @@
 
 #include <utf8.h>
 
-#include <cstdint>
-#include <cstring>
-
 #include "platform/ansi_code_page.h"
+#include "platform/ascii.h"
 
 namespace zentab::texts {
 namespace {
@@ -14,22 +12,10 @@ bool IsUtf8(std::string_view bytes) { return utf8::is_valid(bytes.begin(), bytes
 
 }  // namespace
 
-bool IsAscii(std::string_view bytes) {
-  std::uint64_t bits = 0;
-  std::size_t at = 0;
-  for (; at + sizeof bits <= bytes.size(); at += sizeof bits) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes.data() + at, sizeof word);
-    bits |= word;
-  }
-  for (; at < bytes.size(); ++at) bits |= static_cast<unsigned char>(bytes[at]);
-  return (bits & 0x8080808080808080u) == 0;
-}
-
 std::string DecodeLine(std::string_view bytes) { return DecodePart(bytes, bytes); }
 
 std::string DecodePart(std::string_view line, std::string_view part) {
-  if (IsAscii(part) || IsUtf8(line)) return std::string(part);
+  if (platform::IsAscii(part) || IsUtf8(line)) return std::string(part);
   return platform::FromAnsi(part);
 }
 

@@ -5,10 +5,6 @@
 
 namespace zentab::texts {
 
-/// Whether a text holds nothing beyond ASCII: then its characters are its bytes in every encoding
-/// that is read here.
-[[nodiscard]] bool IsAscii(std::string_view bytes);
-
 /// The UTF-8 text of one line of a text file: a line that is valid UTF-8 is UTF-8, any other is in
 /// the system's single-byte code page.
 [[nodiscard]] std::string DecodeLine(std::string_view bytes);

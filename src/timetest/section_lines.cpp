@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/ascii.h"
 #include "platform/character_case.h"
 #include "texts/characters.h"
 #include "texts/line_encoding.h"
@@ -50,7 +51,7 @@ bool SectionLines::Next(std::string_view& line) {
   if (!reader_.Next(raw)) return false;
   lineBytes_ = raw.text.size() + raw.ending.size();
   line = raw.text;
-  if (!texts::IsAscii(line)) {
+  if (!platform::IsAscii(line)) {
     decoded_ = texts::DecodeLine(line);
     line = decoded_;
   }

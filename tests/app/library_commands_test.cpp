@@ -1,6 +1,5 @@
 #include "app/library_commands.h"
 
-#include "support/failing_file_layer.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::app {
@@ -27,8 +26,7 @@ class LibraryCommandsTest : public test::TemporaryFolder {
   std::error_code Remove(std::size_t index) { return commands_.RemoveEntry(index); }
 
   Session session_;
-  test::FailingFileLayer files_;
-  tables::TableWriter writer_{files_, tables::Backups::None};
+  tables::TableWriter writer_{platform::SystemFiles(), tables::Backups::None};
   LibraryCommands commands_{session_, writer_};
 };
 
@@ -79,19 +77,6 @@ TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
   session_.listing.names.clear();
   commands_.FillEntryList();
   EXPECT_EQ(session_.listing.names, (NameList{"A", "B", "Übung"}));
-}
-
-TEST_F(LibraryCommandsTest, AFailedWriteChangesNeitherFileNorSession) {
-  session_.table.tableModified = true;
-  files_.bytesThatFit = 3;
-  EXPECT_TRUE(Update(0));
-  files_.bytesThatFit = 3;
-  EXPECT_TRUE(Remove(0));
-  files_.bytesThatFit = 3;
-  EXPECT_EQ(commands_.EnterName("C"), NameResult::NotWritten);
-  EXPECT_EQ(BytesOf(Folder() / "t.dat"), kTable);
-  EXPECT_EQ(session_.listing.names, (NameList{"A", "B"}));
-  EXPECT_TRUE(session_.table.tableModified);
 }
 
 TEST_F(LibraryCommandsTest, AMissingTableIsEmptyUntilSomethingIsAdded) {

@@ -1,6 +1,5 @@
 #include "exchange/entry_copy.h"
 
-#include "support/failing_file_layer.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
 
@@ -10,14 +9,12 @@ namespace {
 namespace fs = std::filesystem;
 using platform::SystemFiles;
 using test::BytesOf;
-using test::FailingFileLayer;
 
 using EntryCopy = test::TemporaryFolder;
 
 // Copies from the file as it is now.
-CopyResult Copy(const fs::path& from, const std::vector<bool>& selected, const fs::path& to,
-                platform::FileLayer& files = SystemFiles()) {
-  tables::TableWriter writer(files, tables::Backups::None);
+CopyResult Copy(const fs::path& from, const std::vector<bool>& selected, const fs::path& to) {
+  tables::TableWriter writer(SystemFiles(), tables::Backups::None);
   return CopyEntries(writer, from, platform::StampOf(from), selected, to);
 }
 
@@ -80,41 +77,6 @@ TEST_F(EntryCopy, OntoItselfAddsEachEntryOnce) {
     EXPECT_FALSE(result.error);
     EXPECT_EQ(result.copied, 5000u);
     EXPECT_EQ(BytesOf(file), lines + lines);
-  }
-}
-
-TEST_F(EntryCopy, LeavesTheTargetAsItWasWhenItFails) {
-  std::string lines;
-  for (int line = 0; line < 40; ++line) lines += std::string(20'000, 'x') + "\r\n";
-  const fs::path from = Write("source.dat", lines);
-  const std::vector<bool> all(40, true);
-  for (const bool exists : {true, false}) {
-    const fs::path to = Folder() / "target.dat";
-    const std::string before = exists ? "{\"old\"\t 000}" : "(missing)";
-    fs::remove(to);
-    if (exists) Write("target.dat", before);
-    std::string failed;
-    for (std::size_t step = 0;; ++step) {
-      FailingFileLayer layer;
-      layer.failingStep = step;
-      const CopyResult result = Copy(from, all, to, layer);
-      if (!result.error) break;
-      failed += layer.failedStep + ' ';
-      EXPECT_EQ(result.copied, 0u);
-      EXPECT_EQ(BytesOf(to), before) << layer.failedStep;
-    }
-    EXPECT_EQ(failed,
-              exists ? "lock remove create write write write write write flush stamp close move "
-                     : "lock remove create write write write flush stamp close move ");
-    EXPECT_EQ(BytesOf(to), (exists ? before + "\r\n" : "") + lines);
-    fs::remove(to);
-    if (exists) Write("target.dat", before);
-    for (const std::size_t fits : {0u, 1u, 2u, 300'000u, 799'999u}) {
-      FailingFileLayer full;
-      full.bytesThatFit = fits;
-      EXPECT_EQ(Copy(from, all, to, full).error, std::errc::no_space_on_device);
-      EXPECT_EQ(BytesOf(to), before) << fits;
-    }
   }
 }
 

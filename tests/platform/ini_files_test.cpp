@@ -1,5 +1,6 @@
 // The settings store and the registry of platforms that keep both in INI files.
 #include <cstdlib>
+#include <thread>
 
 #include "platform/posix/ini_text.h"
 #include "platform/registry.h"
@@ -74,6 +75,23 @@ TEST_F(IniFiles, NothingIsSavedInPartsOrOverAFolder) {
   fs::create_directory(Folder() / "settings" / "Other.ini");
   EXPECT_TRUE(store_->Save("Other", "S", {{"a", "1"}}));
   EXPECT_EQ(store_->Read("Other", "S", "a"), std::nullopt);
+}
+
+TEST_F(IniFiles, TwoWhoSaveAtOnceKeepEachOthersSettings) {
+  constexpr int kLast = 40;
+  const auto save = [](const std::string& section) {
+    const auto store = UserSettingsStore();
+    for (int count = 1; count <= kLast; ++count) {
+      EXPECT_FALSE(store->Save("Zentab", section, {{"count", std::to_string(count)}}));
+      std::this_thread::yield();
+    }
+  };
+  std::thread other(save, "Other");
+  save("Settings");
+  other.join();
+  for (const std::string section : {"Other", "Settings"}) {
+    EXPECT_EQ(store_->Read("Zentab", section, "count"), std::to_string(kLast)) << section;
+  }
 }
 
 TEST_F(IniFiles, RegistryValues) {

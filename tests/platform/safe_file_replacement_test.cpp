@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <thread>
 
-#include "support/failing_file_layer.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::test {
@@ -23,41 +22,6 @@ const std::vector<std::string> kOnlyTheFile = {"table.dat"};
 std::error_code WriteFresh(OutputFile& file) {
   const std::error_code error = file.Write(kFresh.substr(0, 2));
   return error ? error : file.Write(kFresh.substr(2));
-}
-
-TEST_F(SafeFileReplacement, KeepsTheOldFileWhicheverStepFails) {
-  const fs::path file = Write("table.dat", kOld);
-  std::string failed;
-  for (std::size_t step = 0;; ++step) {
-    FailingFileLayer layer;
-    layer.failingStep = step;
-    const std::error_code error = ReplaceFile(layer, file, WriteFresh);
-    if (layer.failedStep.empty()) {
-      EXPECT_FALSE(error);
-      break;
-    }
-    failed += layer.failedStep + ' ';
-    EXPECT_EQ(error, std::errc::io_error) << layer.failedStep;
-    EXPECT_EQ(BytesOf(file), kOld) << layer.failedStep;
-    EXPECT_EQ(Names(), kOnlyTheFile) << layer.failedStep;
-  }
-  EXPECT_EQ(failed, "lock remove create write write flush stamp close move ");
-  EXPECT_EQ(BytesOf(file), kFresh);
-  EXPECT_EQ(Names(), kOnlyTheFile);
-}
-
-TEST_F(SafeFileReplacement, KeepsTheOldFileWhenTheDeviceIsFullOrLosesBytes) {
-  const fs::path file = Write("table.dat", kOld);
-  for (const bool silently : {false, true}) {
-    for (std::size_t fits = 0; fits < kFresh.size(); ++fits) {
-      FailingFileLayer layer;
-      layer.bytesThatFit = fits;
-      layer.losesBytesSilently = silently;
-      EXPECT_TRUE(ReplaceFile(layer, file, WriteFresh)) << fits;
-      EXPECT_EQ(BytesOf(file), kOld) << fits;
-      EXPECT_EQ(Names(), kOnlyTheFile) << fits;
-    }
-  }
 }
 
 TEST_F(SafeFileReplacement, CleansUpBehindACrash) {

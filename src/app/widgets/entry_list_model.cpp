@@ -31,6 +31,11 @@ int EntryListModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : rows_;
 }
 
+QModelIndex EntryListModel::index(int row, int column, const QModelIndex& parent) const {
+  const bool isRow = row >= 0 && row < rows_ && column == 0 && !parent.isValid();
+  return isRow ? createIndex(row, column) : QModelIndex();
+}
+
 QVariant EntryListModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole || index.row() >= rows_) return {};
   const std::size_t entry = EntryOf(index.row());

@@ -19,6 +19,9 @@ class EntryListModel : public QAbstractListModel {
   EntryListModel(const std::vector<std::string>& names, QObject* parent);
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  /// Asked for every row whenever the list is laid out.
+  [[nodiscard]] QModelIndex index(int row, int column = 0,
+                                  const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
   /// The names have changed.

@@ -42,8 +42,7 @@ void LibraryController::FillEntryList() {
 }
 
 void LibraryController::ShowFromStart() {
-  panel_.ClearFilter();
-  panel_.ShowNames(0);
+  panel_.ShowAllNames();
   watch_->start();
   Q_EMIT LibraryChanged();
 }

@@ -152,10 +152,11 @@ void LibraryPanel::ShowNamesFrom(std::size_t place) {
   if (!SelectedIndex()) SelectRow(std::min(model_->RowFrom(place), model_->rowCount() - 1));
 }
 
-void LibraryPanel::ClearFilter() {
+void LibraryPanel::ShowAllNames() {
   const QSignalBlocker silent(filter_);
   filter_->clear();
-  model_->SetFilter({});
+  ApplyFilter({});
+  SelectRow(0);
 }
 
 void LibraryPanel::ApplyFilter(const QString& text) {

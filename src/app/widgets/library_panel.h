@@ -29,8 +29,8 @@ class LibraryPanel : public QWidget {
   void ShowNames(std::size_t selected);
   /// The same, but selects the next one that is shown, or the last one.
   void ShowNamesFrom(std::size_t place);
-  /// Shows all names, whatever they hold.
-  void ClearFilter();
+  /// The names are those of another file: shows all of them and selects the first.
+  void ShowAllNames();
   /// The place of the selected entry among all names.
   [[nodiscard]] std::optional<std::size_t> SelectedIndex() const;
 

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
+#include <chrono>
+#include <future>
 
 namespace zentab::app {
 namespace {
@@ -10,7 +12,8 @@ namespace {
 constexpr int kEventsEvery = 40;            // milliseconds
 constexpr int kPointerAfter = 200;          // milliseconds
 constexpr std::size_t kPortion = 1u << 20;  // bytes between two looks at the clock
-constexpr std::size_t kFlushEvery = 8u << 20;
+// A system that is left to gather more than it likes stops a write for long in the end.
+constexpr std::size_t kFlushEvery = 32u << 20;
 
 class PortionedFile final : public platform::OutputFile {
  public:
@@ -25,13 +28,15 @@ class PortionedFile final : public platform::OutputFile {
       unflushed_ += portion.size();
       if (unflushed_ >= kFlushEvery) {
         unflushed_ = 0;
-        if (const std::error_code error = file_->Flush()) return error;
+        if (const std::error_code error = Flush()) return error;
       }
       files_.KeepAlive();
     }
     return {};
   }
-  std::error_code Flush() override { return file_->Flush(); }
+  std::error_code Flush() override {
+    return files_.Await([this] { return file_->Flush(); });
+  }
   std::error_code Stamp(platform::FileStamp& stamp) override { return file_->Stamp(stamp); }
   std::error_code Close() override { return file_->Close(); }
 
@@ -63,7 +68,19 @@ std::error_code ResponsiveFiles::Create(const Path& path, const Path& like,
 }
 
 void ResponsiveFiles::KeepAlive() {
-  if (!IsAtWork() || alive_.elapsed() < kEventsEvery) return;
+  if (IsAtWork() && alive_.elapsed() >= kEventsEvery) RunEvents();
+}
+
+std::error_code ResponsiveFiles::Await(const std::function<std::error_code()>& call) {
+  if (!IsAtWork()) return call();
+  std::future<std::error_code> result = std::async(std::launch::async, call);
+  while (result.wait_for(std::chrono::milliseconds(kEventsEvery)) != std::future_status::ready) {
+    RunEvents();
+  }
+  return result.get();
+}
+
+void ResponsiveFiles::RunEvents() {
   if (!showsPointer_ && begun_.elapsed() > kPointerAfter) {
     showsPointer_ = true;
     QGuiApplication::setOverrideCursor(Qt::BusyCursor);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <functional>
 #include <memory>
 
 #include "platform/file_layer.h"
@@ -8,8 +9,9 @@
 namespace zentab::app {
 
 /// The files under the window's commands: while one of them works for long, pending window events
-/// run again and again, but none of the user's input, and the busy pointer shows. Files are
-/// flushed to the device in portions, so that no single flush holds the window up for long.
+/// run again and again, but none of the user's input, and the busy pointer shows. A single call
+/// into the system that may last, because it waits for the device, is made on a thread of its own,
+/// on which nothing else ever runs: this one waits for it, events included.
 class ResponsiveFiles final : public platform::FileLayer {
   using Path = std::filesystem::path;
 
@@ -38,7 +40,7 @@ class ResponsiveFiles final : public platform::FileLayer {
     return files_.OpenForAppending(path, file);
   }
   std::error_code MoveOver(const Path& from, const Path& to) override {
-    return files_.MoveOver(from, to);
+    return Await([&] { return files_.MoveOver(from, to); });
   }
   std::error_code Remove(const Path& path) override { return files_.Remove(path); }
   std::error_code TryLock(const Path& path, std::unique_ptr<platform::FileLock>& lock) override {
@@ -46,7 +48,12 @@ class ResponsiveFiles final : public platform::FileLayer {
   }
   void KeepAlive() override;
 
+  /// What such a call says.
+  [[nodiscard]] std::error_code Await(const std::function<std::error_code()>& call);
+
  private:
+  void RunEvents();
+
   platform::FileLayer& files_;
   int works_ = 0;
   bool showsPointer_ = false;

@@ -8,6 +8,8 @@
 
 #include <utf8.h>
 
+#include "platform/ascii.h"
+
 namespace zentab::platform {
 namespace {
 
@@ -22,20 +24,13 @@ locale_t UnicodeLocale() {
   return locale;
 }
 
-bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 }  // namespace
 
 std::string LowerCase(std::string_view utf8) {
   std::string result;
   if (IsAscii(utf8)) {
     result = utf8;
-    for (char& c : result) {
-      if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
+    std::transform(result.begin(), result.end(), result.begin(), LowerAscii);
     return result;
   }
   if (!utf8::is_valid(utf8.begin(), utf8.end())) return std::string(utf8);

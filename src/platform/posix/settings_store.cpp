@@ -18,6 +18,24 @@ fs::path FileOf(std::string_view application) {
   return folder.empty() ? folder : folder / ToPath(std::string(application) + ".ini");
 }
 
+// The file's text with the settings in it, and whether they are anything new.
+std::error_code PutSettings(const fs::path& file, std::string_view section,
+                            const std::vector<Setting>& settings, std::string& text,
+                            bool& differs) {
+  const std::optional<std::string> former = ReadWholeFile(file, kLargestFile);
+  std::error_code error;
+  if (!former && fs::exists(file, error)) return std::make_error_code(std::errc::io_error);
+  IniText ini(former.value_or(std::string()));
+  for (const Setting& setting : settings) {
+    if (!ini.Set(section, setting.key, setting.value)) {
+      return std::make_error_code(std::errc::invalid_argument);
+    }
+  }
+  text = ini.Text();
+  differs = former != text;
+  return {};
+}
+
 class IniSettingsStore final : public SettingsStore {
  public:
   std::optional<std::string> Read(std::string_view application, std::string_view section,
@@ -35,17 +53,15 @@ class IniSettingsStore final : public SettingsStore {
     std::error_code error;
     fs::create_directories(file.parent_path(), error);
     if (error) return error;
-    std::optional<std::string> text = ReadWholeFile(file, kLargestFile);
-    if (!text && fs::exists(file, error)) return std::make_error_code(std::errc::io_error);
-    IniText ini(text.value_or(std::string()));
-    for (const Setting& setting : settings) {
-      if (!ini.Set(section, setting.key, setting.value)) {
-        return std::make_error_code(std::errc::invalid_argument);
-      }
-    }
-    if (text == ini.Text()) return {};
-    return ReplaceFile(SystemFiles(), file,
-                       [&ini](OutputFile& output) { return output.Write(ini.Text()); });
+    std::string text;
+    bool differs = false;
+    error = PutSettings(file, section, settings, text, differs);
+    if (error || !differs) return error;
+    return ReplaceFile(SystemFiles(), file, [&](OutputFile& output) {
+      // Again, under the lock: someone else may just have saved settings of their own.
+      const std::error_code putting = PutSettings(file, section, settings, text, differs);
+      return putting ? putting : output.Write(text);
+    });
   }
 };
 
