@@ -3,11 +3,12 @@
 #   ./test.sh             the development build
 #   ./test.sh asan        the same under AddressSanitizer and UndefinedBehaviorSanitizer
 #   ./test.sh no-gui      what lies outside widgets/, without Qt
+#   ./test.sh static      clang-tidy and cppcheck
 #   ./test.sh fuzz        every fuzz target for FUZZ_RUNS executions (1,000,000 unless set)
 #   ./test.sh fuzz-short  every fuzz target for ten seconds
 #   ./test.sh faults [KILLS [SECONDS]]   kills in the middle of a change, 1000 on the disk and as
 #                         many in memory; a full device (as root); competing processes, for 60 s
-#   ./test.sh all         the first three, the short fuzzing, the format check, and whether the
+#   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
 #                         benchmarks build
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -78,10 +79,12 @@ faults() {
 
 case "${1:-dev}" in
   dev | asan | no-gui) run "${1:-dev}" ;;
+  static) scripts/check-static.sh ;;
   fuzz) fuzz -runs="${FUZZ_RUNS:-1000000}" ;;
   fuzz-short) fuzz -max_total_time=10 ;;
   all)
     check_format
+    scripts/check-static.sh
     for preset in dev no-gui asan; do run "$preset"; done
     fuzz -max_total_time=10
     need "${bench_packages[@]}"
@@ -89,7 +92,7 @@ case "${1:-dev}" in
     ;;
   faults) faults "${@:2}" ;;
   *)
-    sed -n '2,11s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,12s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

@@ -1,4 +1,4 @@
-# Sourced by run.sh, test.sh and check-windows.sh: the Debian packages the project needs, and how they get installed.
+# Sourced by run.sh, test.sh and the other scripts here: the Debian packages the project needs, and how they get installed.
 
 # need PACKAGE...: installs those that are missing; says plainly which they are when it cannot.
 need() {
@@ -35,6 +35,7 @@ window_packages=(qt6-base-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
   fonts-dejavu-core fonts-noto-cjk)
 test_packages=(libgtest-dev)
 windows_packages=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 wine64)
+static_packages=(clang clang-tidy cppcheck)
 fuzz_packages=(clang libclang-rt-dev llvm)
 bench_packages=(libbenchmark-dev libmuparser-dev libboost-math-dev)
 

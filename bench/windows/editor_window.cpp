@@ -14,7 +14,7 @@ int main(int argc, char* argv[]) {
   app::QtUserDialogs dialogs(session.texts.program);
   app::MainWindow window({session, std::move(settings), "Zentab", *store, platform::SystemFiles(),
                           dialogs, platform::ExecutablePath()});
-  EndAfterPaint end(window);
+  [[maybe_unused]] const EndAfterPaint end(window);
   window.Load();
   window.show();
   return QApplication::exec();

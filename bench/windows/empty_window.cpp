@@ -6,7 +6,7 @@ int main(int argc, char* argv[]) {
   QApplication application(argc, argv);
   QMainWindow window;
   window.resize(1240, 820);
-  EndAfterPaint end(window);
+  [[maybe_unused]] const EndAfterPaint end(window);
   window.show();
   return QApplication::exec();
 }

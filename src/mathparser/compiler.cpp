@@ -199,7 +199,7 @@ bool Compiler::OpenCall() {
   brackets_.back().call = static_cast<int>(calls_.size());
   calls_.push_back({function, TokenRange(), position_, 0,
                     static_cast<std::int8_t>(function->arguments - 1),
-                    static_cast<std::int8_t>(sign_ == '-' ? -1 : 1)});
+                    static_cast<std::int16_t>(sign_ == '-' ? -1 : 1)});
   return true;
 }
 

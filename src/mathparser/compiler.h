@@ -43,7 +43,7 @@ class Compiler {
     int position;
     std::int16_t firstRow;
     std::int8_t commas;  // still expected
-    std::int8_t sign;
+    std::int16_t sign;
   };
   struct NewRow {
     const FunctionEntry* function;
@@ -70,11 +70,11 @@ class Compiler {
   bool Comparison(std::string_view text, std::size_t& at);
   bool Finish();
 
-  bool AddRow(const NewRow& row);
+  bool AddRow(const NewRow& made);
   bool AddFunctionRow(const FunctionEntry& function, NameRange written);
   void LinkBefore(int row, int continues);
   void LinkTop(int right);
-  void Feed(int row, int target, int index);
+  void Feed(int number, int target, int index);
   void SetLastOperand(const Operand& operand);
   bool TakeOperand(Operand& operand);
   bool ParseToken();

@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 
 namespace zentab::texts {
@@ -84,8 +83,11 @@ DecimalForm DecimalFormOf(double number) {
   std::string digits(1, text[0]);
   digits += text.substr(2, mark - 2);
   digits.erase(std::max<std::size_t>(digits.find_last_not_of('0') + 1, 1));
-  *end = '\0';
-  return {std::move(digits), std::atoi(text.data() + mark + 1)};
+  std::string_view exponent = text.substr(mark + 1);
+  if (exponent.starts_with('+')) exponent.remove_prefix(1);
+  int power = 0;
+  std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+  return {std::move(digits), power};
 }
 
 // Adds one to the last digit of a row of digits, which may grow by one in front.

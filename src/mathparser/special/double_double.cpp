@@ -31,6 +31,7 @@ constexpr std::array<TableEntry, kTableSize> MakeTable() {
   std::array<TableEntry, kTableSize> table{};
   for (std::size_t i = 0; i < kTableSize; ++i) {
     const double middle = 1.0 + (static_cast<double>(i) + 0.5) / static_cast<double>(kTableSize);
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): lround is no constant expression.
     const auto n = static_cast<double>(static_cast<int>(512.0 / middle + 0.5));
     table[i] = {n / 512.0, LogOfRatio(512.0, n)};
   }

@@ -15,7 +15,7 @@ struct DoubleDouble {
   double low = 0.0;
 
   constexpr DoubleDouble() = default;
-  // Implicit, as from float to double.
+  // cppcheck-suppress noExplicitConstructor; implicit, as from float to double
   constexpr DoubleDouble(double a) : high(a) {}
   constexpr DoubleDouble(double a, double b) : high(a), low(b) {}
   [[nodiscard]] explicit constexpr operator double() const { return high; }

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Static analysis of all code: clang-tidy with the checks of .clang-tidy, and cppcheck. Fails on any
+# finding.
+#   scripts/check-static.sh           everything
+#   scripts/check-static.sh FILE...   clang-tidy for these files only
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+need "${build_packages[@]}" "${test_packages[@]}" "${window_packages[@]}" "${bench_packages[@]}" \
+  "${static_packages[@]}"
+
+# The tests of the windows include what Qt's generator makes of them while they are built; of the
+# benchmarks the arguments of the compiler are enough.
+build dev
+cmake --preset bench >/dev/null
+for preset in dev bench; do
+  mkdir -p "build/static/$preset"
+  # An option of GCC alone, which clang does not take.
+  sed 's/ -fno-gnu-unique//' "build/$preset/compile_commands.json" \
+    >"build/static/$preset/compile_commands.json"
+done
+
+tidy() { # PRESET FILE...
+  local preset=$1 file files=()
+  shift
+  for file in "$@"; do
+    # What belongs to another system is not compiled here.
+    grep -qF "\"$PWD/$file\"" "build/static/$preset/compile_commands.json" && files+=("$file")
+  done
+  [ ${#files[@]} -eq 0 ] && return 0
+  echo "== clang-tidy, ${#files[@]} files of $preset"
+  printf '%s\0' "${files[@]}" |
+    xargs -0 -n1 -P2 clang-tidy -p "build/static/$preset" --quiet \
+      --extra-arg=-Wno-unknown-warning-option 2> >(grep -v 'warnings\? generated' >&2)
+}
+
+failed=0
+if [ $# -gt 0 ]; then
+  tidy dev "$@" || failed=1
+else
+  mapfile -t files < <(git ls-files 'src/*.cpp' 'simulator/*.cpp' 'tools/*.cpp' 'tests/*.cpp')
+  tidy dev "${files[@]}" || failed=1
+  mapfile -t files < <(git ls-files 'bench/*.cpp')
+  tidy bench "${files[@]}" || failed=1
+  echo "== cppcheck"
+  cppcheck -j2 --quiet --std=c++20 --language=c++ --library=qt,googletest \
+    --enable=warning,performance,portability,style --inline-suppr \
+    --suppressions-list=scripts/cppcheck-suppressions.txt --error-exitcode=1 \
+    -D'Q_EMIT=' -I src -I . src simulator tools bench tests || failed=1
+fi
+exit "$failed"
