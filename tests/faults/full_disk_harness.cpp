@@ -81,8 +81,8 @@ const WritePath kSettings = {
 
 class FullDiskHarness {
  public:
-  explicit FullDiskHarness(const SmallDevice& device) : device_(device) {
-    before_ = Installation(kEntries);
+  explicit FullDiskHarness(const SmallDevice& device)
+      : device_(device), before_(Installation(kEntries)) {
     before_[kSettingsFile] = "[Settings]\nTableName=old\nNote=" + std::string(9000, 'n') + '\n';
     // The next line goes beyond the file's last block.
     before_[kLogFile] = std::string(kBlock - 12, 'l') + "\r\n";

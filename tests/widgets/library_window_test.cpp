@@ -128,6 +128,7 @@ class LibraryWindowTest : public QObject {
     QVERIFY(QFile::setPermissions(f.Path("relayTables.dat"), QFile::ReadOwner));
     tryAll([] {});
     QVERIFY(QFile::setPermissions(f.Path("relayTables.dat"), QFile::ReadOwner | QFile::WriteOwner));
+    QVERIFY(QFile::remove(f.Path("relayTables.dat.bak")));
     QVERIFY(QDir().mkdir(f.Path("relayTables.dat.bak")));
     f.Click("Command4");
     QVERIFY(Message().contains(QStringLiteral("no backup")));
