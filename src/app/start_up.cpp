@@ -22,7 +22,7 @@ std::string FindInstallFolder(const platform::Registry& registry,
   return folder.empty() ? platform::ToText(executable.parent_path()) : std::string(folder);
 }
 
-std::string DecimalSeparatorFrom(std::optional<std::string> localeItem) {
+std::string DecimalSeparatorFrom(const std::optional<std::string>& localeItem) {
   std::string separator = localeItem.value_or(",");
   if (!separator.empty() && static_cast<unsigned char>(separator.back()) < ' ') {
     separator.pop_back();

@@ -19,7 +19,7 @@ namespace zentab::app {
 
 /// The decimal separator to show numbers with, from what the locale gives: without a trailing
 /// control character and blanks; "," when the locale gives none.
-[[nodiscard]] std::string DecimalSeparatorFrom(std::optional<std::string> localeItem);
+[[nodiscard]] std::string DecimalSeparatorFrom(const std::optional<std::string>& localeItem);
 
 /// The text catalogues of a start, in the order in which they are applied. The first is applied
 /// again with another table file. A base name that ends in "2" shares the catalogues of the

@@ -28,7 +28,7 @@ ClipboardController::ClipboardController(Session& session, TablePanel& panel)
   text11_->installEventFilter(this);
 }
 
-void ClipboardController::Export() {
+void ClipboardController::Export() const {
   const std::string text = editor::BlockText(session_.table.grid, panel_.grid->SelectedArea());
   QGuiApplication::clipboard()->setText(QString::fromStdString(text));
 }

@@ -24,7 +24,7 @@ class ClipboardController : public QObject {
 
  public Q_SLOTS:
   /// The selected cells go to the clipboard.
-  void Export();
+  void Export() const;
   /// The clipboard's text comes into the selected cells.
   void Import();
   /// The selected cells are emptied.
