@@ -24,7 +24,7 @@ enum class NameResult {
 /// file. `index` is a position in the list of names. Other programs may change the file at any
 /// time: a command that finds it changed lists it anew, `index` follows its line, and the command
 /// goes on there; when nobody's line is the one that was listed any more it fails with
-/// tables::kEntryChanged, and `index` is that of an entry of the same name or beyond the list. None
+/// tables::kEntryChanged, and `index` is that of an entry of the same name or tables::kNoLine. None
 /// of them asks the user; a failure changes neither the file nor the table in the grid.
 class LibraryCommands {
  public:
@@ -48,7 +48,7 @@ class LibraryCommands {
   [[nodiscard]] std::error_code UpdateEntry(std::size_t& index);
 
   /// A name was entered for the grid's table: adds it to file and list.
-  [[nodiscard]] NameResult EnterName(std::string_view typed);
+  [[nodiscard]] NameResult EnterName(std::string_view typed, std::size_t& index);
 
   /// Makes another table file the active one and lists it.
   void SetActiveTable(std::string_view path);

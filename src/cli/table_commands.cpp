@@ -219,7 +219,8 @@ Exit Add(const StoreOptions& options, Console& console) {
   tables::TableWriter writer = Writer();
   app::LibraryCommands library(session, writer);
   library.FillEntryList();
-  switch (library.EnterName(options.entry)) {
+  std::size_t nobodys = 0;
+  switch (library.EnterName(options.entry, nobodys)) {
     case app::NameResult::Added:
       return Exit::Done;
     case app::NameResult::Empty:

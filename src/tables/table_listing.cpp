@@ -61,7 +61,7 @@ std::optional<std::size_t> FindSameName(const TableListing& listing, std::string
   return static_cast<std::size_t>(found - listing.names.begin());
 }
 
-// The place of the same line, else of the same name, else the number of lines.
+// The place of the same line, else of the same name.
 std::size_t PlaceOf(const TableListing& listing, const TableListing& former, std::size_t index,
                     bool& isSameLine) {
   const std::optional<std::size_t> line = FindSameLine(listing, former, index);
@@ -69,7 +69,7 @@ std::size_t PlaceOf(const TableListing& listing, const TableListing& former, std
   if (line) return *line;
   const std::optional<std::size_t> named =
       index < former.names.size() ? FindSameName(listing, former.names[index]) : std::nullopt;
-  return named.value_or(listing.lines.size());
+  return named.value_or(kNoLine);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +39,9 @@ struct TableListing {
   [[nodiscard]] bool HasName(std::string_view name) const;
 };
 
+/// The index of an entry that is nowhere in the listing.
+inline constexpr std::size_t kNoLine = std::numeric_limits<std::size_t>::max();
+
 /// Called again and again during work that may last; may be empty.
 using KeepAlive = std::function<void()>;
 
@@ -46,8 +50,7 @@ using KeepAlive = std::function<void()>;
                                        const KeepAlive& keepAlive = {});
 
 /// Lists the file anew when it is no longer the one listed; whether it was not. `index` follows its
-/// line: the nearest line of the same text, else the first entry of the same name; it becomes the
-/// number of lines when there is neither.
+/// line: the nearest line of the same text, else the first entry of the same name, else kNoLine.
 bool Refresh(const std::filesystem::path& file, TableListing& listing, std::size_t& index,
              const KeepAlive& keepAlive = {});
 

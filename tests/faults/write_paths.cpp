@@ -104,7 +104,10 @@ Workplace::Workplace(const fs::path& folder, platform::FileLayer& files)
   library.SetActiveTable(platform::ToText(folder / kLibrary));
 }
 
-bool Workplace::Add(string_view name) { return library.EnterName(name) == app::NameResult::Added; }
+bool Workplace::Add(string_view name) {
+  std::size_t selected = 0;
+  return library.EnterName(name, selected) == app::NameResult::Added;
+}
 
 bool Workplace::Update(string_view name) {
   std::size_t index = IndexOf(name);

@@ -22,7 +22,8 @@ class TableLibrary : public test::TemporaryFolder {
     return writer_.RemoveEntry(file_, listing_, index);
   }
   [[nodiscard]] std::error_code Append(const CurveTableEntry& entry = kEntry) {
-    return writer_.AppendEntry(file_, listing_, entry);
+    std::size_t index = 0;
+    return writer_.AppendEntry(file_, listing_, index, entry);
   }
   [[nodiscard]] std::optional<std::string> Line(std::size_t index) {
     std::string line;
@@ -158,16 +159,10 @@ TEST_F(TableLibrary, AChangeFollowsItsLineOrIsNotMade) {
     std::optional<std::size_t> place;  // nothing: no change
     std::size_t index;
   } cases[] = {
-      {a + b + c, 1, 1},
-      {other + a + b + c, 2, 2},
-      {b + a + c, 0, 0},
-      {a + a + a + b, 3, 3},
-      {b + a + a + b + b + c, 0, 0},
-      {a + edited + c, {}, 1},
-      {edited + a + c, {}, 0},
-      {a + c, {}, 2},
-      {a + other + c, {}, 3},
-      {"", {}, 0},
+      {a + b + c, 1, 1},       {other + a + b + c, 2, 2},     {b + a + c, 0, 0},
+      {a + a + a + b, 3, 3},   {b + a + a + b + b + c, 0, 0}, {a + edited + c, {}, 1},
+      {edited + a + c, {}, 0}, {a + c, {}, kNoLine},          {a + other + c, {}, kNoLine},
+      {"", {}, kNoLine},
   };
   for (const auto& [now, place, index] : cases) {
     for (const std::string& line : {kEntryLine, std::string()}) {
@@ -209,7 +204,7 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   const fs::path backup = Folder() / "t.dat.bak";
   TableWriter writer(SystemFiles(), Backups::AtFirstWrite);
   std::size_t index = 0;
-  EXPECT_FALSE(writer.AppendEntry(file_, listing_, kEntry));
+  EXPECT_FALSE(writer.AppendEntry(file_, listing_, index, kEntry));
   EXPECT_EQ(BytesOf(backup), kThree);
   EXPECT_FALSE(writer.RemoveEntry(file_, listing_, index));
   EXPECT_FALSE(writer.ReplaceEntry(fs::absolute(file_), listing_, index, kEntry));

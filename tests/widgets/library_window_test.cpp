@@ -96,6 +96,26 @@ class LibraryWindowTest : public QObject {
     QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("6"));
   }
 
+  void AddingFollowsTheSelectionAndMeetsNewNames() {
+    WindowFixture& f = StartWithEdits();
+    auto* const box = f.Find<QLineEdit>("Text1");
+    const auto add = [&f, box](const char* name) {
+      f.Click("Command3");
+      box->setText(QLatin1String(name));
+      QTest::keyClick(box, Qt::Key_Return);
+    };
+    f.Write("relayTables.dat", kForeign + kA + kB + kC);
+    add("FOREIGN");
+    QCOMPARE(f.dialogs.asked.size(), 1u);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|Cäsar"));
+    QCOMPARE(f.SelectedRow(), 2);
+    f.Write("relayTables.dat", kB + kA);
+    add("new");
+    QCOMPARE(f.Bytes(), kB + kA + "{\"new\"\t(8;10)(3;4) 001}\r\n");
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Berta|Anna|new"));
+    QCOMPARE(f.SelectedRow(), 0);
+  }
+
   void AFileThatCannotBeWrittenIsSaidInTheStatusBarAndKeepsTheEdits() {
     WindowFixture& f = StartWithEdits();
     const auto expectKept = [&f, this] {

@@ -82,17 +82,19 @@ void LibraryController::Update() {
 }
 
 void LibraryController::EnterName(const QString& name) {
-  const std::optional<std::size_t> selected = panel_.SelectedIndex();
+  const std::size_t readings = session_.listing.readings;
+  std::size_t selected = panel_.SelectedIndex().value_or(tables::kNoLine);
   const ResponsiveFiles::Work work(files_);
-  switch (commands_.EnterName(name.toStdString())) {
+  const NameResult result = commands_.EnterName(name.toStdString(), selected);
+  if (result == NameResult::Added || session_.listing.readings != readings) {
+    // The new entry is not selected.
+    panel_.ShowNames(selected);
+    Q_EMIT LibraryChanged();
+  }
+  switch (result) {
     case NameResult::Empty:
-      panel_.CloseNameBox();
-      break;
     case NameResult::Added:
       panel_.CloseNameBox();
-      // The new entry is not selected.
-      panel_.ShowNames(selected.value_or(session_.listing.names.size()));
-      Q_EMIT LibraryChanged();
       break;
     case NameResult::Duplicate:
       dialogs_.Inform(MessageFor(session_, MessageBox::DuplicateName,
@@ -123,7 +125,7 @@ void LibraryController::LookAtFile() {
   seen_ = now;
   if (!isSettled || now == session_.listing.stamp) return;
   const ResponsiveFiles::Work work(files_);
-  std::size_t index = panel_.SelectedIndex().value_or(session_.listing.lines.size());
+  std::size_t index = panel_.SelectedIndex().value_or(tables::kNoLine);
   if (!commands_.RefreshEntryList(index)) return;
   panel_.ShowNames(index);
   Q_EMIT LibraryChanged();
