@@ -16,7 +16,7 @@ ValueModeBinding::ValueModeBinding(Session& session, TablePanel& panel)
   connect(panel.text3, &QLineEdit::editingFinished, this, &ValueModeBinding::LeaveMultiplier);
 }
 
-void ValueModeBinding::LeaveMultiplier() {
+void ValueModeBinding::LeaveMultiplier() const {
   const std::string text = panel_.text3->text().toStdString();
   if (editor::MultiplierWhenLeft(text).empty()) panel_.text3->clear();
 }

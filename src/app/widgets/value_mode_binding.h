@@ -21,7 +21,7 @@ class ValueModeBinding : public QObject {
  public Q_SLOTS:
   /// The multiplier is left, or used while it is still being typed: a button's access key leaves
   /// the focus where it is.
-  void LeaveMultiplier();
+  void LeaveMultiplier() const;
 
  Q_SIGNALS:
   /// The user changed one of them.

@@ -205,12 +205,12 @@ void CurveGridView::PlaceEditor() {
 // The table view itself would draw all of its cells anew whenever the focus comes or goes, which
 // it does twice for every cell that is left with Enter. Only the selected ones look different.
 void CurveGridView::focusInEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusInEvent(event);
+  QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call) as said
   viewport()->update(visualRegionForSelection(selectionModel()->selection()));
 }
 
 void CurveGridView::focusOutEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusOutEvent(event);
+  QAbstractScrollArea::focusOutEvent(event);  // NOLINT(bugprone-parent-virtual-call) as said
   viewport()->update(visualRegionForSelection(selectionModel()->selection()));
 }
 
