@@ -82,7 +82,7 @@ void ExchangeDialog::showEvent(QShowEvent* event) {
   if (opened_) return;
   opened_ = true;
   // The question for the file waits until this window stands behind it.
-  QMetaObject::invokeMethod(this, &ExchangeDialog::Opened, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, "Opened", Qt::QueuedConnection);
 }
 
 void ExchangeDialog::done(int result) {
