@@ -11,6 +11,11 @@ namespace zentab::app {
 namespace {
 
 class ReferenceGraphCommandsTest : public test::TemporaryFolder {
+ public:
+  ~ReferenceGraphCommandsTest() override {
+    std::filesystem::current_path(std::filesystem::temp_directory_path());
+  }
+
  protected:
   ReferenceGraphCommandsTest() {
     test::InstallSimulators(Folder());
@@ -23,9 +28,6 @@ class ReferenceGraphCommandsTest : public test::TemporaryFolder {
     instruments_.Choose(tables::Instrument::Current);
     EXPECT_TRUE(instruments_.Open().open);
     std::filesystem::remove(Folder() / "Zentab.log");
-  }
-  ~ReferenceGraphCommandsTest() override {
-    std::filesystem::current_path(std::filesystem::temp_directory_path());
   }
 
   void Fill(const std::vector<std::string>& cells) {

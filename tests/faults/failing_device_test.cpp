@@ -26,11 +26,13 @@ std::filesystem::path QuickFolder() {
 }
 
 class FailingDevice : public TemporaryFolder {
- protected:
-  FailingDevice() : TemporaryFolder(QuickFolder()) {}
+ public:
   ~FailingDevice() override {
     std::filesystem::current_path(std::filesystem::temp_directory_path());
   }
+
+ protected:
+  FailingDevice() : TemporaryFolder(QuickFolder()) {}
 
   // The step that failed, or nothing when there was none left to fail.
   std::string Try(const WritePath& path, const DeviceFault& fault, std::size_t step) {

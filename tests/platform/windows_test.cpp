@@ -21,9 +21,10 @@ namespace {
 constexpr const char* kKey = "Software\\ZentabTest";
 
 class WindowsRegistryTest : public ::testing::Test {
- protected:
+ public:
   ~WindowsRegistryTest() override { RegDeleteTreeA(HKEY_CURRENT_USER, kKey); }
 
+ protected:
   static void Set(const char* name, DWORD type, std::string_view bytes) {
     ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, kKey, name, type, bytes.data(),
                               static_cast<DWORD>(bytes.size())),
@@ -79,7 +80,7 @@ TEST(WindowsTexts, PassThroughTheCodePageOfTheSystem) {
 }
 
 class WindowsFiles : public test::TemporaryFolder {
- protected:
+ public:
   ~WindowsFiles() override {
     std::filesystem::current_path(std::filesystem::temp_directory_path());
   }

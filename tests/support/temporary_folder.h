@@ -15,12 +15,7 @@ namespace zentab::test {
 
 /// A test with an empty folder of its own, which goes when the test ends.
 class TemporaryFolder : public ::testing::Test {
- protected:
-  explicit TemporaryFolder(
-      const std::filesystem::path& parent = std::filesystem::temp_directory_path())
-      : folder_(parent / ("zentab-test-" + std::to_string(std::random_device()()))) {
-    std::filesystem::create_directory(folder_);
-  }
+ public:
   ~TemporaryFolder() override {
     // Windows removes neither read-only files nor what a test holds open.
     std::error_code ignored;
@@ -29,6 +24,13 @@ class TemporaryFolder : public ::testing::Test {
                                    std::filesystem::perm_options::add, ignored);
     }
     std::filesystem::remove_all(folder_, ignored);
+  }
+
+ protected:
+  explicit TemporaryFolder(
+      const std::filesystem::path& parent = std::filesystem::temp_directory_path())
+      : folder_(parent / ("zentab-test-" + std::to_string(std::random_device()()))) {
+    std::filesystem::create_directory(folder_);
   }
 
   [[nodiscard]] const std::filesystem::path& Folder() const { return folder_; }

@@ -12,11 +12,13 @@ using tables::Instrument;
 using Lines = std::vector<std::string>;
 
 class InstrumentSessionTest : public test::TemporaryFolder {
- protected:
-  InstrumentSessionTest() { test::InstallSimulators(Folder()); }
+ public:
   ~InstrumentSessionTest() override {
     std::filesystem::current_path(std::filesystem::temp_directory_path());
   }
+
+ protected:
+  InstrumentSessionTest() { test::InstallSimulators(Folder()); }
 
   OpenOutcome ChooseAndOpen(Instrument kind) {
     session.Choose(kind);
