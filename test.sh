@@ -8,6 +8,8 @@
 #   ./test.sh fuzz-short  every fuzz target for ten seconds
 #   ./test.sh faults [KILLS [SECONDS]]   kills in the middle of a change, 1000 on the disk and as
 #                         many in memory; a full device (as root); competing processes, for 60 s
+#   ./test.sh load        the window on a library of 1,000,000 entries, and hostile expressions,
+#                         each beside its limit
 #   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
 #                         benchmarks build
 set -euo pipefail
@@ -77,6 +79,16 @@ faults() {
   "$bin/writers_harness" "$((seconds / 3))" 4
 }
 
+load() {
+  need "${build_packages[@]}" "${window_packages[@]}" "${bench_packages[@]}"
+  build bench
+  echo "== a library of 1,000,000 entries"
+  # The offscreen platform warns of what it lacks, which is nothing that counts here.
+  QT_LOGGING_RULES="*.warning=false" build/bench/bin/load_bench
+  echo "== hostile expressions"
+  build/bench/bin/hostile_bench
+}
+
 case "${1:-dev}" in
   dev | asan | no-gui) run "${1:-dev}" ;;
   static) scripts/check-static.sh ;;
@@ -91,8 +103,9 @@ case "${1:-dev}" in
     build bench
     ;;
   faults) faults "${@:2}" ;;
+  load) load ;;
   *)
-    sed -n '2,12s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,14s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac
