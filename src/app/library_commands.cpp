@@ -57,14 +57,15 @@ std::error_code LibraryCommands::UpdateEntry(std::size_t& index) {
   return {};
 }
 
-NameResult LibraryCommands::EnterName(std::string_view typed) {
+NameResult LibraryCommands::EnterName(std::string_view typed, std::size_t& index) {
   std::string name(texts::TrimBlanks(typed));
   // A pasted line break would end the entry's line; file and list take a blank for it.
   std::replace_if(
       name.begin(), name.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   if (name.empty()) return NameResult::Empty;
-  if (session_.listing.HasName(name)) return NameResult::Duplicate;
-  const std::error_code error = writer_.AppendEntry(File(), session_.listing, EntryFromGrid(name));
+  if (session_.listing.HasName(name, Alive())) return NameResult::Duplicate;
+  const std::error_code error =
+      writer_.AppendEntry(File(), session_.listing, index, EntryFromGrid(name));
   if (error == std::errc::file_exists) return NameResult::Duplicate;
   return error ? NameResult::NotWritten : NameResult::Added;
 }

@@ -219,7 +219,8 @@ Exit Add(const StoreOptions& options, Console& console) {
   tables::TableWriter writer = Writer();
   app::LibraryCommands library(session, writer);
   library.FillEntryList();
-  switch (library.EnterName(options.entry)) {
+  std::size_t none = session.listing.lines.size();
+  switch (library.EnterName(options.entry, none)) {
     case app::NameResult::Added:
       return Exit::Done;
     case app::NameResult::Empty:

@@ -78,9 +78,12 @@ std::uint64_t TableListing::EndOf(std::size_t index) const {
   return index + 1 < lines.size() ? lines[index + 1].offset : end;
 }
 
-bool TableListing::HasName(std::string_view name) const {
+bool TableListing::HasName(std::string_view name, const KeepAlive& keepAlive) const {
+  constexpr std::size_t kKeepAliveEvery = 10'000;  // names
   const std::string wanted = platform::LowerCase(name);
-  return std::any_of(names.begin(), names.end(), [&wanted](const std::string& other) {
+  std::size_t count = 0;
+  return std::any_of(names.begin(), names.end(), [&](const std::string& other) {
+    if (keepAlive && ++count % kKeepAliveEvery == 0) keepAlive();
     if (!platform::IsAscii(other)) return platform::LowerCase(other) == wanted;
     // Most names are of this kind, and no copy is made of them.
     return std::equal(other.begin(), other.end(), wanted.begin(), wanted.end(),

@@ -14,6 +14,9 @@
 
 namespace zentab::tables {
 
+/// Called again and again during work that may last; may be empty.
+using KeepAlive = std::function<void()>;
+
 /// Where a line of a table file begins, and what it holds, as a hash of its text.
 struct LineMark {
   std::uint64_t offset;  // bytes from the file's start
@@ -35,11 +38,8 @@ struct TableListing {
   /// The offset behind line `index` and its line end.
   [[nodiscard]] std::uint64_t EndOf(std::size_t index) const;
   /// Whether one of the names equals `name`, letters of any alphabet compared without case.
-  [[nodiscard]] bool HasName(std::string_view name) const;
+  [[nodiscard]] bool HasName(std::string_view name, const KeepAlive& keepAlive = {}) const;
 };
-
-/// Called again and again during work that may last; may be empty.
-using KeepAlive = std::function<void()>;
 
 /// Reads a table file. A missing or unreadable file has no lines.
 [[nodiscard]] TableListing ListEntries(const std::filesystem::path& file,

@@ -165,23 +165,24 @@ std::error_code TableWriter::Append(const fs::path& file, const platform::Conten
 }
 
 std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& listing,
-                                         const CurveTableEntry& entry) {
+                                         std::size_t& index, const CurveTableEntry& entry) {
   const std::string line = NewLine(entry);
   platform::FileStamp stamp;
   // Under the lock: the name must be free in the file as it is now.
   const std::error_code error = Append(
       file,
       [&](platform::OutputFile& output) {
-        std::size_t none = 0;
-        if (Refresh(file, listing, none, Alive()) && listing.HasName(entry.name)) {
+        if (Refresh(file, listing, index, Alive()) && listing.HasName(entry.name, Alive())) {
           return std::make_error_code(std::errc::file_exists);
         }
         return output.Write(line);
       },
       stamp);
   if (error) return error;
+  const bool isOfNoLine = index >= listing.lines.size();
   listing.names.push_back(entry.name);
   listing.lines.push_back(MarkOf(stamp.size - line.size(), line));
+  if (isOfNoLine) index = listing.lines.size();
   listing.end = stamp.size;
   listing.stamp = stamp;
   return {};

@@ -40,10 +40,12 @@ class TableWriter {
                                             TableListing& listing, std::size_t& index);
 
   /// Adds the entry's line at the end of the file, which is created when it is missing. A last
-  /// line without a line end gets one first. Fails with std::errc::file_exists when the file has
-  /// got an entry of that name since it was listed.
+  /// line without a line end gets one first. `index`, of any other line, follows it as in Refresh.
+  /// Fails with std::errc::file_exists when the file has got an entry of that name since it was
+  /// listed.
   [[nodiscard]] std::error_code AppendEntry(const std::filesystem::path& file,
-                                            TableListing& listing, const CurveTableEntry& entry);
+                                            TableListing& listing, std::size_t& index,
+                                            const CurveTableEntry& entry);
 
   /// Adds what `write` writes, whole lines, in the same way.
   [[nodiscard]] std::error_code AppendLines(const std::filesystem::path& file,

@@ -24,6 +24,9 @@ class LibraryCommandsTest : public test::TemporaryFolder {
   std::error_code Read(std::size_t index) { return commands_.ReadEntry(index); }
   std::error_code Update(std::size_t index) { return commands_.UpdateEntry(index); }
   std::error_code Remove(std::size_t index) { return commands_.RemoveEntry(index); }
+  NameResult Enter(std::string_view name, std::size_t index = 0) {
+    return commands_.EnterName(name, index);
+  }
 
   Session session_;
   tables::TableWriter writer_{platform::SystemFiles(), tables::Backups::None};
@@ -64,11 +67,11 @@ TEST_F(LibraryCommandsTest, UpdateAndRemoveWorkOnTheirLineOnly) {
 
 TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
   session_.table.tableModified = true;
-  EXPECT_EQ(commands_.EnterName(""), NameResult::Empty);
-  EXPECT_EQ(commands_.EnterName("   "), NameResult::Empty);
-  EXPECT_EQ(commands_.EnterName(" b "), NameResult::Duplicate);
-  EXPECT_EQ(commands_.EnterName("  Übung "), NameResult::Added);
-  EXPECT_EQ(commands_.EnterName("üBUNG"), NameResult::Duplicate);
+  EXPECT_EQ(Enter(""), NameResult::Empty);
+  EXPECT_EQ(Enter("   "), NameResult::Empty);
+  EXPECT_EQ(Enter(" b "), NameResult::Duplicate);
+  EXPECT_EQ(Enter("  Übung "), NameResult::Added);
+  EXPECT_EQ(Enter("üBUNG"), NameResult::Duplicate);
   EXPECT_EQ(session_.listing.names, (NameList{"A", "B", "Übung"}));
   EXPECT_EQ(BytesOf(Folder() / "t.dat"), std::string(kTable) +
                                              "{\"\xDC"
@@ -82,7 +85,7 @@ TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
 TEST_F(LibraryCommandsTest, AMissingTableIsEmptyUntilSomethingIsAdded) {
   commands_.SetActiveTable((Folder() / "new.dat").string());
   EXPECT_EQ(session_.listing.names, NameList());
-  EXPECT_EQ(commands_.EnterName("first"), NameResult::Added);
+  EXPECT_EQ(Enter("first"), NameResult::Added);
   EXPECT_EQ(BytesOf(Folder() / "new.dat"), "{\"first\"\t 000}\r\n");
 }
 

@@ -104,7 +104,10 @@ Workplace::Workplace(const fs::path& folder, platform::FileLayer& files)
   library.SetActiveTable(platform::ToText(folder / kLibrary));
 }
 
-bool Workplace::Add(string_view name) { return library.EnterName(name) == app::NameResult::Added; }
+bool Workplace::Add(string_view name) {
+  std::size_t none = session.listing.lines.size();
+  return library.EnterName(name, none) == app::NameResult::Added;
+}
 
 bool Workplace::Update(string_view name) {
   std::size_t index = IndexOf(name);

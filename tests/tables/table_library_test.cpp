@@ -22,7 +22,8 @@ class TableLibrary : public test::TemporaryFolder {
     return writer_.RemoveEntry(file_, listing_, index);
   }
   [[nodiscard]] std::error_code Append(const CurveTableEntry& entry = kEntry) {
-    return writer_.AppendEntry(file_, listing_, entry);
+    std::size_t none = listing_.lines.size();
+    return writer_.AppendEntry(file_, listing_, none, entry);
   }
   [[nodiscard]] std::optional<std::string> Line(std::size_t index) {
     std::string line;
@@ -209,7 +210,7 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   const fs::path backup = Folder() / "t.dat.bak";
   TableWriter writer(SystemFiles(), Backups::AtFirstWrite);
   std::size_t index = 0;
-  EXPECT_FALSE(writer.AppendEntry(file_, listing_, kEntry));
+  EXPECT_FALSE(writer.AppendEntry(file_, listing_, index, kEntry));
   EXPECT_EQ(BytesOf(backup), kThree);
   EXPECT_FALSE(writer.RemoveEntry(file_, listing_, index));
   EXPECT_FALSE(writer.ReplaceEntry(fs::absolute(file_), listing_, index, kEntry));

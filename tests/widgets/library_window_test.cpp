@@ -96,6 +96,43 @@ class LibraryWindowTest : public QObject {
     QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("6"));
   }
 
+  void ANameIsEnteredIntoTheFileAsItIsNow() {
+    WindowFixture& f = StartWithEdits();
+    auto* const box = f.Find<QLineEdit>("Text1");
+    const auto enter = [&f, box](const char* name) {
+      f.Click("Command3");
+      box->setText(QLatin1String(name));
+      QTest::keyClick(box, Qt::Key_Return);
+    };
+    const QByteArray added = "{\"new\"\t(8;10)(3;4) 001}\r\n";
+    f.Write("relayTables.dat", kForeign + kA + kB + kC);
+    enter("new");
+    QCOMPARE(f.Bytes(), kForeign + kA + kB + kC + added);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|Cäsar|new"));
+    QCOMPARE(f.SelectedRow(), 2);
+
+    // The device is full behind the copy of what was there.
+    f.Write("relayTables.dat", kC + kB);
+    f.files.bytesThatFit = static_cast<std::size_t>((kC + kB).size());
+    enter("kept");
+    f.files.bytesThatFit = test::FailingFileLayer::kNever;
+    QCOMPARE(f.Bytes(), kC + kB);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Cäsar|Berta"));
+    QCOMPARE(f.SelectedRow(), 1);
+    QCOMPARE(box->text(), QStringLiteral("kept"));
+
+    f.Write("relayTables.dat", kForeign);
+    enter("FOREIGN");
+    QCOMPARE(f.dialogs.asked.size(), 1u);
+    QCOMPARE(box->text(), QString());
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign"));
+    QCOMPARE(f.SelectedRow(), -1);
+    enter("new");
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|new"));
+    QCOMPARE(f.SelectedRow(), -1);
+    ExpectEdits();
+  }
+
   void AFileThatCannotBeWrittenIsSaidInTheStatusBarAndKeepsTheEdits() {
     WindowFixture& f = StartWithEdits();
     const auto expectKept = [&f, this] {

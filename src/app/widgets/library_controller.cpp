@@ -82,17 +82,10 @@ void LibraryController::Update() {
 }
 
 void LibraryController::EnterName(const QString& name) {
-  const std::optional<std::size_t> selected = panel_.SelectedIndex();
-  const ResponsiveFiles::Work work(files_);
-  switch (commands_.EnterName(name.toStdString())) {
+  switch (Add(name)) {
     case NameResult::Empty:
-      panel_.CloseNameBox();
-      break;
     case NameResult::Added:
       panel_.CloseNameBox();
-      // The new entry is not selected.
-      panel_.ShowNames(selected.value_or(session_.listing.names.size()));
-      Q_EMIT LibraryChanged();
       break;
     case NameResult::Duplicate:
       dialogs_.Inform(MessageFor(session_, MessageBox::DuplicateName,
@@ -154,6 +147,19 @@ bool LibraryController::Run(Command command, std::size_t& index) {
     Q_EMIT Failed(FailureText(reads ? session_.texts.program.readFailed : WriteFailure(), error));
   }
   return !error;
+}
+
+NameResult LibraryController::Add(const QString& name) {
+  const std::size_t readings = session_.listing.readings;
+  const ResponsiveFiles::Work work(files_);
+  std::size_t index = panel_.SelectedIndex().value_or(session_.listing.lines.size());
+  const NameResult result = commands_.EnterName(name.toStdString(), index);
+  if (result == NameResult::Added || session_.listing.readings != readings) {
+    // The new entry is not selected.
+    panel_.ShowNames(index);
+    Q_EMIT LibraryChanged();
+  }
+  return result;
 }
 
 }  // namespace zentab::app

@@ -56,6 +56,7 @@ class LibraryController : public QObject {
   [[nodiscard]] bool Agreed(MessageBox box, std::size_t index) const;
   [[nodiscard]] const std::string& WriteFailure() const;
   [[nodiscard]] bool Run(Command command, std::size_t& index);
+  [[nodiscard]] NameResult Add(const QString& name);
 
   Session& session_;
   ResponsiveFiles& files_;
