@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
@@ -171,6 +172,27 @@ class LibraryWindowTest : public QObject {
     QVERIFY(Message().contains(QStringLiteral("no backup")));
     QCOMPARE(f.dialogs.asked.size(), 9u);
     QVERIFY2(!f.Bytes().isEmpty() && !QFile::exists(f.Path("relayTables.dat.new")), "left behind");
+  }
+
+  void TheListStaysWhereItWasScrolledTo() {
+    QByteArray many;
+    for (int number = 0; number < 500; ++number) {
+      many += "{\"" + QByteArray::number(number) + "\"\t(1;2) 001}\r\n";
+    }
+    made_ = std::make_unique<WindowFixture>(many);
+    WindowFixture& f = *made_;
+    auto* const bar = f.Find<QListView>("List1")->verticalScrollBar();
+    QTRY_VERIFY(bar->maximum() > 300);
+    bar->setValue(300);
+    f.Write("relayTables.dat", many + kForeign);
+    QTRY_COMPARE(f.session.listing.names.size(), 501u);
+    QCOMPARE(bar->value(), 300);
+    QCOMPARE(f.SelectedRow(), 0);
+    // The selected name stays in view when it was.
+    bar->setValue(0);
+    f.Write("relayTables.dat", many + many);
+    QTRY_COMPARE(f.session.listing.names.size(), 1000u);
+    QCOMPARE(bar->value(), 0);
   }
 
   void TheFilterFindsNamesAndCommandsWorkOnWhatItShows() {

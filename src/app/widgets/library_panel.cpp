@@ -139,11 +139,14 @@ void LibraryPanel::BuildNameBox() {
 
 void LibraryPanel::ShowNames(std::size_t selected) {
   const int scrolled = list1_->verticalScrollBar()->value();
+  const QRect current = list1_->visualRect(list1_->currentIndex());
+  const bool wasInView = list1_->viewport()->rect().intersects(current);
   model_->Reload();
   const int row = model_->RowFrom(selected);
   if (row < model_->rowCount() && model_->EntryOf(row) == selected) SelectRow(row);
   list1_->verticalScrollBar()->setValue(scrolled);
-  list1_->scrollTo(list1_->currentIndex());
+  // Who has scrolled away from the selected name looks at others.
+  if (wasInView) list1_->scrollTo(list1_->currentIndex());
   RefreshButtons();
 }
 
