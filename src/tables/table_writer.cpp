@@ -134,8 +134,8 @@ std::error_code TableWriter::ReplaceEntry(const fs::path& file, TableListing& li
   const std::string line = NewLine(entry);
   if (const std::error_code error = ChangeLine(file, listing, index, line)) return error;
   PutLine(listing, index, line);
-  // A list that does not show its lines one to one is read again at the next occasion.
-  if (!listing.nameless.empty()) listing.stamp.reset();
+  // A list that does not show its lines one to one cannot be changed in one place.
+  if (!listing.nameless.empty()) ListAgain(file, listing, index, Alive());
   return {};
 }
 
@@ -144,7 +144,11 @@ std::error_code TableWriter::RemoveEntry(const fs::path& file, TableListing& lis
   if (const std::error_code error = ChangeLine(file, listing, index, {})) return error;
   const std::uint64_t offset = listing.lines[index].offset;
   TakeLine(listing, index);
-  if (!listing.nameless.empty() || HasMelted(file, offset)) listing.stamp.reset();
+  // The line behind it, of whatever text, stays the one at the index.
+  std::size_t place = index;
+  if (!listing.nameless.empty() || HasMelted(file, offset)) {
+    ListAgain(file, listing, place, Alive());
+  }
   return {};
 }
 

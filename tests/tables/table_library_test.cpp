@@ -144,9 +144,15 @@ TEST_F(TableLibrary, TheListingFollowsTheOwnChanges) {
   // What was two lines is one line end now.
   List("{\"a\"\r{\"b\"\r\n\n{\"c\"");
   EXPECT_FALSE(Remove(1));
-  std::size_t first = 0;
-  EXPECT_TRUE(Refresh(file_, listing_, first));
+  ExpectUpToDate();
   EXPECT_EQ(Line(1), "{\"c\"");
+  // A list that does not show its lines one to one.
+  List("{\"a\"\t 000}\r\n\r\n{\"b\"\t 000}\r\n{\"c\"\t 000}\r\n");
+  EXPECT_FALSE(Replace(1));
+  ExpectUpToDate();
+  EXPECT_FALSE(Remove(0));
+  ExpectUpToDate();
+  EXPECT_EQ(Line(0), "{\"Ü\"\t(1.5;2) 011}");
 }
 
 // What someone else made of the file a, b, c since it was listed, and what becomes of a change of
