@@ -19,7 +19,9 @@ bool HoldsAscii(std::string_view name, std::string_view lower) {
 }  // namespace
 
 std::vector<std::size_t> EntriesNamedLike(const std::vector<std::string>& names,
-                                          std::string_view text) {
+                                          std::string_view text,
+                                          const std::function<void()>& keepAlive) {
+  constexpr std::size_t kAliveEvery = 10'000;  // names
   const std::string wanted = platform::LowerCase(text);
   const bool isAscii = platform::IsAscii(wanted);
   const auto holds = [&](const std::string& name) {
@@ -29,6 +31,7 @@ std::vector<std::size_t> EntriesNamedLike(const std::vector<std::string>& names,
   std::vector<std::size_t> places;
   for (std::size_t place = 0; place < names.size(); ++place) {
     if (holds(names[place])) places.push_back(place);
+    if (keepAlive && place % kAliveEvery == 0) keepAlive();
   }
   return places;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,8 +9,9 @@
 namespace zentab::app {
 
 /// The places of the names that hold `text` (UTF-8), letters compared without case, in order; all
-/// of them for an empty text. Takes about a microsecond for ten names of plain ASCII.
+/// of them for an empty text. `keepAlive`, which may be empty, is called again and again meanwhile.
 [[nodiscard]] std::vector<std::size_t> EntriesNamedLike(const std::vector<std::string>& names,
-                                                        std::string_view text);
+                                                        std::string_view text,
+                                                        const std::function<void()>& keepAlive);
 
 }  // namespace zentab::app

@@ -63,7 +63,7 @@ NameResult LibraryCommands::EnterName(std::string_view typed, std::size_t& index
   std::replace_if(
       name.begin(), name.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   if (name.empty()) return NameResult::Empty;
-  if (session_.listing.HasName(name)) return NameResult::Duplicate;
+  if (session_.listing.HasName(name, Alive())) return NameResult::Duplicate;
   const std::error_code error =
       writer_.AppendEntry(File(), session_.listing, index, EntryFromGrid(name));
   if (error == std::errc::file_exists) return NameResult::Duplicate;

@@ -47,7 +47,7 @@ class LibraryCommands {
   /// Writes the grid and the settings under the name at `index`.
   [[nodiscard]] std::error_code UpdateEntry(std::size_t& index);
 
-  /// A name was entered for the grid's table: adds it to file and list.
+  /// A name was entered for the grid's table: adds it to file and list. `index` stays on its line.
   [[nodiscard]] NameResult EnterName(std::string_view typed, std::size_t& index);
 
   /// Makes another table file the active one and lists it.

@@ -219,8 +219,8 @@ Exit Add(const StoreOptions& options, Console& console) {
   tables::TableWriter writer = Writer();
   app::LibraryCommands library(session, writer);
   library.FillEntryList();
-  std::size_t nobodys = 0;
-  switch (library.EnterName(options.entry, nobodys)) {
+  std::size_t none = tables::kNoLine;
+  switch (library.EnterName(options.entry, none)) {
     case app::NameResult::Added:
       return Exit::Done;
     case app::NameResult::Empty:

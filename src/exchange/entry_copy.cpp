@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/file_reader.h"
 #include "platform/line_reader.h"
 
 namespace zentab::exchange {
@@ -12,23 +13,20 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Large enough that the calls into the system do not count, small enough to stay in the cache.
-constexpr std::size_t kBlock = 256u << 10;
-
 // Gathers lines into blocks.
 class LineWriter {
  public:
   explicit LineWriter(platform::OutputFile& output) : output_(output) {
-    block_.reserve(2 * kBlock);
+    block_.reserve(2 * platform::kReadBlock);
   }
 
   std::error_code Write(std::string_view text) {
-    if (text.size() > kBlock) {
+    if (text.size() > platform::kReadBlock) {
       if (const std::error_code error = Finish()) return error;
       return output_.Write(text);
     }
     block_ += text;
-    return block_.size() < kBlock ? std::error_code() : Finish();
+    return block_.size() < platform::kReadBlock ? std::error_code() : Finish();
   }
 
   std::error_code Finish() {
@@ -95,7 +93,7 @@ CopyResult CopyEntries(tables::TableWriter& writer, const fs::path& source,
   result.error = lines->Error();
   if (result.error || !any) return result;
 
-  result.error = writer.AppendLines(target, [&](platform::OutputFile& output) {
+  result.error = writer.AppendLines(target, source, [&](platform::OutputFile& output) {
     LineWriter block(output);
     const std::error_code error = WriteLines(*lines, first, block, result.copied);
     // The source may be the file that is about to be replaced.

@@ -80,7 +80,7 @@ fs::path LinkTarget(const fs::path& path) {
 }
 
 std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const ContentWriter& write,
-                            FileStamp* written) {
+                            FileStamp* written, const fs::path& like) {
   const fs::path target = LinkTarget(path);
   if (const std::error_code error = RefuseUnlessReplaceable(target)) return error;
   std::unique_ptr<FileLock> lock;
@@ -90,7 +90,9 @@ std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const Conten
   if (const std::error_code error = files.Remove(fresh)) return error;
   std::unique_ptr<OutputFile> file;
   FileStamp stamp;
-  std::error_code error = files.Create(fresh, target, file);
+  std::error_code unknown;
+  const bool isNew = !like.empty() && !fs::exists(target, unknown);
+  std::error_code error = files.Create(fresh, isNew ? like : target, file);
   if (!error) error = WriteWhole(*file, write, stamp);
   const bool created = file != nullptr;
   file.reset();

@@ -19,9 +19,10 @@ using ContentWriter = std::function<std::error_code(OutputFile&)>;
 /// untouched and no ".new" file remains (when even removing it fails, or the process ends in
 /// between, the next replacement does). A symbolic link stays one: the file it points to is
 /// replaced. A read-only file, or one that is no regular file, is refused. `written` gets the stamp
-/// of the new content.
+/// of the new content. A file that is not there yet gets the access rights of `like`.
 [[nodiscard]] std::error_code ReplaceFile(FileLayer& files, const std::filesystem::path& path,
-                                          const ContentWriter& write, FileStamp* written = nullptr);
+                                          const ContentWriter& write, FileStamp* written = nullptr,
+                                          const std::filesystem::path& like = {});
 
 /// The file that a path means, behind any symbolic links, there or not.
 [[nodiscard]] std::filesystem::path LinkTarget(const std::filesystem::path& path);

@@ -35,13 +35,6 @@ std::optional<std::string> LineAt(const fs::path& file, const TableListing& list
   return bytes;
 }
 
-TableListing ListAgain(const fs::path& file, const TableListing& former,
-                       const KeepAlive& keepAlive) {
-  TableListing listing = ListEntries(file, keepAlive);
-  listing.readings += former.readings;
-  return listing;
-}
-
 std::optional<std::size_t> FindSameLine(const TableListing& listing, const TableListing& former,
                                         std::size_t index) {
   if (index >= former.lines.size()) return std::nullopt;
@@ -62,11 +55,8 @@ std::optional<std::size_t> FindSameName(const TableListing& listing, std::string
 }
 
 // The place of the same line, else of the same name.
-std::size_t PlaceOf(const TableListing& listing, const TableListing& former, std::size_t index,
-                    bool& isSameLine) {
-  const std::optional<std::size_t> line = FindSameLine(listing, former, index);
-  isSameLine = line.has_value();
-  if (line) return *line;
+std::size_t PlaceOf(const TableListing& listing, const TableListing& former, std::size_t index) {
+  if (const std::optional<std::size_t> line = FindSameLine(listing, former, index)) return *line;
   const std::optional<std::size_t> named =
       index < former.names.size() ? FindSameName(listing, former.names[index]) : std::nullopt;
   return named.value_or(kNoLine);
@@ -78,9 +68,12 @@ std::uint64_t TableListing::EndOf(std::size_t index) const {
   return index + 1 < lines.size() ? lines[index + 1].offset : end;
 }
 
-bool TableListing::HasName(std::string_view name) const {
+bool TableListing::HasName(std::string_view name, const KeepAlive& keepAlive) const {
+  constexpr std::size_t kAliveEvery = 10'000;  // names
   const std::string wanted = platform::LowerCase(name);
-  return std::any_of(names.begin(), names.end(), [&wanted](const std::string& other) {
+  std::size_t count = 0;
+  return std::any_of(names.begin(), names.end(), [&](const std::string& other) {
+    if (keepAlive && ++count % kAliveEvery == 0) keepAlive();
     if (!platform::IsAscii(other)) return platform::LowerCase(other) == wanted;
     // Most names are of this kind, and no copy is made of them.
     return std::equal(other.begin(), other.end(), wanted.begin(), wanted.end(),
@@ -110,23 +103,31 @@ TableListing ListEntries(const fs::path& file, const KeepAlive& keepAlive) {
       keepAlive();
     }
   }
+  // Whoever looks again tries again.
+  if (reader.Failed()) listing.stamp.reset();
   return listing;
+}
+
+bool ListAgain(const fs::path& file, TableListing& listing, std::size_t& index,
+               const KeepAlive& keepAlive) {
+  TableListing fresh = ListEntries(file, keepAlive);
+  if (!fresh.stamp && platform::StampOf(file)) return false;
+  fresh.readings += listing.readings;
+  index = PlaceOf(fresh, listing, index);
+  listing = std::move(fresh);
+  return true;
 }
 
 bool Refresh(const fs::path& file, TableListing& listing, std::size_t& index,
              const KeepAlive& keepAlive) {
-  if (listing.stamp == platform::StampOf(file)) return false;
-  TableListing fresh = ListAgain(file, listing, keepAlive);
-  bool isSameLine = false;
-  index = PlaceOf(fresh, listing, index, isSameLine);
-  listing = std::move(fresh);
-  return true;
+  return listing.stamp != platform::StampOf(file) && ListAgain(file, listing, index, keepAlive);
 }
 
 std::error_code ReadLine(const fs::path& file, TableListing& listing, std::size_t& index,
                          std::string& bytes, const KeepAlive& keepAlive) {
   constexpr int kTries = 3;  // of a file that goes on changing
   if (index >= listing.lines.size()) return std::make_error_code(std::errc::result_out_of_range);
+  const std::size_t hash = listing.lines[index].hash;
   for (int left = kTries; left > 0; --left) {
     if (listing.stamp == platform::StampOf(file)) {
       if (std::optional<std::string> line = LineAt(file, listing, index)) {
@@ -134,11 +135,10 @@ std::error_code ReadLine(const fs::path& file, TableListing& listing, std::size_
         return {};
       }
     }
-    TableListing fresh = ListAgain(file, listing, keepAlive);
-    bool isSameLine = false;
-    index = PlaceOf(fresh, listing, index, isSameLine);
-    listing = std::move(fresh);
-    if (!isSameLine) break;
+    if (!ListAgain(file, listing, index, keepAlive)) {
+      return std::make_error_code(std::errc::io_error);
+    }
+    if (index >= listing.lines.size() || listing.lines[index].hash != hash) break;
   }
   return std::make_error_code(kEntryChanged);
 }

@@ -15,6 +15,9 @@
 
 namespace zentab::tables {
 
+/// Called again and again during work that may last; may be empty.
+using KeepAlive = std::function<void()>;
+
 /// Where a line of a table file begins, and what it holds, as a hash of its text.
 struct LineMark {
   std::uint64_t offset;  // bytes from the file's start
@@ -36,21 +39,23 @@ struct TableListing {
   /// The offset behind line `index` and its line end.
   [[nodiscard]] std::uint64_t EndOf(std::size_t index) const;
   /// Whether one of the names equals `name`, letters of any alphabet compared without case.
-  [[nodiscard]] bool HasName(std::string_view name) const;
+  [[nodiscard]] bool HasName(std::string_view name, const KeepAlive& keepAlive = {}) const;
 };
 
 /// The index of an entry that is nowhere in the listing.
 inline constexpr std::size_t kNoLine = std::numeric_limits<std::size_t>::max();
 
-/// Called again and again during work that may last; may be empty.
-using KeepAlive = std::function<void()>;
-
-/// Reads a table file. A missing or unreadable file has no lines.
+/// Reads a table file. A missing or unreadable file has no lines and no stamp.
 [[nodiscard]] TableListing ListEntries(const std::filesystem::path& file,
                                        const KeepAlive& keepAlive = {});
 
-/// Lists the file anew when it is no longer the one listed; whether it was not. `index` follows its
-/// line: the nearest line of the same text, else the first entry of the same name, else kNoLine.
+/// Lists the file anew. `index` follows its line: the nearest line of the same text, else the first
+/// entry of the same name, else kNoLine. A file that is
+/// there but cannot be read at the moment leaves both as they are: false.
+bool ListAgain(const std::filesystem::path& file, TableListing& listing, std::size_t& index,
+               const KeepAlive& keepAlive = {});
+
+/// The same when it is no longer the file listed; whether it was listed anew.
 bool Refresh(const std::filesystem::path& file, TableListing& listing, std::size_t& index,
              const KeepAlive& keepAlive = {});
 
@@ -59,7 +64,8 @@ inline constexpr std::errc kEntryChanged = std::errc::operation_canceled;
 
 /// Reads line `index` of the listing, as the file's bytes without the line end. When the file is no
 /// longer the one listed, it is listed anew and `index` follows as in Refresh. Fails with
-/// kEntryChanged when no line holds the same text.
+/// kEntryChanged when no line holds the same text, and with std::errc::io_error when the file
+/// cannot be read.
 [[nodiscard]] std::error_code ReadLine(const std::filesystem::path& file, TableListing& listing,
                                        std::size_t& index, std::string& bytes,
                                        const KeepAlive& keepAlive = {});

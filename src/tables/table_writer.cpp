@@ -78,15 +78,18 @@ KeepAlive TableWriter::Alive() const {
 }
 
 // The former content is copied, not renamed: the file itself is there at every moment.
-std::error_code TableWriter::KeepBackup(const fs::path& file) {
+std::error_code TableWriter::KeepBackup(const fs::path& file, const fs::path& spared) {
   if (backups_ == Backups::None || written_.contains(Identity(file))) return {};
   platform::FileReader source(file);
   if (!source.IsOpen()) return {};
   fs::path backup = platform::LinkTarget(file);
   backup += ".bak";
+  std::error_code unknown;
+  if (!spared.empty() && fs::equivalent(backup, spared, unknown)) return {};
   const std::error_code error = platform::ReplaceFile(
       files_, backup,
-      [&source](platform::OutputFile& output) { return source.Copy(0, source.Size(), output); });
+      [&source](platform::OutputFile& output) { return source.Copy(0, source.Size(), output); },
+      nullptr, file);
   lacksBackup_ = static_cast<bool>(error);
   return error;
 }
@@ -96,7 +99,7 @@ std::error_code TableWriter::CopyChanged(const fs::path& file, TableListing& lis
                                          platform::OutputFile& output) {
   std::string line;
   if (const auto error = ReadLine(file, listing, index, line, Alive())) return error;
-  if (const auto error = KeepBackup(file)) return error;
+  if (const auto error = KeepBackup(file, {})) return error;
   const std::uint64_t begin = listing.lines[index].offset;
   const std::uint64_t end = listing.EndOf(index);
   platform::FileReader source(file);
@@ -134,8 +137,8 @@ std::error_code TableWriter::ReplaceEntry(const fs::path& file, TableListing& li
   const std::string line = NewLine(entry);
   if (const std::error_code error = ChangeLine(file, listing, index, line)) return error;
   PutLine(listing, index, line);
-  // A list that does not show its lines one to one is read again at the next occasion.
-  if (!listing.nameless.empty()) listing.stamp.reset();
+  // A list that does not show its lines one to one cannot be changed in one place.
+  if (!listing.nameless.empty()) ListAgain(file, listing, index, Alive());
   return {};
 }
 
@@ -144,21 +147,27 @@ std::error_code TableWriter::RemoveEntry(const fs::path& file, TableListing& lis
   if (const std::error_code error = ChangeLine(file, listing, index, {})) return error;
   const std::uint64_t offset = listing.lines[index].offset;
   TakeLine(listing, index);
-  if (!listing.nameless.empty() || HasMelted(file, offset)) listing.stamp.reset();
+  // The line behind it, of whatever text, stays the one at the index.
+  std::size_t place = index;
+  if (!listing.nameless.empty() || HasMelted(file, offset)) {
+    ListAgain(file, listing, place, Alive());
+  }
   return {};
 }
 
-std::error_code TableWriter::CopyComplete(const fs::path& file, platform::OutputFile& output) {
-  if (const auto error = KeepBackup(file)) return error;
+std::error_code TableWriter::CopyComplete(const fs::path& file, const fs::path& spared,
+                                          platform::OutputFile& output) {
+  if (const auto error = KeepBackup(file, spared)) return error;
   platform::FileReader source(file);
   if (const auto error = CopyAll(source, file, output)) return error;
   return EndLastLine(source, output);
 }
 
-std::error_code TableWriter::Append(const fs::path& file, const platform::ContentWriter& write,
+std::error_code TableWriter::Append(const fs::path& file, const fs::path& spared,
+                                    const platform::ContentWriter& write,
                                     platform::FileStamp& written) {
   const auto writeAll = [&](platform::OutputFile& output) {
-    const std::error_code error = CopyComplete(file, output);
+    const std::error_code error = CopyComplete(file, spared, output);
     return error ? error : write(output);
   };
   return Rewrite(file, writeAll, written);
@@ -170,9 +179,9 @@ std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& lis
   platform::FileStamp stamp;
   // Under the lock: the name must be free in the file as it is now.
   const std::error_code error = Append(
-      file,
+      file, {},
       [&](platform::OutputFile& output) {
-        if (Refresh(file, listing, index, Alive()) && listing.HasName(entry.name)) {
+        if (Refresh(file, listing, index, Alive()) && listing.HasName(entry.name, Alive())) {
           return std::make_error_code(std::errc::file_exists);
         }
         return output.Write(line);
@@ -186,10 +195,10 @@ std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& lis
   return {};
 }
 
-std::error_code TableWriter::AppendLines(const fs::path& file,
+std::error_code TableWriter::AppendLines(const fs::path& file, const fs::path& source,
                                          const platform::ContentWriter& write) {
   platform::FileStamp stamp;
-  return Append(file, write, stamp);
+  return Append(file, source, write, stamp);
 }
 
 }  // namespace zentab::tables

@@ -40,14 +40,17 @@ class TableWriter {
                                             TableListing& listing, std::size_t& index);
 
   /// Adds the entry's line at the end of the file, which is created when it is missing. A last
-  /// line without a line end gets one first. Fails with std::errc::file_exists when the file has
-  /// got an entry of that name since it was listed. `index`, any line's, follows as above.
+  /// line without a line end gets one first. `index`, of any other line, follows it as in Refresh.
+  /// Fails with std::errc::file_exists when the file has got an entry of that name since it was
+  /// listed.
   [[nodiscard]] std::error_code AppendEntry(const std::filesystem::path& file,
                                             TableListing& listing, std::size_t& index,
                                             const CurveTableEntry& entry);
 
-  /// Adds what `write` writes, whole lines, in the same way.
+  /// Adds what `write` writes, whole lines of `source`, in the same way. Where the source is the
+  /// backup itself, it is left as it is.
   [[nodiscard]] std::error_code AppendLines(const std::filesystem::path& file,
+                                            const std::filesystem::path& source,
                                             const platform::ContentWriter& write);
 
   /// Whether the last operation failed because the former file could not be kept as a backup; it
@@ -65,14 +68,17 @@ class TableWriter {
                                             std::string_view replacement,
                                             platform::OutputFile& output);
   [[nodiscard]] std::error_code CopyComplete(const std::filesystem::path& file,
+                                             const std::filesystem::path& spared,
                                              platform::OutputFile& output);
   [[nodiscard]] std::error_code Append(const std::filesystem::path& file,
+                                       const std::filesystem::path& spared,
                                        const platform::ContentWriter& write,
                                        platform::FileStamp& written);
   [[nodiscard]] std::error_code Rewrite(const std::filesystem::path& file,
                                         const platform::ContentWriter& write,
                                         platform::FileStamp& written);
-  [[nodiscard]] std::error_code KeepBackup(const std::filesystem::path& file);
+  [[nodiscard]] std::error_code KeepBackup(const std::filesystem::path& file,
+                                           const std::filesystem::path& spared);
   [[nodiscard]] KeepAlive Alive() const;
 
   platform::FileLayer& files_;

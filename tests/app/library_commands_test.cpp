@@ -24,9 +24,8 @@ class LibraryCommandsTest : public test::TemporaryFolder {
   std::error_code Read(std::size_t index) { return commands_.ReadEntry(index); }
   std::error_code Update(std::size_t index) { return commands_.UpdateEntry(index); }
   std::error_code Remove(std::size_t index) { return commands_.RemoveEntry(index); }
-  NameResult EnterName(std::string_view typed) {
-    std::size_t index = 0;
-    return commands_.EnterName(typed, index);
+  NameResult Enter(std::string_view name, std::size_t index = 0) {
+    return commands_.EnterName(name, index);
   }
 
   Session session_;
@@ -68,11 +67,11 @@ TEST_F(LibraryCommandsTest, UpdateAndRemoveWorkOnTheirLineOnly) {
 
 TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
   session_.table.tableModified = true;
-  EXPECT_EQ(EnterName(""), NameResult::Empty);
-  EXPECT_EQ(EnterName("   "), NameResult::Empty);
-  EXPECT_EQ(EnterName(" b "), NameResult::Duplicate);
-  EXPECT_EQ(EnterName("  Übung "), NameResult::Added);
-  EXPECT_EQ(EnterName("üBUNG"), NameResult::Duplicate);
+  EXPECT_EQ(Enter(""), NameResult::Empty);
+  EXPECT_EQ(Enter("   "), NameResult::Empty);
+  EXPECT_EQ(Enter(" b "), NameResult::Duplicate);
+  EXPECT_EQ(Enter("  Übung "), NameResult::Added);
+  EXPECT_EQ(Enter("üBUNG"), NameResult::Duplicate);
   EXPECT_EQ(session_.listing.names, (NameList{"A", "B", "Übung"}));
   EXPECT_EQ(BytesOf(Folder() / "t.dat"), std::string(kTable) +
                                              "{\"\xDC"
@@ -86,7 +85,7 @@ TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
 TEST_F(LibraryCommandsTest, AMissingTableIsEmptyUntilSomethingIsAdded) {
   commands_.SetActiveTable((Folder() / "new.dat").string());
   EXPECT_EQ(session_.listing.names, NameList());
-  EXPECT_EQ(EnterName("first"), NameResult::Added);
+  EXPECT_EQ(Enter("first"), NameResult::Added);
   EXPECT_EQ(BytesOf(Folder() / "new.dat"), "{\"first\"\t 000}\r\n");
 }
 

@@ -90,6 +90,15 @@ TEST_F(EntryCopy, CopiesOnlyFromTheFileThatWasListed) {
   EXPECT_EQ(BytesOf(to), "x\r\n");
 }
 
+TEST_F(EntryCopy, FromTheBackupLeavesItAlone) {
+  const fs::path backup = Write("t.dat.bak", "a\r\nb\r\n"), file = Write("t.dat", "x\r\n");
+  tables::TableWriter writer(SystemFiles(), tables::Backups::AtFirstWrite);
+  const auto stamp = platform::StampOf(backup);
+  EXPECT_FALSE(CopyEntries(writer, backup, stamp, {true, false}, file).error);
+  EXPECT_EQ(BytesOf(file), "x\r\na\r\n");
+  EXPECT_EQ(BytesOf(backup), "a\r\nb\r\n");
+}
+
 TEST_F(EntryCopy, ReportsFilesThatCannotBeCopied) {
   const fs::path file = Write("library.dat", "a\r\n");
   fs::create_directory(Folder() / "folder.dat");

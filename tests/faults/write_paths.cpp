@@ -105,8 +105,8 @@ Workplace::Workplace(const fs::path& folder, platform::FileLayer& files)
 }
 
 bool Workplace::Add(string_view name) {
-  std::size_t selected = 0;
-  return library.EnterName(name, selected) == app::NameResult::Added;
+  std::size_t none = tables::kNoLine;
+  return library.EnterName(name, none) == app::NameResult::Added;
 }
 
 bool Workplace::Update(string_view name) {

@@ -22,8 +22,8 @@ class TableLibrary : public test::TemporaryFolder {
     return writer_.RemoveEntry(file_, listing_, index);
   }
   [[nodiscard]] std::error_code Append(const CurveTableEntry& entry = kEntry) {
-    std::size_t index = 0;
-    return writer_.AppendEntry(file_, listing_, index, entry);
+    std::size_t none = kNoLine;
+    return writer_.AppendEntry(file_, listing_, none, entry);
   }
   [[nodiscard]] std::optional<std::string> Line(std::size_t index) {
     std::string line;
@@ -144,9 +144,15 @@ TEST_F(TableLibrary, TheListingFollowsTheOwnChanges) {
   // What was two lines is one line end now.
   List("{\"a\"\r{\"b\"\r\n\n{\"c\"");
   EXPECT_FALSE(Remove(1));
-  std::size_t first = 0;
-  EXPECT_TRUE(Refresh(file_, listing_, first));
+  ExpectUpToDate();
   EXPECT_EQ(Line(1), "{\"c\"");
+  // A list that does not show its lines one to one.
+  List("{\"a\"\t 000}\r\n\r\n{\"b\"\t 000}\r\n{\"c\"\t 000}\r\n");
+  EXPECT_FALSE(Replace(1));
+  ExpectUpToDate();
+  EXPECT_FALSE(Remove(0));
+  ExpectUpToDate();
+  EXPECT_EQ(Line(0), "{\"Ü\"\t(1.5;2) 011}");
 }
 
 // What someone else made of the file a, b, c since it was listed, and what becomes of a change of
@@ -210,6 +216,15 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   EXPECT_FALSE(writer.ReplaceEntry(fs::absolute(file_), listing_, index, kEntry));
   EXPECT_EQ(BytesOf(backup), kThree);
   EXPECT_EQ(Names(), (NameList{"t.dat", "t.dat.bak"}));
+#ifndef _WIN32
+  List(kThree);
+  fs::remove(backup);
+  constexpr fs::perms kPrivate = fs::perms::owner_read | fs::perms::owner_write;
+  fs::permissions(file_, kPrivate);
+  TableWriter next(SystemFiles(), Backups::AtFirstWrite);
+  EXPECT_FALSE(next.RemoveEntry(file_, listing_, index));
+  EXPECT_EQ(fs::status(backup).permissions(), kPrivate);
+#endif
 }
 
 TEST_F(TableLibrary, NamesAreComparedWithoutCase) {

@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
@@ -96,24 +97,41 @@ class LibraryWindowTest : public QObject {
     QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("6"));
   }
 
-  void AddingFollowsTheSelectionAndMeetsNewNames() {
+  void ANameIsEnteredIntoTheFileAsItIsNow() {
     WindowFixture& f = StartWithEdits();
     auto* const box = f.Find<QLineEdit>("Text1");
-    const auto add = [&f, box](const char* name) {
+    const auto enter = [&f, box](const char* name) {
       f.Click("Command3");
       box->setText(QLatin1String(name));
       QTest::keyClick(box, Qt::Key_Return);
     };
+    const QByteArray added = "{\"new\"\t(8;10)(3;4) 001}\r\n";
     f.Write("relayTables.dat", kForeign + kA + kB + kC);
-    add("FOREIGN");
-    QCOMPARE(f.dialogs.asked.size(), 1u);
-    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|Cäsar"));
+    enter("new");
+    QCOMPARE(f.Bytes(), kForeign + kA + kB + kC + added);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|Cäsar|new"));
     QCOMPARE(f.SelectedRow(), 2);
-    f.Write("relayTables.dat", kB + kA);
-    add("new");
-    QCOMPARE(f.Bytes(), kB + kA + "{\"new\"\t(8;10)(3;4) 001}\r\n");
-    QCOMPARE(NamesIn(*f.window), QStringLiteral("Berta|Anna|new"));
-    QCOMPARE(f.SelectedRow(), 0);
+
+    // The device is full behind the copy of what was there.
+    f.Write("relayTables.dat", kC + kB);
+    f.files.bytesThatFit = static_cast<std::size_t>((kC + kB).size());
+    enter("kept");
+    f.files.bytesThatFit = test::FailingFileLayer::kNever;
+    QCOMPARE(f.Bytes(), kC + kB);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Cäsar|Berta"));
+    QCOMPARE(f.SelectedRow(), 1);
+    QCOMPARE(box->text(), QStringLiteral("kept"));
+
+    f.Write("relayTables.dat", kForeign);
+    enter("FOREIGN");
+    QCOMPARE(f.dialogs.asked.size(), 1u);
+    QCOMPARE(box->text(), QString());
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign"));
+    QCOMPARE(f.SelectedRow(), -1);
+    enter("new");
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|new"));
+    QCOMPARE(f.SelectedRow(), -1);
+    ExpectEdits();
   }
 
   void AFileThatCannotBeWrittenIsSaidInTheStatusBarAndKeepsTheEdits() {
@@ -154,6 +172,27 @@ class LibraryWindowTest : public QObject {
     QVERIFY(Message().contains(QStringLiteral("no backup")));
     QCOMPARE(f.dialogs.asked.size(), 9u);
     QVERIFY2(!f.Bytes().isEmpty() && !QFile::exists(f.Path("relayTables.dat.new")), "left behind");
+  }
+
+  void TheListStaysWhereItWasScrolledTo() {
+    QByteArray many;
+    for (int number = 0; number < 500; ++number) {
+      many += "{\"" + QByteArray::number(number) + "\"\t(1;2) 001}\r\n";
+    }
+    made_ = std::make_unique<WindowFixture>(many);
+    WindowFixture& f = *made_;
+    auto* const bar = f.Find<QListView>("List1")->verticalScrollBar();
+    QTRY_VERIFY(bar->maximum() > 300);
+    bar->setValue(300);
+    f.Write("relayTables.dat", many + kForeign);
+    QTRY_COMPARE(f.session.listing.names.size(), 501u);
+    QCOMPARE(bar->value(), 300);
+    QCOMPARE(f.SelectedRow(), 0);
+    // The selected name stays in view when it was.
+    bar->setValue(0);
+    f.Write("relayTables.dat", many + many);
+    QTRY_COMPARE(f.session.listing.names.size(), 1000u);
+    QCOMPARE(bar->value(), 0);
   }
 
   void TheFilterFindsNamesAndCommandsWorkOnWhatItShows() {

@@ -43,17 +43,18 @@ QVariant EntryListModel::data(const QModelIndex& index, int role) const {
   return ShownName(names_[entry]);
 }
 
-void EntryListModel::Reload() {
+void EntryListModel::Reload() { Show(filter_); }
+
+void EntryListModel::SetFilter(const QString& text) { Show(text.toStdString()); }
+
+void EntryListModel::Show(std::string filter) {
+  std::vector<std::size_t> shown;
+  if (!filter.empty()) shown = EntriesNamedLike(names_, filter, keepAlive_);
   beginResetModel();
-  shown_.clear();
-  if (!filter_.empty()) shown_ = EntriesNamedLike(names_, filter_);
+  filter_ = std::move(filter);
+  shown_ = std::move(shown);
   rows_ = static_cast<int>(filter_.empty() ? names_.size() : shown_.size());
   endResetModel();
-}
-
-void EntryListModel::SetFilter(const QString& text) {
-  filter_ = text.toStdString();
-  Reload();
 }
 
 std::size_t EntryListModel::EntryOf(int row) const {

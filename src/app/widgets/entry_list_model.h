@@ -3,6 +3,7 @@
 #include <QAbstractListModel>
 #include <QString>
 #include <QStyledItemDelegate>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,13 +30,20 @@ class EntryListModel : public QAbstractListModel {
   /// Shows only the names that hold the text, letters compared without case; all for an empty one.
   void SetFilter(const QString& text);
 
+  /// Called again and again while the names are looked through; events that it runs meet the rows
+  /// as they were.
+  void SetKeepAlive(std::function<void()> keepAlive) { keepAlive_ = std::move(keepAlive); }
+
   /// The place of a row's name among all names.
   [[nodiscard]] std::size_t EntryOf(int row) const;
   /// The row of the name at a place, or of the next one that is shown; rowCount() behind the last.
   [[nodiscard]] int RowFrom(std::size_t entry) const;
 
  private:
+  void Show(std::string filter);
+
   const std::vector<std::string>& names_;
+  std::function<void()> keepAlive_;
   std::string filter_;
   std::vector<std::size_t> shown_;  // with a filter, the places of the names that are shown
   int rows_ = 0;                    // what the view was told last

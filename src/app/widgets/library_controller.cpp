@@ -29,6 +29,8 @@ LibraryController::LibraryController(Session& session, ResponsiveFiles& files,
       watch_(new QTimer(this)) {
   watch_->setInterval(kLookEvery);
   connect(watch_, &QTimer::timeout, this, &LibraryController::LookAtFile);
+  panel.SetKeepAlive([this] { files_.KeepAlive(); });
+  connect(&panel, &LibraryPanel::FilterWanted, this, &LibraryController::Filter);
   connect(&panel, &LibraryPanel::ReadWanted, this, &LibraryController::Read);
   connect(&panel, &LibraryPanel::RemoveWanted, this, &LibraryController::Remove);
   connect(&panel, &LibraryPanel::AddNewWanted, this, &LibraryController::AddNew);
@@ -48,8 +50,13 @@ void LibraryController::ShowFromStart() {
   Q_EMIT LibraryChanged();
 }
 
+void LibraryController::Filter(const QString& text) {
+  const ResponsiveFiles::Work work(files_);
+  panel_.ApplyFilter(text);
+}
+
 void LibraryController::Read() {
-  std::optional<std::size_t> index = panel_.SelectedIndex();
+  std::optional<std::size_t> index = Selected();
   if (!index) return;
   Q_EMIT GridNeeded();
   if (session_.table.tableModified && !Agreed(MessageBox::DiscardEdits, *index)) return;
@@ -59,7 +66,7 @@ void LibraryController::Read() {
 }
 
 void LibraryController::Remove() {
-  std::optional<std::size_t> index = panel_.SelectedIndex();
+  std::optional<std::size_t> index = Selected();
   if (!index || !Agreed(MessageBox::ConfirmRemoval, *index)) return;
   if (!Run(&LibraryCommands::RemoveEntry, *index)) return;
   // The entry that moved up is the next one to look at; behind the last one it is the one before.
@@ -73,7 +80,7 @@ void LibraryController::AddNew() {
 }
 
 void LibraryController::Update() {
-  std::optional<std::size_t> index = panel_.SelectedIndex();
+  std::optional<std::size_t> index = Selected();
   if (!index) return;
   Q_EMIT GridNeeded();
   if (!Agreed(MessageBox::ConfirmUpdate, *index)) return;
@@ -82,16 +89,8 @@ void LibraryController::Update() {
 }
 
 void LibraryController::EnterName(const QString& name) {
-  const std::size_t readings = session_.listing.readings;
-  std::size_t selected = panel_.SelectedIndex().value_or(tables::kNoLine);
-  const ResponsiveFiles::Work work(files_);
-  const NameResult result = commands_.EnterName(name.toStdString(), selected);
-  if (result == NameResult::Added || session_.listing.readings != readings) {
-    // The new entry is not selected.
-    panel_.ShowNames(selected);
-    Q_EMIT LibraryChanged();
-  }
-  switch (result) {
+  if (files_.IsAtWork()) return;
+  switch (Add(name)) {
     case NameResult::Empty:
     case NameResult::Added:
       panel_.CloseNameBox();
@@ -109,6 +108,7 @@ void LibraryController::EnterName(const QString& name) {
 }
 
 void LibraryController::SetActiveTable() {
+  if (files_.IsAtWork()) return;
   const QString file = dialogs_.ChooseTableFile();
   if (file.isEmpty()) return;
   const ResponsiveFiles::Work work(files_);
@@ -129,6 +129,10 @@ void LibraryController::LookAtFile() {
   if (!commands_.RefreshEntryList(index)) return;
   panel_.ShowNames(index);
   Q_EMIT LibraryChanged();
+}
+
+std::optional<std::size_t> LibraryController::Selected() const {
+  return files_.IsAtWork() ? std::nullopt : panel_.SelectedIndex();
 }
 
 bool LibraryController::Agreed(MessageBox box, std::size_t index) const {
@@ -156,6 +160,19 @@ bool LibraryController::Run(Command command, std::size_t& index) {
     Q_EMIT Failed(FailureText(reads ? session_.texts.program.readFailed : WriteFailure(), error));
   }
   return !error;
+}
+
+NameResult LibraryController::Add(const QString& name) {
+  const std::size_t readings = session_.listing.readings;
+  const ResponsiveFiles::Work work(files_);
+  std::size_t index = panel_.SelectedIndex().value_or(tables::kNoLine);
+  const NameResult result = commands_.EnterName(name.toStdString(), index);
+  if (result == NameResult::Added || session_.listing.readings != readings) {
+    // The new entry is not selected.
+    panel_.ShowNames(index);
+    Q_EMIT LibraryChanged();
+  }
+  return result;
 }
 
 }  // namespace zentab::app

@@ -53,9 +53,13 @@ class LibraryController : public QObject {
   using Command = std::error_code (LibraryCommands::*)(std::size_t&);
 
   void ShowFromStart();
+  void Filter(const QString& text);
+  /// What a command works on: nothing while another one is at work.
+  [[nodiscard]] std::optional<std::size_t> Selected() const;
   [[nodiscard]] bool Agreed(MessageBox box, std::size_t index) const;
   [[nodiscard]] const std::string& WriteFailure() const;
   [[nodiscard]] bool Run(Command command, std::size_t& index);
+  [[nodiscard]] NameResult Add(const QString& name);
 
   Session& session_;
   ResponsiveFiles& files_;

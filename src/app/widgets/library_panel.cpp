@@ -76,7 +76,7 @@ void LibraryPanel::BuildFilter() {
   filter_->setPlaceholderText(QStringLiteral("Find a name (Ctrl+F)"));
   filter_->setToolTip(QStringLiteral("Lists only the tables whose names hold this text"));
   filter_->setClearButtonEnabled(true);
-  connect(filter_, &QLineEdit::textChanged, this, &LibraryPanel::ApplyFilter);
+  connect(filter_, &QLineEdit::textChanged, this, &LibraryPanel::FilterWanted);
   connect(filter_, &QLineEdit::returnPressed, list1_, [this] { list1_->setFocus(); });
   auto* const find = new QShortcut(QKeySequence::Find, this);
   connect(find, &QShortcut::activated, filter_, [this] {
@@ -139,11 +139,14 @@ void LibraryPanel::BuildNameBox() {
 
 void LibraryPanel::ShowNames(std::size_t selected) {
   const int scrolled = list1_->verticalScrollBar()->value();
+  const QRect current = list1_->visualRect(list1_->currentIndex());
+  const bool wasInView = list1_->viewport()->rect().intersects(current);
   model_->Reload();
   const int row = model_->RowFrom(selected);
   if (row < model_->rowCount() && model_->EntryOf(row) == selected) SelectRow(row);
   list1_->verticalScrollBar()->setValue(scrolled);
-  list1_->scrollTo(list1_->currentIndex());
+  // Who has scrolled away from the selected name looks at others.
+  if (wasInView) list1_->scrollTo(list1_->currentIndex());
   RefreshButtons();
 }
 
@@ -167,6 +170,10 @@ void LibraryPanel::ApplyFilter(const QString& text) {
   const bool isShown = row < model_->rowCount() && model_->EntryOf(row) == selected;
   SelectRow(isShown ? row : 0);
   RefreshButtons();
+}
+
+void LibraryPanel::SetKeepAlive(std::function<void()> keepAlive) {
+  model_->SetKeepAlive(std::move(keepAlive));
 }
 
 void LibraryPanel::SelectRow(int row) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,6 +32,10 @@ class LibraryPanel : public QWidget {
   void ShowNamesFrom(std::size_t place);
   /// The names are those of another file: shows all of them and selects the first.
   void ShowAllNames();
+  /// Lists only the names that hold a text, and keeps the selection or selects the first.
+  void ApplyFilter(const QString& text);
+  /// Called again and again while the names are looked through.
+  void SetKeepAlive(std::function<void()> keepAlive);
   /// The place of the selected entry among all names.
   [[nodiscard]] std::optional<std::size_t> SelectedIndex() const;
 
@@ -42,6 +47,7 @@ class LibraryPanel : public QWidget {
   void SetStorable(bool storable);
 
  Q_SIGNALS:
+  void FilterWanted(const QString& text);
   void ReadWanted();
   void RemoveWanted();
   void AddNewWanted();
@@ -55,7 +61,6 @@ class LibraryPanel : public QWidget {
   void BuildButtons();
   void BuildNameBox();
   void RefreshButtons();
-  void ApplyFilter(const QString& text);
   void SelectRow(int row);
 
   EntryListModel* model_;

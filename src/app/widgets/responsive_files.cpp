@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <chrono>
 #include <future>
+#include <system_error>
 
 namespace zentab::app {
 namespace {
@@ -73,7 +74,13 @@ void ResponsiveFiles::KeepAlive() {
 
 std::error_code ResponsiveFiles::Await(const std::function<std::error_code()>& call) {
   if (!IsAtWork()) return call();
-  std::future<std::error_code> result = std::async(std::launch::async, call);
+  std::future<std::error_code> result;
+  try {
+    result = std::async(std::launch::async, call);
+  } catch (const std::system_error&) {
+    // The system has no thread left: the window waits with the call.
+    return call();
+  }
   while (result.wait_for(std::chrono::milliseconds(kEventsEvery)) != std::future_status::ready) {
     RunEvents();
   }

@@ -73,6 +73,16 @@ std::error_code OpenFile(const fs::path& path, DWORD disposition, DWORD startAt,
   return SetFilePointerEx(handle, none, nullptr, startAt) != 0 ? std::error_code() : LastError();
 }
 
+// Whether something stands under the name. What is about to be removed lets nobody ask for its
+// attributes, but its folder still lists it.
+bool IsNamed(const fs::path& path) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  FindClose(search);
+  return true;
+}
+
 // A file that nobody else can open meanwhile, and that the system removes with its last handle.
 class WindowsFileLock final : public FileLock {
  public:
@@ -134,8 +144,7 @@ class WindowsFileLayer final : public FileLayer {
     }
     const std::error_code error = LastError();
     // Between its last handle and its end the file is there, but closed to everyone.
-    const bool isEnding = error.value() == ERROR_ACCESS_DENIED &&
-                          GetFileAttributesW(name.c_str()) != INVALID_FILE_ATTRIBUTES;
+    const bool isEnding = error.value() == ERROR_ACCESS_DENIED && IsNamed(name);
     return error.value() == ERROR_SHARING_VIOLATION || isEnding
                ? std::make_error_code(std::errc::device_or_resource_busy)
                : error;
