@@ -55,10 +55,10 @@ bool MayInclude(const string& from, const string& to) {
   const string base = from.substr(0, from.find('/'));
   const auto& table = isWindow ? kAllowedWindows : kAllowed;
   const auto row = table.find(from);
-  if (row != table.end() && row->second.count(to) != 0) return true;
+  if (row != table.end() && row->second.contains(to)) return true;
   if (!isWindow) return false;
   const auto baseRow = kAllowed.find(base);
-  return to == base || (baseRow != kAllowed.end() && baseRow->second.count(to) != 0);
+  return to == base || (baseRow != kAllowed.end() && baseRow->second.contains(to));
 }
 
 struct Include {
@@ -92,7 +92,7 @@ std::optional<string> FaultOf(const fs::path& file, const string& line) {
     return "Qt outside widgets/";
   }
   const string to = LayerOf(header);
-  const bool isOurs = kAllowed.count(to.substr(0, to.find('/'))) != 0;
+  const bool isOurs = kAllowed.contains(to.substr(0, to.find('/')));
   if (!isOurs) return quoted ? std::optional("no path from src/") : std::nullopt;
   if (!MayInclude(from, to)) return from + " may not know " + to;
   for (const string system : {"platform/posix", "platform/windows"}) {

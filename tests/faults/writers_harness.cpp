@@ -44,7 +44,7 @@ std::string NameOf(unsigned writer, int slot) {
 int StoredIn(const std::string& bytes, const std::string& name) {
   const std::string begin = "{\"" + name + "\"\t(1;";
   const std::size_t at = bytes.find(begin);
-  return at == std::string::npos ? 0 : std::atoi(bytes.c_str() + at + begin.size()) - 1;
+  return at == std::string::npos ? 0 : std::stoi(bytes.substr(at + begin.size(), 9)) - 1;
 }
 
 // One process: a start of the editor, and changes until it is stopped.

@@ -157,7 +157,7 @@ class Generator {
 
  private:
   std::string Operand(const Node& node, int binding) {
-    const std::string text = Write(node);
+    std::string text = Write(node);
     if (node.binding >= binding && Below(8) != 0) return text;
     const char* brackets[] = {"()", "[]", "{}", "(]"};
     const char* pair = brackets[Below(4)];

@@ -62,8 +62,7 @@ class ClipboardTest : public QObject {
   static void Put(const QString& text) { QGuiApplication::clipboard()->setText(text); }
   [[nodiscard]] static QString Clip() { return QGuiApplication::clipboard()->text(); }
   [[nodiscard]] QString Rows(int from, int to) const {
-    return QString::fromStdString(
-        editor::BlockText(made_->session.table.grid, {from, 1, to, 2}).c_str());
+    return QString::fromStdString(editor::BlockText(made_->session.table.grid, {from, 1, to, 2}));
   }
   [[nodiscard]] bool Modified() const { return made_->session.table.tableModified; }
 
