@@ -200,7 +200,7 @@ class MainWindowTest : public QObject {
 
   void AnotherTableFileBecomesTheActiveOne() {
     WindowFixture& f = Start();
-    QAction* const choose = f.Find<QAction>("m_act");
+    auto* const choose = f.Find<QAction>("m_act");
     choose->trigger();
     QCOMPARE(NamesIn(*made_->window), QStringLiteral("SI|U> ms|Empty"));
     f.Write("other.dat", "{\"Only\"\t(1;2)(3;4) 000}");
