@@ -21,8 +21,12 @@ using KeepAlive = std::function<void()>;
 /// Where a line of a table file begins, and what it holds, as a hash of its text.
 struct LineMark {
   std::uint64_t offset;  // bytes from the file's start
-  std::size_t hash;
+  std::uint64_t hash;
 };
+
+/// The hash of a line without its line end. Two lines that differ have one hash with a chance of
+/// about 2^-64; it is made for speed, not against an opponent.
+[[nodiscard]] std::uint64_t HashOf(std::string_view line);
 
 /// A table file as it was when it was read: the names of its entries, one for each line that has
 /// one, in file order, and a mark for each line. The position of a name counts as its line's

@@ -17,7 +17,7 @@ bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 
 LineMark MarkOf(std::uint64_t offset, std::string_view line) {
   constexpr std::size_t kLineEnd = 2;
-  return {offset, std::hash<std::string_view>()(line.substr(0, line.size() - kLineEnd))};
+  return {offset, HashOf(line.substr(0, line.size() - kLineEnd))};
 }
 
 // Whether what stands before and behind a removed line became one line end, CR LF.
