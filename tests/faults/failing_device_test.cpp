@@ -22,7 +22,7 @@ constexpr DeviceFault kFaults[] = {
 // Hundreds of changes, each flushed to the device: in memory where that is to be had.
 std::filesystem::path QuickFolder() {
 #ifndef _WIN32
-  const std::filesystem::path memory = "/dev/shm";
+  std::filesystem::path memory = "/dev/shm";
   if (std::filesystem::is_directory(memory)) return memory;
 #endif
   return std::filesystem::temp_directory_path();
