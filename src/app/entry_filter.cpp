@@ -20,7 +20,7 @@ bool HoldsAscii(std::string_view name, std::string_view lower) {
 
 std::vector<std::size_t> EntriesNamedLike(const std::vector<std::string>& names,
                                           std::string_view text,
-                                          const std::function<void()>& keepAlive) {
+                                          const tables::KeepAlive& keepAlive) {
   constexpr std::size_t kAliveEvery = 10'000;  // names
   const std::string wanted = platform::LowerCase(text);
   const bool isAscii = platform::IsAscii(wanted);

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "tables/table_listing.h"
 
 namespace zentab::app {
 
@@ -12,6 +13,6 @@ namespace zentab::app {
 /// of them for an empty text. `keepAlive`, which may be empty, is called again and again meanwhile.
 [[nodiscard]] std::vector<std::size_t> EntriesNamedLike(const std::vector<std::string>& names,
                                                         std::string_view text,
-                                                        const std::function<void()>& keepAlive);
+                                                        const tables::KeepAlive& keepAlive);
 
 }  // namespace zentab::app

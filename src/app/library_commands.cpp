@@ -20,19 +20,18 @@ tables::CurveTableEntry LibraryCommands::EntryFromGrid(std::string_view name) co
           session_.modes.absoluteValues, session_.instrument};
 }
 
-tables::KeepAlive LibraryCommands::Alive() const {
-  return [this] { writer_.Files().KeepAlive(); };
+void LibraryCommands::FillEntryList() {
+  session_.listing = tables::ListEntries(File(), writer_.Alive());
 }
 
-void LibraryCommands::FillEntryList() { session_.listing = tables::ListEntries(File(), Alive()); }
-
 bool LibraryCommands::RefreshEntryList(std::size_t& index) {
-  return tables::Refresh(File(), session_.listing, index, Alive());
+  return tables::Refresh(File(), session_.listing, index, writer_.Alive());
 }
 
 std::error_code LibraryCommands::ReadEntry(std::size_t& index) {
   std::string line;
-  if (const auto error = tables::ReadEntryLine(File(), session_.listing, index, line, Alive())) {
+  if (const auto error =
+          tables::ReadEntryLine(File(), session_.listing, index, line, writer_.Alive())) {
     return error;
   }
   const tables::ParsedEntry entry = tables::ParseEntryLine(line);
@@ -63,7 +62,7 @@ NameResult LibraryCommands::EnterName(std::string_view typed, std::size_t& index
   std::replace_if(
       name.begin(), name.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   if (name.empty()) return NameResult::Empty;
-  if (session_.listing.HasName(name, Alive())) return NameResult::Duplicate;
+  if (session_.listing.HasName(name, writer_.Alive())) return NameResult::Duplicate;
   const std::error_code error =
       writer_.AppendEntry(File(), session_.listing, index, EntryFromGrid(name));
   if (error == std::errc::file_exists) return NameResult::Duplicate;

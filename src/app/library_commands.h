@@ -23,7 +23,7 @@ enum class NameResult {
 /// The commands on the library of curve tables: each works on whole lines of the active table
 /// file. `index` is a position in the list of names. Other programs may change the file at any
 /// time: a command that finds it changed lists it anew, `index` follows its line, and the command
-/// goes on there; when nobody's line is the one that was listed any more it fails with
+/// goes on there; when no line is the one that was listed any more it fails with
 /// tables::kEntryChanged, and `index` is that of an entry of the same name or tables::kNoLine. None
 /// of them asks the user; a failure changes neither the file nor the table in the grid.
 class LibraryCommands {
@@ -56,8 +56,6 @@ class LibraryCommands {
  private:
   [[nodiscard]] tables::CurveTableEntry EntryFromGrid(std::string_view name) const;
   [[nodiscard]] std::filesystem::path File() const { return ActiveTableFile(session_); }
-
-  [[nodiscard]] tables::KeepAlive Alive() const;
 
   Session& session_;
   tables::TableWriter& writer_;

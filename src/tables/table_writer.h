@@ -57,8 +57,8 @@ class TableWriter {
   /// is not changed without one.
   [[nodiscard]] bool LacksBackup() const { return lacksBackup_; }
 
-  /// The files that it works on.
-  [[nodiscard]] platform::FileLayer& Files() const { return files_; }
+  /// Keeps what its files belong to alive.
+  [[nodiscard]] KeepAlive Alive() const;
 
  private:
   [[nodiscard]] std::error_code ChangeLine(const std::filesystem::path& file, TableListing& listing,
@@ -79,7 +79,6 @@ class TableWriter {
                                         platform::FileStamp& written);
   [[nodiscard]] std::error_code KeepBackup(const std::filesystem::path& file,
                                            const std::filesystem::path& spared);
-  [[nodiscard]] KeepAlive Alive() const;
 
   platform::FileLayer& files_;
   Backups backups_;

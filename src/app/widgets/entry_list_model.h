@@ -3,9 +3,10 @@
 #include <QAbstractListModel>
 #include <QString>
 #include <QStyledItemDelegate>
-#include <functional>
 #include <string>
 #include <vector>
+
+#include "tables/table_listing.h"
 
 namespace zentab::app {
 
@@ -32,7 +33,7 @@ class EntryListModel : public QAbstractListModel {
 
   /// Called again and again while the names are looked through; events that it runs meet the rows
   /// as they were.
-  void SetKeepAlive(std::function<void()> keepAlive) { keepAlive_ = std::move(keepAlive); }
+  void SetKeepAlive(tables::KeepAlive keepAlive) { keepAlive_ = std::move(keepAlive); }
 
   /// The place of a row's name among all names.
   [[nodiscard]] std::size_t EntryOf(int row) const;
@@ -43,7 +44,7 @@ class EntryListModel : public QAbstractListModel {
   void Show(std::string filter);
 
   const std::vector<std::string>& names_;
-  std::function<void()> keepAlive_;
+  tables::KeepAlive keepAlive_;
   std::string filter_;
   std::vector<std::size_t> shown_;  // with a filter, the places of the names that are shown
   int rows_ = 0;                    // what the view was told last

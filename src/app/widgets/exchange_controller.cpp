@@ -126,7 +126,7 @@ std::filesystem::path ExchangeController::Source() const {
 
 void ExchangeController::ListSource() {
   const ResponsiveFiles::Work work(files_);
-  listing_ = tables::ListEntries(Source(), [this] { files_.KeepAlive(); });
+  listing_ = tables::ListEntries(Source(), writer_.Alive());
   entries_.Reload();
 }
 

@@ -29,7 +29,7 @@ LibraryController::LibraryController(Session& session, ResponsiveFiles& files,
       watch_(new QTimer(this)) {
   watch_->setInterval(kLookEvery);
   connect(watch_, &QTimer::timeout, this, &LibraryController::LookAtFile);
-  panel.SetKeepAlive([this] { files_.KeepAlive(); });
+  panel.SetKeepAlive(writer.Alive());
   connect(&panel, &LibraryPanel::FilterWanted, this, &LibraryController::Filter);
   connect(&panel, &LibraryPanel::ReadWanted, this, &LibraryController::Read);
   connect(&panel, &LibraryPanel::RemoveWanted, this, &LibraryController::Remove);

@@ -172,7 +172,7 @@ void LibraryPanel::ApplyFilter(const QString& text) {
   RefreshButtons();
 }
 
-void LibraryPanel::SetKeepAlive(std::function<void()> keepAlive) {
+void LibraryPanel::SetKeepAlive(tables::KeepAlive keepAlive) {
   model_->SetKeepAlive(std::move(keepAlive));
 }
 

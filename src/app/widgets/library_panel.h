@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "tables/table_listing.h"
 
 class QGridLayout;
 class QLabel;
@@ -35,7 +36,7 @@ class LibraryPanel : public QWidget {
   /// Lists only the names that hold a text, and keeps the selection or selects the first.
   void ApplyFilter(const QString& text);
   /// Called again and again while the names are looked through.
-  void SetKeepAlive(std::function<void()> keepAlive);
+  void SetKeepAlive(tables::KeepAlive keepAlive);
   /// The place of the selected entry among all names.
   [[nodiscard]] std::optional<std::size_t> SelectedIndex() const;
 
