@@ -4,7 +4,7 @@
 #include <QProgressDialog>
 #include <QTest>
 
-#include "app/widgets/import_progress.h"
+#include "app/widgets/testset/import_progress.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {

@@ -4,7 +4,7 @@
 
 #include "app/settings.h"
 #include "app/start_up.h"
-#include "app/widgets/library_controller.h"
+#include "app/widgets/library/library_controller.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/qt_user_dialogs.h"
 #include "platform/paths.h"

@@ -1,4 +1,4 @@
-#include "app/widgets/instrument_controller.h"
+#include "app/widgets/testset/instrument_controller.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -6,7 +6,7 @@
 #include <QRadioButton>
 
 #include "app/session_texts.h"
-#include "app/widgets/table_panel.h"
+#include "app/widgets/table/table_panel.h"
 #include "platform/paths.h"
 #include "texts/number_text.h"
 

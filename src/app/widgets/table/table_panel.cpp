@@ -1,4 +1,4 @@
-#include "app/widgets/table_panel.h"
+#include "app/widgets/table/table_panel.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

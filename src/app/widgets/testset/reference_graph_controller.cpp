@@ -1,4 +1,4 @@
-#include "app/widgets/reference_graph_controller.h"
+#include "app/widgets/testset/reference_graph_controller.h"
 
 #include <QDir>
 

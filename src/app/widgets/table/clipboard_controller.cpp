@@ -1,4 +1,4 @@
-#include "app/widgets/clipboard_controller.h"
+#include "app/widgets/table/clipboard_controller.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "app/widgets/table_panel.h"
+#include "app/widgets/table/table_panel.h"
 #include "editor/clipboard_text.h"
 
 namespace zentab::app {

@@ -1,9 +1,9 @@
-#include "app/widgets/value_mode_binding.h"
+#include "app/widgets/table/value_mode_binding.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
 
-#include "app/widgets/table_panel.h"
+#include "app/widgets/table/table_panel.h"
 
 namespace zentab::app {
 

@@ -1,4 +1,4 @@
-#include "app/widgets/chart_panel.h"
+#include "app/widgets/chart/chart_panel.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -1,4 +1,4 @@
-#include "app/widgets/library_panel.h"
+#include "app/widgets/library/library_panel.h"
 
 #include <QGridLayout>
 #include <QKeySequence>
@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "app/widgets/entry_list_model.h"
+#include "app/widgets/library/entry_list_model.h"
 
 namespace zentab::app {
 namespace {

@@ -1,10 +1,10 @@
-#include "app/widgets/library_controller.h"
+#include "app/widgets/library/library_controller.h"
 
 #include <QApplication>
 #include <QTimer>
 
-#include "app/widgets/entry_list_model.h"
-#include "app/widgets/library_panel.h"
+#include "app/widgets/library/entry_list_model.h"
+#include "app/widgets/library/library_panel.h"
 #include "app/widgets/responsive_files.h"
 #include "app/widgets/status_line.h"
 

@@ -1,4 +1,4 @@
-#include "app/widgets/exchange_controller.h"
+#include "app/widgets/exchange/exchange_controller.h"
 
 #include <QDir>
 #include <QGuiApplication>

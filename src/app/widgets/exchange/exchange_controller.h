@@ -4,7 +4,7 @@
 #include <string>
 
 #include "app/session.h"
-#include "app/widgets/entry_list_model.h"
+#include "app/widgets/library/entry_list_model.h"
 #include "app/widgets/user_dialogs.h"
 #include "exchange/widgets/exchange_dialog.h"
 #include "platform/settings_store.h"

@@ -1,4 +1,4 @@
-#include "app/widgets/import_progress.h"
+#include "app/widgets/testset/import_progress.h"
 
 #include <QCoreApplication>
 

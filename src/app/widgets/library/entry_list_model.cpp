@@ -1,4 +1,4 @@
-#include "app/widgets/entry_list_model.h"
+#include "app/widgets/library/entry_list_model.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
-#include "app/widgets/time_test_controller.h"
+#include "app/widgets/testset/time_test_controller.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 
 #include "app/session_texts.h"
-#include "app/widgets/chart_panel.h"
-#include "app/widgets/import_progress.h"
+#include "app/widgets/chart/chart_panel.h"
+#include "app/widgets/testset/import_progress.h"
 
 namespace zentab::app {
 
