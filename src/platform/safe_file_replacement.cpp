@@ -1,8 +1,11 @@
 #include "platform/safe_file_replacement.h"
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <thread>
+
+#include "platform/file_errors.h"
 
 namespace zentab::platform {
 namespace {
@@ -37,7 +40,14 @@ std::error_code WriteWhole(OutputFile& file, const ContentWriter& write, FileSta
   return counting.Close();
 }
 
-std::error_code RefuseUnlessReplaceable(const fs::path& path) {
+bool NobodyMayWrite(fs::perms permissions) {
+  constexpr fs::perms kWrite =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  return (permissions & kWrite) == fs::perms::none;
+}
+
+// A file that gets the access of another one need not be writable for this process before.
+std::error_code RefuseUnlessReplaceable(const fs::path& path, bool getsOtherAccess) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (status.type() == fs::file_type::not_found) return {};
@@ -45,23 +55,28 @@ std::error_code RefuseUnlessReplaceable(const fs::path& path) {
   if (status.type() == fs::file_type::directory) {
     return std::make_error_code(std::errc::is_a_directory);
   }
-  if (status.type() != fs::file_type::regular) {
-    return std::make_error_code(std::errc::operation_not_supported);
+  if (status.type() != fs::file_type::regular) return FileError::NoRegularFile;
+  if (getsOtherAccess ? NobodyMayWrite(status.permissions()) : IsReadOnly(path)) {
+    return std::make_error_code(std::errc::permission_denied);
   }
-  if (IsReadOnly(path)) return std::make_error_code(std::errc::permission_denied);
-  return {};
+  return HasOtherNames(path) ? FileError::HardLinked : std::error_code();
 }
 
-std::error_code Lock(FileLayer& files, const fs::path& path, std::unique_ptr<FileLock>& lock) {
-  constexpr auto kLongestWait = std::chrono::seconds(5);
-  constexpr auto kPause = std::chrono::milliseconds(1);
-  const auto end = std::chrono::steady_clock::now() + kLongestWait;
+// Makes a step, again and again while it fails for something that may pass. Who has waited for long
+// asks less often.
+template <class Step>
+std::error_code MakePatiently(FileLayer& files, Step step) {
+  using std::chrono::milliseconds;
+  constexpr milliseconds kLongestPause(50);
+  milliseconds pause(1);
+  const auto start = std::chrono::steady_clock::now();
   for (;;) {
-    const std::error_code error = files.TryLock(path, lock);
+    const std::error_code error = step();
     if (error != std::errc::device_or_resource_busy) return error;
-    if (std::chrono::steady_clock::now() >= end) return error;
     files.KeepAlive();
-    std::this_thread::sleep_for(kPause);
+    if (!files.GoOnWaiting(std::chrono::steady_clock::now() - start)) return error;
+    std::this_thread::sleep_for(pause);
+    pause = std::min(pause * 2, kLongestPause);
   }
 }
 
@@ -82,21 +97,20 @@ fs::path LinkTarget(const fs::path& path) {
 std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const ContentWriter& write,
                             FileStamp* written, const fs::path& like) {
   const fs::path target = LinkTarget(path);
-  if (const std::error_code error = RefuseUnlessReplaceable(target)) return error;
+  if (const auto error = RefuseUnlessReplaceable(target, !like.empty())) return error;
   std::unique_ptr<FileLock> lock;
-  if (const std::error_code error = Lock(files, target, lock)) return error;
+  const auto takeLock = [&] { return files.TryLock(target, lock); };
+  if (const std::error_code error = MakePatiently(files, takeLock)) return error;
   fs::path fresh = target;
   fresh += ".new";
   if (const std::error_code error = files.Remove(fresh)) return error;
   std::unique_ptr<OutputFile> file;
   FileStamp stamp;
-  std::error_code unknown;
-  const bool isNew = !like.empty() && !fs::exists(target, unknown);
-  std::error_code error = files.Create(fresh, isNew ? like : target, file);
+  std::error_code error = files.Create(fresh, like.empty() ? target : like, file);
   if (!error) error = WriteWhole(*file, write, stamp);
   const bool created = file != nullptr;
   file.reset();
-  if (!error) error = files.MoveOver(fresh, target);
+  if (!error) error = MakePatiently(files, [&] { return files.MoveOver(fresh, target); });
   if (error && created) {
     // The caller needs the first failure; a leftover is removed by the next replacement.
     [[maybe_unused]] const std::error_code dropped = files.Remove(fresh);

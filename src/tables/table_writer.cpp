@@ -1,6 +1,7 @@
 #include "tables/table_writer.h"
 
 #include "platform/file_reader.h"
+#include "platform/line_reader.h"
 #include "tables/entry_line.h"
 #include "texts/line_encoding.h"
 
@@ -71,6 +72,15 @@ void TakeLine(TableListing& listing, std::size_t index) {
   }
 }
 
+bool HasEntries(const fs::path& file) {
+  platform::LineReader lines(file);
+  platform::RawLine line;
+  while (lines.Next(line)) {
+    if (ParseEntryName(line.text)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 KeepAlive TableWriter::Alive() const {
@@ -86,6 +96,8 @@ std::error_code TableWriter::KeepBackup(const fs::path& file, const fs::path& sp
   backup += ".bak";
   std::error_code unknown;
   if (!spared.empty() && fs::equivalent(backup, spared, unknown)) return {};
+  // What emptied the file may have been no wish of anyone: then this is all there is.
+  if (!HasEntries(file) && HasEntries(backup)) return {};
   const std::error_code error = platform::ReplaceFile(
       files_, backup,
       [&source](platform::OutputFile& output) { return source.Copy(0, source.Size(), output); },

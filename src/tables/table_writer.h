@@ -14,7 +14,8 @@
 
 namespace zentab::tables {
 
-/// Whether the first change of a table file keeps its former content beside it, as FILE.bak.
+/// Whether the first change of a table file keeps its former content beside it, as FILE.bak. One
+/// that has entries stays instead of a file that has none.
 enum class Backups { None, AtFirstWrite };
 
 /// Changes table files, each change by replacing the whole file in one step, under its lock: who
