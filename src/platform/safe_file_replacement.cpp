@@ -103,7 +103,8 @@ std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const Conten
   if (const std::error_code error = MakePatiently(files, takeLock)) return error;
   fs::path fresh = target;
   fresh += ".new";
-  if (const std::error_code error = files.Remove(fresh)) return error;
+  const auto removeLeftover = [&] { return files.Remove(fresh); };
+  if (const std::error_code error = MakePatiently(files, removeLeftover)) return error;
   std::unique_ptr<OutputFile> file;
   FileStamp stamp;
   std::error_code error = files.Create(fresh, like.empty() ? target : like, file);

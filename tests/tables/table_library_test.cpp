@@ -227,6 +227,17 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
 #endif
 }
 
+TEST_F(TableLibrary, AFileWithoutEntriesReplacesNoBackupThatHasSome) {
+  for (const bool hasEntries : {true, false}) {
+    List("no entry\r\n");
+    const fs::path backup = Write("t.dat.bak", hasEntries ? kThree : "of no use");
+    TableWriter writer(SystemFiles(), Backups::AtFirstWrite);
+    std::size_t index = 0;
+    EXPECT_FALSE(writer.AppendEntry(file_, listing_, index, kEntry));
+    EXPECT_EQ(BytesOf(backup), hasEntries ? kThree : "no entry\r\n");
+  }
+}
+
 TEST_F(TableLibrary, NamesAreComparedWithoutCase) {
   listing_.names = {"Curve A", "ÜBERSTROM łódź"};
   for (const char* const name : {"curve a", "CURVE A", "Überstrom ŁÓDŹ"}) {
