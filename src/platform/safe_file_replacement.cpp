@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include "platform/file_errors.h"
@@ -62,13 +63,15 @@ std::error_code RefuseUnlessReplaceable(const fs::path& path, bool getsOtherAcce
   return HasOtherNames(path) ? FileError::HardLinked : std::error_code();
 }
 
-// Makes a step, again and again while it fails for something that may pass. Who has waited for long
-// asks less often.
+// Makes a step of changing `target`, again and again while it fails for something that may pass.
+// Who waits for one long change asks less and less often; between many short ones he has to be
+// quick to get his turn.
 template <class Step>
-std::error_code MakePatiently(FileLayer& files, Step step) {
+std::error_code MakePatiently(FileLayer& files, const fs::path& target, Step step) {
   using std::chrono::milliseconds;
-  constexpr milliseconds kLongestPause(50);
-  milliseconds pause(1);
+  constexpr milliseconds kShortestPause(1), kLongestPause(50);
+  milliseconds pause = kShortestPause;
+  std::optional<FileStamp> seen;
   const auto start = std::chrono::steady_clock::now();
   for (;;) {
     const std::error_code error = step();
@@ -76,7 +79,9 @@ std::error_code MakePatiently(FileLayer& files, Step step) {
     files.KeepAlive();
     if (!files.GoOnWaiting(std::chrono::steady_clock::now() - start)) return error;
     std::this_thread::sleep_for(pause);
-    pause = std::min(pause * 2, kLongestPause);
+    const std::optional<FileStamp> now = StampOf(target);
+    pause = now == seen ? std::min(pause * 2, kLongestPause) : kShortestPause;
+    seen = now;
   }
 }
 
@@ -100,18 +105,20 @@ std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const Conten
   if (const auto error = RefuseUnlessReplaceable(target, !like.empty())) return error;
   std::unique_ptr<FileLock> lock;
   const auto takeLock = [&] { return files.TryLock(target, lock); };
-  if (const std::error_code error = MakePatiently(files, takeLock)) return error;
+  if (const std::error_code error = MakePatiently(files, target, takeLock)) return error;
   fs::path fresh = target;
   fresh += ".new";
   const auto removeLeftover = [&] { return files.Remove(fresh); };
-  if (const std::error_code error = MakePatiently(files, removeLeftover)) return error;
+  if (const std::error_code error = MakePatiently(files, target, removeLeftover)) return error;
   std::unique_ptr<OutputFile> file;
   FileStamp stamp;
   std::error_code error = files.Create(fresh, like.empty() ? target : like, file);
   if (!error) error = WriteWhole(*file, write, stamp);
   const bool created = file != nullptr;
   file.reset();
-  if (!error) error = MakePatiently(files, [&] { return files.MoveOver(fresh, target); });
+  if (!error) {
+    error = MakePatiently(files, target, [&] { return files.MoveOver(fresh, target); });
+  }
   if (error && created) {
     // The caller needs the first failure; a leftover is removed by the next replacement.
     [[maybe_unused]] const std::error_code dropped = files.Remove(fresh);

@@ -29,6 +29,12 @@ bool IsOurs(const struct stat& file) {
   return S_ISREG(file.st_mode) && file.st_size == 0 && file.st_nlink == 1;
 }
 
+bool IsStillNamed(const struct stat& opened, const fs::path& name) {
+  struct stat named {};
+  return ::lstat(name.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+         opened.st_ino == named.st_ino;
+}
+
 // The lock belongs to the open file; the name only leads there.
 class PosixFileLock final : public FileLock {
  public:
@@ -36,7 +42,9 @@ class PosixFileLock final : public FileLock {
   ~PosixFileLock() override {
     struct stat held {};
     // Removed while it is held: who waits for it finds another file, or none, under the name.
-    if (::fstat(descriptor_, &held) == 0 && IsOurs(held)) ::unlink(path_.c_str());
+    if (::fstat(descriptor_, &held) == 0 && IsOurs(held) && IsStillNamed(held, path_)) {
+      ::unlink(path_.c_str());
+    }
     ::close(descriptor_);
   }
   PosixFileLock(const PosixFileLock&) = delete;
@@ -63,12 +71,6 @@ std::error_code LockDescriptor(int descriptor) {
     }
   }
   return {};
-}
-
-bool IsStillNamed(const struct stat& opened, const fs::path& name) {
-  struct stat named {};
-  return ::lstat(name.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
-         opened.st_ino == named.st_ino;
 }
 
 // Whether the system's list of locks has one on a file of that number, on whatever device. A
