@@ -12,7 +12,9 @@ namespace zentab::app {
 std::filesystem::path ActiveTableFile(const Session& session) {
   const std::filesystem::path path = platform::ToPath(session.tablePath);
   // Only a chosen file has a full path; a plain name is one of the installation's own files.
-  return path.is_absolute() ? path : platform::FindFixedName({}, session.tablePath);
+  return path.is_absolute()
+             ? path
+             : platform::FindFixedName(platform::ToPath(session.installFolder), session.tablePath);
 }
 
 tables::CurveTableEntry LibraryCommands::EntryFromGrid(std::string_view name) const {

@@ -17,7 +17,8 @@ enum class NameResult {
   NotWritten  // the file could not be written; nothing changed
 };
 
-/// The active table file: relative names are those of the installation's own files.
+/// The active table file: relative names are those of the installation's own files, wherever the
+/// working folder is.
 [[nodiscard]] std::filesystem::path ActiveTableFile(const Session& session);
 
 /// The commands on the library of curve tables: each works on whole lines of the active table

@@ -172,8 +172,7 @@ class InstrumentWindowTest : public QObject {
   void AMissingModuleIsSaidInABoxThatCanBeAnswered() {
     WindowFixture& f = Start();
     QVERIFY(QFile::remove(f.Path(QString::fromLatin1(test::kCurrentModule.data()))));
-    const texts::ProgramTexts texts;
-    QtUserDialogs dialogs(texts);
+    QtUserDialogs dialogs(f.session);
     dialogs.SetParent(f.window.get());
     bool answerable = false;
     QMessageBox::Icon icon = QMessageBox::NoIcon;

@@ -55,7 +55,7 @@ int main(int argc, char* argv[]) {
   const auto store = platform::UserSettingsStore();
   app::Settings settings = app::LoadSettings(*store, platform::BaseName(executable), kTitle);
   app::Session session = app::StartSession(settings, *platform::SystemRegistry(), executable);
-  app::QtUserDialogs dialogs(session.texts.program);
+  app::QtUserDialogs dialogs(session);
   NobodyToAsk nobody;
   app::UserDialogs& asked = picture.isEmpty() ? static_cast<app::UserDialogs&>(dialogs) : nobody;
   app::MainWindow window(

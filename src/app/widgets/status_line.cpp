@@ -1,11 +1,12 @@
 #include "app/widgets/status_line.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QLabel>
 #include <QStatusBar>
 
+#include "app/library_commands.h"
 #include "app/session_texts.h"
+#include "platform/paths.h"
 
 namespace zentab::app {
 namespace {
@@ -48,7 +49,8 @@ StatusLine::StatusLine(const Session& session, QStatusBar* bar)
 void StatusLine::Refresh() {
   const QString path = QDir::toNativeSeparators(QString::fromStdString(session_.tablePath));
   file_->setText(Shortened(path));
-  file_->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
+  file_->setToolTip(QDir::toNativeSeparators(
+      QString::fromStdString(platform::ToText(ActiveTableFile(session_)))));
   const std::string count = std::to_string(session_.listing.names.size());
   const std::string& entries = session_.texts.program.entries;
   count_->setText(QString::fromStdString(Expanded(session_, entries, {count})));
