@@ -169,6 +169,28 @@ class InstrumentWindowTest : public QObject {
     QCOMPARE(f.dialogs.asked.size(), 1u);
   }
 
+  void TheWindowTakesNoCommandInAModulesOwnLoop() {
+    WindowFixture& f = Start();
+    Read(0);
+    SetInstrument("current", "pickup = 0.5\nwait = 200\n");
+    static_cast<void>(TakeLog());
+    bool ran = false;
+    bool enabled = true;
+    bool closed = true;
+    QTimer::singleShot(20, f.window.get(), [&] {
+      ran = true;
+      enabled = f.window->isEnabled();
+      closed = f.window->close();
+      for (const char* const control : {"Option2", "Command5", "Command1"}) made_->Click(control);
+    });
+    made_->Click("Command5");
+    QVERIFY(!enabled && !closed);
+    QVERIFY2(ran, "the module let no events run");
+    QVERIFY(f.window->isEnabled() && QApplication::overrideCursor() == nullptr);
+    QCOMPARE(TakeLog(),
+             QStringLiteral(" I Writing 2 lines from SI absolute values| SetRefgraph 1|"));
+  }
+
   void AMissingModuleIsSaidInABoxThatCanBeAnswered() {
     WindowFixture& f = Start();
     QVERIFY(QFile::remove(f.Path(QString::fromLatin1(test::kCurrentModule.data()))));

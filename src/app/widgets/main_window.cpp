@@ -55,12 +55,11 @@ MainWindow::MainWindow(MainWindowParts parts)
       timeTest_(new TimeTestController(session_, parts.files, dialogs_, log_, *chart_)),
       instruments_(new InstrumentController(session_, log_, dialogs_, *table_)),
       graphs_(new ReferenceGraphController(session_, parts.files, dialogs_, log_,
-                                           instruments_->Instruments())),
+                                           instruments_->Instruments(), *this)),
       clipboard_(new ClipboardController(session_, *table_)),
       exchange_(new ExchangeController(session_, files_, writer_, dialogs_, store_, title_, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())) {
-  graphs_->setParent(this);
   modes_->setParent(this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Relay curve table editor"));
