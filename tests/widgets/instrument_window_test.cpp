@@ -7,7 +7,6 @@
 #include <QRegularExpression>
 #include <QStatusBar>
 #include <QTest>
-#include <QTextDocumentFragment>
 #include <QTimer>
 
 #include "app/widgets/qt_user_dialogs.h"
@@ -60,7 +59,7 @@ class InstrumentWindowTest : public QObject {
     return made_->Find<QLineEdit>(name)->text();
   }
   [[nodiscard]] QString Tip(const char* name) const {
-    return QTextDocumentFragment::fromHtml(made_->Find<QWidget>(name)->toolTip()).toPlainText();
+    return made_->Find<QWidget>(name)->toolTip();
   }
   [[nodiscard]] QString Labels() const {
     return made_->Find<QLabel>("Label3")->text() + '|' + made_->Find<QLabel>("Label2")->text();

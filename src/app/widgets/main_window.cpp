@@ -18,6 +18,7 @@
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_panel.h"
+#include "app/widgets/plain_texts.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table/clipboard_controller.h"
 #include "app/widgets/table/table_panel.h"
@@ -61,6 +62,7 @@ MainWindow::MainWindow(MainWindowParts parts)
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())) {
   modes_->setParent(this);
+  new PlainTexts(this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Relay curve table editor"));
   resize(kDesignedSize.boundedTo(screen()->availableSize()));
@@ -218,7 +220,7 @@ void MainWindow::RefreshCaptions() {
   // What an instrument has no text for stays as it was.
   const std::string& tip =
       isChosen ? instrument.pickupTip : session_.texts.program.selectInstrument;
-  if (!tip.empty()) table_->text2->setToolTip(TooltipText(tip));
+  if (!tip.empty()) table_->text2->setToolTip(QString::fromStdString(tip));
   // Without an instrument the field is that of the current one.
   const std::string& label = instrument.pickupLabel.empty()
                                  ? session_.texts.instruments[1].pickupLabel
@@ -228,7 +230,7 @@ void MainWindow::RefreshCaptions() {
     chart_->command5->setText(QString::fromStdString(instrument.setGraphCaption));
   }
   if (!instrument.setGraphTip.empty()) {
-    chart_->command5->setToolTip(TooltipText(instrument.setGraphTip));
+    chart_->command5->setToolTip(QString::fromStdString(instrument.setGraphTip));
   }
   table_->HideButtonsWithoutCaption();
   const LabelPair labels = LabelsFor(session_);

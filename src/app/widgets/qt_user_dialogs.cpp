@@ -10,8 +10,6 @@ bool QtUserDialogs::Show(QMessageBox::Icon icon, QMessageBox::StandardButtons bu
                          const texts::MessageText& message) {
   QMessageBox box(icon, QString::fromStdString(message.title), QString::fromStdString(message.text),
                   buttons, parent_);
-  // Plain text: an entry's name may hold anything, also what looks like markup.
-  box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::Ok);
   box.button(QMessageBox::Ok)->setText(QString::fromStdString(session_.texts.program.ok));
   if (QAbstractButton* const cancel = box.button(QMessageBox::Cancel)) {

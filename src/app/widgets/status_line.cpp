@@ -22,7 +22,6 @@ QString Shortened(const QString& path) {
 QLabel* Cell(const char* name, QStatusBar* bar) {
   auto* const label = new QLabel(bar);
   label->setObjectName(QLatin1String(name));
-  label->setTextFormat(Qt::PlainText);
   label->setContentsMargins(6, 0, 6, 0);
   return label;
 }
