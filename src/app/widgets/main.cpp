@@ -64,5 +64,6 @@ int main(int argc, char* argv[]) {
   window.Load();
   window.show();
   if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
+  window.ListenForEnd();
   return QApplication::exec();
 }
