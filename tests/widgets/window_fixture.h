@@ -75,13 +75,16 @@ class WindowFixture {
   explicit WindowFixture(const QByteArray& library, const std::string& separator = ".") {
     Write("relayTables.dat", library);
     test::InstallSimulators(folder_.path().toStdString());
-    QDir::setCurrent(folder_.path());
+    // Nothing may depend on where it is.
+    QDir::setCurrent(elsewhere_.path());
+    executable = Path("Zentab").toStdString();
     session.localeDecimalSeparator = separator;
     Open();
   }
   ~WindowFixture() {
     window.reset();
     QDir::setCurrent(QDir::tempPath());
+    if (!QDir(elsewhere_.path()).isEmpty()) qFatal("files were left in the working folder");
   }
   WindowFixture(const WindowFixture&) = delete;
   WindowFixture& operator=(const WindowFixture&) = delete;
@@ -127,11 +130,12 @@ class WindowFixture {
   MemoryStore store;
   AnsweringDialogs dialogs;
   test::FailingFileLayer files;
-  std::filesystem::path executable = "Zentab";  // the default catalogue lies in the folder
+  std::filesystem::path executable;  // in the folder, with the default catalogue beside it
   std::unique_ptr<MainWindow> window;
 
  private:
   QTemporaryDir folder_;
+  QTemporaryDir elsewhere_;
 };
 
 }  // namespace zentab::app

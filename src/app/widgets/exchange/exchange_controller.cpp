@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
-#include <QTextDocument>
 
 #include "app/library_commands.h"
 #include "app/session_texts.h"
@@ -147,9 +146,7 @@ void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
     return QString::fromStdString(Expanded(session_, raw));
   };
   const auto tip = [&](QWidget* control, const std::string& raw) {
-    // Plain text would stand in one line, however long.
-    if (!raw.empty())
-      control->setToolTip(Qt::convertFromPlainText(text(raw), Qt::WhiteSpaceNormal));
+    if (!raw.empty()) control->setToolTip(text(raw));
   };
   // A heading that names the file has to wait until one is chosen.
   const bool complete = fileChosen_ || texts.heading.find("%G") == std::string::npos;

@@ -3,17 +3,27 @@
 #include <QDir>
 
 #include "app/session_texts.h"
+#include "app/widgets/testset/busy_window.h"
 #include "platform/paths.h"
 
 namespace zentab::app {
+
 ReferenceGraphController::ReferenceGraphController(Session& session, platform::FileLayer& files,
                                                    UserDialogs& dialogs, const EventLog& log,
-                                                   testset::InstrumentSession& instruments)
-    : session_(session), commands_(session, files, log, instruments), dialogs_(dialogs) {}
+                                                   testset::InstrumentSession& instruments,
+                                                   QWidget& window)
+    : QObject(&window),
+      session_(session),
+      commands_(session, files, log, instruments),
+      dialogs_(dialogs),
+      window_(window) {}
 
 void ReferenceGraphController::SetGraph(const std::string& tableName) {
   Q_EMIT GridNeeded();
-  const SetGraphOutcome outcome = commands_.SetGraph(tableName);
+  const SetGraphOutcome outcome = [&] {
+    const BusyWindow busy(window_);
+    return commands_.SetGraph(tableName);
+  }();
   const texts::GraphTexts& texts = session_.texts.graph;
   if (!outcome.hasPoints) {
     Q_EMIT Failed(QString::fromStdString(texts.noPoints));
