@@ -25,8 +25,8 @@ preprocessed() {
 
 seen() {
   clang-tidy --version
-  git ls-files -z '*.clang-tidy' | xargs -0 cat "$0"
-  echo "$file"
+  git ls-files -z '*.clang-tidy' | xargs -0 cat
+  echo "${tidy[@]}" "$file"
   commands
   cat "$file"
   preprocessed
