@@ -7,7 +7,8 @@
 #   ./test.sh fuzz        every fuzz target for FUZZ_RUNS executions (1,000,000 unless set)
 #   ./test.sh fuzz-short  every fuzz target for ten seconds
 #   ./test.sh faults [KILLS [SECONDS]]   kills in the middle of a change, 1000 on the disk and as
-#                         many in memory; a full device (as root); competing processes, for 60 s
+#                         many in memory; a full device and two users in one folder (as root);
+#                         competing processes, for 60 s
 #   ./test.sh load        the window on a library of 1,000,000 entries, and hostile expressions,
 #                         each beside its limit
 #   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
@@ -77,6 +78,9 @@ faults() {
   fi
   echo "== full device"
   "$bin/full_disk_harness" || { skipped=$? && [ "$skipped" -eq 77 ]; }
+  echo "== two users in one folder"
+  [ "$(id -u)" -ne 0 ] || need "${fault_packages[@]}"
+  tests/faults/shared_folder.sh "$bin" || { skipped=$? && [ "$skipped" -eq 77 ]; }
   echo "== processes that compete"
   "$bin/writers_harness" "$seconds" 2
   "$bin/writers_harness" "$((seconds / 3))" 4
@@ -108,7 +112,7 @@ case "${1:-dev}" in
   faults) faults "${@:2}" ;;
   load) load ;;
   *)
-    sed -n '2,14s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,15s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

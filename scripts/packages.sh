@@ -37,6 +37,7 @@ test_packages=(libgtest-dev)
 windows_packages=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 wine64)
 static_packages=(clang clang-tidy cppcheck)
 fuzz_packages=(clang libclang-rt-dev llvm)
+fault_packages=(acl attr)
 bench_packages=(libbenchmark-dev libmuparser-dev libboost-math-dev)
 
 # build PRESET: configures once (again in a checkout that was moved), then builds what changed.
