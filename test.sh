@@ -35,7 +35,8 @@ run() {
 fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_import=2048
   reference_graph=2048 clipboard_text=512 expression=256 settings_files=1024)
 
-# fuzz LIMIT: runs all targets. New inputs, the log and an input at fault stay in build/fuzz/found.
+# fuzz LIMIT: runs all targets, each in a folder of its own below build/fuzz/found. New inputs, the
+# log, an input at fault and whatever else a target leaves stay there.
 fuzz() (
   need "${build_packages[@]}" "${fuzz_packages[@]}"
   echo "== fuzz $1"
@@ -46,14 +47,16 @@ fuzz() (
   trap 'rm -rf "$TMPDIR"' EXIT
   failed=0
   for row in "${fuzz_targets[@]}"; do
-    target=${row%=*} found=build/fuzz/found/${row%=*} corpus=build/fuzz/corpus/${row%=*}
+    target=${row%=*}
+    found=$PWD/build/fuzz/found/$target corpus=$PWD/build/fuzz/corpus/$target
+    program=$PWD/build/fuzz/bin/$target
     options=("$1" -seed=1 -max_len="${row#*=}" -timeout=10 -rss_limit_mb=2048
       -print_final_stats=1 -artifact_prefix="$found/")
     [ ! -f "$corpus.dict" ] || options+=(-dict="$corpus.dict")
     rm -rf "$found"
     mkdir -p "$found/inputs"
     printf '%-18s' "$target"
-    if "build/fuzz/bin/$target" "${options[@]}" "$found/inputs" "$corpus" >"$found/log" 2>&1; then
+    if (cd "$found" && "$program" "${options[@]}" inputs "$corpus") >"$found/log" 2>&1; then
       sed -n 's/^Done //p' "$found/log"
     else
       echo "at fault: see $found"

@@ -30,7 +30,7 @@ need() {
   }
 }
 
-build_packages=(g++ cmake ninja-build libutfcpp-dev libcli11-dev nlohmann-json3-dev)
+build_packages=(g++ cmake ninja-build ccache libutfcpp-dev libcli11-dev nlohmann-json3-dev)
 window_packages=(qt6-base-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
   fonts-dejavu-core fonts-noto-cjk)
 test_packages=(libgtest-dev)
