@@ -62,7 +62,7 @@ void ReferenceGraphCommands::LogWriting(std::size_t segments, std::string_view t
 bool ReferenceGraphCommands::CanImport() const { return testset::CanImport(session_.modes); }
 
 ImportGraphOutcome ReferenceGraphCommands::ImportGraph(const std::filesystem::path& file) {
-  const testset::ReadGraph graph = testset::ReadReferenceGraph(file);
+  const testset::ReadGraph graph = testset::ReadReferenceGraph(files_, file);
   if (graph.error) return {graph.error, 0};
   const testset::ImportedGraph imported =
       testset::ImportGraph(graph.segments, session_.modes, InstrumentInUse(session_));

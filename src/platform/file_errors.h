@@ -4,9 +4,11 @@
 
 namespace zentab::platform {
 
-/// Why a file is not written, where the system's own errors would not say it.
+/// What the system has no word for: why a file is not read or written.
 enum class FileError {
-  GroupNotKept = 1,   ///< its group would lose it, to which this process cannot give it again
+  LineTooLong = 1,    ///< a line is longer than any text that is meant to be read
+  GivenUp,            ///< the user no longer waits for the file
+  GroupNotKept,       ///< its group would lose it, to which this process cannot give it again
   OwnerNotKept,       ///< its owner would lose it, to whom this process cannot give it again
   AccessListNotKept,  ///< whom its access list names would lose it
   HardLinked,         ///< it has other names, which would go on showing the former content
@@ -15,13 +17,14 @@ enum class FileError {
   NoRegularFile,      ///< under its name stands a pipe, a device or the like
 };
 
-/// Their category, with a short English message of each. As conditions the first three are
-/// std::errc::permission_denied, then too_many_links, twice device_or_resource_busy, and
-/// operation_not_supported.
+/// Their category, with a short English message of each. As conditions the three of access that is
+/// not kept are std::errc::permission_denied, HardLinked is too_many_links, LockedByOther and
+/// OpenElsewhere are device_or_resource_busy, and NoRegularFile is operation_not_supported.
 [[nodiscard]] const std::error_category& FileErrors();
 
-// The name by which the standard library finds it.
-[[nodiscard]] std::error_code make_error_code(FileError error);  // NOLINT
+[[nodiscard]] inline std::error_code make_error_code(FileError error) {
+  return {static_cast<int>(error), FileErrors()};
+}
 
 }  // namespace zentab::platform
 

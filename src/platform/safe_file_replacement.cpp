@@ -69,17 +69,20 @@ std::error_code RefuseUnlessReplaceable(const fs::path& path, bool getsOtherAcce
 template <class Step>
 std::error_code MakePatiently(FileLayer& files, const fs::path& target, Step step) {
   using std::chrono::milliseconds;
-  constexpr milliseconds kShortestPause(1), kLongestPause(50);
+  constexpr milliseconds kShortestPause(1), kLongestPause(50), kLongestSleep(10);
   milliseconds pause = kShortestPause;
-  std::optional<FileStamp> seen;
+  std::optional<FileStamp> seen, now;
   const auto start = std::chrono::steady_clock::now();
   for (;;) {
     const std::error_code error = step();
     if (error != std::errc::device_or_resource_busy) return error;
-    files.KeepAlive();
     if (!files.GoOnWaiting(std::chrono::steady_clock::now() - start)) return error;
-    std::this_thread::sleep_for(pause);
-    const std::optional<FileStamp> now = StampOf(target);
+    for (milliseconds left = pause; left > milliseconds::zero(); left -= kLongestSleep) {
+      std::this_thread::sleep_for(std::min(left, kLongestSleep));
+      files.KeepAlive();
+    }
+    // One that cannot be had is as good as an unchanged one.
+    [[maybe_unused]] const std::error_code dropped = files.StampOf(target, now);
     pause = now == seen ? std::min(pause * 2, kLongestPause) : kShortestPause;
     seen = now;
   }
@@ -101,8 +104,14 @@ fs::path LinkTarget(const fs::path& path) {
 
 std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const ContentWriter& write,
                             FileStamp* written, const fs::path& like) {
-  const fs::path target = LinkTarget(path);
-  if (const auto error = RefuseUnlessReplaceable(target, !like.empty())) return error;
+  const std::optional<fs::path> linked = AskFor(files, [path] { return LinkTarget(path); });
+  if (!linked) return FileError::GivenUp;
+  const fs::path& target = *linked;
+  const bool getsOtherAccess = !like.empty();
+  if (const std::error_code error = files.Ask(
+          [target, getsOtherAccess] { return RefuseUnlessReplaceable(target, getsOtherAccess); })) {
+    return error;
+  }
   std::unique_ptr<FileLock> lock;
   const auto takeLock = [&] { return files.TryLock(target, lock); };
   if (const std::error_code error = MakePatiently(files, target, takeLock)) return error;

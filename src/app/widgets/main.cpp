@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <cstdlib>
 
 #include "app/settings.h"
 #include "app/start_up.h"
@@ -8,6 +9,7 @@
 #include "app/widgets/main_window.h"
 #include "app/widgets/qt_user_dialogs.h"
 #include "platform/file_size_limit.h"
+#include "platform/file_thread.h"
 #include "platform/paths.h"
 
 namespace {
@@ -36,10 +38,7 @@ bool SaveScreenshot(app::MainWindow& window, const QString& file) {
   return window.grab().save(file);
 }
 
-}  // namespace
-
-int main(int argc, char* argv[]) {
-  platform::ReportFileSizeLimit();
+int Run(int argc, char* argv[]) {
   QApplication application(argc, argv);
   QCommandLineParser arguments;
   const QCommandLineOption screenshot(
@@ -67,4 +66,14 @@ int main(int argc, char* argv[]) {
   window.show();
   if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
   return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  platform::ReportFileSizeLimit();
+  const int result = Run(argc, argv);
+  // A call that hangs may still use what the end of the program would destroy.
+  if (platform::FileThread::HasLeftCalls()) std::_Exit(result);
+  return result;
 }
