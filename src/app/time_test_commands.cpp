@@ -16,9 +16,15 @@ void Take(std::int16_t& setting, std::string_view field) {
 
 }  // namespace
 
+bool HasTimeTest(platform::FileLayer& files, const std::filesystem::path& installFolder,
+                 tables::Instrument instrument) {
+  timetest::ResultSource source;
+  return !timetest::FindResultSource(files, installFolder, instrument, source) &&
+         timetest::HasEntries(files, source);
+}
+
 bool TimeTestCommands::HasTimeTest() const {
-  return timetest::HasEntries(
-      timetest::FindResultSource(platform::ToPath(session_.installFolder), session_.instrument));
+  return app::HasTimeTest(files_, platform::ToPath(session_.installFolder), session_.instrument);
 }
 
 timetest::ImportResult TimeTestCommands::ImportTimeTest(const ImportFields& fields,
@@ -27,9 +33,15 @@ timetest::ImportResult TimeTestCommands::ImportTimeTest(const ImportFields& fiel
   const std::filesystem::path folder = platform::ToPath(session_.installFolder);
   std::optional<timetest::ImportTrace> trace;
   if (session_.texts.import.printTable) trace.emplace(files_, folder / kTraceFile);
-  timetest::ImportResult result =
-      timetest::ImportCurve(timetest::FindResultSource(folder, session_.instrument), Options(),
-                            session_.texts, trace ? &*trace : nullptr, progress);
+  timetest::ResultSource source;
+  timetest::ImportResult result;
+  result.readError = timetest::FindResultSource(files_, folder, session_.instrument, source);
+  if (result.readError) {
+    result.outcome = timetest::ImportOutcome::Unreadable;
+    return result;
+  }
+  result = timetest::ImportCurve(files_, source, Options(), session_.texts,
+                                 trace ? &*trace : nullptr, progress);
   session_.texts.import.differenceType = result.differenceType;
   if (result.outcome == timetest::ImportOutcome::Imported) ShowInGrid(result.points);
   return result;

@@ -15,6 +15,11 @@ struct ImportFields {
   std::string meanOver;        // `Text6`
 };
 
+/// Whether an instrument's result file has an entry; not while it cannot be read.
+[[nodiscard]] bool HasTimeTest(platform::FileLayer& files,
+                               const std::filesystem::path& installFolder,
+                               tables::Instrument instrument);
+
 /// The command on the time test of the chosen instrument. It asks nothing.
 class TimeTestCommands {
  public:

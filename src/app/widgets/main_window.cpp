@@ -45,15 +45,15 @@ MainWindow::MainWindow(MainWindowParts parts)
       catalogues_(CatalogueCandidates(session_.installFolder, parts.executable)),
       files_(parts.files),
       writer_(files_, tables::Backups::AtFirstWrite),
-      log_(session_, parts.files),
+      log_(session_, files_),
       library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
       libraryController_(
           new LibraryController(session_, files_, writer_, parts.dialogs, *library_)),
-      timeTest_(new TimeTestController(session_, parts.files, parts.dialogs, log_, *chart_)),
+      timeTest_(new TimeTestController(session_, files_, parts.dialogs, log_, *chart_)),
       instruments_(new InstrumentController(session_, log_, parts.dialogs, *table_)),
-      graphs_(new ReferenceGraphController(session_, parts.files, parts.dialogs, log_,
+      graphs_(new ReferenceGraphController(session_, files_, parts.dialogs, log_,
                                            instruments_->Instruments(), *this)),
       clipboard_(new ClipboardController(session_, *table_)),
       exchange_(new ExchangeController(session_, files_, writer_, parts.dialogs, parts.store,
@@ -141,7 +141,11 @@ void MainWindow::ConnectPanels() {
     RefreshCaptions();
   });
   connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
+  connect(libraryController_, &LibraryController::CommandBegun, status_, &StatusLine::Clear);
   connect(libraryController_, &LibraryController::Failed, status_, &StatusLine::ShowFailure);
+  connect(&files_, &ResponsiveFiles::Waiting, status_, &StatusLine::ShowWaiting);
+  connect(&files_, &ResponsiveFiles::WaitEnded, status_, &StatusLine::HideWaiting);
+  connect(status_, &StatusLine::GivenUp, &files_, &ResponsiveFiles::GiveUp);
   connect(clipboard_, &ClipboardController::TableChanged, this, [this, grid] {
     grid->ShowAll();
     RefreshChart();
@@ -156,6 +160,7 @@ void MainWindow::ConnectTimeTest() {
   connect(timeTest_, &TimeTestController::GridNeeded, table_->grid,
           &editor::CurveGridView::CloseEditor);
   connect(timeTest_, &TimeTestController::TableImported, this, &MainWindow::ShowTable);
+  connect(timeTest_, &TimeTestController::GridNeeded, status_, &StatusLine::Clear);
   connect(timeTest_, &TimeTestController::Failed, status_, &StatusLine::ShowFailure);
   connect(instruments_, &InstrumentController::ResultsWanted, timeTest_,
           &TimeTestController::UpdateTimeTestAvailability);
@@ -167,6 +172,7 @@ void MainWindow::ConnectInstruments() {
   connect(instruments_, &InstrumentController::InstrumentChosen, this,
           &MainWindow::RefreshCaptions);
   connect(instruments_, &InstrumentController::Chosen, this, &MainWindow::RefreshChart);
+  connect(instruments_, &InstrumentController::InstrumentChosen, status_, &StatusLine::Clear);
   connect(instruments_, &InstrumentController::Failed, status_, &StatusLine::ShowFailure);
   connect(chart_->command5, &QPushButton::clicked, this, [this] {
     const std::optional<std::size_t> index = library_->SelectedIndex();
@@ -178,6 +184,7 @@ void MainWindow::ConnectInstruments() {
   connect(graphs_, &ReferenceGraphController::GridNeeded, modes_,
           &ValueModeBinding::LeaveMultiplier);
   connect(graphs_, &ReferenceGraphController::TableImported, this, &MainWindow::ShowTable);
+  connect(graphs_, &ReferenceGraphController::GridNeeded, status_, &StatusLine::Clear);
   connect(graphs_, &ReferenceGraphController::Failed, status_, &StatusLine::ShowFailure);
 }
 
@@ -200,8 +207,12 @@ void MainWindow::ListenForEnd() { end_->Listen(); }
 
 void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
   FormTexts form(*this);
-  texts::ApplyTexts(file, form, session_.texts,
-                    [this](std::string_view text) { return Expanded(session_, text); });
+  const std::error_code error =
+      texts::ApplyTexts(files_, file, form, session_.texts,
+                        [this](std::string_view text) { return Expanded(session_, text); });
+  // Most places for a catalogue have none.
+  if (!error || error == std::errc::no_such_file_or_directory) return;
+  status_->ShowFailure(FailureText(session_.texts.program.catalogueFailed, error));
 }
 
 void MainWindow::ShowTable() {

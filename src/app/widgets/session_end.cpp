@@ -9,7 +9,7 @@
 
 #include "app/session_texts.h"
 #include "app/settings.h"
-#include "app/widgets/responsive_files.h"
+#include "app/widgets/files/responsive_files.h"
 #include "app/widgets/testset/busy_window.h"
 #include "app/widgets/user_dialogs.h"
 #include "app/widgets/window_placement.h"
@@ -21,6 +21,7 @@ namespace zentab::app {
 namespace {
 
 constexpr int kTryAgainAfter = 50;  // milliseconds
+constexpr int kPatience = 2000;     // milliseconds, less than systems wait before they kill
 
 // Every question can be answered by Cancel, and a long import be stopped.
 void CancelDialogs() {
@@ -46,7 +47,9 @@ bool SessionEnd::MayClose() {
   if (!parts_.window.isEnabled() || parts_.files.IsAtWork()) return false;
   // One that is gone leaves the working folder as it is.
   [[maybe_unused]] const std::error_code dropped =
-      platform::ChangeCurrentFolder(platform::ToPath(parts_.session.installFolder));
+      parts_.files.Ask([folder = platform::ToPath(parts_.session.installFolder)] {
+        return platform::ChangeCurrentFolder(folder);
+      });
   parts_.grid.CloseEditor();
   StoreSettings();
   if (!unasked_ && !MayDiscardEdits()) return false;
@@ -62,14 +65,12 @@ bool SessionEnd::MaySessionEnd(const std::function<bool()>& mayAsk) {
 
 void SessionEnd::EndUnasked() {
   if (ended_) return;
-  unasked_ = true;
-  // What works on files has to come to its end first, and its dialog with it.
-  if (!parts_.files.IsAtWork()) CancelDialogs();
-  if (IsUnderWay() || !parts_.window.close()) {
-    retry_->start();
-  } else {
-    QCoreApplication::exit();
-  }
+  if (!std::exchange(unasked_, true)) waited_.start();
+  // Before anything else: a file that is waited for below may never answer.
+  retry_->start();
+  CancelDialogs();
+  if (waited_.elapsed() > kPatience) parts_.files.GiveUp();
+  if (!IsUnderWay() && parts_.window.close()) QCoreApplication::exit();
 }
 
 void SessionEnd::Listen() {
@@ -97,11 +98,13 @@ bool SessionEnd::eventFilter(QObject* watched, QEvent* event) {
 
 void SessionEnd::StoreSettings() {
   const Session& session = parts_.session;
+  const Settings settings = {session.tablePath, session.modes.pickup,
+                             session.modes.absoluteValues ? "1" : "0", PlacementOf(parts_.window)};
   // The program ends whether or not its window is remembered.
   [[maybe_unused]] const std::error_code dropped =
-      SaveSettings(parts_.store, parts_.title,
-                   {session.tablePath, session.modes.pickup,
-                    session.modes.absoluteValues ? "1" : "0", PlacementOf(parts_.window)});
+      parts_.files.Ask([&store = parts_.store, title = parts_.title, settings] {
+        return SaveSettings(store, title, settings);
+      });
 }
 
 bool SessionEnd::MayDiscardEdits() {

@@ -3,10 +3,10 @@
 #include <QDir>
 #include <QLabel>
 #include <QStatusBar>
+#include <QToolButton>
 
-#include "app/library_commands.h"
 #include "app/session_texts.h"
-#include "platform/paths.h"
+#include "app/widgets/files/held_input.h"
 
 namespace zentab::app {
 namespace {
@@ -39,17 +39,24 @@ StatusLine::StatusLine(const Session& session, QStatusBar* bar)
       bar_(bar),
       file_(Cell("StatusFile", bar)),
       count_(Cell("StatusCount", bar)),
-      modified_(Cell("StatusModified", bar)) {
+      modified_(Cell("StatusModified", bar)),
+      waiting_(Cell("StatusWaiting", bar)),
+      giveUp_(new QToolButton(bar)) {
+  giveUp_->setObjectName(QLatin1String(HeldInput::kGiveUpButton));
+  connect(giveUp_, &QToolButton::clicked, this, &StatusLine::GivenUp);
   bar->addWidget(file_, 1);
+  bar->addPermanentWidget(waiting_);
+  bar->addPermanentWidget(giveUp_);
+  HideWaiting();
   bar->addPermanentWidget(modified_);
   bar->addPermanentWidget(count_);
 }
 
 void StatusLine::Refresh() {
   const QString path = QDir::toNativeSeparators(QString::fromStdString(session_.tablePath));
+  const QDir installed(QString::fromStdString(session_.installFolder));
   file_->setText(Shortened(path));
-  file_->setToolTip(QDir::toNativeSeparators(
-      QString::fromStdString(platform::ToText(ActiveTableFile(session_)))));
+  file_->setToolTip(QDir::toNativeSeparators(installed.absoluteFilePath(path)));
   const std::string count = std::to_string(session_.listing.names.size());
   const std::string& entries = session_.texts.program.entries;
   count_->setText(QString::fromStdString(Expanded(session_, entries, {count})));
@@ -61,6 +68,22 @@ void StatusLine::RefreshModified() {
   modified_->setText(session_.table.tableModified
                          ? QStringLiteral("● ") + QString::fromStdString(texts.modified)
                          : QString());
+}
+
+void StatusLine::Clear() { bar_->clearMessage(); }
+
+void StatusLine::ShowWaiting(ResponsiveFiles::WaitsFor reason) {
+  const texts::ProgramTexts& texts = session_.texts.program;
+  const bool isWriter = reason == ResponsiveFiles::WaitsFor::Writer;
+  waiting_->setText(QString::fromStdString(isWriter ? texts.waitsForWriter : texts.waitsForFile));
+  giveUp_->setText(QString::fromStdString(texts.giveUp));
+  waiting_->show();
+  giveUp_->show();
+}
+
+void StatusLine::HideWaiting() {
+  waiting_->hide();
+  giveUp_->hide();
 }
 
 void StatusLine::ShowFailure(const QString& text) { bar_->showMessage(text, kFailureShown); }

@@ -33,12 +33,14 @@ class IniRegistry final : public Registry {
                                                std::string_view valueName) const override {
     const std::filesystem::path folder = ConfigurationFolder("ZENTAB_REGISTRY_DIR");
     if (folder.empty()) return std::nullopt;
-    const std::optional<std::string> text = ReadWholeFile(folder / "registry.ini", kLargestFile);
-    if (!text) return std::nullopt;
+    std::string text;
+    if (ReadWholeFile(SystemFiles(), folder / "registry.ini", kLargestFile, text)) {
+      return std::nullopt;
+    }
     const std::string section =
         (root == RootKey::LocalMachine ? "HKEY_LOCAL_MACHINE\\" : "HKEY_CURRENT_USER\\") +
         std::string(keyPath);
-    std::optional<std::string> value = IniText(*text).Find(section, valueName);
+    std::optional<std::string> value = IniText(std::move(text)).Find(section, valueName);
     return value ? ValueText(std::move(*value)) : std::nullopt;
   }
 };
