@@ -59,6 +59,11 @@ class LibraryCommands {
   /// written.
   [[nodiscard]] NameResult EnterName(std::string_view typed, std::error_code& error);
 
+  /// Whether another program has left the entries of the active file in FILE.new, and no file.
+  [[nodiscard]] bool FindsLeftover() const { return writer_.FindsLeftover(File()); }
+  /// Makes that the file and lists it.
+  [[nodiscard]] std::error_code TakeLeftover();
+
   /// Makes another table file the active one and lists it.
   [[nodiscard]] std::error_code SetActiveTable(std::string_view path);
 

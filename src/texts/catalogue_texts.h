@@ -86,6 +86,11 @@ struct ProgramTexts {
   std::string waitsForFile = "Waiting for the file…";
   std::string waitsForWriter = "Waiting: someone else is writing the file…";
   std::string giveUp = "Give up (Esc)";
+  std::string leftoverHeading = "Table file missing";
+  std::string leftoverText =
+      "There is no table file %F, but %F.new, which another program has left behind, holds "
+      "entries. Use it as the table file?";
+  std::string leftoverKept = "What another program had left in the file's place is now its backup";
   std::string writeFailed = "The table file could not be written";
   std::string backupFailed = "The table file was not written, as no backup could be kept of it";
   std::string entryChanged = "Another program has changed the entry; the list shows the file anew";

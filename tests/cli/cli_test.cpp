@@ -91,6 +91,15 @@ TEST_F(CommandLine, TheScriptOfTheDocumentationRuns) {
       BytesOf(Folder() / "out").starts_with("# Feeder 12\tms=0\tabsolute=0\tinstrument=1\n"));
 }
 
+TEST_F(CommandLine, ALimitOfTheFileSizeFailsTheWrite) {
+  const string library = "{\"A\"\t" + string(2000, ' ') + "001}\n";
+  Write("lib.dat", library);
+  Write("in", "5\t6\n");
+  EXPECT_EQ(Run("ulimit -f 1 && \"" PROGRAM "\" add lib.dat B <in 2>err"), 1);
+  EXPECT_EQ(BytesOf(Folder() / "lib.dat"), library);
+  EXPECT_EQ(Names(), (std::vector<string>{"err", "in", "lib.dat"}));
+}
+
 TEST_F(CommandLine, StreamsThatFailAreNoEmptyInputAndNoSuccess) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
   Write("lines", "1\n");

@@ -8,6 +8,7 @@
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/qt_user_dialogs.h"
+#include "platform/file_size_limit.h"
 #include "platform/file_thread.h"
 #include "platform/paths.h"
 
@@ -38,6 +39,7 @@ bool SaveScreenshot(app::MainWindow& window, const QString& file) {
 }
 
 int Run(int argc, char* argv[]) {
+  platform::ReportFileSizeLimit();
   QApplication application(argc, argv);
   QCommandLineParser arguments;
   const QCommandLineOption screenshot(

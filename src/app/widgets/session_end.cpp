@@ -20,8 +20,8 @@
 namespace zentab::app {
 namespace {
 
-constexpr int kTryAgainAfter = 50;  // milliseconds
-constexpr int kPatience = 2000;     // milliseconds, less than systems wait before they kill
+constexpr int kTryAgainAfter = 50;   // milliseconds
+constexpr int kLongestWork = 5'000;  // that is waited for
 
 // Every question can be answered by Cancel, and a long import be stopped.
 void CancelDialogs() {
@@ -69,7 +69,7 @@ void SessionEnd::EndUnasked() {
   // Before anything else: a file that is waited for below may never answer.
   retry_->start();
   CancelDialogs();
-  if (waited_.elapsed() > kPatience) parts_.files.GiveUp();
+  if (waited_.elapsed() > kLongestWork) parts_.files.GiveUp();
   if (!IsUnderWay() && parts_.window.close()) QCoreApplication::exit();
 }
 

@@ -59,7 +59,7 @@ class SessionEnd : public QObject {
   [[nodiscard]] bool MaySessionEnd(const std::function<bool()>& mayAsk);
 
   /// Ends the program without a question as soon as no command is under way any more. A dialog that
-  /// is open is cancelled; a file that is waited for is given up after two seconds.
+  /// is open is cancelled; a file that is waited for is given up after five seconds.
   void EndUnasked();
 
   /// From now on listens to the session manager and to the signals that ask a program to end. The

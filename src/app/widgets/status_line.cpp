@@ -7,6 +7,7 @@
 
 #include "app/session_texts.h"
 #include "app/widgets/files/held_input.h"
+#include "platform/paths.h"
 
 namespace zentab::app {
 namespace {
@@ -54,9 +55,11 @@ StatusLine::StatusLine(const Session& session, QStatusBar* bar)
 
 void StatusLine::Refresh() {
   const QString path = QDir::toNativeSeparators(QString::fromStdString(session_.tablePath));
-  const QDir installed(QString::fromStdString(session_.installFolder));
   file_->setText(Shortened(path));
-  file_->setToolTip(QDir::toNativeSeparators(installed.absoluteFilePath(path)));
+  // An absolute path stays as it is.
+  const std::filesystem::path full =
+      platform::ToPath(session_.installFolder) / platform::ToPath(session_.tablePath);
+  file_->setToolTip(QDir::toNativeSeparators(QString::fromStdString(platform::ToText(full))));
   const std::string count = std::to_string(session_.listing.names.size());
   const std::string& entries = session_.texts.program.entries;
   count_->setText(QString::fromStdString(Expanded(session_, entries, {count})));

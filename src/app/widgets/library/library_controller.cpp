@@ -93,10 +93,15 @@ void LibraryController::Update() {
 void LibraryController::EnterName(const QString& name) {
   if (files_.IsAtWork()) return;
   Q_EMIT CommandBegun();
+  if (!name.trimmed().isEmpty() && TakesLeftover()) return;
   std::error_code error;
   switch (Add(name, error)) {
-    case NameResult::Empty:
     case NameResult::Added:
+      if (writer_.HasKeptLeftover()) {
+        Q_EMIT Failed(QString::fromStdString(session_.texts.program.leftoverKept));
+      }
+      [[fallthrough]];
+    case NameResult::Empty:
       panel_.CloseNameBox();
       break;
     case NameResult::Duplicate:
@@ -109,6 +114,17 @@ void LibraryController::EnterName(const QString& name) {
       Q_EMIT Failed(FailureText(WriteFailure(), error));
       break;
   }
+}
+
+// The list shows then what was missing, and the box keeps the name for another Enter.
+bool LibraryController::TakesLeftover() {
+  const ResponsiveFiles::Work work(files_);
+  if (!commands_.FindsLeftover()) return false;
+  const texts::ProgramTexts& texts = session_.texts.program;
+  const std::string text = Expanded(session_, texts.leftoverText);
+  if (!dialogs_.Confirm({texts.leftoverHeading, text})) return false;
+  ShowFromStart(commands_.TakeLeftover());
+  return true;
 }
 
 void LibraryController::SetActiveTable() {
