@@ -47,7 +47,9 @@ bool SessionEnd::MayClose() {
   if (!parts_.window.isEnabled() || parts_.files.IsAtWork()) return false;
   // One that is gone leaves the working folder as it is.
   [[maybe_unused]] const std::error_code dropped =
-      platform::ChangeCurrentFolder(platform::ToPath(parts_.session.installFolder));
+      parts_.files.Ask([folder = platform::ToPath(parts_.session.installFolder)] {
+        return platform::ChangeCurrentFolder(folder);
+      });
   parts_.grid.CloseEditor();
   StoreSettings();
   if (!unasked_ && !MayDiscardEdits()) return false;
@@ -63,18 +65,12 @@ bool SessionEnd::MaySessionEnd(const std::function<bool()>& mayAsk) {
 
 void SessionEnd::EndUnasked() {
   if (ended_) return;
-  unasked_ = true;
-  // What works on files has to come to its end first, and its dialog with it.
-  if (!parts_.files.IsAtWork()) {
-    CancelDialogs();
-  } else if (++triesAtWork_ * kTryAgainAfter > kLongestWork) {
-    parts_.files.GiveUp();
-  }
-  if (IsUnderWay() || !parts_.window.close()) {
-    retry_->start();
-  } else {
-    QCoreApplication::exit();
-  }
+  if (!std::exchange(unasked_, true)) waited_.start();
+  // Before anything else: a file that is waited for below may never answer.
+  retry_->start();
+  CancelDialogs();
+  if (waited_.elapsed() > kLongestWork) parts_.files.GiveUp();
+  if (!IsUnderWay() && parts_.window.close()) QCoreApplication::exit();
 }
 
 void SessionEnd::Listen() {

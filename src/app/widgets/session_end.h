@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <functional>
 #include <memory>
@@ -57,8 +58,8 @@ class SessionEnd : public QObject {
   /// when there are edits and `mayAsk` allows it. Nothing has ended yet, and perhaps nothing will.
   [[nodiscard]] bool MaySessionEnd(const std::function<bool()>& mayAsk);
 
-  /// Ends the program without a question as soon as no command is under way any more; a dialog
-  /// that is open is cancelled.
+  /// Ends the program without a question as soon as no command is under way any more. A dialog that
+  /// is open is cancelled; a file that is waited for is given up after five seconds.
   void EndUnasked();
 
   /// From now on listens to the session manager and to the signals that ask a program to end. The
@@ -78,7 +79,7 @@ class SessionEnd : public QObject {
   SessionEndParts parts_;
   std::unique_ptr<platform::EndSignals> signals_;
   QTimer* retry_;
-  int triesAtWork_ = 0;
+  QElapsedTimer waited_;
   bool unasked_ = false;
   bool ended_ = false;
 };

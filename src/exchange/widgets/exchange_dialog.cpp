@@ -85,6 +85,7 @@ void ExchangeDialog::showEvent(QShowEvent* event) {
 }
 
 void ExchangeDialog::done(int result) {
+  if (isAtWork) return;
   Q_EMIT Closing();
   QDialog::done(result);
 }

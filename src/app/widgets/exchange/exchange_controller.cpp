@@ -81,7 +81,9 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   session_.exchangeFile = QDir::toNativeSeparators(file).toStdString();
   std::error_code error;
   if (importing) {
+    dialog.isAtWork = true;
     error = ListSource();
+    dialog.isAtWork = false;
   } else {
     listing_ = session_.listing;
     entries_.Reload();
@@ -95,6 +97,7 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
 
 void ExchangeController::Execute(ExchangeDialog& dialog) {
   dialog.command1->setEnabled(false);
+  dialog.isAtWork = true;
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   const std::filesystem::path target = mode_ == Mode::Import
                                            ? ActiveTableFile(files_, PlaceOf(session_))
@@ -107,6 +110,7 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
   const bool isStale = result.error == tables::kEntryChanged;
   std::error_code listing;
   if (isStale || CopiesOntoItself()) listing = ListSource();
+  dialog.isAtWork = false;
   QGuiApplication::restoreOverrideCursor();
   dialog.command1->setEnabled(true);
   // The button lost the focus when it was disabled; what comes next is another selection.

@@ -20,10 +20,7 @@ ReferenceGraphController::ReferenceGraphController(Session& session, platform::F
 
 void ReferenceGraphController::SetGraph(const std::string& tableName) {
   Q_EMIT GridNeeded();
-  const SetGraphOutcome outcome = [&] {
-    const BusyWindow busy(window_);
-    return commands_.SetGraph(tableName);
-  }();
+  const SetGraphOutcome outcome = commands_.WriteGraph(tableName);
   const texts::GraphTexts& texts = session_.texts.graph;
   if (!outcome.hasPoints) {
     Q_EMIT Failed(QString::fromStdString(texts.noPoints));
@@ -31,6 +28,9 @@ void ReferenceGraphController::SetGraph(const std::string& tableName) {
     Q_EMIT Failed(
         QStringLiteral("%1: %2").arg(QString::fromStdString(texts.notWritten),
                                      QString::fromLocal8Bit(outcome.error.message().c_str())));
+  } else {
+    const BusyWindow busy(window_);
+    commands_.HandOverGraph();
   }
 }
 
