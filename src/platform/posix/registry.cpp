@@ -31,9 +31,8 @@ class IniRegistry final : public Registry {
  public:
   std::optional<std::string> ReadRegistryValue(RootKey root, std::string_view keyPath,
                                                std::string_view valueName) const override {
-    const std::filesystem::path folder = ConfigurationFolder("ZENTAB_REGISTRY_DIR");
-    if (folder.empty()) return std::nullopt;
-    const std::optional<std::string> text = ReadWholeFile(folder / "registry.ini", kLargestFile);
+    if (folder_.empty()) return std::nullopt;
+    const std::optional<std::string> text = ReadWholeFile(folder_ / "registry.ini", kLargestFile);
     if (!text) return std::nullopt;
     const std::string section =
         (root == RootKey::LocalMachine ? "HKEY_LOCAL_MACHINE\\" : "HKEY_CURRENT_USER\\") +
@@ -41,6 +40,9 @@ class IniRegistry final : public Registry {
     std::optional<std::string> value = IniText(*text).Find(section, valueName);
     return value ? ValueText(std::move(*value)) : std::nullopt;
   }
+
+ private:
+  std::filesystem::path folder_ = ConfigurationFolder("ZENTAB_REGISTRY_DIR");
 };
 
 }  // namespace
