@@ -1,7 +1,5 @@
 #include "app/time_test_commands.h"
 
-#include <optional>
-
 #include "platform/paths.h"
 #include "texts/number_text.h"
 
@@ -21,18 +19,21 @@ bool TimeTestCommands::HasTimeTest() const {
       timetest::FindResultSource(platform::ToPath(session_.installFolder), session_.instrument));
 }
 
-timetest::ImportResult TimeTestCommands::ImportTimeTest(const ImportFields& fields,
-                                                        const timetest::ProgressReport& progress) {
+ImportTimeTestOutcome TimeTestCommands::ImportTimeTest(const ImportFields& fields,
+                                                       const timetest::ProgressReport& progress) {
   TakeFields(fields);
   const std::filesystem::path folder = platform::ToPath(session_.installFolder);
-  std::optional<timetest::ImportTrace> trace;
-  if (session_.texts.import.printTable) trace.emplace(files_, folder / kTraceFile);
-  timetest::ImportResult result =
-      timetest::ImportCurve(timetest::FindResultSource(folder, session_.instrument), Options(),
-                            session_.texts, trace ? &*trace : nullptr, progress);
-  session_.texts.import.differenceType = result.differenceType;
-  if (result.outcome == timetest::ImportOutcome::Imported) ShowInGrid(result.points);
-  return result;
+  timetest::ImportTrace trace;
+  ImportTimeTestOutcome outcome;
+  outcome.result = timetest::ImportCurve(
+      timetest::FindResultSource(folder, session_.instrument), Options(), session_.texts,
+      session_.texts.import.printTable ? &trace : nullptr, progress);
+  session_.texts.import.differenceType = outcome.result.differenceType;
+  if (outcome.result.outcome == timetest::ImportOutcome::Imported) {
+    ShowInGrid(outcome.result.points);
+  }
+  outcome.traceError = trace.Save(files_, folder / kTraceFile);
+  return outcome;
 }
 
 void TimeTestCommands::TakeFields(const ImportFields& fields) {

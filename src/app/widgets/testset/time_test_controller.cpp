@@ -5,6 +5,7 @@
 
 #include "app/session_texts.h"
 #include "app/widgets/chart/chart_panel.h"
+#include "app/widgets/status_line.h"
 #include "app/widgets/testset/import_progress.h"
 
 namespace zentab::app {
@@ -49,14 +50,18 @@ void TimeTestController::ImportTimeTest() {
       fields, [&progress](double fraction) { return progress.Report(fraction); }));
 }
 
-void TimeTestController::Report(const timetest::ImportResult& result) {
+void TimeTestController::Report(const ImportTimeTestOutcome& outcome) {
+  const timetest::ImportResult& result = outcome.result;
+  const texts::ProgramTexts& texts = session_.texts.program;
+  QStringList told;
   switch (result.outcome) {
     case timetest::ImportOutcome::Imported:
       Q_EMIT TableImported();
+      if (result.selectedByRank) told << QString::fromStdString(texts.selectedByRank);
       break;
     case timetest::ImportOutcome::NoEntries:
       UpdateTimeTestAvailability();
-      Q_EMIT Failed(QString::fromStdString(session_.texts.program.noTimeTest));
+      told << QString::fromStdString(texts.noTimeTest);
       break;
     case timetest::ImportOutcome::EquationError:
       dialogs_.ReportError({"ERROR", result.error});
@@ -64,6 +69,8 @@ void TimeTestController::Report(const timetest::ImportResult& result) {
     case timetest::ImportOutcome::Stopped:
       break;
   }
+  if (outcome.traceError) told << FailureText(texts.traceFailed, outcome.traceError);
+  if (!told.isEmpty()) Q_EMIT Failed(told.join(QStringLiteral("; ")));
 }
 
 }  // namespace zentab::app
