@@ -56,7 +56,8 @@ std::error_code LibraryCommands::UpdateEntry(std::size_t& index) {
   return {};
 }
 
-NameResult LibraryCommands::EnterName(std::string_view typed, std::size_t& index) {
+NameResult LibraryCommands::EnterName(std::string_view typed, std::size_t& index,
+                                      std::error_code* reason) {
   std::string name(texts::TrimBlanks(typed));
   // A pasted line break would end the entry's line; file and list take a blank for it.
   std::replace_if(
@@ -66,7 +67,9 @@ NameResult LibraryCommands::EnterName(std::string_view typed, std::size_t& index
   const std::error_code error =
       writer_.AppendEntry(File(), session_.listing, index, EntryFromGrid(name));
   if (error == std::errc::file_exists) return NameResult::Duplicate;
-  return error ? NameResult::NotWritten : NameResult::Added;
+  if (!error) return NameResult::Added;
+  if (reason != nullptr) *reason = error;
+  return NameResult::NotWritten;
 }
 
 void LibraryCommands::SetActiveTable(std::string_view path) {

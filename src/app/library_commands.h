@@ -48,7 +48,9 @@ class LibraryCommands {
   [[nodiscard]] std::error_code UpdateEntry(std::size_t& index);
 
   /// A name was entered for the grid's table: adds it to file and list. `index` stays on its line.
-  [[nodiscard]] NameResult EnterName(std::string_view typed, std::size_t& index);
+  /// `reason` (null: not asked for) gets why it was not written.
+  [[nodiscard]] NameResult EnterName(std::string_view typed, std::size_t& index,
+                                     std::error_code* reason = nullptr);
 
   /// Makes another table file the active one and lists it.
   void SetActiveTable(std::string_view path);

@@ -15,7 +15,9 @@ std::optional<std::size_t> LineNumber(std::string_view entry) {
   std::size_t line = 0;
   const char* const end = entry.data() + entry.size();
   const auto [at, error] = std::from_chars(entry.data() + 1, end, line);
-  return error == std::errc() && at == end ? std::optional(line) : std::nullopt;
+  if (at == entry.data() + 1 || at != end) return std::nullopt;
+  // Digits that no number of a line has are a line that is not there, and no name.
+  return error == std::errc() ? line : tables::kNoLine;
 }
 
 bool IsPoint(const tables::CurvePoint& point) {

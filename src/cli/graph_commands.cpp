@@ -3,6 +3,7 @@
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"
+#include "cli/reason.h"
 #include "editor/grid_points.h"
 #include "platform/paths.h"
 #include "platform/safe_file_replacement.h"
@@ -128,7 +129,7 @@ Exit WriteGraph(const GraphOptions& options, Console& console) {
   const std::error_code error = platform::ReplaceFile(
       platform::SystemFiles(), output,
       [&bytes](platform::OutputFile& written) { return written.Write(bytes); });
-  return error ? console.Fail(options.output + ": not written: " + error.message()) : Exit::Done;
+  return error ? console.Fail(options.output + ": not written: " + Reason(error)) : Exit::Done;
 }
 
 // grh-read

@@ -6,6 +6,7 @@
 #include "cli/entries.h"
 #include "cli/input_file.h"
 #include "cli/numbers.h"
+#include "cli/reason.h"
 #include "editor/grid_points.h"
 #include "exchange/entry_copy.h"
 #include "platform/line_reader.h"
@@ -39,9 +40,7 @@ Exit NotFound(const Console& console, const std::string& file, const std::string
 }
 
 Exit NotWritten(const Console& console, const std::string& file, std::error_code error) {
-  return console.Fail(file + ": not written: " +
-                      (error == tables::kEntryChanged ? "another program has changed it meanwhile"
-                                                      : error.message()));
+  return console.Fail(file + ": not written: " + Reason(error));
 }
 
 // A script decides itself what it keeps.
@@ -214,13 +213,17 @@ bool TakePoints(const StoreOptions& options, app::Session& session, Console& con
 }
 
 Exit Add(const StoreOptions& options, Console& console) {
+  if (texts::TrimBlanks(options.entry).starts_with('#')) {
+    return console.Misused("a name that begins with # would be taken for a line number");
+  }
   app::Session session;
   if (!TakePoints(options, session, console)) return Exit::Failed;
   tables::TableWriter writer = Writer();
   app::LibraryCommands library(session, writer);
   library.FillEntryList();
   std::size_t none = tables::kNoLine;
-  switch (library.EnterName(options.entry, none)) {
+  std::error_code reason;
+  switch (library.EnterName(options.entry, none, &reason)) {
     case app::NameResult::Added:
       return Exit::Done;
     case app::NameResult::Empty:
@@ -230,7 +233,7 @@ Exit Add(const StoreOptions& options, Console& console) {
     case app::NameResult::NotWritten:
       break;
   }
-  return console.Fail(options.file + ": cannot be written");
+  return NotWritten(console, options.file, reason);
 }
 
 Exit Update(const StoreOptions& options, Console& console) {
