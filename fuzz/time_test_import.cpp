@@ -25,7 +25,7 @@ timetest::ImportOptions OptionsOf(std::string_view line) {
     *number = texts::ShortInteger(Take(line, ' ')).value_or(0);
   }
   const std::string_view pickup = Take(line, ' ');
-  options.modes.pickup = editor::CellNumber(pickup).value_or(0.0);
+  options.modes.pickup = editor::CellNumber(pickup, ".").value_or(0.0);
   options.modes.absoluteValues = pickup.empty();
   options.modes.milliseconds = options.filterType % 2 == 0;
   options.timeout = line;

@@ -16,8 +16,9 @@ std::filesystem::path ActiveTableFile(const Session& session) {
 }
 
 tables::CurveTableEntry LibraryCommands::EntryFromGrid(std::string_view name) const {
-  return {std::string(name), editor::PointRows(session_.table.grid), session_.modes.milliseconds,
-          session_.modes.absoluteValues, session_.instrument};
+  return {std::string(name),
+          editor::PointRows(session_.table.grid, session_.localeDecimalSeparator),
+          session_.modes.milliseconds, session_.modes.absoluteValues, session_.instrument};
 }
 
 void LibraryCommands::FillEntryList() {

@@ -1,5 +1,6 @@
 #include "app/time_test_commands.h"
 
+#include "editor/grid_points.h"
 #include "platform/paths.h"
 #include "texts/number_text.h"
 
@@ -8,8 +9,8 @@ namespace {
 
 constexpr std::string_view kTraceFile = "Zentab_ImportTable.txt";
 
-void Take(std::int16_t& setting, std::string_view field) {
-  setting = texts::ShortInteger(field).value_or(setting);
+void Take(std::int16_t& setting, const std::string& field, const std::string& separator) {
+  setting = texts::ShortInteger(texts::FileNumber(field, separator)).value_or(setting);
 }
 
 }  // namespace
@@ -38,16 +39,17 @@ ImportTimeTestOutcome TimeTestCommands::ImportTimeTest(const ImportFields& field
 
 void TimeTestCommands::TakeFields(const ImportFields& fields) {
   texts::ImportSettings& settings = session_.texts.import;
-  Take(settings.differenceType, fields.differenceType);
-  Take(settings.filterType, fields.filterType);
-  Take(settings.meanOver, fields.meanOver);
+  const std::string& separator = session_.localeDecimalSeparator;
+  Take(settings.differenceType, fields.differenceType, separator);
+  Take(settings.filterType, fields.filterType, separator);
+  Take(settings.meanOver, fields.meanOver, separator);
 }
 
 timetest::ImportOptions TimeTestCommands::Options() const {
   const texts::ImportSettings& settings = session_.texts.import;
   const editor::ValueModes& modes = session_.modes;
   const double pickup =
-      texts::LeadingNumber(texts::SetDecimalSeparator(modes.pickup, ".")).value_or(0.0);
+      editor::CellNumber(modes.pickup, session_.localeDecimalSeparator).value_or(0.0);
   return {{modes.absoluteValues, modes.milliseconds, pickup},
           settings.differenceType,
           settings.filterType,

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "editor/grid_points.h"
 #include "platform/character_case.h"
 #include "platform/line_reader.h"
 #include "texts/number_text.h"
@@ -93,15 +94,12 @@ PointLines ReadPointLines(const std::filesystem::path& file) {
   return lines;
 }
 
-std::string GridLines(const editor::CurveGrid& grid) {
+std::string GridLines(const editor::CurveGrid& grid, std::string_view decimalSeparator) {
   std::string lines;
   std::size_t end = 0;
-  for (int row = editor::kFirstRow; row <= editor::kLastRow; ++row) {
-    const std::string& load = grid.Cell(row, editor::kLoadColumn);
-    const std::string& time = grid.Cell(row, editor::kTimeColumn);
-    lines += texts::SetDecimalSeparator(load, ".") + '\t';
-    lines += texts::SetDecimalSeparator(time, ".") + '\n';
-    if (!load.empty() || !time.empty()) end = lines.size();
+  for (const tables::CurvePoint& point : editor::PointRows(grid, decimalSeparator)) {
+    lines += point.load + '\t' + point.time + '\n';
+    if (!point.load.empty() || !point.time.empty()) end = lines.size();
   }
   lines.resize(end);
   return lines;

@@ -94,7 +94,7 @@ editor::ValueModes ModesOf(const GraphOptions& options, const tables::ParsedEntr
   modes.milliseconds =
       options.milliseconds || (!options.seconds && entry.milliseconds.value_or(false));
   modes.pickup = options.pickup;
-  modes.multiplier = editor::MultiplierWhenLeft(options.multiplier);
+  modes.multiplier = editor::MultiplierWhenLeft(options.multiplier, ".");
   return modes;
 }
 
@@ -123,7 +123,7 @@ Exit WriteGraph(const GraphOptions& options, Console& console) {
   if (!testset::CanImport(modes)) return console.Misused(kPickupNeeded);
   editor::CurveGrid grid;
   editor::ShowPoints(grid, entry.points, ".");
-  const auto segments = testset::SegmentsOf(grid, modes, ExtensionsOf(options));
+  const auto segments = testset::SegmentsOf(grid, modes, ExtensionsOf(options), ".");
   if (!segments) return console.Fail(read->name + ": has no points");
   const std::string bytes = testset::FormatReferenceGraph(*segments, app::Today());
   const std::error_code error = platform::ReplaceFile(

@@ -143,7 +143,7 @@ Exit Show(const ShowOptions& options, Console& console) {
                       "\tinstrument=" + Digit(entry.instrument.value_or(Instrument::None)));
     editor::CurveGrid grid;
     editor::ShowPoints(grid, entry.points, ".");
-    console.Write(GridLines(grid));
+    console.Write(GridLines(grid, "."));
   }
   return Exit::Done;
 }
@@ -245,7 +245,7 @@ Exit Update(const StoreOptions& options, Console& console) {
   if (!TakePoints(options, session, console)) return Exit::Failed;
   const std::error_code error =
       Writer().ReplaceEntry(file.Path(), entry.listing, entry.found->line,
-                            {entry.found->name, editor::PointRows(session.table.grid),
+                            {entry.found->name, editor::PointRows(session.table.grid, "."),
                              options.milliseconds, options.absolute, options.instrument});
   return error ? NotWritten(console, options.file, error) : Exit::Done;
 }

@@ -103,6 +103,20 @@ TEST_F(TimeTestImport, StagesFollowTheFields) {
     EXPECT_FALSE(session.table.tableModified);
   }
   EXPECT_EQ(session.texts.import.differenceType, 0) << "where the built-in measure was used";
+  session.localeDecimalSeparator = "\xD9\xAB";
+  session.modes.absoluteValues = false;
+  session.modes.pickup =
+      "0\xD9\xAB"
+      "8";
+  ASSERT_EQ(Import({"0", "0",
+                    "1\xD9\xAB"
+                    "6"})
+                .outcome,
+            ImportOutcome::Imported);
+  EXPECT_EQ(Times(), "6 12 18 2");
+  EXPECT_EQ(session.table.grid.Cell(1, 1),
+            "1\xD9\xAB"
+            "25");
 }
 
 TEST_F(TimeTestImport, AnEquationThatIsNoneEndsItWithTheGridAsItWas) {
