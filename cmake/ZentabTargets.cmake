@@ -26,13 +26,19 @@ endif()
 
 # zentab_library(NAME SOURCES files... USES targets...): one layer of the program.
 function(zentab_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
-  add_library(${name} STATIC ${ARG_SOURCES})
-  target_link_libraries(${name} PUBLIC zentab_options ${ARG_USES})
+  zentab_layer(${name} ${ARGN})
+  zentab_precompile_standard(${name})
 endfunction()
 
 # zentab_widgets(NAME SOURCES files... USES targets...): a layer's windows, the only Qt code.
 function(zentab_widgets name)
-  zentab_library(${name} ${ARGN})
+  zentab_layer(${name} ${ARGN})
+  zentab_precompile_qt(${name})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
+endfunction()
+
+function(zentab_layer name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC zentab_options ${ARG_USES})
 endfunction()

@@ -80,13 +80,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   const timetest::ResultSource source = {folder.Write("result.txt", input), ""};
   const timetest::ImportResult result =
-      timetest::ImportCurve(source, options, texts, nullptr, nullptr);
+      timetest::ImportCurve(platform::SystemFiles(), source, options, texts, nullptr, nullptr);
   fuzz::CheckResult(result);
   // A second time takes as long again; whether it is done depends on the input alone.
   if (isRandom || size % 2 == 0) return 0;
   timetest::ImportTrace trace;
   const timetest::ImportResult traced =
-      timetest::ImportCurve(source, options, texts, &trace, nullptr);
+      timetest::ImportCurve(platform::SystemFiles(), source, options, texts, &trace, nullptr);
   fuzz::Require(!trace.Save(platform::SystemFiles(), folder.Path() / "trace.txt"),
                 "the trace is written");
   fuzz::Require(fuzz::SamePoints(result, traced), "a trace changes nothing");

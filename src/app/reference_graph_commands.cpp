@@ -66,7 +66,7 @@ bool ReferenceGraphCommands::CanImport() const {
 }
 
 ImportGraphOutcome ReferenceGraphCommands::ImportGraph(const std::filesystem::path& file) {
-  const testset::ReadGraph graph = testset::ReadReferenceGraph(file);
+  const testset::ReadGraph graph = testset::ReadReferenceGraph(files_, file);
   if (graph.error) return {graph.error, 0};
   const testset::ImportedGraph imported =
       testset::ImportGraph(graph.segments, ModesInFiles(session_), InstrumentInUse(session_));

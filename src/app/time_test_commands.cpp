@@ -15,24 +15,34 @@ void Take(std::int16_t& setting, const std::string& field, const std::string& se
 
 }  // namespace
 
+bool HasTimeTest(platform::FileLayer& files, const std::filesystem::path& installFolder,
+                 tables::Instrument instrument) {
+  timetest::ResultSource source;
+  return !timetest::FindResultSource(files, installFolder, instrument, source) &&
+         timetest::HasEntries(files, source);
+}
+
 bool TimeTestCommands::HasTimeTest() const {
-  return timetest::HasEntries(
-      timetest::FindResultSource(platform::ToPath(session_.installFolder), session_.instrument));
+  return app::HasTimeTest(files_, platform::ToPath(session_.installFolder), session_.instrument);
 }
 
 ImportTimeTestOutcome TimeTestCommands::ImportTimeTest(const ImportFields& fields,
                                                        const timetest::ProgressReport& progress) {
   TakeFields(fields);
   const std::filesystem::path folder = platform::ToPath(session_.installFolder);
-  timetest::ImportTrace trace;
+  timetest::ResultSource source;
   ImportTimeTestOutcome outcome;
-  outcome.result = timetest::ImportCurve(
-      timetest::FindResultSource(folder, session_.instrument), Options(), session_.texts,
-      session_.texts.import.printTable ? &trace : nullptr, progress);
-  session_.texts.import.differenceType = outcome.result.differenceType;
-  if (outcome.result.outcome == timetest::ImportOutcome::Imported) {
-    ShowInGrid(outcome.result.points);
+  timetest::ImportResult& result = outcome.result;
+  result.readError = timetest::FindResultSource(files_, folder, session_.instrument, source);
+  if (result.readError) {
+    result.outcome = timetest::ImportOutcome::Unreadable;
+    return outcome;
   }
+  timetest::ImportTrace trace;
+  result = timetest::ImportCurve(files_, source, Options(), session_.texts,
+                                 session_.texts.import.printTable ? &trace : nullptr, progress);
+  session_.texts.import.differenceType = result.differenceType;
+  if (result.outcome == timetest::ImportOutcome::Imported) ShowInGrid(result.points);
   outcome.traceError = trace.Save(files_, folder / kTraceFile);
   return outcome;
 }

@@ -21,6 +21,11 @@ struct ImportTimeTestOutcome {
   std::error_code traceError;  // why the trace that the catalogue asks for was not written
 };
 
+/// Whether an instrument's result file has an entry; not while it cannot be read.
+[[nodiscard]] bool HasTimeTest(platform::FileLayer& files,
+                               const std::filesystem::path& installFolder,
+                               tables::Instrument instrument);
+
 /// The command on the time test of the chosen instrument. It asks nothing.
 class TimeTestCommands {
  public:

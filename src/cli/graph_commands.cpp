@@ -116,7 +116,10 @@ Exit WriteGraph(const GraphOptions& options, Console& console) {
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
   const fs::path output = platform::ToPath(options.output);
   if (AreOneFile(file.Path(), output)) return console.Fail(options.output + ": is the table file");
-  const std::optional<EntryLine> read = ReadEntry(file.Path(), options.entry);
+  std::optional<EntryLine> read;
+  if (const std::error_code error = ReadEntry(file.Path(), options.entry, read)) {
+    return console.Fail(file.Name() + ": " + error.message());
+  }
   if (!read) return console.Fail(file.Name() + ": no entry '" + options.entry + "'");
   const tables::ParsedEntry entry = tables::ParseEntryLine(read->line);
   const editor::ValueModes modes = ModesOf(options, entry);
@@ -157,10 +160,11 @@ Exit ReadGraph(const GraphReadOptions& options, Console& console) {
   if (!testset::CanImport(modes)) return console.Misused(kPickupNeeded);
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  const testset::ReadGraph graph = testset::ReadReferenceGraph(file.Path());
+  const testset::ReadGraph graph =
+      testset::ReadReferenceGraph(platform::SystemFiles(), file.Path());
   if (graph.error) {
     if (graph.error->fault == testset::GraphFault::Unreadable) {
-      return console.Fail(file.Name() + ": cannot be read");
+      return console.Fail(file.Name() + ": " + graph.error->error.message());
     }
     const texts::GraphTexts words;
     return console.Fail(file.Name() + ':' + std::to_string(graph.error->line) + ": " +

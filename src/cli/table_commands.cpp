@@ -71,13 +71,15 @@ std::string LongLine(std::size_t number, const std::string& name, std::string_vi
 Exit List(const ListOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  platform::LineReader reader(file.Path());
-  platform::RawLine line;
-  for (std::size_t number = 0; reader.Next(line); ++number) {
+  std::size_t number = 0;
+  const auto take = [&](const platform::RawLine& line) {
     const std::optional<std::string> name = tables::ParseEntryName(line.text);
     if (name) console.WriteLine(options.isLong ? LongLine(number, *name, line.text) : *name);
-  }
-  return Exit::Done;
+    ++number;
+    return true;
+  };
+  const auto error = platform::ReadLines(platform::SystemFiles(), file.Path(), take);
+  return error ? console.Fail(file.Name() + ": " + error.message()) : Exit::Done;
 }
 
 // show
@@ -130,7 +132,10 @@ std::string JsonOf(const std::string& name, const tables::ParsedEntry& entry) {
 Exit Show(const ShowOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  const std::optional<EntryLine> read = ReadEntry(file.Path(), options.entry);
+  std::optional<EntryLine> read;
+  if (const std::error_code error = ReadEntry(file.Path(), options.entry, read)) {
+    return console.Fail(file.Name() + ": " + error.message());
+  }
   if (!read) return NotFound(console, file.Name(), options.entry);
   const tables::ParsedEntry entry = tables::ParseEntryLine(read->line);
   if (options.format == "json") {
@@ -220,10 +225,11 @@ Exit Add(const StoreOptions& options, Console& console) {
   if (!TakePoints(options, session, console)) return Exit::Failed;
   tables::TableWriter writer = Writer();
   app::LibraryCommands library(session, writer);
-  library.FillEntryList();
-  std::size_t none = tables::kNoLine;
-  std::error_code reason;
-  switch (library.EnterName(options.entry, none, &reason)) {
+  if (const std::error_code error = library.FillEntryList()) {
+    return console.Fail(options.file + ": " + error.message());
+  }
+  std::error_code error;
+  switch (library.EnterName(options.entry, error)) {
     case app::NameResult::Added:
       return Exit::Done;
     case app::NameResult::Empty:
@@ -233,18 +239,21 @@ Exit Add(const StoreOptions& options, Console& console) {
     case app::NameResult::NotWritten:
       break;
   }
-  return NotWritten(console, options.file, reason);
+  return NotWritten(console, options.file, error);
 }
 
 Exit Update(const StoreOptions& options, Console& console) {
   app::Session session;
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  EntryOfFile entry = FindEntry(file.Path(), options.entry);
+  EntryOfFile entry;
+  if (const std::error_code error = FindEntry(file.Path(), options.entry, entry)) {
+    return console.Fail(file.Name() + ": " + error.message());
+  }
   if (!entry.found) return NotFound(console, options.file, options.entry);
   if (!TakePoints(options, session, console)) return Exit::Failed;
   const std::error_code error =
-      Writer().ReplaceEntry(file.Path(), entry.listing, entry.found->line,
+      Writer().ReplaceEntry(file.Path(), entry.listing, entry.mark,
                             {entry.found->name, editor::PointRows(session.table.grid, "."),
                              options.milliseconds, options.absolute, options.instrument});
   return error ? NotWritten(console, options.file, error) : Exit::Done;
@@ -265,9 +274,12 @@ void DeclareRemove(CLI::App& command, RemoveOptions& options) {
 Exit Remove(const RemoveOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  EntryOfFile entry = FindEntry(file.Path(), options.entry);
+  EntryOfFile entry;
+  if (const std::error_code error = FindEntry(file.Path(), options.entry, entry)) {
+    return console.Fail(file.Name() + ": " + error.message());
+  }
   if (!entry.found) return NotFound(console, options.file, options.entry);
-  const std::error_code error = Writer().RemoveEntry(file.Path(), entry.listing, entry.found->line);
+  const std::error_code error = Writer().RemoveEntry(file.Path(), entry.listing, entry.mark);
   return error ? NotWritten(console, options.file, error) : Exit::Done;
 }
 
@@ -290,7 +302,10 @@ void DeclareCopy(CLI::App& command, CopyOptions& options) {
 Exit Copy(const CopyOptions& options, Console& console) {
   const InputFile source(options.source);
   if (source.Error()) return console.Fail(source.Name() + ": " + source.Error().message());
-  const tables::TableListing listing = tables::ListEntries(source.Path());
+  tables::TableListing listing;
+  if (const auto error = tables::ListEntries(platform::SystemFiles(), source.Path(), listing)) {
+    return console.Fail(source.Name() + ": " + error.message());
+  }
   const auto found = FindEntries(listing, options.entries);
   std::vector<bool> selected(listing.lines.size());
   for (std::size_t place = 0; place < found.size(); ++place) {
@@ -299,7 +314,7 @@ Exit Copy(const CopyOptions& options, Console& console) {
   }
   tables::TableWriter writer = Writer();
   const exchange::CopyResult result = exchange::CopyEntries(
-      writer, source.Path(), listing.stamp, selected, platform::ToPath(options.target));
+      writer, source.Path(), listing, selected, platform::ToPath(options.target));
   return result.error ? NotWritten(console, options.target, result.error) : Exit::Done;
 }
 

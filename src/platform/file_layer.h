@@ -1,13 +1,29 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <system_error>
 
 #include "platform/file_stamp.h"
 
 namespace zentab::platform {
+
+/// A file that is being read. It stays the same file while it is open, whoever replaces it.
+class InputFile {
+ public:
+  virtual ~InputFile() = default;
+
+  /// Reads `size` bytes at `offset`, from 0; `count` of them, fewer only where the file ends.
+  [[nodiscard]] virtual std::error_code ReadAt(std::uint64_t offset, char* to, std::size_t size,
+                                               std::size_t& count) = 0;
+  /// The file's size and the rest of its stamp as the system sees them.
+  [[nodiscard]] virtual std::error_code Stamp(FileStamp& stamp) = 0;
+};
 
 /// A file that is being written. Every step reports what the system said of it; a file whose
 /// Close was not reached is closed by the destructor, whose failure nobody learns.
@@ -30,10 +46,20 @@ class FileLock {
   virtual ~FileLock() = default;
 };
 
-/// The steps by which files are changed, as one replaceable layer under everything that writes.
+/// The steps by which files are read and changed, as one replaceable layer under everything that
+/// touches one.
 class FileLayer {
  public:
   virtual ~FileLayer() = default;
+
+  /// Opens a regular file for reading; others may write, replace and remove it meanwhile. Fails
+  /// with std::errc::no_such_file_or_directory when there is none.
+  [[nodiscard]] virtual std::error_code Open(const std::filesystem::path& path,
+                                             std::unique_ptr<InputFile>& file) = 0;
+  /// The stamp of a regular file, behind any symbolic links; nothing when there is none. Fails when
+  /// the system does not tell.
+  [[nodiscard]] virtual std::error_code StampOf(const std::filesystem::path& path,
+                                                std::optional<FileStamp>& stamp) = 0;
 
   /// Creates a file that must not exist, with the access rights of `like` when that exists.
   [[nodiscard]] virtual std::error_code Create(const std::filesystem::path& path,
@@ -56,10 +82,26 @@ class FileLayer {
                                                 std::unique_ptr<FileLock>& lock) = 0;
   /// Called again and again during work that may last: a window stays alive by it.
   virtual void KeepAlive() {}
+  /// Makes a call that asks the file system for anything else, and says what it says. The call owns
+  /// what it touches: a layer that no longer waits for it leaves it to itself.
+  [[nodiscard]] virtual std::error_code Ask(const std::function<std::error_code()>& call) {
+    return call();
+  }
 };
 
 /// The operating system's files.
 [[nodiscard]] FileLayer& SystemFiles();
+
+/// What `ask` gives, asked for in a call of its own; nothing when the layer does not wait for it.
+template <class Ask>
+[[nodiscard]] auto AskFor(FileLayer& files, Ask ask) -> std::optional<decltype(ask())> {
+  const auto answer = std::make_shared<std::optional<decltype(ask())>>();
+  const std::error_code error = files.Ask([answer, ask = std::move(ask)] {
+    *answer = ask();
+    return std::error_code();
+  });
+  return error ? std::nullopt : std::move(*answer);
+}
 
 /// Whether the file exists and its owner marked it read-only (also towards a user who may write
 /// everything), or this process may not write it.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/character_case.h"
+#include "platform/file_layer.h"
 
 namespace zentab::platform {
 namespace fs = std::filesystem;
@@ -42,6 +43,11 @@ fs::path FindFixedName(const fs::path& folder, std::string_view name) {
     result /= FindPart(result, part);
   }
   return result;
+}
+
+fs::path FindFixedName(FileLayer& files, const fs::path& folder, std::string_view name) {
+  return AskFor(files, [folder, name = std::string(name)] { return FindFixedName(folder, name); })
+      .value_or(folder / ToPath(name));
 }
 
 std::string BaseName(const fs::path& executable) {

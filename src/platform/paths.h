@@ -7,6 +7,8 @@
 
 namespace zentab::platform {
 
+class FileLayer;
+
 /// The path that a UTF-8 text names on this platform, separators as they stand.
 [[nodiscard]] std::filesystem::path ToPath(std::string_view utf8);
 
@@ -18,6 +20,11 @@ namespace zentab::platform {
 /// part that does not exist as written is taken from a folder entry that differs only in case;
 /// a part found neither way stays as written. An empty folder means the working folder.
 [[nodiscard]] std::filesystem::path FindFixedName(const std::filesystem::path& folder,
+                                                  std::string_view name);
+
+/// The same by way of a file layer; as written where that does not wait for it.
+[[nodiscard]] std::filesystem::path FindFixedName(FileLayer& files,
+                                                  const std::filesystem::path& folder,
                                                   std::string_view name);
 
 /// The program's own executable file; an empty path when the system does not tell.

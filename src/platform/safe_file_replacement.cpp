@@ -2,7 +2,10 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <thread>
+
+#include "platform/file_errors.h"
 
 namespace zentab::platform {
 namespace {
@@ -81,8 +84,12 @@ fs::path LinkTarget(const fs::path& path) {
 
 std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const ContentWriter& write,
                             FileStamp* written, const fs::path& like) {
-  const fs::path target = LinkTarget(path);
-  if (const std::error_code error = RefuseUnlessReplaceable(target)) return error;
+  const std::optional<fs::path> linked = AskFor(files, [path] { return LinkTarget(path); });
+  if (!linked) return FileError::GivenUp;
+  const fs::path& target = *linked;
+  if (const auto error = files.Ask([target] { return RefuseUnlessReplaceable(target); })) {
+    return error;
+  }
   std::unique_ptr<FileLock> lock;
   if (const std::error_code error = Lock(files, target, lock)) return error;
   fs::path fresh = target;
@@ -90,9 +97,9 @@ std::error_code ReplaceFile(FileLayer& files, const fs::path& path, const Conten
   if (const std::error_code error = files.Remove(fresh)) return error;
   std::unique_ptr<OutputFile> file;
   FileStamp stamp;
-  std::error_code unknown;
-  const bool isNew = !like.empty() && !fs::exists(target, unknown);
-  std::error_code error = files.Create(fresh, isNew ? like : target, file);
+  std::optional<FileStamp> former;
+  std::error_code error = files.StampOf(target, former);
+  if (!error) error = files.Create(fresh, former || like.empty() ? target : like, file);
   if (!error) error = WriteWhole(*file, write, stamp);
   const bool created = file != nullptr;
   file.reset();

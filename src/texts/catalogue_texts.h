@@ -80,6 +80,12 @@ struct ProgramTexts {
   std::string entries = "%1 entries";
   std::string modified = "Modified";
   std::string readFailed = "The entry could not be read";
+  std::string listFailed = "The table file could not be read";
+  std::string catalogueFailed = "The text catalogue could not be read";
+  std::string timeTestUnreadable = "The time test could not be read";
+  std::string waitsForFile = "Waiting for the file…";
+  std::string waitsForWriter = "Waiting: someone else is writing the file…";
+  std::string giveUp = "Give up (Esc)";
   std::string writeFailed = "The table file could not be written";
   std::string backupFailed = "The table file was not written, as no backup could be kept of it";
   std::string entryChanged = "Another program has changed the entry; the list shows the file anew";

@@ -16,18 +16,23 @@ class LibraryCommandsTest : public test::TemporaryFolder {
  protected:
   LibraryCommandsTest() {
     session_.localeDecimalSeparator = ",";
-    commands_.SetActiveTable(Write("t.dat", kTable).string());
+    EXPECT_FALSE(commands_.SetActiveTable(Write("t.dat", kTable).string()));
   }
   [[nodiscard]] const std::string& Cell(int row, int column) const {
     return session_.table.grid.Cell(row, column);
   }
 
-  // The index is no longer needed.
-  std::error_code Read(std::size_t index) { return commands_.ReadEntry(index); }
-  std::error_code Update(std::size_t index) { return commands_.UpdateEntry(index); }
-  std::error_code Remove(std::size_t index) { return commands_.RemoveEntry(index); }
-  NameResult Enter(std::string_view name, std::size_t index = 0) {
-    return commands_.EnterName(name, index);
+  using Command = std::error_code (LibraryCommands::*)(tables::EntryMark&);
+  std::error_code Run(Command command, std::size_t index) {
+    tables::EntryMark mark = session_.listing.MarkOf(index);
+    return (commands_.*command)(mark);
+  }
+  std::error_code Read(std::size_t index) { return Run(&LibraryCommands::ReadEntry, index); }
+  std::error_code Update(std::size_t index) { return Run(&LibraryCommands::UpdateEntry, index); }
+  std::error_code Remove(std::size_t index) { return Run(&LibraryCommands::RemoveEntry, index); }
+  NameResult Enter(std::string_view name) {
+    std::error_code error;
+    return commands_.EnterName(name, error);
   }
 
   Session session_;
@@ -106,12 +111,12 @@ TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
                                              "bung\"\t 000}\r\n");
   EXPECT_TRUE(session_.table.tableModified);
   session_.listing.names.clear();
-  commands_.FillEntryList();
+  EXPECT_FALSE(commands_.FillEntryList());
   EXPECT_EQ(session_.listing.names, (NameList{"A", "B", "Übung"}));
 }
 
 TEST_F(LibraryCommandsTest, AMissingTableIsEmptyUntilSomethingIsAdded) {
-  commands_.SetActiveTable((Folder() / "new.dat").string());
+  EXPECT_FALSE(commands_.SetActiveTable((Folder() / "new.dat").string()));
   EXPECT_EQ(session_.listing.names, NameList());
   EXPECT_EQ(Enter("first"), NameResult::Added);
   EXPECT_EQ(BytesOf(Folder() / "new.dat"), "{\"first\"\t 000}\r\n");

@@ -155,8 +155,8 @@ class KillHarness {
     }
     bool succeeded = false;
     if (path.isTable) {
-      next.library.SetActiveTable((folder_.Path() / path.target).string());
-      succeeded = next.Add("Next");
+      const std::filesystem::path target = folder_.Path() / path.target;
+      succeeded = !next.library.SetActiveTable(target.string()) && next.Add("Next");
       std::string& bytes = expected[path.target];
       if (left.contains(path.target)) expected[path.target + ".bak"] = bytes;
       if (!bytes.empty() && !bytes.ends_with('\n')) bytes += "\r\n";

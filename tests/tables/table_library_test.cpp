@@ -1,6 +1,7 @@
 #include <chrono>
 #include <thread>
 
+#include "support/listed.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
 #include "tables/table_writer.h"
@@ -11,31 +12,35 @@ namespace {
 namespace fs = std::filesystem;
 using platform::SystemFiles;
 using test::BytesOf;
+using test::Listed;
 using NameList = std::vector<std::string>;
 
 class TableLibrary : public test::TemporaryFolder {
  protected:
   [[nodiscard]] std::error_code Replace(std::size_t index, const CurveTableEntry& entry = kEntry) {
-    return writer_.ReplaceEntry(file_, listing_, index, entry);
+    EntryMark mark = listing_.MarkOf(index);
+    return writer_.ReplaceEntry(file_, listing_, mark, entry);
   }
   [[nodiscard]] std::error_code Remove(std::size_t index) {
-    return writer_.RemoveEntry(file_, listing_, index);
+    EntryMark mark = listing_.MarkOf(index);
+    return writer_.RemoveEntry(file_, listing_, mark);
   }
   [[nodiscard]] std::error_code Append(const CurveTableEntry& entry = kEntry) {
-    std::size_t none = kNoLine;
-    return writer_.AppendEntry(file_, listing_, none, entry);
+    return writer_.AppendEntry(file_, listing_, entry);
   }
   [[nodiscard]] std::optional<std::string> Line(std::size_t index) {
+    EntryMark mark = listing_.MarkOf(index);
     std::string line;
-    return ReadEntryLine(file_, listing_, index, line) ? std::nullopt : std::optional(line);
+    return ReadEntryLine(SystemFiles(), file_, listing_, mark, line) ? std::nullopt
+                                                                     : std::optional(line);
   }
   void List(std::string_view bytes) {
     file_ = Write("t.dat", bytes);
-    listing_ = ListEntries(file_);
+    listing_ = Listed(file_);
   }
   // The listing is that of a file read anew.
   void ExpectUpToDate() {
-    const TableListing fresh = ListEntries(file_);
+    const TableListing fresh = Listed(file_);
     EXPECT_EQ(listing_.names, fresh.names);
     EXPECT_EQ(listing_.end, fresh.end);
     ASSERT_EQ(listing_.lines.size(), fresh.lines.size());
@@ -64,8 +69,9 @@ TEST_F(TableLibrary, ListsANameForEachLineThatHasOne) {
   EXPECT_EQ(listing_.names, (NameList{"a", "b"}));
   List("");
   EXPECT_EQ(listing_.names, NameList());
-  EXPECT_EQ(ListEntries(Folder() / "missing.dat").names, NameList());
-  EXPECT_EQ(ListEntries(Folder()).names, NameList());
+  EXPECT_FALSE(ListEntries(SystemFiles(), Folder() / "missing.dat", listing_));
+  EXPECT_EQ(listing_.names, NameList());
+  EXPECT_TRUE(ListEntries(SystemFiles(), Folder(), listing_));
 }
 
 TEST_F(TableLibrary, ReadsTheLineOfANumber) {
@@ -107,7 +113,7 @@ TEST_F(TableLibrary, AppendsBehindACompleteLastLine) {
     EXPECT_EQ(BytesOf(file_), std::string(kept) + kEntryLine);
   }
   file_ = Folder() / "fresh.dat";
-  listing_ = ListEntries(file_);
+  listing_ = Listed(file_);
   EXPECT_FALSE(Append());
   EXPECT_EQ(BytesOf(file_), kEntryLine);
   file_ = Folder() / "no folder" / "t.dat";
@@ -165,9 +171,15 @@ TEST_F(TableLibrary, AChangeFollowsItsLineOrIsNotMade) {
     std::optional<std::size_t> place;  // nothing: no change
     std::size_t index;
   } cases[] = {
-      {a + b + c, 1, 1},       {other + a + b + c, 2, 2},     {b + a + c, 0, 0},
-      {a + a + a + b, 3, 3},   {b + a + a + b + b + c, 0, 0}, {a + edited + c, {}, 1},
-      {edited + a + c, {}, 0}, {a + c, {}, kNoLine},          {a + other + c, {}, kNoLine},
+      {a + b + c, 1, 1},
+      {other + a + b + c, 2, 2},
+      {b + a + c, 0, 0},
+      {a + a + a + b, 3, 3},
+      {b + a + a + b + b + c, 0, 0},
+      {a + edited + c, {}, kNoLine},
+      {edited + a + c, {}, kNoLine},
+      {a + c, {}, kNoLine},
+      {a + other + c, {}, kNoLine},
       {"", {}, kNoLine},
   };
   for (const auto& [now, place, index] : cases) {
@@ -176,11 +188,11 @@ TEST_F(TableLibrary, AChangeFollowsItsLineOrIsNotMade) {
       List(a + b + c);
       std::this_thread::sleep_for(std::chrono::milliseconds(10));  // the file system's clock
       Write("t.dat", now);
-      std::size_t at = 1;
+      EntryMark at = listing_.MarkOf(1);
       const std::error_code error = line.empty()
                                         ? writer_.RemoveEntry(file_, listing_, at)
                                         : writer_.ReplaceEntry(file_, listing_, at, kEntry);
-      EXPECT_EQ(at, index);
+      EXPECT_EQ(at.index, index);
       if (place) {
         EXPECT_FALSE(error);
         std::string expected = now;
@@ -209,10 +221,11 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   Write("t.dat.bak", "an older one, much longer than the file that is kept now, and of no use");
   const fs::path backup = Folder() / "t.dat.bak";
   TableWriter writer(SystemFiles(), Backups::AtFirstWrite);
-  std::size_t index = 0;
-  EXPECT_FALSE(writer.AppendEntry(file_, listing_, index, kEntry));
+  EntryMark index = listing_.MarkOf(0);
+  EXPECT_FALSE(writer.AppendEntry(file_, listing_, kEntry));
   EXPECT_EQ(BytesOf(backup), kThree);
   EXPECT_FALSE(writer.RemoveEntry(file_, listing_, index));
+  index = listing_.MarkOf(0);
   EXPECT_FALSE(writer.ReplaceEntry(fs::absolute(file_), listing_, index, kEntry));
   EXPECT_EQ(BytesOf(backup), kThree);
   EXPECT_EQ(Names(), (NameList{"t.dat", "t.dat.bak"}));
@@ -222,6 +235,7 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   constexpr fs::perms kPrivate = fs::perms::owner_read | fs::perms::owner_write;
   fs::permissions(file_, kPrivate);
   TableWriter next(SystemFiles(), Backups::AtFirstWrite);
+  index = listing_.MarkOf(0);
   EXPECT_FALSE(next.RemoveEntry(file_, listing_, index));
   EXPECT_EQ(fs::status(backup).permissions(), kPrivate);
 #endif

@@ -108,7 +108,7 @@ class GrhFile : public test::TemporaryFolder {
   }
   [[nodiscard]] std::filesystem::path File() const { return Folder() / "data" / "currtmp.grh"; }
   [[nodiscard]] ReadGraph ReadText(std::string_view bytes) {
-    return ReadReferenceGraph(Write("t.grh", bytes));
+    return ReadReferenceGraph(platform::SystemFiles(), Write("t.grh", bytes));
   }
 };
 
@@ -140,7 +140,7 @@ TEST_F(GrhFile, ComesBackAsTheCurveThatWasWrittenInEveryMode) {
     const texts::InstrumentTexts texts =
         table % 3 != 0 ? texts::InstrumentTexts() : WithExtensions("0.25", "", "99999", "0,125");
     Set(*SegmentsOf(GridOf(points), modes, texts, ","));
-    const ReadGraph graph = ReadReferenceGraph(File());
+    const ReadGraph graph = ReadReferenceGraph(platform::SystemFiles(), File());
     ASSERT_FALSE(graph.error) << test::BytesOf(File());
     const ImportedGraph imported = ImportGraph(graph.segments, modes, texts);
     EXPECT_TRUE(imported.skipped.empty());
@@ -169,8 +169,10 @@ TEST_F(GrhFile, NamesTheLineAtFault) {
     EXPECT_EQ(graph.error ? graph.error->line : 0, expected) << ::testing::PrintToString(row);
     EXPECT_EQ(graph.segments.size(), expected == 0 ? 1u : 0u);
   }
-  EXPECT_EQ(ReadReferenceGraph(Folder() / "missing").error->fault, GraphFault::Unreadable);
-  EXPECT_EQ(ReadReferenceGraph(Folder()).error->fault, GraphFault::Unreadable);
+  EXPECT_EQ(ReadReferenceGraph(platform::SystemFiles(), Folder() / "missing").error->fault,
+            GraphFault::Unreadable);
+  EXPECT_EQ(ReadReferenceGraph(platform::SystemFiles(), Folder()).error->fault,
+            GraphFault::Unreadable);
   EXPECT_EQ(ReadText("").error->fault, GraphFault::EndsEarly);
   EXPECT_EQ(ReadText(std::string(5'000'000, '7')).error->line, 2u);
   EXPECT_EQ(ReadText("\r\n1\r\n" + std::string(5'000'000, ' ')).error->line, 3u);
@@ -190,7 +192,8 @@ TEST_F(GrhFile, CutAnywhereIsRefusedByReaderAndInstrument) {
   const std::size_t colour = kExample.rfind("65280");
   for (std::size_t size = 0; size < kExample.size(); ++size) {
     Write("data/currtmp.grh", kExample.substr(0, size));
-    EXPECT_EQ(ReadReferenceGraph(File()).error.has_value(), size <= colour) << size;
+    EXPECT_EQ(ReadReferenceGraph(platform::SystemFiles(), File()).error.has_value(), size <= colour)
+        << size;
     session.SetReferenceGraph(kGraphFile);
     EXPECT_EQ(lastLine, " %E SetRefgraph 0") << size;
   }

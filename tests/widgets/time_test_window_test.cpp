@@ -127,7 +127,7 @@ class TimeTestWindowTest : public QObject {
     fixture.window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
     QCoreApplication::sendEvent(fixture.window.get(), &event);
-    QVERIFY(Offered());
+    QTRY_VERIFY(Offered());
   }
 
   void ALongImportShowsHowFarItIsAndCanBeStopped() {

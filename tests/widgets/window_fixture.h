@@ -26,9 +26,11 @@ class AnsweringDialogs : public UserDialogs {
   QString file;
   std::vector<std::string> asked;
   std::function<void()> onError;
+  std::function<void()> onConfirm;
 
   bool Confirm(const texts::MessageText& message) override {
     asked.push_back(message.text);
+    if (onConfirm) onConfirm();
     return answer;
   }
   void Inform(const texts::MessageText& message) override { asked.push_back(message.text); }

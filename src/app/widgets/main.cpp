@@ -1,12 +1,14 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <cstdlib>
 
 #include "app/settings.h"
 #include "app/start_up.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/qt_user_dialogs.h"
+#include "platform/file_thread.h"
 #include "platform/paths.h"
 
 namespace {
@@ -35,9 +37,7 @@ bool SaveScreenshot(app::MainWindow& window, const QString& file) {
   return window.grab().save(file);
 }
 
-}  // namespace
-
-int main(int argc, char* argv[]) {
+int Run(int argc, char* argv[]) {
   QApplication application(argc, argv);
   QCommandLineParser arguments;
   const QCommandLineOption screenshot(
@@ -65,4 +65,13 @@ int main(int argc, char* argv[]) {
   window.show();
   if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
   return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  const int result = Run(argc, argv);
+  // A call that hangs may still use what the end of the program would destroy.
+  if (platform::FileThread::HasLeftCalls()) std::_Exit(result);
+  return result;
 }

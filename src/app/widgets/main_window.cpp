@@ -47,14 +47,14 @@ MainWindow::MainWindow(MainWindowParts parts)
       dialogs_(parts.dialogs),
       files_(parts.files),
       writer_(files_, tables::Backups::AtFirstWrite),
-      log_(session_, parts.files),
+      log_(session_, files_),
       library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
       libraryController_(new LibraryController(session_, files_, writer_, dialogs_, *library_)),
-      timeTest_(new TimeTestController(session_, parts.files, dialogs_, log_, *chart_)),
+      timeTest_(new TimeTestController(session_, files_, dialogs_, log_, *chart_)),
       instruments_(new InstrumentController(session_, log_, dialogs_, *table_)),
-      graphs_(new ReferenceGraphController(session_, parts.files, dialogs_, log_,
+      graphs_(new ReferenceGraphController(session_, files_, dialogs_, log_,
                                            instruments_->Instruments())),
       clipboard_(new ClipboardController(session_, *table_)),
       exchange_(new ExchangeController(session_, files_, writer_, dialogs_, store_, title_, *this)),
@@ -139,7 +139,11 @@ void MainWindow::ConnectPanels() {
     RefreshCaptions();
   });
   connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
+  connect(libraryController_, &LibraryController::CommandBegun, status_, &StatusLine::Clear);
   connect(libraryController_, &LibraryController::Failed, status_, &StatusLine::ShowFailure);
+  connect(&files_, &ResponsiveFiles::Waiting, status_, &StatusLine::ShowWaiting);
+  connect(&files_, &ResponsiveFiles::WaitEnded, status_, &StatusLine::HideWaiting);
+  connect(status_, &StatusLine::GivenUp, &files_, &ResponsiveFiles::GiveUp);
   connect(clipboard_, &ClipboardController::TableChanged, this, [this, grid] {
     grid->ShowAll();
     RefreshChart();
@@ -154,6 +158,7 @@ void MainWindow::ConnectTimeTest() {
   connect(timeTest_, &TimeTestController::GridNeeded, table_->grid,
           &editor::CurveGridView::CloseEditor);
   connect(timeTest_, &TimeTestController::TableImported, this, &MainWindow::ShowTable);
+  connect(timeTest_, &TimeTestController::GridNeeded, status_, &StatusLine::Clear);
   connect(timeTest_, &TimeTestController::Failed, status_, &StatusLine::ShowFailure);
   connect(instruments_, &InstrumentController::ResultsWanted, timeTest_,
           &TimeTestController::UpdateTimeTestAvailability);
@@ -165,6 +170,7 @@ void MainWindow::ConnectInstruments() {
   connect(instruments_, &InstrumentController::InstrumentChosen, this,
           &MainWindow::RefreshCaptions);
   connect(instruments_, &InstrumentController::Chosen, this, &MainWindow::RefreshChart);
+  connect(instruments_, &InstrumentController::InstrumentChosen, status_, &StatusLine::Clear);
   connect(instruments_, &InstrumentController::Failed, status_, &StatusLine::ShowFailure);
   connect(chart_->command5, &QPushButton::clicked, this, [this] {
     const std::optional<std::size_t> index = library_->SelectedIndex();
@@ -176,6 +182,7 @@ void MainWindow::ConnectInstruments() {
   connect(graphs_, &ReferenceGraphController::GridNeeded, modes_,
           &ValueModeBinding::LeaveMultiplier);
   connect(graphs_, &ReferenceGraphController::TableImported, this, &MainWindow::ShowTable);
+  connect(graphs_, &ReferenceGraphController::GridNeeded, status_, &StatusLine::Clear);
   connect(graphs_, &ReferenceGraphController::Failed, status_, &StatusLine::ShowFailure);
 }
 
@@ -196,8 +203,12 @@ void MainWindow::Load() {
 
 void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
   FormTexts form(*this);
-  texts::ApplyTexts(file, form, session_.texts,
-                    [this](std::string_view text) { return Expanded(session_, text); });
+  const std::error_code error =
+      texts::ApplyTexts(files_, file, form, session_.texts,
+                        [this](std::string_view text) { return Expanded(session_, text); });
+  // Most places for a catalogue have none.
+  if (!error || error == std::errc::no_such_file_or_directory) return;
+  status_->ShowFailure(FailureText(session_.texts.program.catalogueFailed, error));
 }
 
 void MainWindow::ShowTable() {
@@ -259,7 +270,10 @@ void MainWindow::StoreSettings() {
   settings_.absValues = session_.modes.absoluteValues ? "1" : "0";
   settings_.window = PlacementOf(*this);
   // The program ends whether or not its window is remembered.
-  [[maybe_unused]] const std::error_code dropped = SaveSettings(store_, title_, settings_);
+  [[maybe_unused]] const std::error_code dropped =
+      files_.Ask([&store = store_, title = title_, settings = settings_] {
+        return SaveSettings(store, title, settings);
+      });
 }
 
 bool MainWindow::MayEnd() {

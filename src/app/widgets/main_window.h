@@ -8,7 +8,7 @@
 #include "app/event_log.h"
 #include "app/session.h"
 #include "app/settings.h"
-#include "app/widgets/responsive_files.h"
+#include "app/widgets/files/responsive_files.h"
 #include "app/widgets/user_dialogs.h"
 #include "platform/file_layer.h"
 #include "platform/settings_store.h"

@@ -4,8 +4,10 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QStatusBar>
+#include <QToolButton>
 
 #include "app/session_texts.h"
+#include "app/widgets/files/held_input.h"
 
 namespace zentab::app {
 namespace {
@@ -39,8 +41,15 @@ StatusLine::StatusLine(const Session& session, QStatusBar* bar)
       bar_(bar),
       file_(Cell("StatusFile", bar)),
       count_(Cell("StatusCount", bar)),
-      modified_(Cell("StatusModified", bar)) {
+      modified_(Cell("StatusModified", bar)),
+      waiting_(Cell("StatusWaiting", bar)),
+      giveUp_(new QToolButton(bar)) {
+  giveUp_->setObjectName(QLatin1String(HeldInput::kGiveUpButton));
+  connect(giveUp_, &QToolButton::clicked, this, &StatusLine::GivenUp);
   bar->addWidget(file_, 1);
+  bar->addPermanentWidget(waiting_);
+  bar->addPermanentWidget(giveUp_);
+  HideWaiting();
   bar->addPermanentWidget(modified_);
   bar->addPermanentWidget(count_);
 }
@@ -60,6 +69,22 @@ void StatusLine::RefreshModified() {
   modified_->setText(session_.table.tableModified
                          ? QStringLiteral("● ") + QString::fromStdString(texts.modified)
                          : QString());
+}
+
+void StatusLine::Clear() { bar_->clearMessage(); }
+
+void StatusLine::ShowWaiting(ResponsiveFiles::WaitsFor reason) {
+  const texts::ProgramTexts& texts = session_.texts.program;
+  const bool isWriter = reason == ResponsiveFiles::WaitsFor::Writer;
+  waiting_->setText(QString::fromStdString(isWriter ? texts.waitsForWriter : texts.waitsForFile));
+  giveUp_->setText(QString::fromStdString(texts.giveUp));
+  waiting_->show();
+  giveUp_->show();
+}
+
+void StatusLine::HideWaiting() {
+  waiting_->hide();
+  giveUp_->hide();
 }
 
 void StatusLine::ShowFailure(const QString& text) { bar_->showMessage(text, kFailureShown); }

@@ -5,9 +5,11 @@
 #include <system_error>
 
 #include "app/session.h"
+#include "app/widgets/files/responsive_files.h"
 
 class QLabel;
 class QStatusBar;
+class QToolButton;
 
 namespace zentab::app {
 
@@ -26,6 +28,14 @@ class StatusLine : public QObject {
   /// Only the modified mark, as after every key in a cell.
   void RefreshModified();
   void ShowFailure(const QString& text);
+  /// What was said of a failure is over.
+  void Clear();
+  /// The file keeps a command waiting, or someone else who is writing it; the user may give up.
+  void ShowWaiting(zentab::app::ResponsiveFiles::WaitsFor reason);
+  void HideWaiting();
+
+ Q_SIGNALS:
+  void GivenUp();
 
  private:
   const Session& session_;
@@ -33,6 +43,8 @@ class StatusLine : public QObject {
   QLabel* file_;
   QLabel* count_;
   QLabel* modified_;
+  QLabel* waiting_;
+  QToolButton* giveUp_;
 };
 
 }  // namespace zentab::app

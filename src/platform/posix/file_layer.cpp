@@ -7,20 +7,14 @@
 
 #include <cerrno>
 
+#include "platform/posix/input_file.h"
+
 namespace zentab::platform {
 namespace {
 
 namespace fs = std::filesystem;
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
-
-FileStamp StampFrom(const struct stat& status) {
-  constexpr std::uint64_t kNanoseconds = 1'000'000'000;
-  return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
-          static_cast<std::uint64_t>(status.st_size),
-          static_cast<std::uint64_t>(status.st_mtim.tv_sec) * kNanoseconds +
-              static_cast<std::uint64_t>(status.st_mtim.tv_nsec)};
-}
 
 class PosixOutputFile final : public OutputFile {
  public:
@@ -121,6 +115,20 @@ bool IsStillNamed(int descriptor, const fs::path& path) {
 
 class PosixFileLayer final : public FileLayer {
  public:
+  std::error_code Open(const fs::path& path, std::unique_ptr<InputFile>& file) override {
+    return OpenInput(path, file);
+  }
+
+  std::error_code StampOf(const fs::path& path, std::optional<FileStamp>& stamp) override {
+    stamp.reset();
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+      return errno == ENOENT || errno == ENOTDIR ? std::error_code() : LastError();
+    }
+    if (S_ISREG(status.st_mode)) stamp = StampFrom(status);
+    return {};
+  }
+
   std::error_code Create(const fs::path& path, const fs::path& like,
                          std::unique_ptr<OutputFile>& file) override {
     struct stat model {};
@@ -185,12 +193,6 @@ class PosixFileLayer final : public FileLayer {
 FileLayer& SystemFiles() {
   static PosixFileLayer files;
   return files;
-}
-
-std::optional<FileStamp> StampOf(const fs::path& path) {
-  struct stat status {};
-  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-  return StampFrom(status);
 }
 
 bool IsReadOnly(const fs::path& path) {

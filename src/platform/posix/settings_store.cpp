@@ -17,17 +17,17 @@ constexpr std::size_t kLargestFile = 16u << 20;
 std::error_code PutSettings(const fs::path& file, std::string_view section,
                             const std::vector<Setting>& settings, std::string& text,
                             bool& differs) {
-  const std::optional<std::string> former = ReadWholeFile(file, kLargestFile);
-  std::error_code error;
-  if (!former && fs::exists(file, error)) return std::make_error_code(std::errc::io_error);
-  IniText ini(former.value_or(std::string()));
+  std::string former;
+  const std::error_code error = ReadWholeFile(SystemFiles(), file, kLargestFile, former);
+  if (error && error != std::errc::no_such_file_or_directory) return error;
+  IniText ini(former);
   for (const Setting& setting : settings) {
     if (!ini.Set(section, setting.key, setting.value)) {
       return std::make_error_code(std::errc::invalid_argument);
     }
   }
   text = ini.Text();
-  differs = former != text;
+  differs = error || former != text;
   return {};
 }
 
@@ -37,8 +37,9 @@ class IniSettingsStore final : public SettingsStore {
                                   std::string_view key) const override {
     const fs::path file = FileOf(application);
     if (file.empty()) return std::nullopt;
-    const std::optional<std::string> text = ReadWholeFile(file, kLargestFile);
-    return text ? IniText(*text).Find(section, key) : std::nullopt;
+    std::string text;
+    if (ReadWholeFile(SystemFiles(), file, kLargestFile, text)) return std::nullopt;
+    return IniText(std::move(text)).Find(section, key);
   }
 
   std::error_code Save(std::string_view application, std::string_view section,

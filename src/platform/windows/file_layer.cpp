@@ -4,22 +4,14 @@
 
 #include <algorithm>
 
+#include "platform/windows/input_file.h"
+
 namespace zentab::platform {
 namespace {
 
 namespace fs = std::filesystem;
 
 std::error_code LastError() { return {static_cast<int>(GetLastError()), std::system_category()}; }
-
-std::uint64_t Joined(DWORD high, DWORD low) {
-  return (static_cast<std::uint64_t>(high) << 32) | low;
-}
-
-FileStamp StampFrom(const BY_HANDLE_FILE_INFORMATION& about) {
-  return {about.dwVolumeSerialNumber, Joined(about.nFileIndexHigh, about.nFileIndexLow),
-          Joined(about.nFileSizeHigh, about.nFileSizeLow),
-          Joined(about.ftLastWriteTime.dwHighDateTime, about.ftLastWriteTime.dwLowDateTime)};
-}
 
 class WindowsOutputFile final : public OutputFile {
  public:
@@ -73,6 +65,11 @@ std::error_code OpenFile(const fs::path& path, DWORD disposition, DWORD startAt,
   return SetFilePointerEx(handle, none, nullptr, startAt) != 0 ? std::error_code() : LastError();
 }
 
+bool IsFolder(const fs::path& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
 // Whether something stands under the name. What is about to be removed lets nobody ask for its
 // attributes, but its folder still lists it.
 bool IsNamed(const fs::path& path) {
@@ -97,6 +94,27 @@ class WindowsFileLock final : public FileLock {
 
 class WindowsFileLayer final : public FileLayer {
  public:
+  std::error_code Open(const fs::path& path, std::unique_ptr<InputFile>& file) override {
+    return OpenInput(path, file);
+  }
+
+  std::error_code StampOf(const fs::path& path, std::optional<FileStamp>& stamp) override {
+    stamp.reset();
+    const HANDLE handle = OpenShared(path, FILE_READ_ATTRIBUTES);
+    if (handle == INVALID_HANDLE_VALUE) {
+      const std::error_code error = LastError();
+      const bool isMissing = error == std::errc::no_such_file_or_directory;
+      // A folder is no regular file either.
+      return isMissing || IsFolder(path) ? std::error_code() : error;
+    }
+    BY_HANDLE_FILE_INFORMATION about{};
+    const bool isKnown = GetFileInformationByHandle(handle, &about) != 0;
+    const std::error_code error = isKnown ? std::error_code() : LastError();
+    CloseHandle(handle);
+    if (isKnown) stamp = StampFrom(about);
+    return error;
+  }
+
   // Access rights come from the folder, as for every new file on Windows.
   std::error_code Create(const fs::path& path, const fs::path&,
                          std::unique_ptr<OutputFile>& file) override {
@@ -156,18 +174,6 @@ class WindowsFileLayer final : public FileLayer {
 FileLayer& SystemFiles() {
   static WindowsFileLayer files;
   return files;
-}
-
-std::optional<FileStamp> StampOf(const fs::path& path) {
-  const HANDLE handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) return std::nullopt;
-  BY_HANDLE_FILE_INFORMATION about{};
-  const bool isKnown = GetFileInformationByHandle(handle, &about) != 0;
-  CloseHandle(handle);
-  if (!isKnown) return std::nullopt;
-  return StampFrom(about);
 }
 
 bool IsReadOnly(const fs::path& path) {
