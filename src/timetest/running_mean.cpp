@@ -4,6 +4,9 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <optional>
+
+#include "timetest/wide_sums.h"
 
 namespace zentab::timetest {
 namespace {
@@ -87,13 +90,19 @@ bool AverageTimes(std::vector<MeasuredPoint>& points, int width, ProgressMeter p
     points[at].time = Mean(times.data(), at + 1, sum);
   }
   const bool slides = AddsExactly(times, terms);
-  const std::size_t step = slides ? 1 : kLanes;
-  const std::size_t effort = slides ? 1 : 1 + terms / kUsualWidth;
+  std::optional<WideSums> wide;
+  if (!slides && WideSums::CanAdd(times, terms)) wide.emplace(times, terms);
+  const bool isSingle = slides || wide;
+  const std::size_t step = isSingle ? 1 : kLanes;
+  const std::size_t effort = isSingle ? 1 : 1 + terms / kUsualWidth;
   for (std::size_t at = beginnings; at < times.size(); at += step) {
     if (slides) {
       // The oldest first: with one term more than the width the sum could be rounded.
       sum = sum - times[at - terms] + times[at];
       points[at].time = sum / static_cast<double>(terms);
+    } else if (wide) {
+      const std::size_t first = at + 1 - terms;
+      points[at].time = Mean(times.data() + first, terms, wide->Of(first));
     } else {
       AverageLanes(points, times, at, terms);
     }

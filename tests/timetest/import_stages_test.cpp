@@ -157,6 +157,36 @@ TEST(ImportStages, MeansHaveTheBitsOfPlainAdditions) {
   }
 }
 
+TEST(ImportStages, WideMeansHaveThemToo) {
+  std::mt19937 random(17);
+  const auto uniform = [&random] { return static_cast<double>(random()) / 4294967296.0; };
+  const std::function<double(std::size_t)> kinds[] = {
+      [&](std::size_t) { return static_cast<double>(random() % 100'000) / 1000.0; },
+      [&](std::size_t at) { return 140.0 / (0.02 + 1e-5 * static_cast<double>(at)) + uniform(); },
+      [&](std::size_t) { return std::ldexp(uniform(), static_cast<int>(random() % 80) - 40); },
+      [&](std::size_t) {
+        return std::ldexp(1.0 + static_cast<double>(random() % 4) * 0x1p-52,
+                          static_cast<int>(random() % 12));
+      },
+      [&](std::size_t) { return random() % 3 == 0 ? uniform() * 1e306 : 0.0; },
+      [&](std::size_t at) { return at < 1000 ? 0.0 : uniform() * 1e-310; },
+  };
+  for (const auto& kind : kinds) {
+    // More than fit one block of windows, and few.
+    for (const std::size_t count : {35'000u, 1500u}) {
+      Points points(count);
+      for (std::size_t at = 0; at < count; ++at) points[at].time = kind(at);
+      for (const int width : {129, count > 2000u ? 150 : 1400}) {
+        Told told{points};
+        Points result = points;
+        ToldMean(told, width);
+        ASSERT_TRUE(AverageTimes(result, width, Silent()));
+        ASSERT_TRUE(result == told.points) << &kind - kinds << ", " << count << ", " << width;
+      }
+    }
+  }
+}
+
 TEST(ImportStages, SelectionLevelIsTheToldOne) {
   std::mt19937 random(13);
   for (int round = 0; round < 300; ++round) {
