@@ -108,6 +108,9 @@ struct ProgramTexts {
   std::string fileChanged = "Another program has changed the file; its entries are shown anew";
   std::string importProgress = "Importing the time test…";
   std::string noTimeTest = "The time test has no points";
+  std::string selectedByRank =
+      "Too many points have no difference or a very large one; the ends and the largest were taken";
+  std::string traceFailed = "The trace of the import could not be written";
   std::string selectInstrument = "Select Instrument first";
   std::string noExchangeFile = "No file chosen";  // in the exchange dialog
   std::string entriesSelected = "Selected: %1";

@@ -193,6 +193,8 @@ const std::vector<KeyRow>& OwnRows() {
       {"STATUS.GRH.FAILED", GraphField{&G::notWritten}},
       {"STATUS.GRH.EMPTY", GraphField{&G::noPoints}},
       {"STATUS.TIMETEST.EMPTY", ProgramField{&P::noTimeTest}},
+      {"STATUS.TIMETEST.RANKED", ProgramField{&P::selectedByRank}},
+      {"STATUS.TRACE.FAILED", ProgramField{&P::traceFailed}},
       {"TIMETEST.PROGRESS.TEXT", ProgramField{&P::importProgress}},
       {"F2.NOFILE.TEXT", ProgramField{&P::noExchangeFile}},
       {"F2.SELECTED.TEXT", ProgramField{&P::entriesSelected}},

@@ -223,7 +223,8 @@ void MainWindow::ShowTable() {
 }
 
 void MainWindow::RefreshChart() {
-  const editor::ChartCurve curve = editor::CurveOf(session_.table.grid);
+  const editor::ChartCurve curve =
+      editor::CurveOf(session_.table.grid, session_.localeDecimalSeparator);
   chart_->chart->ShowCurve(curve);
   library_->SetStorable(curve.IsShown());
   chart_->command5->setEnabled(curve.IsShown() && instruments_->Instruments().IsOpen());
