@@ -26,7 +26,8 @@ struct TablePlace {
   return {session.installFolder, session.tablePath};
 }
 
-/// The active table file: relative names are those of the installation's own files.
+/// The active table file: relative names are those of the installation's own files, wherever the
+/// working folder is.
 [[nodiscard]] std::filesystem::path ActiveTableFile(platform::FileLayer& files,
                                                     const TablePlace& place);
 

@@ -69,16 +69,18 @@ std::error_code RefuseUnlessReplaceable(const fs::path& path, bool getsOtherAcce
 template <class Step>
 std::error_code MakePatiently(FileLayer& files, const fs::path& target, Step step) {
   using std::chrono::milliseconds;
-  constexpr milliseconds kShortestPause(1), kLongestPause(50);
+  constexpr milliseconds kShortestPause(1), kLongestPause(50), kLongestSleep(10);
   milliseconds pause = kShortestPause;
   std::optional<FileStamp> seen;
   const auto start = std::chrono::steady_clock::now();
   for (;;) {
     const std::error_code error = step();
     if (error != std::errc::device_or_resource_busy) return error;
-    files.KeepAlive();
     if (!files.GoOnWaiting(std::chrono::steady_clock::now() - start)) return error;
-    std::this_thread::sleep_for(pause);
+    for (milliseconds left = pause; left > milliseconds::zero(); left -= kLongestSleep) {
+      std::this_thread::sleep_for(std::min(left, kLongestSleep));
+      files.KeepAlive();
+    }
     std::optional<FileStamp> now;
     // Who does not answer is asked less often.
     [[maybe_unused]] const std::error_code dropped = files.StampOf(target, now);

@@ -103,7 +103,7 @@ refused() { # WHAT REASON: bob's change, which must leave everything as it is
   if cli $bob 002 update lib.dat A 2>"$folder/err"; then
     fault "$1: not refused"
   fi
-  grep -q "$2" "$folder/err" || fault "$1: the reason is: $(cat "$folder/err")"
+  grep -qi "$2" "$folder/err" || fault "$1: the reason is: $(cat "$folder/err")"
   expect_kept "$before" "$1"
   [ "$(stat -c '%u %h %i' "$library" && cat "$library")" = "$state" ] || fault "$1: not as before"
   [ ! -e "$library.new" ] || fault "$1: a new file was left behind"
@@ -118,7 +118,7 @@ new_library $alice:$engineers 0660
 as $alice 077 touch lib.dat.lock
 left_at=$SECONDS
 cli $bob 002 update lib.dat A 2>"$folder/err" && fault "a fresh lock was taken away"
-grep -q "someone else is writing" "$folder/err" || fault "the reason is: $(cat "$folder/err")"
+grep -qi "someone else is writing" "$folder/err" || fault "the reason is: $(cat "$folder/err")"
 
 share=$folder/share library=$folder/share/lib.dat
 new_share 0775

@@ -57,7 +57,7 @@ int Run(int argc, char* argv[]) {
   const auto store = platform::UserSettingsStore();
   app::Settings settings = app::LoadSettings(*store, platform::BaseName(executable), kTitle);
   app::Session session = app::StartSession(settings, *platform::SystemRegistry(), executable);
-  app::QtUserDialogs dialogs(session.texts.program);
+  app::QtUserDialogs dialogs(session);
   NobodyToAsk nobody;
   app::UserDialogs& asked = picture.isEmpty() ? static_cast<app::UserDialogs&>(dialogs) : nobody;
   app::MainWindow window(
@@ -66,6 +66,7 @@ int Run(int argc, char* argv[]) {
   window.Load();
   window.show();
   if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
+  window.ListenForEnd();
   return QApplication::exec();
 }
 

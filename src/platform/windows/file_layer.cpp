@@ -162,9 +162,7 @@ bool IsReadOnly(const fs::path& path) {
 }
 
 bool HasOtherNames(const fs::path& path) {
-  const HANDLE handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE handle = OpenShared(path, FILE_READ_ATTRIBUTES);
   if (handle == INVALID_HANDLE_VALUE) return false;
   BY_HANDLE_FILE_INFORMATION about{};
   const bool isKnown = GetFileInformationByHandle(handle, &about) != 0;
