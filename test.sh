@@ -81,6 +81,10 @@ faults() {
   echo "== two users in one folder"
   [ "$(id -u)" -ne 0 ] || need "${fault_packages[@]}"
   tests/faults/shared_folder.sh "$bin" || { skipped=$? && [ "$skipped" -eq 77 ]; }
+  echo "== a share that is slow, and one that stalls"
+  need "${window_packages[@]}"
+  build dev
+  QT_LOGGING_RULES="*.warning=false" QT_QPA_PLATFORM=offscreen build/dev/bin/slow_share_harness 100 20 100
   echo "== processes that compete"
   "$bin/writers_harness" "$seconds" 2
   "$bin/writers_harness" "$((seconds / 3))" 4

@@ -100,6 +100,25 @@ TEST_F(CommandLine, ALimitOfTheFileSizeFailsTheWrite) {
   EXPECT_EQ(Names(), (std::vector<string>{"err", "in", "lib.dat"}));
 }
 
+#ifdef __linux__
+// The memory of the reading process begins with a page that nobody can read.
+TEST_F(CommandLine, AFileThatCannotBeReadToItsEndIsNoShorterOne) {
+  const string library = "{\"A\"\t(1;2)(3;4) 000}\r\n";
+  const string bad = "/proc/self/mem";
+  for (const string& arguments :
+       {"list " + bad, "check " + bad, "show " + bad + " A", "update lib.dat A --points " + bad,
+        "add lib.dat B --points " + bad, "copy " + bad + " lib.dat A", "text " + bad + " K",
+        "entry " + bad + " T 1", "import " + bad + " --heading T", "grh-read --absolute " + bad,
+        "import result.txt --heading T --catalogue " + bad}) {
+    Write("lib.dat", library);
+    Write("result.txt", "T\n1\t1\t1000\t\n");
+    EXPECT_EQ(Run("\"" PROGRAM "\" " + arguments + " >out 2>err"), 1) << arguments;
+    EXPECT_EQ(BytesOf(Folder() / "lib.dat"), library) << arguments;
+    EXPECT_NE(BytesOf(Folder() / "err").find("error"), string::npos) << arguments;
+  }
+}
+#endif
+
 TEST_F(CommandLine, StreamsThatFailAreNoEmptyInputAndNoSuccess) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
   Write("lines", "1\n");

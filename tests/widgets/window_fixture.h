@@ -72,7 +72,10 @@ class MemoryStore : public platform::SettingsStore {
 /// A main window on an installation folder with the simulated instruments, thrown away at the end.
 class WindowFixture {
  public:
-  explicit WindowFixture(const QByteArray& library, const std::string& separator = ".") {
+  /// `layer` serves in the place of `files`.
+  explicit WindowFixture(const QByteArray& library, const std::string& separator = ".",
+                         platform::FileLayer* layer = nullptr)
+      : layer_(layer != nullptr ? *layer : files) {
     Write("relayTables.dat", library);
     test::InstallSimulators(folder_.path().toStdString());
     // Nothing may depend on where it is.
@@ -96,7 +99,7 @@ class WindowFixture {
     session.tablePath = settings.tableName;
     session.modes.absoluteValues = settings.absValues == "1";
     window = std::make_unique<MainWindow>(
-        MainWindowParts{session, settings, "Zentab", store, files, dialogs, executable});
+        MainWindowParts{session, settings, "Zentab", store, layer_, dialogs, executable});
     window->Load();
     window->show();
   }
@@ -134,6 +137,7 @@ class WindowFixture {
   std::unique_ptr<MainWindow> window;
 
  private:
+  platform::FileLayer& layer_;
   QTemporaryDir folder_;
   QTemporaryDir elsewhere_;
 };

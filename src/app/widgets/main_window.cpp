@@ -212,7 +212,8 @@ void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
                         [this](std::string_view text) { return Expanded(session_, text); });
   // Most places for a catalogue have none.
   if (!error || error == std::errc::no_such_file_or_directory) return;
-  status_->ShowFailure(FailureText(session_.texts.program.catalogueFailed, error));
+  status_->ShowFailure(
+      FailureText(session_.texts.program, session_.texts.program.catalogueFailed, error));
 }
 
 void MainWindow::ShowTable() {

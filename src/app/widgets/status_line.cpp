@@ -29,9 +29,10 @@ QLabel* Cell(const char* name, QStatusBar* bar) {
 
 }  // namespace
 
-QString FailureText(const std::string& what, std::error_code error) {
+QString FailureText(const texts::ProgramTexts& texts, const std::string& what,
+                    std::error_code error) {
   return QStringLiteral("%1: %2").arg(QString::fromStdString(what),
-                                      QString::fromLocal8Bit(error.message().c_str()));
+                                      QString::fromLocal8Bit(ReasonText(texts, error).c_str()));
 }
 
 StatusLine::StatusLine(const Session& session, QStatusBar* bar)

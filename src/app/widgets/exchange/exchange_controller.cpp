@@ -91,7 +91,9 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   dialog.command1->setEnabled(importing || !listing_.names.empty());
   ShowTexts(dialog);
   ShowSelection(dialog);
-  if (error) dialog.outcome->setText(FailureText(session_.texts.program.listFailed, error));
+  if (error)
+    dialog.outcome->setText(
+        FailureText(session_.texts.program, session_.texts.program.listFailed, error));
   dialog.list1->setFocus();
 }
 
@@ -117,12 +119,12 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
   dialog.list1->setFocus();
   const texts::ProgramTexts& texts = session_.texts.program;
   if (listing) {
-    dialog.outcome->setText(FailureText(texts.listFailed, listing));
+    dialog.outcome->setText(FailureText(texts, texts.listFailed, listing));
   } else if (isStale) {
     dialog.outcome->setText(QString::fromStdString(texts.fileChanged));
   } else if (result.error) {
     const std::string& what = writer_.LacksBackup() ? texts.backupFailed : texts.copyFailed;
-    dialog.outcome->setText(FailureText(what, result.error));
+    dialog.outcome->setText(FailureText(texts, what, result.error));
   } else {
     const std::string count = std::to_string(result.copied);
     dialog.outcome->setText(

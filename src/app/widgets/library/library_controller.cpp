@@ -48,7 +48,8 @@ void LibraryController::ShowFromStart(std::error_code error) {
   panel_.ShowAllNames();
   watch_->start();
   Q_EMIT LibraryChanged();
-  if (error) Q_EMIT Failed(FailureText(session_.texts.program.listFailed, error));
+  if (error)
+    Q_EMIT Failed(FailureText(session_.texts.program, session_.texts.program.listFailed, error));
 }
 
 void LibraryController::Filter(const QString& text) {
@@ -111,7 +112,7 @@ void LibraryController::EnterName(const QString& name) {
       break;
     case NameResult::NotWritten:
       // The box keeps the name for another try.
-      Q_EMIT Failed(FailureText(WriteFailure(), error));
+      Q_EMIT Failed(FailureText(session_.texts.program, WriteFailure(), error));
       break;
   }
 }
@@ -222,7 +223,8 @@ bool LibraryController::Run(Command command, tables::EntryMark& mark) {
     Q_EMIT Failed(QString::fromStdString(session_.texts.program.entryChanged));
   } else if (error) {
     const bool reads = command == &LibraryCommands::ReadEntry;
-    Q_EMIT Failed(FailureText(reads ? session_.texts.program.readFailed : WriteFailure(), error));
+    Q_EMIT Failed(FailureText(session_.texts.program,
+                              reads ? session_.texts.program.readFailed : WriteFailure(), error));
   }
   return !error;
 }

@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include "app/session_texts.h"
+#include "app/widgets/status_line.h"
 #include "app/widgets/testset/busy_window.h"
 #include "platform/paths.h"
 
@@ -25,9 +26,7 @@ void ReferenceGraphController::SetGraph(const std::string& tableName) {
   if (!outcome.hasPoints) {
     Q_EMIT Failed(QString::fromStdString(texts.noPoints));
   } else if (outcome.error) {
-    Q_EMIT Failed(
-        QStringLiteral("%1: %2").arg(QString::fromStdString(texts.notWritten),
-                                     QString::fromLocal8Bit(outcome.error.message().c_str())));
+    Q_EMIT Failed(FailureText(session_.texts.program, texts.notWritten, outcome.error));
   } else {
     const BusyWindow busy(window_);
     commands_.HandOverGraph();

@@ -71,7 +71,8 @@ void TimeTestController::Report(const timetest::ImportResult& result) {
       Q_EMIT Failed(QString::fromStdString(session_.texts.program.noTimeTest));
       break;
     case timetest::ImportOutcome::Unreadable:
-      Q_EMIT Failed(FailureText(session_.texts.program.timeTestUnreadable, result.readError));
+      Q_EMIT Failed(FailureText(session_.texts.program, session_.texts.program.timeTestUnreadable,
+                                result.readError));
       break;
     case timetest::ImportOutcome::EquationError:
       dialogs_.ReportError({"ERROR", result.error});
