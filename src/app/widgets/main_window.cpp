@@ -64,7 +64,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   modes_->setParent(this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Relay curve table editor"));
-  resize(kDesignedSize.boundedTo(screen()->availableSize()));
+  resize(SizeOnScreen(kDesignedSize, screen()->availableSize()));
   BuildPanels();
   BuildMenus();
   ConnectPanels();
@@ -146,7 +146,7 @@ void MainWindow::ConnectPanels() {
     status_->RefreshModified();
   });
   connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
-          &LibraryController::FillEntryList);
+          &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
 }
 

@@ -38,27 +38,35 @@ QWidget* QtUserDialogs::WindowInFront() const {
   return dialog != nullptr ? dialog : parent_;
 }
 
-QString QtUserDialogs::ChooseFile(QFileDialog::AcceptMode mode) {
-  // The working folder is the installation folder, where table files are kept.
-  QFileDialog dialog(WindowInFront(), QString(), QStringLiteral("."),
-                     QStringLiteral("Dat (*.dat)"));
+QString QtUserDialogs::ChooseFile(const QString& folder, const QString& filter,
+                                  QFileDialog::AcceptMode mode) const {
+  QFileDialog dialog(WindowInFront(), QString(), folder, filter);
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  // Choosing only: a slip must not rename or delete a file.
+  dialog.setOptions(QFileDialog::ReadOnly | QFileDialog::DontUseCustomDirectoryIcons);
   dialog.setAcceptMode(mode);
-  if (mode == QFileDialog::AcceptOpen) dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setDefaultSuffix(QStringLiteral("dat"));
-  // Entries are added to an existing file: there is nothing to be replaced.
-  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  if (mode == QFileDialog::AcceptOpen) {
+    dialog.setFileMode(QFileDialog::ExistingFile);
+  } else {
+    dialog.setDefaultSuffix(QStringLiteral("dat"));
+    // Entries are added to an existing file: there is nothing to be replaced.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  }
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-QString QtUserDialogs::ChooseTableFile() { return ChooseFile(QFileDialog::AcceptOpen); }
+// The working folder is the installation folder, where table files are kept.
+QString QtUserDialogs::ChooseTableFile() {
+  return ChooseFile(QStringLiteral("."), QStringLiteral("Dat (*.dat)"), QFileDialog::AcceptOpen);
+}
 
-QString QtUserDialogs::ChooseTargetFile() { return ChooseFile(QFileDialog::AcceptSave); }
+QString QtUserDialogs::ChooseTargetFile() {
+  return ChooseFile(QStringLiteral("."), QStringLiteral("Dat (*.dat)"), QFileDialog::AcceptSave);
+}
 
+// Where Set GRH writes them.
 QString QtUserDialogs::ChooseGraphFile() {
-  // Where Set GRH writes them.
-  return QFileDialog::getOpenFileName(WindowInFront(), QString(), QStringLiteral("data"),
-                                      QStringLiteral("GRH (*.grh)"));
+  return ChooseFile(QStringLiteral("data"), QStringLiteral("GRH (*.grh)"), QFileDialog::AcceptOpen);
 }
 
 }  // namespace zentab::app

@@ -38,13 +38,13 @@ void ExchangeController::Import() {
   window_.setCursor(Qt::BusyCursor);
   dialog->exec();
   window_.unsetCursor();
-  Q_EMIT EntriesAdded();
+  if (activeFileGrew_) Q_EMIT EntriesAdded();
 }
 
 void ExchangeController::Export() {
   ExchangeDialog* const dialog = MakeDialog(Mode::Export);
   connect(dialog, &QDialog::finished, this, [this] {
-    if (CopiesOntoItself()) Q_EMIT EntriesAdded();
+    if (activeFileGrew_) Q_EMIT EntriesAdded();
   });
   dialog->open();
 }
@@ -52,6 +52,7 @@ void ExchangeController::Export() {
 ExchangeDialog* ExchangeController::MakeDialog(Mode mode) {
   mode_ = mode;
   fileChosen_ = false;
+  activeFileGrew_ = false;
   listing_ = {};
   entries_.Reload();
   auto* const dialog = new ExchangeDialog(entries_, &window_);
@@ -63,6 +64,7 @@ ExchangeDialog* ExchangeController::MakeDialog(Mode mode) {
   connect(dialog, &ExchangeDialog::Opened, this, [this, dialog] { ChooseFile(*dialog); });
   connect(dialog, &ExchangeDialog::SelectionChanged, this,
           [this, dialog] { ShowSelection(*dialog); });
+  connect(dialog->fileButton, &QPushButton::clicked, this, [this, dialog] { ChooseFile(*dialog); });
   connect(dialog->command1, &QPushButton::clicked, this, [this, dialog] { Execute(*dialog); });
   connect(dialog, &ExchangeDialog::Closing, this, [this, dialog] { StorePlacement(*dialog); });
   return dialog;
@@ -72,7 +74,10 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   const bool importing = mode_ == Mode::Import;
   const QString file = importing ? dialogs_.ChooseTableFile() : dialogs_.ChooseTargetFile();
   if (file.isEmpty()) {
+    // A file that was chosen before stays.
+    if (fileChosen_) return;
     dialog.outcome->setText(QString::fromStdString(session_.texts.program.noExchangeFile));
+    dialog.fileButton->setFocus();
     return;
   }
   fileChosen_ = true;
@@ -100,6 +105,7 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
     result =
         exchange::CopyEntries(writer_, Source(), listing_.stamp, dialog.SelectedRows(), target);
   }
+  if (result.copied > 0 && (mode_ == Mode::Import || CopiesOntoItself())) activeFileGrew_ = true;
   const bool isStale = result.error == tables::kEntryChanged;
   if (isStale || CopiesOntoItself()) ListSource();
   QGuiApplication::restoreOverrideCursor();
@@ -147,6 +153,7 @@ void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
   if (!texts.button.empty()) dialog.command1->setText(text(texts.button));
   tip(dialog.command1, texts.buttonTip);
   tip(dialog.list1, texts.listTip);
+  dialog.fileButton->setText(QString::fromStdString(session_.texts.program.chooseFile));
   dialog.closeButton->setText(QString::fromStdString(session_.texts.program.close));
 }
 

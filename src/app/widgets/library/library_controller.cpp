@@ -123,12 +123,20 @@ void LibraryController::LookAtFile() {
   const std::optional<platform::FileStamp> now = platform::StampOf(ActiveTableFile(session_));
   const bool isSettled = now == seen_;
   seen_ = now;
-  if (!isSettled || now == session_.listing.stamp) return;
+  if (isSettled && now != session_.listing.stamp) FollowFile();
+}
+
+void LibraryController::FollowFile() {
   const ResponsiveFiles::Work work(files_);
   std::size_t index = panel_.SelectedIndex().value_or(tables::kNoLine);
   if (!commands_.RefreshEntryList(index)) return;
   panel_.ShowNames(index);
   Q_EMIT LibraryChanged();
+}
+
+void LibraryController::ShowAddedEntries() {
+  FollowFile();
+  panel_.Reveal(session_.listing.names.size() - 1);
 }
 
 std::optional<std::size_t> LibraryController::Selected() const {
@@ -170,6 +178,7 @@ NameResult LibraryController::Add(const QString& name) {
   if (result == NameResult::Added || session_.listing.readings != readings) {
     // The new entry is not selected.
     panel_.ShowNames(index);
+    if (result == NameResult::Added) panel_.Reveal(session_.listing.names.size() - 1);
     Q_EMIT LibraryChanged();
   }
   return result;

@@ -36,6 +36,10 @@ class LibraryController : public QObject {
   void SetActiveTable();
   /// Shows the list anew if the file has changed and has not changed again since the last look.
   void LookAtFile();
+  /// Shows the list anew if the file has changed; the selection follows its entry.
+  void FollowFile();
+  /// The same after entries were added to the file: a filter that hides any of them is cleared.
+  void ShowAddedEntries();
 
  Q_SIGNALS:
   /// A command is about to use the grid: an open cell editor closes.
