@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <random>
 
@@ -37,8 +38,10 @@ void FiveCatalogues(benchmark::State& state) {
   for (auto _ : state) {
     CatalogueTexts texts;
     for (int number = 0; number < 5; ++number) {
-      ApplyTexts(folder / std::to_string(number), window, texts,
-                 [](std::string_view text) { return std::string(text); });
+      const auto error =
+          ApplyTexts(platform::SystemFiles(), folder / std::to_string(number), window, texts,
+                     [](std::string_view text) { return std::string(text); });
+      if (error) std::abort();
     }
     benchmark::DoNotOptimize(texts.logSwitch);
   }

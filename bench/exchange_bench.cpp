@@ -38,9 +38,10 @@ void CopySelected(benchmark::State& state, Selection selection, bool flushed) {
   const fs::path selectedBytes = SharedLibrary().Folder() / "selected.dat";
   const std::vector<bool> rows = Selected(selection);
   tables::TableWriter writer(files, tables::Backups::None);
-  const auto stamp = platform::StampOf(library);
+  tables::TableListing listing;
+  Require(!tables::ListEntries(files, library, listing));
   fs::remove(selectedBytes);
-  Require(exchange::CopyEntries(writer, library, stamp, rows, selectedBytes).copied ==
+  Require(exchange::CopyEntries(writer, library, listing, rows, selectedBytes).copied ==
           kEntries / 2);
 
   // Every copy is written into a fresh file; removing the last one is timed for all of them.
@@ -48,7 +49,7 @@ void CopySelected(benchmark::State& state, Selection selection, bool flushed) {
       state,
       [&] {
         fs::remove(copied);
-        Require(!exchange::CopyEntries(writer, library, stamp, rows, copied).error);
+        Require(!exchange::CopyEntries(writer, library, listing, rows, copied).error);
       },
       {{"library", [&] { PlainCopy(library, flushed); }},
        {"selected", [&] { PlainCopy(selectedBytes, flushed); }}},

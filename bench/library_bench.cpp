@@ -63,15 +63,16 @@ void ReplaceLine(benchmark::State& state, bool flushed) {
   platform::FileLayer& files = flushed ? platform::SystemFiles() : unflushed;
   const fs::path path = SharedLibrary().Path();
   tables::TableWriter writer(files, tables::Backups::None);
-  tables::TableListing listing = tables::ListEntries(path);
-  std::size_t index = kNearEnd;
+  tables::TableListing listing;
+  Require(!tables::ListEntries(files, path, listing));
+  tables::EntryMark mark = listing.MarkOf(kNearEnd);
   InTurns(
-      state, [&] { Require(!writer.ReplaceEntry(path, listing, index, EntryNumber(kNearEnd))); },
+      state, [&] { Require(!writer.ReplaceEntry(path, listing, mark, EntryNumber(kNearEnd))); },
       {{"copy+rename",
         [&] {
           PlainCopy(path, flushed);
           // The copy is what the listing is of.
-          listing.stamp = platform::StampOf(path);
+          Require(!files.StampOf(path, listing.stamp));
         }}},
       1.1);
 }
@@ -85,16 +86,20 @@ void BesideCounting(benchmark::State& state, const std::function<void(const fs::
 
 void ListNames(benchmark::State& state) {
   BesideCounting(state, [](const fs::path& path) {
-    Require(tables::ListEntries(path).names.size() == kEntries);
+    tables::TableListing listing;
+    Require(!tables::ListEntries(platform::SystemFiles(), path, listing));
+    Require(listing.names.size() == kEntries);
   });
 }
 
 void ReadLineNearEnd(benchmark::State& state) {
-  tables::TableListing listing = tables::ListEntries(SharedLibrary().Path());
-  std::size_t index = kNearEnd;
+  platform::FileLayer& files = platform::SystemFiles();
+  tables::TableListing listing;
+  Require(!tables::ListEntries(files, SharedLibrary().Path(), listing));
+  tables::EntryMark mark = listing.MarkOf(kNearEnd);
   std::string line;
   BesideCounting(state, [&](const fs::path& path) {
-    Require(!tables::ReadEntryLine(path, listing, index, line));
+    Require(!tables::ReadEntryLine(files, path, listing, mark, line));
   });
 }
 

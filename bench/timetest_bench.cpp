@@ -80,7 +80,7 @@ void Import(const timetest::ResultSource& source, std::int16_t meanOver = 5,
   texts.equations[static_cast<std::size_t>(texts::EquationStage::Value)][5] = equation;
   const timetest::ImportOptions options = {{false, false, 1.0}, 0, 3, meanOver, "0"};
   const timetest::ImportResult result =
-      timetest::ImportCurve(source, options, texts, nullptr, nullptr);
+      timetest::ImportCurve(platform::SystemFiles(), source, options, texts, nullptr, nullptr);
   Require(result.points.size() >= 2);
 }
 

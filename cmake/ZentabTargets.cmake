@@ -22,22 +22,29 @@ if(ZENTAB_SANITIZE)
 endif()
 if(ZENTAB_FUZZ)
   # Each target adds libFuzzer's own main; the rest is only watched by it.
-  target_compile_definitions(zentab_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_compile_options(zentab_options INTERFACE
     -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
     -fsanitize-coverage-ignorelist=${PROJECT_SOURCE_DIR}/fuzz/uncovered.txt)
   target_link_options(zentab_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+include(Hardening)
+
 # zentab_library(NAME SOURCES files... USES targets...): one layer of the program.
 function(zentab_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
-  add_library(${name} STATIC ${ARG_SOURCES})
-  target_link_libraries(${name} PUBLIC zentab_options ${ARG_USES})
+  zentab_layer(${name} ${ARGN})
+  zentab_precompile_standard(${name})
 endfunction()
 
 # zentab_widgets(NAME SOURCES files... USES targets...): a layer's windows, the only Qt code.
 function(zentab_widgets name)
-  zentab_library(${name} ${ARGN})
+  zentab_layer(${name} ${ARGN})
+  zentab_precompile_qt(${name})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
+endfunction()
+
+function(zentab_layer name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC zentab_options ${ARG_USES})
 endfunction()

@@ -42,19 +42,24 @@ void CheckTemplate(std::string_view text) {
 
 void CheckLookup(const std::filesystem::path& file, std::size_t chosen) {
   const auto keys = texts::CatalogueKeys();
-  const std::vector<std::string> found = texts::LookupTexts(keys, file);
+  std::vector<std::string> found;
+  Require(!texts::LookupTexts(platform::SystemFiles(), keys, file, found), "the file is read");
   chosen %= keys.size();
-  Require(texts::LookupText(keys[chosen], file) == found[chosen],
+  std::string text;
+  Require(!texts::LookupText(platform::SystemFiles(), keys[chosen], file, text) &&
+              text == found[chosen],
           "one lookup finds what all together do");
 }
 
 void CheckApplied(const std::filesystem::path& file) {
   Captions captions;
   texts::CatalogueTexts all;
-  texts::ApplyTexts(file, captions, all, [](std::string_view text) {
-    CheckTemplate(text);
-    return texts::ExpandTemplate(text, {});
-  });
+  const auto error =
+      texts::ApplyTexts(platform::SystemFiles(), file, captions, all, [](std::string_view text) {
+        CheckTemplate(text);
+        return texts::ExpandTemplate(text, {});
+      });
+  Require(!error, "the file is read");
 }
 
 void CheckCatalogue(std::string_view bytes) {

@@ -44,6 +44,7 @@ bool SameText(const GraphPoint& a, const GraphPoint& b) {
 // What is written has to be read as the same graph.
 void CheckWritten(const Folder& folder, const std::vector<GraphSegment>& segments) {
   const testset::ReadGraph again = testset::ReadReferenceGraph(
+      platform::SystemFiles(),
       folder.Write("again.grh", testset::FormatReferenceGraph(segments, {"Nov", 21, 2026})));
   Require(!again.error, "a written graph is read");
   Require(std::equal(segments.begin(), segments.end(), again.segments.begin(), again.segments.end(),
@@ -66,7 +67,7 @@ void CheckImport(const Folder& folder, const std::vector<GraphSegment>& segments
   }
   editor::CurveGrid grid;
   editor::ShowPoints(grid, imported.points, ",");
-  const auto shown = testset::SegmentsOf(grid, setting.modes, setting.texts);
+  const auto shown = testset::SegmentsOf(grid, setting.modes, setting.texts, ".");
   if (shown && !shown->empty()) CheckWritten(folder, *shown);
 }
 
@@ -78,7 +79,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const fuzz::Folder folder;
   std::string_view input = fuzz::InputOf(data, size);
   const fuzz::Setting setting = fuzz::SettingOf(fuzz::TakeLine(input));
-  const testset::ReadGraph graph = testset::ReadReferenceGraph(folder.Write("graph.grh", input));
+  const testset::ReadGraph graph =
+      testset::ReadReferenceGraph(platform::SystemFiles(), folder.Write("graph.grh", input));
   fuzz::Require(graph.error.has_value() == graph.segments.empty(), "a graph or its fault");
   if (graph.error) {
     const auto lines = static_cast<std::size_t>(std::count(input.begin(), input.end(), '\n') +

@@ -14,20 +14,24 @@ using timetest::MeasuredPoint;
 
 std::string EntryOf(const timetest::ResultSource& source, std::size_t number) {
   std::string secondKey;
-  return timetest::ReadSectionEntry(std::to_string(number), source.heading, secondKey, source.file,
-                                    timetest::kSeparator, timetest::kEndMarker);
+  return timetest::ReadSectionEntry(platform::SystemFiles(), std::to_string(number), source.heading,
+                                    secondKey, source.file, timetest::kSeparator,
+                                    timetest::kEndMarker)
+      .value;
 }
 
 MeasuredPoint PointOf(std::string_view value) {
   const std::string_view load = Take(value, '\t');
-  return {editor::CellNumber(load).value_or(0.0),
-          editor::CellNumber(Take(value, '\t')).value_or(0.0)};
+  return {editor::CellNumber(load, ".").value_or(0.0),
+          editor::CellNumber(Take(value, '\t'), ".").value_or(0.0)};
 }
 
 void CheckReaders(const timetest::ResultSource& source) {
-  const auto read = timetest::ReadTimeTest(source, {true, true, 0.0}, {nullptr, 0.0, 1.0});
-  Require(read.has_value(), "nobody stops the reading");
-  const std::vector<MeasuredPoint>& points = read->points;
+  timetest::ReadPoints read;
+  Require(!timetest::ReadTimeTest(platform::SystemFiles(), source, {true, true, 0.0},
+                                  {nullptr, 0.0, 1.0}, read),
+          "nobody stops the reading");
+  const std::vector<MeasuredPoint>& points = read.points;
   Require(EntryOf(source, points.size() + 1).empty(), "all entries are read");
   if (points.empty()) return;
   // Each entry alone takes a reading of the file.
@@ -52,8 +56,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::CheckReaders(source);
   } else {
     std::string secondKey(keys);
-    const std::string value = timetest::ReadSectionEntry(
-        firstKey, heading, secondKey, source.file, timetest::kSeparator, timetest::kEndMarker);
+    const std::string value =
+        timetest::ReadSectionEntry(platform::SystemFiles(), firstKey, heading, secondKey,
+                                   source.file, timetest::kSeparator, timetest::kEndMarker)
+            .value;
     fuzz::Require(value.size() <= 3 * input.size(), "a value stands in the file");
   }
   return 0;

@@ -17,45 +17,63 @@ enum class NameResult {
   NotWritten  // the file could not be written; nothing changed
 };
 
-/// The active table file: relative names are those of the installation's own files.
-[[nodiscard]] std::filesystem::path ActiveTableFile(const Session& session);
+/// What names the active table file.
+struct TablePlace {
+  std::string installFolder;
+  std::string tablePath;
+};
+[[nodiscard]] inline TablePlace PlaceOf(const Session& session) {
+  return {session.installFolder, session.tablePath};
+}
+
+/// The active table file: relative names are those of the installation's own files, wherever the
+/// working folder is.
+[[nodiscard]] std::filesystem::path ActiveTableFile(platform::FileLayer& files,
+                                                    const TablePlace& place);
 
 /// The commands on the library of curve tables: each works on whole lines of the active table
-/// file. `index` is a position in the list of names. Other programs may change the file at any
-/// time: a command that finds it changed lists it anew, `index` follows its line, and the command
-/// goes on there; when no line is the one that was listed any more it fails with
-/// tables::kEntryChanged, and `index` is that of an entry of the same name or tables::kNoLine. None
-/// of them asks the user; a failure changes neither the file nor the table in the grid.
+/// file. Other programs may change the file at any time: a command that finds it changed lists it
+/// anew, its mark follows the entry's line, and the command goes on there; when no line is the one
+/// of the mark any more it fails with tables::kEntryChanged. None of them asks the user; a failure
+/// changes neither the file nor the table in the grid.
 class LibraryCommands {
  public:
   LibraryCommands(Session& session, tables::TableWriter& writer)
       : session_(session), writer_(writer) {}
 
   /// Lists the active table file in the session.
-  void FillEntryList();
-
-  /// The same, if the file has changed since it was listed; whether it had.
-  [[nodiscard]] bool RefreshEntryList(std::size_t& index);
+  [[nodiscard]] std::error_code FillEntryList();
 
   /// Brings an entry into the grid, with the settings that it gives. When its line cannot be read
   /// the grid keeps what it holds.
-  [[nodiscard]] std::error_code ReadEntry(std::size_t& index);
+  [[nodiscard]] std::error_code ReadEntry(tables::EntryMark& mark);
 
   /// Takes an entry out of the file and the list. The grid stays.
-  [[nodiscard]] std::error_code RemoveEntry(std::size_t& index);
+  [[nodiscard]] std::error_code RemoveEntry(tables::EntryMark& mark);
 
-  /// Writes the grid and the settings under the name at `index`.
-  [[nodiscard]] std::error_code UpdateEntry(std::size_t& index);
+  /// Writes the grid and the settings under the entry's name. Fails with tables::kEntryChanged,
+  /// too, when the grid was read from an entry of this name that someone else has changed since.
+  [[nodiscard]] std::error_code UpdateEntry(tables::EntryMark& mark);
 
-  /// A name was entered for the grid's table: adds it to file and list. `index` stays on its line.
-  [[nodiscard]] NameResult EnterName(std::string_view typed, std::size_t& index);
+  /// A name was entered for the grid's table: adds it to file and list. `error` says why it was not
+  /// written.
+  [[nodiscard]] NameResult EnterName(std::string_view typed, std::error_code& error);
+
+  /// Whether another program has left the entries of the active file in FILE.new, and no file.
+  [[nodiscard]] bool FindsLeftover() const { return writer_.FindsLeftover(File()); }
+  /// Makes that the file and lists it.
+  [[nodiscard]] std::error_code TakeLeftover();
 
   /// Makes another table file the active one and lists it.
-  void SetActiveTable(std::string_view path);
+  [[nodiscard]] std::error_code SetActiveTable(std::string_view path);
 
  private:
   [[nodiscard]] tables::CurveTableEntry EntryFromGrid(std::string_view name) const;
-  [[nodiscard]] std::filesystem::path File() const { return ActiveTableFile(session_); }
+  [[nodiscard]] std::filesystem::path File() const {
+    return ActiveTableFile(writer_.Files(), PlaceOf(session_));
+  }
+  void TakeAsSource(const tables::EntryMark& mark);
+  [[nodiscard]] bool IsSourceGone(std::string_view name) const;
 
   Session& session_;
   tables::TableWriter& writer_;

@@ -1,18 +1,20 @@
 #include "app/session_texts.h"
 
+#include "platform/file_errors.h"
+
 #include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
 
 // The load levels of the points, as they stand in files.
-std::string LoadLevels(const editor::CurveGrid& grid) {
+std::string LoadLevels(const editor::CurveGrid& grid, std::string_view separator) {
   std::string levels;
   for (int row = editor::kFirstRow; row <= editor::kLastRow; ++row) {
     const std::string& cell = grid.Cell(row, editor::kLoadColumn);
     if (cell.empty()) break;
     if (!levels.empty()) levels += ';';
-    levels += texts::SetDecimalSeparator(cell, ".");
+    levels += texts::FileNumber(cell, separator);
   }
   return levels;
 }
@@ -39,10 +41,36 @@ std::string Expanded(const Session& session, std::string_view text,
   fields.tablePath = session.tablePath;
   fields.exchangeFile = session.exchangeFile;
   fields.timeUnit = session.modes.TimeUnitText();
-  fields.loadLevels = LoadLevels(session.table.grid);
+  fields.loadLevels = LoadLevels(session.table.grid, session.localeDecimalSeparator);
   fields.instrumentName = instrument.name;
   fields.instrumentUnit = instrument.unit;
   return texts::ExpandTemplate(text, fields, arguments);
+}
+
+std::string ReasonText(const texts::ProgramTexts& texts, std::error_code error) {
+  using platform::FileError;
+  if (error.category() != platform::FileErrors()) return error.message();
+  switch (static_cast<FileError>(error.value())) {
+    case FileError::GroupNotKept:
+      return texts.groupNotKept;
+    case FileError::OwnerNotKept:
+      return texts.ownerNotKept;
+    case FileError::AccessListNotKept:
+      return texts.accessListNotKept;
+    case FileError::HardLinked:
+      return texts.hardLinked;
+    case FileError::LockedByOther:
+      return texts.lockedByOther;
+    case FileError::OpenElsewhere:
+      return texts.openElsewhere;
+    case FileError::NoRegularFile:
+      return texts.noRegularFile;
+    case FileError::LineTooLong:
+      return texts.lineTooLong;
+    case FileError::GivenUp:
+      return texts.givenUp;
+  }
+  return error.message();
 }
 
 texts::MessageText MessageFor(const Session& session, MessageBox box, std::string_view entryName) {
@@ -54,6 +82,14 @@ texts::MessageText OpenFailedMessage(const Session& session) {
   const texts::MessageText& message =
       session.texts.messages.at(static_cast<std::size_t>(MessageBox::OpenFailed));
   return {Expanded(session, message.title), Expanded(session, message.text)};
+}
+
+editor::ValueModes ModesInFiles(const Session& session) {
+  editor::ValueModes modes = session.modes;
+  for (std::string* const text : {&modes.pickup, &modes.multiplier}) {
+    *text = texts::FileNumber(*text, session.localeDecimalSeparator);
+  }
+  return modes;
 }
 
 texts::InstrumentTexts InstrumentInUse(const Session& session) {

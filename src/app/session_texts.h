@@ -3,6 +3,7 @@
 #include <ctime>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "app/session.h"
 #include "texts/template_text.h"
@@ -26,6 +27,10 @@ enum class MessageBox {
 [[nodiscard]] std::string Expanded(const Session& session, std::string_view text,
                                    const texts::TemplateArguments& arguments = {});
 
+/// Why a file could not be read or written: the program's own words where it has some, else those
+/// of the system.
+[[nodiscard]] std::string ReasonText(const texts::ProgramTexts& texts, std::error_code error);
+
 /// A message box's title and text about an entry.
 [[nodiscard]] texts::MessageText MessageFor(const Session& session, MessageBox box,
                                             std::string_view entryName);
@@ -33,6 +38,9 @@ enum class MessageBox {
 /// The message that the chosen instrument's time test could not be opened; its title has fields
 /// as well.
 [[nodiscard]] texts::MessageText OpenFailedMessage(const Session& session);
+
+/// The value modes with the texts of pickup value and multiplier as files have them, with ".".
+[[nodiscard]] editor::ValueModes ModesInFiles(const Session& session);
 
 /// The texts of the chosen instrument; where the voltage one has no caption or tooltip, the
 /// current one's serves. Empty when none is chosen.

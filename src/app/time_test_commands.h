@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <system_error>
 
 #include "app/session.h"
 #include "platform/file_layer.h"
@@ -15,6 +16,16 @@ struct ImportFields {
   std::string meanOver;        // `Text6`
 };
 
+struct ImportTimeTestOutcome {
+  timetest::ImportResult result;
+  std::error_code traceError;  // why the trace that the catalogue asks for was not written
+};
+
+/// Whether an instrument's result file has an entry; not while it cannot be read.
+[[nodiscard]] bool HasTimeTest(platform::FileLayer& files,
+                               const std::filesystem::path& installFolder,
+                               tables::Instrument instrument);
+
 /// The command on the time test of the chosen instrument. It asks nothing.
 class TimeTestCommands {
  public:
@@ -26,8 +37,8 @@ class TimeTestCommands {
 
   /// Brings the last time test into the grid. A field that is no 16-bit integer leaves the setting
   /// as it was. Unless the result says that it was imported, grid and modified mark stay.
-  timetest::ImportResult ImportTimeTest(const ImportFields& fields,
-                                        const timetest::ProgressReport& progress);
+  ImportTimeTestOutcome ImportTimeTest(const ImportFields& fields,
+                                       const timetest::ProgressReport& progress);
 
  private:
   void TakeFields(const ImportFields& fields);

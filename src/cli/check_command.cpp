@@ -97,13 +97,18 @@ Exit Check(const CheckOptions& options, Console& console) {
       continue;
     }
     LineCheck check;
-    platform::LineReader reader(file.Path());
-    platform::RawLine line;
-    for (std::size_t number = 1; reader.Next(line); ++number) {
+    std::size_t number = 0;
+    const auto take = [&](const platform::RawLine& line) {
+      ++number;
       for (const std::string& finding : check.Findings(line.text, number)) {
         console.WriteLine(file.Name() + ':' + std::to_string(number) + ": " + finding);
         clean = false;
       }
+      return true;
+    };
+    if (const auto error = platform::ReadLines(platform::SystemFiles(), file.Path(), take)) {
+      console.Warn(file.Name() + ':' + std::to_string(number + 1) + ": " + error.message());
+      clean = false;
     }
   }
   return clean ? Exit::Done : Exit::Failed;

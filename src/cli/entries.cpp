@@ -3,6 +3,7 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "editor/grid_points.h"
 #include "platform/character_case.h"
 #include "platform/line_reader.h"
 #include "texts/number_text.h"
@@ -15,7 +16,9 @@ std::optional<std::size_t> LineNumber(std::string_view entry) {
   std::size_t line = 0;
   const char* const end = entry.data() + entry.size();
   const auto [at, error] = std::from_chars(entry.data() + 1, end, line);
-  return error == std::errc() && at == end ? std::optional(line) : std::nullopt;
+  if (at == entry.data() + 1 || at != end) return std::nullopt;
+  // Digits that no number of a line has are a line that is not there, and no name.
+  return error == std::errc() ? line : tables::kNoLine;
 }
 
 bool IsPoint(const tables::CurvePoint& point) {
@@ -52,54 +55,57 @@ std::vector<std::optional<FoundEntry>> FindEntries(const tables::TableListing& l
   return found;
 }
 
-EntryOfFile FindEntry(const std::filesystem::path& file, const std::string& entry) {
-  EntryOfFile result;
-  result.listing = tables::ListEntries(file);
+std::error_code FindEntry(const std::filesystem::path& file, const std::string& entry,
+                          EntryOfFile& result) {
+  const auto error = tables::ListEntries(platform::SystemFiles(), file, result.listing);
+  if (error) return error;
   result.found = FindEntries(result.listing, {entry}).front();
-  return result;
+  if (result.found) result.mark = result.listing.MarkOf(result.found->line);
+  return {};
 }
 
-std::optional<EntryLine> ReadEntry(const std::filesystem::path& file, const std::string& entry) {
-  EntryOfFile in = FindEntry(file, entry);
-  if (!in.found) return std::nullopt;
-  EntryLine result{in.found->name, {}};
-  const auto error = tables::ReadEntryLine(file, in.listing, in.found->line, result.line);
-  return error ? std::nullopt : std::optional(std::move(result));
+std::error_code ReadEntry(const std::filesystem::path& file, const std::string& entry,
+                          std::optional<EntryLine>& result) {
+  EntryOfFile in;
+  if (const std::error_code error = FindEntry(file, entry, in)) return error;
+  if (!in.found) return {};
+  result = EntryLine{in.found->name, {}};
+  return tables::ReadEntryLine(platform::SystemFiles(), file, in.listing, in.mark, result->line);
 }
 
 PointLines ReadPointLines(const std::filesystem::path& file) {
   PointLines lines;
-  platform::LineReader reader(file);
-  platform::RawLine raw;
-  for (int number = 1; reader.Next(raw); ++number) {
+  int number = 0;
+  const auto take = [&](const platform::RawLine& raw) {
+    ++number;
     const std::string_view line = raw.text;
-    if (line.empty() || line.starts_with('#')) continue;
+    if (line.empty() || line.starts_with('#')) return true;
     const std::size_t tab = std::min(line.find('\t'), line.size());
     const tables::CurvePoint point = {
         std::string(texts::TrimBlanks(line.substr(0, tab))),
         std::string(texts::TrimBlanks(line.substr(std::min(tab + 1, line.size()))))};
     if (!IsPoint(point)) {
       lines.error = "line " + std::to_string(number) + " is no point (LOAD, tab, TIME)";
-      return lines;
+      return false;
     }
     if (lines.points.size() == tables::kMaxPoints) {
       lines.error = "more than " + std::to_string(tables::kMaxPoints) + " points";
-      return lines;
+      return false;
     }
     lines.points.push_back(point);
-  }
+    return true;
+  };
+  const auto error = platform::ReadLines(platform::SystemFiles(), file, take);
+  if (error) lines.error = error.message();
   return lines;
 }
 
-std::string GridLines(const editor::CurveGrid& grid) {
+std::string GridLines(const editor::CurveGrid& grid, std::string_view decimalSeparator) {
   std::string lines;
   std::size_t end = 0;
-  for (int row = editor::kFirstRow; row <= editor::kLastRow; ++row) {
-    const std::string& load = grid.Cell(row, editor::kLoadColumn);
-    const std::string& time = grid.Cell(row, editor::kTimeColumn);
-    lines += texts::SetDecimalSeparator(load, ".") + '\t';
-    lines += texts::SetDecimalSeparator(time, ".") + '\n';
-    if (!load.empty() || !time.empty()) end = lines.size();
+  for (const tables::CurvePoint& point : editor::PointRows(grid, decimalSeparator)) {
+    lines += point.load + '\t' + point.time + '\n';
+    if (!point.load.empty() || !point.time.empty()) end = lines.size();
   }
   lines.resize(end);
   return lines;

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "editor/curve_grid.h"
@@ -28,26 +30,30 @@ struct FoundEntry {
 struct EntryOfFile {
   tables::TableListing listing;
   std::optional<FoundEntry> found;
+  tables::EntryMark mark = {tables::kNoLine, 0};  // of what was found
 };
-[[nodiscard]] EntryOfFile FindEntry(const std::filesystem::path& file, const std::string& entry);
+[[nodiscard]] std::error_code FindEntry(const std::filesystem::path& file, const std::string& entry,
+                                        EntryOfFile& result);
 
 /// The same with the entry's line; nothing when there is none.
 struct EntryLine {
   std::string name;
   std::string line;  // UTF-8
 };
-[[nodiscard]] std::optional<EntryLine> ReadEntry(const std::filesystem::path& file,
-                                                 const std::string& entry);
+[[nodiscard]] std::error_code ReadEntry(const std::filesystem::path& file, const std::string& entry,
+                                        std::optional<EntryLine>& result);
 
 /// Curve points as text, one a line: LOAD<TAB>TIME, numbers with ".". Lines that are empty or
 /// begin with "#" are passed over.
 struct PointLines {
   std::vector<tables::CurvePoint> points;
-  std::string error;  // of the first line at fault; empty: none
+  std::string error;  // of the first line at fault, or of reading; empty: none
 };
 [[nodiscard]] PointLines ReadPointLines(const std::filesystem::path& file);
 
-/// The grid's rows down to the last one that is not empty, as such lines.
-[[nodiscard]] std::string GridLines(const editor::CurveGrid& grid);
+/// The grid's rows down to the last one that is not empty, as such lines. `decimalSeparator` is
+/// that of the grid.
+[[nodiscard]] std::string GridLines(const editor::CurveGrid& grid,
+                                    std::string_view decimalSeparator);
 
 }  // namespace zentab::cli

@@ -3,6 +3,7 @@
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"
+#include "cli/reason.h"
 #include "editor/grid_points.h"
 #include "platform/paths.h"
 #include "platform/safe_file_replacement.h"
@@ -93,7 +94,7 @@ editor::ValueModes ModesOf(const GraphOptions& options, const tables::ParsedEntr
   modes.milliseconds =
       options.milliseconds || (!options.seconds && entry.milliseconds.value_or(false));
   modes.pickup = options.pickup;
-  modes.multiplier = editor::MultiplierWhenLeft(options.multiplier);
+  modes.multiplier = editor::MultiplierWhenLeft(options.multiplier, ".");
   return modes;
 }
 
@@ -115,20 +116,23 @@ Exit WriteGraph(const GraphOptions& options, Console& console) {
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
   const fs::path output = platform::ToPath(options.output);
   if (AreOneFile(file.Path(), output)) return console.Fail(options.output + ": is the table file");
-  const std::optional<EntryLine> read = ReadEntry(file.Path(), options.entry);
+  std::optional<EntryLine> read;
+  if (const std::error_code error = ReadEntry(file.Path(), options.entry, read)) {
+    return console.Fail(file.Name() + ": " + error.message());
+  }
   if (!read) return console.Fail(file.Name() + ": no entry '" + options.entry + "'");
   const tables::ParsedEntry entry = tables::ParseEntryLine(read->line);
   const editor::ValueModes modes = ModesOf(options, entry);
   if (!testset::CanImport(modes)) return console.Misused(kPickupNeeded);
   editor::CurveGrid grid;
   editor::ShowPoints(grid, entry.points, ".");
-  const auto segments = testset::SegmentsOf(grid, modes, ExtensionsOf(options));
+  const auto segments = testset::SegmentsOf(grid, modes, ExtensionsOf(options), ".");
   if (!segments) return console.Fail(read->name + ": has no points");
   const std::string bytes = testset::FormatReferenceGraph(*segments, app::Today());
   const std::error_code error = platform::ReplaceFile(
       platform::SystemFiles(), output,
       [&bytes](platform::OutputFile& written) { return written.Write(bytes); });
-  return error ? console.Fail(options.output + ": not written: " + error.message()) : Exit::Done;
+  return error ? console.Fail(options.output + ": not written: " + Reason(error)) : Exit::Done;
 }
 
 // grh-read
@@ -156,10 +160,11 @@ Exit ReadGraph(const GraphReadOptions& options, Console& console) {
   if (!testset::CanImport(modes)) return console.Misused(kPickupNeeded);
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  const testset::ReadGraph graph = testset::ReadReferenceGraph(file.Path());
+  const testset::ReadGraph graph =
+      testset::ReadReferenceGraph(platform::SystemFiles(), file.Path());
   if (graph.error) {
     if (graph.error->fault == testset::GraphFault::Unreadable) {
-      return console.Fail(file.Name() + ": cannot be read");
+      return console.Fail(file.Name() + ": " + graph.error->error.message());
     }
     const texts::GraphTexts words;
     return console.Fail(file.Name() + ':' + std::to_string(graph.error->line) + ": " +

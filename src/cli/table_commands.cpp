@@ -6,6 +6,7 @@
 #include "cli/entries.h"
 #include "cli/input_file.h"
 #include "cli/numbers.h"
+#include "cli/reason.h"
 #include "editor/grid_points.h"
 #include "exchange/entry_copy.h"
 #include "platform/line_reader.h"
@@ -39,9 +40,7 @@ Exit NotFound(const Console& console, const std::string& file, const std::string
 }
 
 Exit NotWritten(const Console& console, const std::string& file, std::error_code error) {
-  return console.Fail(file + ": not written: " +
-                      (error == tables::kEntryChanged ? "another program has changed it meanwhile"
-                                                      : error.message()));
+  return console.Fail(file + ": not written: " + Reason(error));
 }
 
 // A script decides itself what it keeps.
@@ -72,13 +71,15 @@ std::string LongLine(std::size_t number, const std::string& name, std::string_vi
 Exit List(const ListOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  platform::LineReader reader(file.Path());
-  platform::RawLine line;
-  for (std::size_t number = 0; reader.Next(line); ++number) {
+  std::size_t number = 0;
+  const auto take = [&](const platform::RawLine& line) {
     const std::optional<std::string> name = tables::ParseEntryName(line.text);
     if (name) console.WriteLine(options.isLong ? LongLine(number, *name, line.text) : *name);
-  }
-  return Exit::Done;
+    ++number;
+    return true;
+  };
+  const auto error = platform::ReadLines(platform::SystemFiles(), file.Path(), take);
+  return error ? console.Fail(file.Name() + ": " + error.message()) : Exit::Done;
 }
 
 // show
@@ -131,7 +132,10 @@ std::string JsonOf(const std::string& name, const tables::ParsedEntry& entry) {
 Exit Show(const ShowOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  const std::optional<EntryLine> read = ReadEntry(file.Path(), options.entry);
+  std::optional<EntryLine> read;
+  if (const std::error_code error = ReadEntry(file.Path(), options.entry, read)) {
+    return console.Fail(file.Name() + ": " + error.message());
+  }
   if (!read) return NotFound(console, file.Name(), options.entry);
   const tables::ParsedEntry entry = tables::ParseEntryLine(read->line);
   if (options.format == "json") {
@@ -144,7 +148,7 @@ Exit Show(const ShowOptions& options, Console& console) {
                       "\tinstrument=" + Digit(entry.instrument.value_or(Instrument::None)));
     editor::CurveGrid grid;
     editor::ShowPoints(grid, entry.points, ".");
-    console.Write(GridLines(grid));
+    console.Write(GridLines(grid, "."));
   }
   return Exit::Done;
 }
@@ -214,13 +218,18 @@ bool TakePoints(const StoreOptions& options, app::Session& session, Console& con
 }
 
 Exit Add(const StoreOptions& options, Console& console) {
+  if (texts::TrimBlanks(options.entry).starts_with('#')) {
+    return console.Misused("a name that begins with # would be taken for a line number");
+  }
   app::Session session;
   if (!TakePoints(options, session, console)) return Exit::Failed;
   tables::TableWriter writer = Writer();
   app::LibraryCommands library(session, writer);
-  library.FillEntryList();
-  std::size_t none = tables::kNoLine;
-  switch (library.EnterName(options.entry, none)) {
+  if (const std::error_code error = library.FillEntryList()) {
+    return console.Fail(options.file + ": " + error.message());
+  }
+  std::error_code error;
+  switch (library.EnterName(options.entry, error)) {
     case app::NameResult::Added:
       return Exit::Done;
     case app::NameResult::Empty:
@@ -230,19 +239,22 @@ Exit Add(const StoreOptions& options, Console& console) {
     case app::NameResult::NotWritten:
       break;
   }
-  return console.Fail(options.file + ": cannot be written");
+  return NotWritten(console, options.file, error);
 }
 
 Exit Update(const StoreOptions& options, Console& console) {
   app::Session session;
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  EntryOfFile entry = FindEntry(file.Path(), options.entry);
+  EntryOfFile entry;
+  if (const std::error_code error = FindEntry(file.Path(), options.entry, entry)) {
+    return console.Fail(file.Name() + ": " + error.message());
+  }
   if (!entry.found) return NotFound(console, options.file, options.entry);
   if (!TakePoints(options, session, console)) return Exit::Failed;
   const std::error_code error =
-      Writer().ReplaceEntry(file.Path(), entry.listing, entry.found->line,
-                            {entry.found->name, editor::PointRows(session.table.grid),
+      Writer().ReplaceEntry(file.Path(), entry.listing, entry.mark,
+                            {entry.found->name, editor::PointRows(session.table.grid, "."),
                              options.milliseconds, options.absolute, options.instrument});
   return error ? NotWritten(console, options.file, error) : Exit::Done;
 }
@@ -262,9 +274,12 @@ void DeclareRemove(CLI::App& command, RemoveOptions& options) {
 Exit Remove(const RemoveOptions& options, Console& console) {
   const InputFile file(options.file);
   if (file.Error()) return console.Fail(file.Name() + ": " + file.Error().message());
-  EntryOfFile entry = FindEntry(file.Path(), options.entry);
+  EntryOfFile entry;
+  if (const std::error_code error = FindEntry(file.Path(), options.entry, entry)) {
+    return console.Fail(file.Name() + ": " + error.message());
+  }
   if (!entry.found) return NotFound(console, options.file, options.entry);
-  const std::error_code error = Writer().RemoveEntry(file.Path(), entry.listing, entry.found->line);
+  const std::error_code error = Writer().RemoveEntry(file.Path(), entry.listing, entry.mark);
   return error ? NotWritten(console, options.file, error) : Exit::Done;
 }
 
@@ -287,7 +302,10 @@ void DeclareCopy(CLI::App& command, CopyOptions& options) {
 Exit Copy(const CopyOptions& options, Console& console) {
   const InputFile source(options.source);
   if (source.Error()) return console.Fail(source.Name() + ": " + source.Error().message());
-  const tables::TableListing listing = tables::ListEntries(source.Path());
+  tables::TableListing listing;
+  if (const auto error = tables::ListEntries(platform::SystemFiles(), source.Path(), listing)) {
+    return console.Fail(source.Name() + ": " + error.message());
+  }
   const auto found = FindEntries(listing, options.entries);
   std::vector<bool> selected(listing.lines.size());
   for (std::size_t place = 0; place < found.size(); ++place) {
@@ -296,7 +314,7 @@ Exit Copy(const CopyOptions& options, Console& console) {
   }
   tables::TableWriter writer = Writer();
   const exchange::CopyResult result = exchange::CopyEntries(
-      writer, source.Path(), listing.stamp, selected, platform::ToPath(options.target));
+      writer, source.Path(), listing, selected, platform::ToPath(options.target));
   return result.error ? NotWritten(console, options.target, result.error) : Exit::Done;
 }
 

@@ -23,7 +23,10 @@ Exit Text(const TextOptions& options, Console& console) {
   if (catalogue.Error()) {
     return console.Fail(catalogue.Name() + ": " + catalogue.Error().message());
   }
-  const std::string text = texts::LookupText(options.key, catalogue.Path());
+  std::string text;
+  const auto error =
+      texts::LookupText(platform::SystemFiles(), options.key, catalogue.Path(), text);
+  if (error) return console.Fail(catalogue.Name() + ": " + error.message());
   if (text.empty()) return console.Fail(catalogue.Name() + ": no text for '" + options.key + "'");
   console.WriteLine(text);
   return Exit::Done;

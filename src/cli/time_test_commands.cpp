@@ -2,6 +2,7 @@
 #include "cli/command.h"
 #include "cli/input_file.h"
 #include "cli/numbers.h"
+#include "cli/reason.h"
 #include "platform/paths.h"
 #include "texts/apply_texts.h"
 #include "texts/number_text.h"
@@ -29,11 +30,12 @@ Exit Entry(const EntryOptions& options, Console& console) {
   const InputFile result(options.result);
   if (result.Error()) return console.Fail(result.Name() + ": " + result.Error().message());
   std::string secondKey;
-  const std::string value =
-      timetest::ReadSectionEntry(options.number, options.heading, secondKey, result.Path(),
-                                 timetest::kSeparator, timetest::kEndMarker);
-  if (value.empty()) return console.Fail(result.Name() + ": no entry " + options.number);
-  console.WriteLine(value);
+  const timetest::SectionEntry entry = timetest::ReadSectionEntry(
+      platform::SystemFiles(), options.number, options.heading, secondKey, result.Path(),
+      timetest::kSeparator, timetest::kEndMarker);
+  if (entry.error) return console.Fail(result.Name() + ": " + entry.error.message());
+  if (entry.value.empty()) return console.Fail(result.Name() + ": no entry " + options.number);
+  console.WriteLine(entry.value);
   return Exit::Done;
 }
 
@@ -147,18 +149,24 @@ Exit RunImport(const ImportArguments& arguments, const timetest::ResultSource& s
       return console.Fail(catalogue.Name() + ": " + catalogue.Error().message());
     }
     NoWindow window;
-    texts::ApplyTexts(catalogue.Path(), window, texts,
-                      [](std::string_view text) { return std::string(text); });
+    const auto error = texts::ApplyTexts(platform::SystemFiles(), catalogue.Path(), window, texts,
+                                         [](std::string_view text) { return std::string(text); });
+    if (error) return console.Fail(catalogue.Name() + ": " + error.message());
   }
-  timetest::ImportTrace trace(platform::SystemFiles(), platform::ToPath(arguments.trace));
+  timetest::ImportTrace trace;
   const timetest::ImportResult result =
-      timetest::ImportCurve(source, Options(arguments, texts.import), texts,
-                            arguments.trace.empty() ? nullptr : &trace, nullptr);
+      timetest::ImportCurve(platform::SystemFiles(), source, Options(arguments, texts.import),
+                            texts, arguments.trace.empty() ? nullptr : &trace, nullptr);
+  const std::error_code traceFailure =
+      trace.Save(platform::SystemFiles(), platform::ToPath(arguments.trace));
+  if (traceFailure) console.Warn(arguments.trace + ": not written: " + Reason(traceFailure));
+  if (result.readError) return console.Fail(name + ": " + result.readError.message());
   if (result.outcome == timetest::ImportOutcome::NoEntries) {
     return console.Fail(name + ": no entries");
   }
   if (result.outcome != timetest::ImportOutcome::Imported) return console.Fail(result.error);
-  if (trace.IsBroken()) return console.Fail(arguments.trace + ": not written");
+  if (traceFailure) return Exit::Failed;
+  if (result.selectedByRank) console.Warn(name + ": " + texts::ProgramTexts().selectedByRank);
   for (const timetest::MeasuredPoint& point : result.points) {
     console.WriteLine(ShortestText(point.load) + '\t' + ShortestText(point.time));
   }
@@ -169,8 +177,10 @@ Exit Import(const ImportArguments& arguments, Console& console) {
   if (!arguments.install.empty()) {
     const auto instrument = arguments.instrument == "current" ? tables::Instrument::Current
                                                               : tables::Instrument::Voltage;
-    const timetest::ResultSource source =
-        timetest::FindResultSource(platform::ToPath(arguments.install), instrument);
+    timetest::ResultSource source;
+    const auto error = timetest::FindResultSource(
+        platform::SystemFiles(), platform::ToPath(arguments.install), instrument, source);
+    if (error) return console.Fail(arguments.install + ": fo.txt: " + error.message());
     const InputFile result(platform::ToText(source.file));
     if (result.Error()) return console.Fail(result.Name() + ": " + result.Error().message());
     return RunImport(arguments, source, result.Name(), console);

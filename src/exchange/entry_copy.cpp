@@ -1,6 +1,7 @@
 #include "exchange/entry_copy.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 
 #include "platform/file_reader.h"
@@ -41,63 +42,46 @@ class LineWriter {
 };
 
 // The selected lines of a file, which is read no further than to the last of them.
-class SelectedLines {
- public:
-  SelectedLines(const fs::path& file, const std::vector<bool>& selected)
-      : reader_(file),
-        end_(std::find(selected.rbegin(), selected.rend(), true).base()),
-        next_(selected.begin()) {}
-
-  bool Next(platform::RawLine& line) {
-    while (next_ != end_ && reader_.Next(line)) {
-      if (*next_++) return true;
+std::error_code WriteLines(platform::InputFile& source, const std::vector<bool>& selected,
+                           LineWriter& writer, std::size_t& count) {
+  const auto end = std::find(selected.rbegin(), selected.rend(), true).base();
+  auto next = selected.begin();
+  std::error_code failed;
+  const std::error_code error = platform::ReadLines(source, [&](const platform::RawLine& line) {
+    if (*next++) {
+      failed = writer.Write(line.text);
+      if (!failed) failed = writer.Write(kLineEnd);
+      ++count;
     }
-    return false;
-  }
-
-  [[nodiscard]] std::error_code Error() const {
-    return reader_.Failed() ? std::make_error_code(std::errc::io_error) : std::error_code();
-  }
-
- private:
-  platform::LineReader reader_;
-  std::vector<bool>::const_iterator end_;
-  std::vector<bool>::const_iterator next_;
-};
-
-std::error_code WriteLines(SelectedLines& lines, platform::RawLine line, LineWriter& writer,
-                           std::size_t& count) {
-  do {
-    if (const std::error_code error = writer.Write(line.text)) return error;
-    if (const std::error_code error = writer.Write(kLineEnd)) return error;
-    ++count;
-  } while (lines.Next(line));
-  if (const std::error_code error = lines.Error()) return error;
-  return writer.Finish();
+    return !failed && next != end;
+  });
+  if (error) return error;
+  return failed ? failed : writer.Finish();
 }
 
 }  // namespace
 
 CopyResult CopyEntries(tables::TableWriter& writer, const fs::path& source,
-                       const std::optional<platform::FileStamp>& listed,
-                       const std::vector<bool>& selected, const fs::path& target) {
+                       const tables::TableListing& listed, const std::vector<bool>& selected,
+                       const fs::path& target) {
   CopyResult result;
-  // Opened before its stamp is looked at: what is read is then what was listed.
-  std::optional<SelectedLines> lines(std::in_place, source, selected);
-  if (platform::StampOf(source) != listed) {
+  const auto first = std::find(selected.begin(), selected.end(), true);
+  std::unique_ptr<platform::InputFile> file;
+  platform::FileStamp stamp;
+  result.error = writer.Files().Open(source, file);
+  if (!result.error) result.error = file->Stamp(stamp);
+  // What is read from an open file is what was listed, whoever replaces it.
+  const bool isGone = result.error == std::errc::no_such_file_or_directory && listed.stamp;
+  if (isGone || (!result.error && listed.stamp != stamp)) {
     result.error = std::make_error_code(tables::kEntryChanged);
-    return result;
   }
-  platform::RawLine first;
-  const bool any = lines->Next(first);
-  result.error = lines->Error();
-  if (result.error || !any) return result;
-
+  const auto line = static_cast<std::size_t>(first - selected.begin());
+  if (result.error || first == selected.end() || line >= listed.lines.size()) return result;
   result.error = writer.AppendLines(target, source, [&](platform::OutputFile& output) {
     LineWriter block(output);
-    const std::error_code error = WriteLines(*lines, first, block, result.copied);
+    const std::error_code error = WriteLines(*file, selected, block, result.copied);
     // The source may be the file that is about to be replaced.
-    lines.reset();
+    file.reset();
     return error;
   });
   if (result.error) result.copied = 0;

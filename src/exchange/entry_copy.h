@@ -2,11 +2,10 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <system_error>
 #include <vector>
 
-#include "platform/file_stamp.h"
+#include "tables/table_listing.h"
 #include "tables/table_writer.h"
 
 namespace zentab::exchange {
@@ -22,11 +21,11 @@ struct CopyResult {
 /// last line of the target without a line end gets one first. A missing target is created, but
 /// only for lines to be copied; selected lines that the source does not have are left out. The
 /// two may be the same file. Fails with tables::kEntryChanged when the source is no longer the
-/// file of the stamp, from whose listing the lines were selected. After an error the target is as
+/// file that was listed, from which the lines were selected. After an error the target is as
 /// it was.
 [[nodiscard]] CopyResult CopyEntries(tables::TableWriter& writer,
                                      const std::filesystem::path& source,
-                                     const std::optional<platform::FileStamp>& listed,
+                                     const tables::TableListing& listed,
                                      const std::vector<bool>& selected,
                                      const std::filesystem::path& target);
 

@@ -9,10 +9,13 @@ namespace zentab::platform {
 [[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** values);
 
 /// Lets standard input and output pass on every byte as it is, and makes reading or writing one
-/// that is closed an error and nothing worse.
+/// that is closed an error and nothing worse. So is writing a file beyond the size that the system
+/// allows.
 void UsePlainStreams();
 
 /// Whether standard output is a terminal.
 [[nodiscard]] bool OutputIsTerminal();
+/// Whether standard error is one.
+[[nodiscard]] bool MessagesGoToTerminal();
 
 }  // namespace zentab::platform

@@ -3,8 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
-#include <optional>
+#include <memory>
 #include <string>
 #include <system_error>
 
@@ -20,31 +19,32 @@ inline constexpr std::size_t kReadBlock = ZENTAB_READ_BLOCK;
 inline constexpr std::size_t kReadBlock = 256u << 10;
 #endif
 
-/// Opens a regular file for reading in large blocks; false when that fails or it is none.
-[[nodiscard]] bool OpenRegular(const std::filesystem::path& path, std::ifstream& file);
-
 /// Reads parts of one file, which stays the same file while it is open, whoever replaces it.
 /// Offsets are bytes from 0.
 class FileReader {
  public:
   /// A file that cannot be opened, or is no regular file, has no bytes.
-  explicit FileReader(const std::filesystem::path& path);
+  FileReader(FileLayer& files, const std::filesystem::path& path);
 
-  [[nodiscard]] bool IsOpen() const { return file_.is_open(); }
-  [[nodiscard]] std::uint64_t Size() const { return size_; }
+  /// Why it could not be opened; no error when it could.
+  [[nodiscard]] std::error_code Error() const { return error_; }
+  [[nodiscard]] std::uint64_t Size() const { return stamp_.size; }
+  /// The stamp when it was opened.
+  [[nodiscard]] const FileStamp& Stamp() const { return stamp_; }
 
-  /// The bytes from `begin` up to `end`; nothing when they cannot all be read.
-  [[nodiscard]] std::optional<std::string> Read(std::uint64_t begin, std::uint64_t end);
+  /// The bytes from `begin` up to `end`. Fails with std::errc::io_error when they are not all
+  /// there.
+  [[nodiscard]] std::error_code Read(std::uint64_t begin, std::uint64_t end, std::string& bytes);
 
-  /// Writes the same bytes into another file. Fails with std::errc::io_error when they cannot all
-  /// be read, and with what the system says when writing fails.
+  /// Writes the same bytes into another file; fails also with what the system says to that.
   [[nodiscard]] std::error_code Copy(std::uint64_t begin, std::uint64_t end, OutputFile& output);
 
  private:
-  [[nodiscard]] bool Fill(char* to, std::size_t size);
+  [[nodiscard]] std::error_code Fill(std::uint64_t offset, char* to, std::size_t size);
 
-  std::ifstream file_;
-  std::uint64_t size_ = 0;
+  std::unique_ptr<InputFile> file_;
+  std::error_code error_;
+  FileStamp stamp_;
 };
 
 }  // namespace zentab::platform

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
-#include <optional>
 
 namespace zentab::platform {
 
@@ -17,8 +15,5 @@ struct FileStamp {
 
   friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
-
-/// The stamp of a regular file, behind any symbolic links; nothing when there is none.
-[[nodiscard]] std::optional<FileStamp> StampOf(const std::filesystem::path& path);
 
 }  // namespace zentab::platform

@@ -4,10 +4,12 @@
 
 namespace zentab::platform {
 
-std::optional<std::string> ReadWholeFile(const std::filesystem::path& path, std::size_t largest) {
-  FileReader file(path);
-  if (!file.IsOpen() || file.Size() > largest) return std::nullopt;
-  return file.Read(0, file.Size());
+std::error_code ReadWholeFile(FileLayer& files, const std::filesystem::path& path,
+                              std::size_t largest, std::string& text) {
+  FileReader file(files, path);
+  if (file.Error()) return file.Error();
+  if (file.Size() > largest) return std::make_error_code(std::errc::file_too_large);
+  return file.Read(0, file.Size(), text);
 }
 
 }  // namespace zentab::platform

@@ -2,14 +2,16 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <string>
+#include <system_error>
+
+#include "platform/file_layer.h"
 
 namespace zentab::platform {
 
-/// The bytes of a regular file of at most `largest` bytes; nothing when it is missing, larger,
-/// no regular file or cannot be read.
-[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::filesystem::path& path,
-                                                       std::size_t largest);
+/// The bytes of a regular file. Fails with std::errc::file_too_large when there are more than
+/// `largest`, and with what the system says.
+[[nodiscard]] std::error_code ReadWholeFile(FileLayer& files, const std::filesystem::path& path,
+                                            std::size_t largest, std::string& text);
 
 }  // namespace zentab::platform

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
+#include <vector>
 
+#include "platform/file_errors.h"
 #include "platform/file_reader.h"
 
 namespace zentab::platform {
@@ -42,40 +45,90 @@ LineEnd FindLineEnd(std::string_view text, std::size_t from) {
   return {text.size(), 0, false};
 }
 
-}  // namespace
+// The bytes of a file that were read and not yet taken, in one piece.
+class Window {
+ public:
+  explicit Window(InputFile& file) : file_(file) {}
 
-LineReader::LineReader(const fs::path& path) : atEnd_(!OpenRegular(path, file_)) {}
+  [[nodiscard]] std::string_view Unread() const { return {buffer_.data() + begin_, end_ - begin_}; }
+  [[nodiscard]] std::uint64_t Offset() const { return next_ - (end_ - begin_); }
+  void Take(std::size_t count) { begin_ += count; }
 
-bool LineReader::Refill() {
-  if (atEnd_) return false;
-  const std::size_t kept = end_ - begin_;
-  if (begin_ > 0) std::memmove(buffer_.data(), buffer_.data() + begin_, kept);
-  begin_ = 0;
-  end_ = kept;
-  if (buffer_.size() - kept < kReadBlock) buffer_.resize(std::max(kept + kReadBlock, 2 * kept));
-  file_.read(buffer_.data() + end_, static_cast<std::streamsize>(buffer_.size() - end_));
-  const auto count = static_cast<std::size_t>(file_.gcount());
-  end_ += count;
-  atEnd_ = !file_;
-  return count > 0;
-}
+  // Reads the next block behind the unread bytes, which may move; `grew`: there was one.
+  std::error_code Grow(bool& grew) {
+    grew = false;
+    if (atEnd_) return {};
+    const std::size_t kept = end_ - begin_;
+    if (kept > kLongestLine) return FileError::LineTooLong;
+    if (begin_ > 0) std::memmove(buffer_.data(), buffer_.data() + begin_, kept);
+    begin_ = 0;
+    end_ = kept;
+    if (buffer_.size() - kept < kReadBlock) buffer_.resize(std::max(kept + kReadBlock, 2 * kept));
+    std::size_t count = 0;
+    const std::size_t room = buffer_.size() - end_;
+    const std::error_code error = file_.ReadAt(next_, buffer_.data() + end_, room, count);
+    end_ += count;
+    next_ += count;
+    atEnd_ = count < room;
+    grew = count > 0;
+    return error;
+  }
 
-bool LineReader::Next(RawLine& line) {
+ private:
+  InputFile& file_;
+  std::vector<char> buffer_;
+  std::size_t begin_ = 0;  // the unread bytes are [begin_, end_) of the buffer
+  std::size_t end_ = 0;
+  std::uint64_t next_ = 0;  // the file's offset that is read next
+  bool atEnd_ = false;
+};
+
+// The next line, still unread; `found` is false at the file's end.
+std::error_code FindLine(Window& window, RawLine& line, bool& found) {
   std::size_t searched = 0;  // bytes of the unread text that hold no line end
   for (;;) {
-    const std::string_view unread(buffer_.data() + begin_, end_ - begin_);
-    const LineEnd found = FindLineEnd(unread, searched);
-    if (found.length == 0 || found.mayGoOn) {
-      searched = found.at;
-      if (Refill()) continue;
-      if (unread.empty()) return false;
+    const LineEnd end = FindLineEnd(window.Unread(), searched);
+    if (end.length == 0 || end.mayGoOn) {
+      searched = end.at;
+      bool grew = false;
+      if (const std::error_code error = window.Grow(grew)) return error;
+      if (grew) continue;
     }
-    // Refill moves the bytes even when it adds none.
-    const std::string_view rest(buffer_.data() + begin_, end_ - begin_);
-    line = {rest.substr(0, found.at), rest.substr(found.at, found.length)};
-    begin_ += found.at + found.length;
-    return true;
+    if (end.at > kLongestLine) return FileError::LineTooLong;
+    const std::string_view unread = window.Unread();
+    found = !unread.empty();
+    line = {unread.substr(0, end.at), unread.substr(end.at, end.length), window.Offset()};
+    return {};
   }
+}
+
+}  // namespace
+
+std::error_code ReadLines(InputFile& file, const LineTaker& take) {
+  Window window(file);
+  bool isFirst = true;
+  for (;;) {
+    RawLine line;
+    bool found = false;
+    if (const std::error_code error = FindLine(window, line, found)) return error;
+    if (!found) return {};
+    if (isFirst && line.text.starts_with(kByteOrderMark)) {
+      window.Take(kByteOrderMark.size());
+      line.text.remove_prefix(kByteOrderMark.size());
+      line.offset += kByteOrderMark.size();
+    }
+    isFirst = false;
+    // A file that is a mark alone has no line.
+    const std::size_t size = line.text.size() + line.ending.size();
+    if (size == 0 || !take(line)) return {};
+    window.Take(size);
+  }
+}
+
+std::error_code ReadLines(FileLayer& files, const fs::path& path, const LineTaker& take) {
+  std::unique_ptr<InputFile> file;
+  if (const std::error_code error = files.Open(path, file)) return error;
+  return ReadLines(*file, take);
 }
 
 }  // namespace zentab::platform

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
-#include <fstream>
+#include <functional>
 #include <string_view>
-#include <vector>
+#include <system_error>
+
+#include "platform/file_layer.h"
 
 namespace zentab::platform {
 
@@ -13,29 +16,30 @@ namespace zentab::platform {
 struct RawLine {
   std::string_view text;
   std::string_view ending;
+  std::uint64_t offset;  // of the text, in bytes from the file's start
 };
 
-/// Reads a file line by line, in large blocks, each line valid until the next is read. Memory
-/// grows with the longest line, not with the file. A file that cannot be opened, or is no regular
-/// file, has no lines; a read that fails ends the file early. Failed() tells both.
-class LineReader {
- public:
-  explicit LineReader(const std::filesystem::path& path);
+/// Takes one line, valid until it returns; false: no more lines are wanted.
+using LineTaker = std::function<bool(const RawLine&)>;
 
-  /// The next line; false at the end of the file.
-  [[nodiscard]] bool Next(RawLine& line);
+/// No line that means anything comes near; a longer one ends the reading.
+#ifdef ZENTAB_LONGEST_LINE
+inline constexpr std::size_t kLongestLine = ZENTAB_LONGEST_LINE;
+#else
+inline constexpr std::size_t kLongestLine = 64u << 20;
+#endif
 
-  /// Whether the file could not be opened, or not be read up to where Next has come.
-  [[nodiscard]] bool Failed() const { return !file_.is_open() || file_.bad(); }
+/// The mark that editors of other systems put in front of a text.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
- private:
-  [[nodiscard]] bool Refill();
+/// Hands the lines of a file to `take`, one after the other, without a byte-order mark in front of
+/// the first. The file is read in large blocks; memory grows with the longest line, not with the
+/// file. Fails with what the system says when the file cannot be opened, is no regular file or
+/// cannot be read to its end, and with FileError::LineTooLong; the lines before that were taken.
+[[nodiscard]] std::error_code ReadLines(FileLayer& files, const std::filesystem::path& path,
+                                        const LineTaker& take);
 
-  std::ifstream file_;
-  std::vector<char> buffer_;
-  std::size_t begin_ = 0;  // the unread bytes are [begin_, end_) of the buffer
-  std::size_t end_ = 0;
-  bool atEnd_ = false;
-};
+/// The same for a file that is open.
+[[nodiscard]] std::error_code ReadLines(InputFile& file, const LineTaker& take);
 
 }  // namespace zentab::platform

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/character_case.h"
+#include "platform/file_layer.h"
 
 namespace zentab::platform {
 namespace fs = std::filesystem;
@@ -12,6 +13,13 @@ fs::path ToPath(std::string_view utf8) { return fs::path(std::u8string(utf8.begi
 std::string ToText(const fs::path& path) {
   const std::u8string text = path.u8string();
   return std::string(text.begin(), text.end());
+}
+
+fs::path AbsolutePath(const fs::path& path) {
+  if (path.is_absolute()) return path;
+  std::error_code error;
+  fs::path whole = path.empty() ? fs::current_path(error) : fs::absolute(path, error);
+  return error ? path : whole;
 }
 
 namespace {
@@ -42,6 +50,11 @@ fs::path FindFixedName(const fs::path& folder, std::string_view name) {
     result /= FindPart(result, part);
   }
   return result;
+}
+
+fs::path FindFixedName(FileLayer& files, const fs::path& folder, std::string_view name) {
+  return AskFor(files, [folder, name = std::string(name)] { return FindFixedName(folder, name); })
+      .value_or(folder / ToPath(name));
 }
 
 std::string BaseName(const fs::path& executable) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <memory>
 
 #include "platform/ascii.h"
 #include "platform/character_case.h"
@@ -37,42 +38,25 @@ std::string_view WithoutLineEnd(std::string_view line) {
   return line;
 }
 
-// Line `index` where the listing has it, if it still stands there.
-std::optional<std::string> LineAt(const fs::path& file, const TableListing& listing,
-                                  std::size_t index) {
-  std::optional<std::string> bytes =
-      platform::FileReader(file).Read(listing.lines[index].offset, listing.EndOf(index));
-  if (!bytes) return std::nullopt;
-  bytes->resize(WithoutLineEnd(*bytes).size());
-  if (HashOf(*bytes) != listing.lines[index].hash) return std::nullopt;
-  return bytes;
-}
-
-std::optional<std::size_t> FindSameLine(const TableListing& listing, const TableListing& former,
-                                        std::size_t index) {
-  if (index >= former.lines.size()) return std::nullopt;
-  const std::uint64_t hash = former.lines[index].hash;
-  const std::size_t count = listing.lines.size();
-  for (std::size_t away = 0; away <= index || index + away < count; ++away) {
-    for (const std::size_t place : {index - away, index + away}) {
-      if (place < count && listing.lines[place].hash == hash) return place;
-    }
-  }
-  return std::nullopt;
-}
-
-std::optional<std::size_t> FindSameName(const TableListing& listing, std::string_view name) {
-  const auto found = std::find(listing.names.begin(), listing.names.end(), name);
-  if (found == listing.names.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - listing.names.begin());
-}
-
-// The place of the same line, else of the same name.
-std::size_t PlaceOf(const TableListing& listing, const TableListing& former, std::size_t index) {
-  if (const std::optional<std::size_t> line = FindSameLine(listing, former, index)) return *line;
-  const std::optional<std::size_t> named =
-      index < former.names.size() ? FindSameName(listing, former.names[index]) : std::nullopt;
-  return named.value_or(kNoLine);
+// The bytes of line `index` where the listing has it, if it still stands there.
+std::error_code ReadLineAt(platform::FileLayer& files, const fs::path& file,
+                           const TableListing& listing, std::size_t index, std::string& bytes,
+                           bool& isSame) {
+  isSame = false;
+  std::optional<platform::FileStamp> stamp;
+  if (const std::error_code error = files.StampOf(file, stamp)) return error;
+  if (!stamp || stamp != listing.stamp) return {};
+  platform::FileReader reader(files, file);
+  // Someone may just have taken the file away.
+  if (reader.Error() == std::errc::no_such_file_or_directory) return {};
+  if (reader.Error()) return reader.Error();
+  // What was put in its place since may be shorter.
+  if (listing.EndOf(index) > reader.Size()) return {};
+  const auto error = reader.Read(listing.lines[index].offset, listing.EndOf(index), bytes);
+  if (error) return error;
+  bytes.resize(WithoutLineEnd(bytes).size());
+  isSame = HashOf(bytes) == listing.lines[index].hash;
+  return {};
 }
 
 }  // namespace
@@ -116,72 +100,80 @@ bool TableListing::HasName(std::string_view name, const KeepAlive& keepAlive) co
   });
 }
 
-TableListing ListEntries(const fs::path& file, const KeepAlive& keepAlive) {
-  TableListing listing;
-  // A file that changes after this has another stamp.
-  listing.stamp = platform::StampOf(file);
-  listing.readings = 1;
-  std::uint64_t alive = 0;
-  platform::LineReader reader(file);
-  platform::RawLine line;
-  while (reader.Next(line)) {
-    std::optional<std::string> name = ParseEntryName(line.text);
-    if (name) {
-      listing.names.push_back(*std::move(name));
-    } else {
-      listing.nameless.push_back(listing.lines.size());
-    }
-    listing.lines.push_back({listing.end, HashOf(line.text)});
-    listing.end += line.text.size() + line.ending.size();
-    if (keepAlive && listing.end - alive > kKeepAliveEvery) {
-      alive = listing.end;
-      keepAlive();
+EntryMark TableListing::MarkOf(std::size_t index) const {
+  return index < lines.size() ? EntryMark{index, lines[index].hash} : EntryMark{kNoLine, 0};
+}
+
+std::size_t TableListing::PlaceOf(const EntryMark& mark) const {
+  if (mark.index == kNoLine) return kNoLine;
+  const std::size_t count = lines.size();
+  for (std::size_t away = 0; away <= mark.index || mark.index + away < count; ++away) {
+    for (const std::size_t place : {mark.index - away, mark.index + away}) {
+      if (place < count && lines[place].hash == mark.hash) return place;
     }
   }
-  // Whoever looks again tries again.
-  if (reader.Failed()) listing.stamp.reset();
-  return listing;
+  return kNoLine;
 }
 
-bool ListAgain(const fs::path& file, TableListing& listing, std::size_t& index,
-               const KeepAlive& keepAlive) {
-  TableListing fresh = ListEntries(file, keepAlive);
-  if (!fresh.stamp && platform::StampOf(file)) return false;
-  fresh.readings += listing.readings;
-  index = PlaceOf(fresh, listing, index);
-  listing = std::move(fresh);
-  return true;
+std::error_code ListEntries(platform::FileLayer& files, const fs::path& file,
+                            TableListing& listing) {
+  TableListing fresh;
+  fresh.readings = listing.readings + 1;
+  std::unique_ptr<platform::InputFile> input;
+  std::error_code error = files.Open(file, input);
+  if (error == std::errc::no_such_file_or_directory) {
+    listing = std::move(fresh);
+    return {};
+  }
+  if (error) return error;
+  // A file that changes after this has another stamp.
+  if ((error = input->Stamp(fresh.stamp.emplace()))) return error;
+  std::uint64_t alive = 0;
+  error = platform::ReadLines(*input, [&](const platform::RawLine& line) {
+    std::optional<std::string> name = ParseEntryName(line.text);
+    if (name) {
+      fresh.names.push_back(*std::move(name));
+    } else {
+      fresh.nameless.push_back(fresh.lines.size());
+    }
+    fresh.lines.push_back({line.offset, HashOf(line.text)});
+    fresh.end = line.offset + line.text.size() + line.ending.size();
+    if (fresh.end - alive > kKeepAliveEvery) {
+      alive = fresh.end;
+      files.KeepAlive();
+    }
+    return true;
+  });
+  if (!error) listing = std::move(fresh);
+  return error;
 }
 
-bool Refresh(const fs::path& file, TableListing& listing, std::size_t& index,
-             const KeepAlive& keepAlive) {
-  return listing.stamp != platform::StampOf(file) && ListAgain(file, listing, index, keepAlive);
+std::error_code Refresh(platform::FileLayer& files, const fs::path& file, TableListing& listing) {
+  std::optional<platform::FileStamp> stamp;
+  if (const std::error_code error = files.StampOf(file, stamp)) return error;
+  return stamp == listing.stamp ? std::error_code() : ListEntries(files, file, listing);
 }
 
-std::error_code ReadLine(const fs::path& file, TableListing& listing, std::size_t& index,
-                         std::string& bytes, const KeepAlive& keepAlive) {
+std::error_code ReadLine(platform::FileLayer& files, const fs::path& file, TableListing& listing,
+                         EntryMark& mark, std::string& bytes) {
   constexpr int kTries = 3;  // of a file that goes on changing
-  if (index >= listing.lines.size()) return std::make_error_code(std::errc::result_out_of_range);
-  const std::uint64_t hash = listing.lines[index].hash;
   for (int left = kTries; left > 0; --left) {
-    if (listing.stamp == platform::StampOf(file)) {
-      if (std::optional<std::string> line = LineAt(file, listing, index)) {
-        bytes = *std::move(line);
-        return {};
-      }
+    mark.index = listing.PlaceOf(mark);
+    if (mark.index == kNoLine) break;
+    bool isSame = false;
+    if (const auto error = ReadLineAt(files, file, listing, mark.index, bytes, isSame)) {
+      return error;
     }
-    if (!ListAgain(file, listing, index, keepAlive)) {
-      return std::make_error_code(std::errc::io_error);
-    }
-    if (index >= listing.lines.size() || listing.lines[index].hash != hash) break;
+    if (isSame) return {};
+    if (const std::error_code error = ListEntries(files, file, listing)) return error;
   }
   return std::make_error_code(kEntryChanged);
 }
 
-std::error_code ReadEntryLine(const fs::path& file, TableListing& listing, std::size_t& index,
-                              std::string& line, const KeepAlive& keepAlive) {
+std::error_code ReadEntryLine(platform::FileLayer& files, const fs::path& file,
+                              TableListing& listing, EntryMark& mark, std::string& line) {
   std::string bytes;
-  const std::error_code error = ReadLine(file, listing, index, bytes, keepAlive);
+  const std::error_code error = ReadLine(files, file, listing, mark, bytes);
   if (!error) line = texts::DecodeLine(bytes);
   return error;
 }

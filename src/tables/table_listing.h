@@ -11,7 +11,7 @@
 #include <system_error>
 #include <vector>
 
-#include "platform/file_stamp.h"
+#include "platform/file_layer.h"
 
 namespace zentab::tables {
 
@@ -28,6 +28,16 @@ struct LineMark {
 /// about 2^-64; it is made for speed, not against an opponent.
 [[nodiscard]] std::uint64_t HashOf(std::string_view line);
 
+/// An entry as the user was shown it: its place in the list, and the hash of its line. Whatever
+/// happens to the file, a command meant for it finds the same line or none.
+struct EntryMark {
+  std::size_t index;
+  std::uint64_t hash;
+};
+
+/// The index of an entry that is nowhere in the listing.
+inline constexpr std::size_t kNoLine = std::numeric_limits<std::size_t>::max();
+
 /// A table file as it was when it was read: the names of its entries, one for each line that has
 /// one, in file order, and a mark for each line. The position of a name counts as its line's
 /// number in the operations on a library; lines without a name shift that for the lines behind
@@ -42,41 +52,37 @@ struct TableListing {
 
   /// The offset behind line `index` and its line end.
   [[nodiscard]] std::uint64_t EndOf(std::size_t index) const;
+  /// The mark of an entry of the list; one that is not in it has no line to be found again.
+  [[nodiscard]] EntryMark MarkOf(std::size_t index) const;
+  /// Where the entry's line stands now: the nearest one of the same text, or kNoLine.
+  [[nodiscard]] std::size_t PlaceOf(const EntryMark& mark) const;
   /// Whether one of the names equals `name`, letters of any alphabet compared without case.
   [[nodiscard]] bool HasName(std::string_view name, const KeepAlive& keepAlive = {}) const;
 };
 
-/// The index of an entry that is nowhere in the listing.
-inline constexpr std::size_t kNoLine = std::numeric_limits<std::size_t>::max();
+/// Reads a table file. A missing one has no lines and no stamp. Fails, and leaves the listing as it
+/// is, when the file cannot be read to its end.
+[[nodiscard]] std::error_code ListEntries(platform::FileLayer& files,
+                                          const std::filesystem::path& file, TableListing& listing);
 
-/// Reads a table file. A missing or unreadable file has no lines and no stamp.
-[[nodiscard]] TableListing ListEntries(const std::filesystem::path& file,
-                                       const KeepAlive& keepAlive = {});
+/// The same when the file is no longer the one listed; the listing's `readings` tell.
+[[nodiscard]] std::error_code Refresh(platform::FileLayer& files, const std::filesystem::path& file,
+                                      TableListing& listing);
 
-/// Lists the file anew. `index` follows its line: the nearest line of the same text, else the first
-/// entry of the same name, else kNoLine. A file that is
-/// there but cannot be read at the moment leaves both as they are: false.
-bool ListAgain(const std::filesystem::path& file, TableListing& listing, std::size_t& index,
-               const KeepAlive& keepAlive = {});
-
-/// The same when it is no longer the file listed; whether it was listed anew.
-bool Refresh(const std::filesystem::path& file, TableListing& listing, std::size_t& index,
-             const KeepAlive& keepAlive = {});
-
-/// What an operation fails with that has not found the line which the listing holds at its index.
+/// What an operation fails with that has not found the line of its mark.
 inline constexpr std::errc kEntryChanged = std::errc::operation_canceled;
 
-/// Reads line `index` of the listing, as the file's bytes without the line end. When the file is no
-/// longer the one listed, it is listed anew and `index` follows as in Refresh. Fails with
-/// kEntryChanged when no line holds the same text, and with std::errc::io_error when the file
-/// cannot be read.
-[[nodiscard]] std::error_code ReadLine(const std::filesystem::path& file, TableListing& listing,
-                                       std::size_t& index, std::string& bytes,
-                                       const KeepAlive& keepAlive = {});
+/// Reads the line of a mark, as the file's bytes without the line end. When the file is no longer
+/// the one listed, it is listed anew and the mark follows its line. Fails with kEntryChanged when
+/// no line holds the same text, and with what the system says when the file cannot be read.
+[[nodiscard]] std::error_code ReadLine(platform::FileLayer& files,
+                                       const std::filesystem::path& file, TableListing& listing,
+                                       EntryMark& mark, std::string& bytes);
 
 /// The same line as UTF-8.
-[[nodiscard]] std::error_code ReadEntryLine(const std::filesystem::path& file,
-                                            TableListing& listing, std::size_t& index,
-                                            std::string& line, const KeepAlive& keepAlive = {});
+[[nodiscard]] std::error_code ReadEntryLine(platform::FileLayer& files,
+                                            const std::filesystem::path& file,
+                                            TableListing& listing, EntryMark& mark,
+                                            std::string& line);
 
 }  // namespace zentab::tables

@@ -1,6 +1,10 @@
 #include "tables/table_writer.h"
 
+#include <algorithm>
+
+#include "platform/file_errors.h"
 #include "platform/file_reader.h"
+#include "platform/line_reader.h"
 #include "tables/entry_line.h"
 #include "texts/line_encoding.h"
 
@@ -9,50 +13,66 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using platform::kByteOrderMark;
+
 std::string NewLine(const CurveTableEntry& entry) {
   return texts::EncodeLine(FormatEntryLine(entry)) + "\r\n";
 }
 
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 
-LineMark MarkOf(std::uint64_t offset, std::string_view line) {
+LineMark LineMarkOf(std::uint64_t offset, std::string_view line) {
   constexpr std::size_t kLineEnd = 2;
   return {offset, HashOf(line.substr(0, line.size() - kLineEnd))};
 }
 
 // Whether what stands before and behind a removed line became one line end, CR LF.
-bool HasMelted(const fs::path& file, std::uint64_t offset) {
-  return offset > 0 && platform::FileReader(file).Read(offset - 1, offset + 1) == "\r\n";
-}
-
-std::error_code CopyAll(platform::FileReader& source, const fs::path& file,
-                        platform::OutputFile& output) {
-  if (source.IsOpen()) return source.Copy(0, source.Size(), output);
-  // Only a file that is not there has nothing to be kept.
-  std::error_code error;
-  const bool isMissing = fs::status(file, error).type() == fs::file_type::not_found;
-  return isMissing ? std::error_code() : std::make_error_code(std::errc::io_error);
+std::error_code HasMelted(platform::FileLayer& files, const fs::path& file, std::uint64_t offset,
+                          bool& melted) {
+  melted = false;
+  if (offset == 0) return {};
+  platform::FileReader reader(files, file);
+  if (reader.Error() || offset >= reader.Size()) return reader.Error();
+  std::string bytes;
+  const std::error_code error = reader.Read(offset - 1, offset + 1, bytes);
+  melted = bytes == "\r\n";
+  return error;
 }
 
 std::error_code EndLastLine(platform::FileReader& source, platform::OutputFile& output) {
   const std::uint64_t size = source.Size();
   if (size == 0) return {};
-  const std::optional<std::string> last = source.Read(size - 1, size);
-  if (!last) return std::make_error_code(std::errc::io_error);
-  return IsLineEnd(last->front()) ? std::error_code() : output.Write("\r\n");
+  const std::uint64_t begin = size - std::min<std::uint64_t>(size, kByteOrderMark.size());
+  std::string last;
+  if (const std::error_code error = source.Read(begin, size, last)) return error;
+  const bool isOpen = !IsLineEnd(last.back()) && !(begin == 0 && last == kByteOrderMark);
+  return isOpen ? output.Write("\r\n") : std::error_code();
 }
 
 // One name for each file, however it is reached.
-fs::path Identity(const fs::path& file) {
-  std::error_code error;
-  fs::path path = fs::weakly_canonical(file, error);
-  return error ? file : path;
+fs::path Identity(platform::FileLayer& files, const fs::path& file) {
+  return platform::AskFor(files,
+                          [file] {
+                            std::error_code error;
+                            fs::path path = fs::weakly_canonical(file, error);
+                            return error ? file : path;
+                          })
+      .value_or(file);
+}
+
+bool AreOneFile(platform::FileLayer& files, const fs::path& one, const fs::path& other) {
+  return platform::AskFor(files,
+                          [one, other] {
+                            std::error_code unknown;
+                            return fs::equivalent(one, other, unknown);
+                          })
+      .value_or(false);
 }
 
 void PutLine(TableListing& listing, std::size_t index, std::string_view line) {
   const std::uint64_t former = listing.EndOf(index) - listing.lines[index].offset;
   const std::uint64_t change = line.size() - former;  // modulo 2^64 when it is shorter
-  listing.lines[index] = MarkOf(listing.lines[index].offset, line);
+  listing.lines[index] = LineMarkOf(listing.lines[index].offset, line);
   for (std::size_t at = index + 1; at < listing.lines.size(); ++at) {
     listing.lines[at].offset += change;
   }
@@ -71,6 +91,17 @@ void TakeLine(TableListing& listing, std::size_t index) {
   }
 }
 
+// What cannot be read to its end may have some.
+bool HasEntries(platform::FileLayer& files, const fs::path& file) {
+  bool found = false;
+  const std::error_code error =
+      platform::ReadLines(files, file, [&found](const platform::RawLine& line) {
+        found = ParseEntryName(line.text).has_value();
+        return !found;
+      });
+  return found || (error && error != std::errc::no_such_file_or_directory);
+}
+
 }  // namespace
 
 KeepAlive TableWriter::Alive() const {
@@ -79,78 +110,116 @@ KeepAlive TableWriter::Alive() const {
 
 // The former content is copied, not renamed: the file itself is there at every moment.
 std::error_code TableWriter::KeepBackup(const fs::path& file, const fs::path& spared) {
-  if (backups_ == Backups::None || written_.contains(Identity(file))) return {};
-  platform::FileReader source(file);
-  if (!source.IsOpen()) return {};
-  fs::path backup = platform::LinkTarget(file);
-  backup += ".bak";
-  std::error_code unknown;
-  if (!spared.empty() && fs::equivalent(backup, spared, unknown)) return {};
+  if (backups_ == Backups::None || written_.contains(Identity(files_, file))) return {};
+  platform::FileReader source(files_, file);
+  if (source.Error() == std::errc::no_such_file_or_directory) return {};
+  if (source.Error()) return source.Error();
+  std::optional<fs::path> backup =
+      platform::AskFor(files_, [file] { return platform::LinkTarget(file); });
+  if (!backup) return platform::FileError::GivenUp;
+  *backup += ".bak";
+  if (!spared.empty() && AreOneFile(files_, *backup, spared)) return {};
+  // What emptied the file may have been no wish of anyone: then this is all there is.
+  if (!HasEntries(files_, file) && HasEntries(files_, *backup)) return {};
   const std::error_code error = platform::ReplaceFile(
-      files_, backup,
+      files_, *backup,
       [&source](platform::OutputFile& output) { return source.Copy(0, source.Size(), output); },
-      nullptr, file);
+      {nullptr, file, {}});
   lacksBackup_ = static_cast<bool>(error);
   return error;
 }
 
+bool TableWriter::FindsLeftover(const fs::path& file) const {
+  std::optional<platform::FileStamp> stamp;
+  const bool isMissing = !files_.StampOf(file, stamp) && !stamp;
+  return isMissing && HasEntries(files_, fs::path(file) += ".new");
+}
+
+std::error_code TableWriter::TakeLeftover(const fs::path& file) {
+  return platform::TakeLeftover(files_, file);
+}
+
+// What another program has left in the place of the file is all that there is of it: it becomes the
+// backup, and a backup with entries an older one.
+std::error_code TableWriter::KeepLeftover(const fs::path& leftover) {
+  if (!HasEntries(files_, leftover)) return {};
+  fs::path backup = leftover;
+  backup.replace_extension(".bak");
+  fs::path older = backup;
+  older += ".old";
+  if (HasEntries(files_, backup)) {
+    if (const std::error_code error = files_.MoveOver(backup, older)) return error;
+  }
+  const std::error_code error = files_.MoveOver(leftover, backup);
+  hasKeptLeftover_ = !error;
+  return error;
+}
+
 std::error_code TableWriter::CopyChanged(const fs::path& file, TableListing& listing,
-                                         std::size_t& index, std::string_view replacement,
+                                         EntryMark& mark, std::string_view replacement,
                                          platform::OutputFile& output) {
   std::string line;
-  if (const auto error = ReadLine(file, listing, index, line, Alive())) return error;
+  if (const auto error = ReadLine(files_, file, listing, mark, line)) return error;
   if (const auto error = KeepBackup(file, {})) return error;
-  const std::uint64_t begin = listing.lines[index].offset;
-  const std::uint64_t end = listing.EndOf(index);
-  platform::FileReader source(file);
+  platform::FileReader source(files_, file);
+  if (source.Error()) return source.Error();
+  const std::uint64_t begin = listing.lines[mark.index].offset;
+  std::string now;
   // Someone who knows of no locks may have been quicker.
-  if (!listing.stamp || source.Size() != listing.stamp->size ||
-      source.Read(begin, begin + line.size()) != line) {
+  if (source.Stamp() != listing.stamp || source.Read(begin, begin + line.size(), now) ||
+      now != line) {
     return std::make_error_code(kEntryChanged);
   }
   if (const auto error = source.Copy(0, begin, output)) return error;
   if (const auto error = output.Write(replacement)) return error;
-  return source.Copy(end, source.Size(), output);
+  return source.Copy(listing.EndOf(mark.index), source.Size(), output);
 }
 
 std::error_code TableWriter::Rewrite(const fs::path& file, const platform::ContentWriter& write,
                                      platform::FileStamp& written) {
   lacksBackup_ = false;
-  const std::error_code error = platform::ReplaceFile(files_, file, write, &written);
-  if (!error) written_.insert(Identity(file));
+  hasKeptLeftover_ = false;
+  const auto keep = [this](const fs::path& leftover) { return KeepLeftover(leftover); };
+  const std::error_code error = platform::ReplaceFile(files_, file, write, {&written, {}, keep});
+  if (!error) written_.insert(Identity(files_, file));
   return error;
 }
 
 std::error_code TableWriter::ChangeLine(const fs::path& file, TableListing& listing,
-                                        std::size_t& index, std::string_view replacement) {
+                                        EntryMark& mark, std::string_view replacement) {
   platform::FileStamp stamp;
   const auto write = [&](platform::OutputFile& output) {
-    return CopyChanged(file, listing, index, replacement, output);
+    return CopyChanged(file, listing, mark, replacement, output);
   };
   if (const std::error_code error = Rewrite(file, write, stamp)) return error;
   listing.stamp = stamp;
   return {};
 }
 
+void TableWriter::ListChanged(const fs::path& file, TableListing& listing) {
+  // The change is made; a list that cannot be read anew now is so at the next look.
+  if (ListEntries(files_, file, listing)) listing.stamp.reset();
+}
+
 std::error_code TableWriter::ReplaceEntry(const fs::path& file, TableListing& listing,
-                                          std::size_t& index, const CurveTableEntry& entry) {
+                                          EntryMark& mark, const CurveTableEntry& entry) {
   const std::string line = NewLine(entry);
-  if (const std::error_code error = ChangeLine(file, listing, index, line)) return error;
-  PutLine(listing, index, line);
+  if (const std::error_code error = ChangeLine(file, listing, mark, line)) return error;
+  PutLine(listing, mark.index, line);
+  mark = listing.MarkOf(mark.index);
   // A list that does not show its lines one to one cannot be changed in one place.
-  if (!listing.nameless.empty()) ListAgain(file, listing, index, Alive());
+  if (!listing.nameless.empty()) ListChanged(file, listing);
   return {};
 }
 
 std::error_code TableWriter::RemoveEntry(const fs::path& file, TableListing& listing,
-                                         std::size_t& index) {
-  if (const std::error_code error = ChangeLine(file, listing, index, {})) return error;
-  const std::uint64_t offset = listing.lines[index].offset;
-  TakeLine(listing, index);
-  // The line behind it, of whatever text, stays the one at the index.
-  std::size_t place = index;
-  if (!listing.nameless.empty() || HasMelted(file, offset)) {
-    ListAgain(file, listing, place, Alive());
+                                         EntryMark& mark) {
+  if (const std::error_code error = ChangeLine(file, listing, mark, {})) return error;
+  const std::uint64_t offset = listing.lines[mark.index].offset;
+  TakeLine(listing, mark.index);
+  bool melted = false;
+  if (!listing.nameless.empty() || HasMelted(files_, file, offset, melted) || melted) {
+    ListChanged(file, listing);
   }
   return {};
 }
@@ -158,8 +227,11 @@ std::error_code TableWriter::RemoveEntry(const fs::path& file, TableListing& lis
 std::error_code TableWriter::CopyComplete(const fs::path& file, const fs::path& spared,
                                           platform::OutputFile& output) {
   if (const auto error = KeepBackup(file, spared)) return error;
-  platform::FileReader source(file);
-  if (const auto error = CopyAll(source, file, output)) return error;
+  platform::FileReader source(files_, file);
+  // Only a file that is not there has nothing to be kept.
+  if (source.Error() == std::errc::no_such_file_or_directory) return {};
+  if (source.Error()) return source.Error();
+  if (const auto error = source.Copy(0, source.Size(), output)) return error;
   return EndLastLine(source, output);
 }
 
@@ -174,14 +246,27 @@ std::error_code TableWriter::Append(const fs::path& file, const fs::path& spared
 }
 
 std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& listing,
-                                         std::size_t& index, const CurveTableEntry& entry) {
+                                         const CurveTableEntry& entry) {
+  if (listing.stamp) {
+    // Entries that are shown are not taken for gone because someone just replaces their file.
+    bool isThere = false;
+    if (const auto error = platform::WaitForFile(files_, file, isThere)) return error;
+    if (!isThere && !FindsLeftover(file)) {
+      TableListing none;
+      none.readings = listing.readings + 1;
+      listing = std::move(none);
+      return std::make_error_code(std::errc::no_such_file_or_directory);
+    }
+  }
   const std::string line = NewLine(entry);
   platform::FileStamp stamp;
   // Under the lock: the name must be free in the file as it is now.
   const std::error_code error = Append(
       file, {},
       [&](platform::OutputFile& output) {
-        if (Refresh(file, listing, index, Alive()) && listing.HasName(entry.name, Alive())) {
+        const std::size_t readings = listing.readings;
+        if (const auto failed = Refresh(files_, file, listing)) return failed;
+        if (listing.readings != readings && listing.HasName(entry.name, Alive())) {
           return std::make_error_code(std::errc::file_exists);
         }
         return output.Write(line);
@@ -189,7 +274,7 @@ std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& lis
       stamp);
   if (error) return error;
   listing.names.push_back(entry.name);
-  listing.lines.push_back(MarkOf(stamp.size - line.size(), line));
+  listing.lines.push_back(LineMarkOf(stamp.size - line.size(), line));
   listing.end = stamp.size;
   listing.stamp = stamp;
   return {};

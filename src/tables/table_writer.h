@@ -14,7 +14,8 @@
 
 namespace zentab::tables {
 
-/// Whether the first change of a table file keeps its former content beside it, as FILE.bak.
+/// Whether the first change of a table file keeps its former content beside it, as FILE.bak. One
+/// that has entries stays instead of a file that has none.
 enum class Backups { None, AtFirstWrite };
 
 /// Changes table files, each change by replacing the whole file in one step, under its lock: who
@@ -29,23 +30,21 @@ class TableWriter {
  public:
   TableWriter(platform::FileLayer& files, Backups backups) : files_(files), backups_(backups) {}
 
-  /// Puts the entry's line in the place of line `index`, which follows the line as in Refresh.
-  /// Fails with kEntryChanged when the line is gone.
+  /// Puts the entry's line in the place of the mark's; the mark is then that of the new line.
+  /// Fails with kEntryChanged when no line holds what the mark's did.
   [[nodiscard]] std::error_code ReplaceEntry(const std::filesystem::path& file,
-                                             TableListing& listing, std::size_t& index,
+                                             TableListing& listing, EntryMark& mark,
                                              const CurveTableEntry& entry);
 
-  /// Takes line `index` out of the file; as above.
+  /// Takes the mark's line out of the file; as above. The mark keeps the place that it had.
   [[nodiscard]] std::error_code RemoveEntry(const std::filesystem::path& file,
-                                            TableListing& listing, std::size_t& index);
+                                            TableListing& listing, EntryMark& mark);
 
   /// Adds the entry's line at the end of the file, which is created when it is missing. A last
-  /// line without a line end gets one first. `index`, of any other line, follows it as in Refresh.
-  /// Fails with std::errc::file_exists when the file has got an entry of that name since it was
-  /// listed.
+  /// line without a line end gets one first. Fails with std::errc::file_exists when the file has
+  /// got an entry of that name since it was listed.
   [[nodiscard]] std::error_code AppendEntry(const std::filesystem::path& file,
-                                            TableListing& listing, std::size_t& index,
-                                            const CurveTableEntry& entry);
+                                            TableListing& listing, const CurveTableEntry& entry);
 
   /// Adds what `write` writes, whole lines of `source`, in the same way. Where the source is the
   /// backup itself, it is left as it is.
@@ -57,14 +56,28 @@ class TableWriter {
   /// is not changed without one.
   [[nodiscard]] bool LacksBackup() const { return lacksBackup_; }
 
-  /// Keeps what its files belong to alive.
+  /// Whether the last operation found no table file but only what another program had left as
+  /// FILE.new, which is now FILE.bak (and a backup with entries FILE.bak.old).
+  [[nodiscard]] bool HasKeptLeftover() const { return hasKeptLeftover_; }
+
+  /// Whether there is no file, but a FILE.new with entries.
+  [[nodiscard]] bool FindsLeftover(const std::filesystem::path& file) const;
+
+  /// Gives FILE.new, which another program has left, the name FILE if there is none. Fails with
+  /// std::errc::file_exists when there is.
+  [[nodiscard]] std::error_code TakeLeftover(const std::filesystem::path& file);
+
+  /// The files that it works on.
+  [[nodiscard]] platform::FileLayer& Files() const { return files_; }
+  /// Keeps what they belong to alive.
   [[nodiscard]] KeepAlive Alive() const;
 
  private:
   [[nodiscard]] std::error_code ChangeLine(const std::filesystem::path& file, TableListing& listing,
-                                           std::size_t& index, std::string_view replacement);
+                                           EntryMark& mark, std::string_view replacement);
+  void ListChanged(const std::filesystem::path& file, TableListing& listing);
   [[nodiscard]] std::error_code CopyChanged(const std::filesystem::path& file,
-                                            TableListing& listing, std::size_t& index,
+                                            TableListing& listing, EntryMark& mark,
                                             std::string_view replacement,
                                             platform::OutputFile& output);
   [[nodiscard]] std::error_code CopyComplete(const std::filesystem::path& file,
@@ -77,6 +90,7 @@ class TableWriter {
   [[nodiscard]] std::error_code Rewrite(const std::filesystem::path& file,
                                         const platform::ContentWriter& write,
                                         platform::FileStamp& written);
+  [[nodiscard]] std::error_code KeepLeftover(const std::filesystem::path& leftover);
   [[nodiscard]] std::error_code KeepBackup(const std::filesystem::path& file,
                                            const std::filesystem::path& spared);
 
@@ -84,6 +98,7 @@ class TableWriter {
   Backups backups_;
   std::set<std::filesystem::path> written_;  // the files changed since the start
   bool lacksBackup_ = false;
+  bool hasKeptLeftover_ = false;
 };
 
 }  // namespace zentab::tables

@@ -11,10 +11,12 @@ namespace {
 
 constexpr std::size_t kSegmentFields = 7;
 // No line of a reference graph comes near; a longer one is not split.
-constexpr std::size_t kLongestLine = 4096;
+constexpr std::size_t kLongestGraphLine = 4096;
+// Those of a graph of the most segments; what follows is no graph, however many lines it has.
+constexpr std::size_t kMostLines = 2 * kMostSegments + 100;
 
 std::optional<std::vector<double>> NumbersOf(std::string_view line) {
-  if (line.size() > kLongestLine) return std::nullopt;
+  if (line.size() > kLongestGraphLine) return std::nullopt;
   std::vector<double> numbers;
   for (;;) {
     const std::size_t begin = line.find_first_not_of(' ');
@@ -30,7 +32,7 @@ std::optional<std::vector<double>> NumbersOf(std::string_view line) {
 
 class GraphReading {
  public:
-  explicit GraphReading(const std::filesystem::path& file) : lines_(file) {}
+  explicit GraphReading(std::vector<std::string> lines) : lines_(std::move(lines)) {}
 
   ReadGraph Run() {
     ReadGraph graph;
@@ -42,19 +44,12 @@ class GraphReading {
  private:
   using Result = std::optional<GraphError>;
 
-  [[nodiscard]] GraphError Fault(GraphFault fault) const { return {fault, number_}; }
-
-  // A line that is not there.
-  [[nodiscard]] GraphError Missing() const {
-    return Fault(lines_.Failed() ? GraphFault::Unreadable : GraphFault::EndsEarly);
-  }
+  [[nodiscard]] GraphError Fault(GraphFault fault) const { return {fault, number_, {}}; }
 
   // The numbers of the next line, which has to have so many of them.
   Result Next(std::size_t fields, GraphFault otherwise, std::vector<double>& numbers) {
-    platform::RawLine line;
-    ++number_;
-    if (!lines_.Next(line)) return Missing();
-    std::optional<std::vector<double>> read = NumbersOf(line.text);
+    if (number_++ == lines_.size()) return Fault(GraphFault::EndsEarly);
+    std::optional<std::vector<double>> read = NumbersOf(lines_[number_ - 1]);
     if (!read || read->size() != fields) return Fault(otherwise);
     numbers = std::move(*read);
     return std::nullopt;
@@ -100,9 +95,7 @@ class GraphReading {
   }
 
   Result Read(std::vector<GraphSegment>& segments) {
-    platform::RawLine first;
-    ++number_;
-    if (!lines_.Next(first)) return Missing();
+    if (number_++ == lines_.size()) return Fault(GraphFault::EndsEarly);
     std::size_t count = 0;
     if (Result error = ReadCount(count)) return error;
     for (std::size_t segment = 0; segment < count; ++segment) {
@@ -111,12 +104,23 @@ class GraphReading {
     return ReadTrailer(count);
   }
 
-  platform::LineReader lines_;
-  std::size_t number_ = 0;
+  std::vector<std::string> lines_;
+  std::size_t number_ = 0;  // of the last line that was read, from 1
 };
 
 }  // namespace
 
-ReadGraph ReadReferenceGraph(const std::filesystem::path& file) { return GraphReading(file).Run(); }
+ReadGraph ReadReferenceGraph(platform::FileLayer& files, const std::filesystem::path& file) {
+  std::vector<std::string> lines;
+  const std::error_code error =
+      platform::ReadLines(files, file, [&lines](const platform::RawLine& line) {
+        lines.emplace_back(line.text.substr(0, kLongestGraphLine + 1));
+        return lines.size() < kMostLines;
+      });
+  if (error) return {{}, GraphError{GraphFault::Unreadable, lines.size() + 1, error}};
+  // A line that is none: what is that long is not a graph with blank lines behind it.
+  if (lines.size() == kMostLines) lines.emplace_back("...");
+  return GraphReading(std::move(lines)).Run();
+}
 
 }  // namespace zentab::testset

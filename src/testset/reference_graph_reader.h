@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <filesystem>
 #include <optional>
+#include <system_error>
 #include <vector>
 
+#include "platform/file_layer.h"
 #include "testset/reference_graph.h"
 
 namespace zentab::testset {
@@ -23,7 +25,8 @@ enum class GraphFault {
 
 struct GraphError {
   GraphFault fault;
-  std::size_t line;  // from 1
+  std::size_t line;       // from 1
+  std::error_code error;  // why it is unreadable
 };
 
 /// The segments of a GRH file, or the first line at fault; one of the two.
@@ -35,6 +38,7 @@ struct ReadGraph {
 /// Reads a GRH file whole. Its first line may hold anything; everywhere else the kind and number
 /// of fields count. Numbers are decimal numbers with "." or ","; NaN and what a double cannot
 /// hold are none. The values of fields that draw the graph are not looked at.
-[[nodiscard]] ReadGraph ReadReferenceGraph(const std::filesystem::path& file);
+[[nodiscard]] ReadGraph ReadReferenceGraph(platform::FileLayer& files,
+                                           const std::filesystem::path& file);
 
 }  // namespace zentab::testset

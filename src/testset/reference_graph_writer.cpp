@@ -50,7 +50,7 @@ std::error_code WriteReferenceGraph(platform::FileLayer& files,
                                     const std::vector<GraphSegment>& segments,
                                     const GraphDate& date) {
   const std::string bytes = FormatReferenceGraph(segments, date);
-  return platform::ReplaceFile(files, platform::FindFixedName(installFolder, kGraphFile),
+  return platform::ReplaceFile(files, platform::FindFixedName(files, installFolder, kGraphFile),
                                [&bytes](platform::OutputFile& file) { return file.Write(bytes); });
 }
 

@@ -96,9 +96,10 @@ class Applier {
 
 }  // namespace
 
-void ApplyTexts(const std::filesystem::path& file, TextTarget& target, CatalogueTexts& texts,
-                const TextExpander& expand) {
-  std::vector<std::string> found = LookupTexts(CatalogueKeys(), file);
+std::error_code ApplyTexts(platform::FileLayer& files, const std::filesystem::path& file,
+                           TextTarget& target, CatalogueTexts& texts, const TextExpander& expand) {
+  std::vector<std::string> found;
+  const std::error_code error = LookupTexts(files, CatalogueKeys(), file, found);
   auto next = found.begin();
   for (const KeyRow& row : KeyTable()) {
     std::string text = row.key.empty() ? std::string() : std::move(*next++);
@@ -106,6 +107,7 @@ void ApplyTexts(const std::filesystem::path& file, TextTarget& target, Catalogue
     if (row.expanded) text = expand(text);
     std::visit(Applier(text, target, texts), row.effect);
   }
+  return error;
 }
 
 std::span<const std::string> CatalogueKeys() {

@@ -5,7 +5,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
 
+#include "platform/file_layer.h"
 #include "texts/catalogue_texts.h"
 
 namespace zentab::texts {
@@ -29,9 +31,11 @@ using TextExpander = std::function<std::string(std::string_view)>;
 
 /// Applies a catalogue file to the window and the tables: every key in the fixed order of the key
 /// table, a key that is missing or empty changing nothing. A file that cannot be read changes
-/// nothing but the instruments' names, which follow the captions of their choices.
-void ApplyTexts(const std::filesystem::path& file, TextTarget& target, CatalogueTexts& texts,
-                const TextExpander& expand);
+/// nothing but the instruments' names, which follow the captions of their choices, and gives the
+/// error.
+[[nodiscard]] std::error_code ApplyTexts(platform::FileLayer& files,
+                                         const std::filesystem::path& file, TextTarget& target,
+                                         CatalogueTexts& texts, const TextExpander& expand);
 
 /// The keys that ApplyTexts looks up, in its order.
 [[nodiscard]] std::span<const std::string> CatalogueKeys();

@@ -75,32 +75,39 @@ std::filesystem::path DefaultCatalogue(const std::filesystem::path& executable) 
   return platform::FindFixedName(executable.parent_path(), platform::BaseName(executable) + ".txt");
 }
 
-std::string LookupText(std::string_view key, const std::filesystem::path& file) {
+std::error_code LookupText(platform::FileLayer& files, std::string_view key,
+                           const std::filesystem::path& file, std::string& text) {
+  text.clear();
   const std::string wanted = Folded(key);
-  platform::LineReader reader(FileOrDefault(file));
-  platform::RawLine line;
-  while (reader.Next(line)) {
-    const auto found = std::search(line.text.begin(), line.text.end(), wanted.begin(), wanted.end(),
-                                   [](char a, char b) { return Folded(a) == b; });
-    if (found != line.text.end()) return TextOfLine(line.text);
-  }
-  return {};
+  std::string found;
+  const std::error_code error =
+      platform::ReadLines(files, FileOrDefault(file), [&](const platform::RawLine& line) {
+        const auto place = std::search(line.text.begin(), line.text.end(), wanted.begin(),
+                                       wanted.end(), [](char a, char b) { return Folded(a) == b; });
+        if (place == line.text.end()) return true;
+        found = TextOfLine(line.text);
+        return false;
+      });
+  if (!error) text = std::move(found);
+  return error;
 }
 
-std::vector<std::string> LookupTexts(std::span<const std::string> keys,
-                                     const std::filesystem::path& file) {
+std::error_code LookupTexts(platform::FileLayer& files, std::span<const std::string> keys,
+                            const std::filesystem::path& file, std::vector<std::string>& texts) {
+  texts.assign(keys.size(), {});
   const KeyIndex index(keys);
-  std::vector<std::string> texts(keys.size());
+  std::vector<std::string> all(keys.size());
   std::vector<bool> known(keys.size());
-  platform::LineReader reader(FileOrDefault(file));
-  platform::RawLine line;
-  while (reader.Next(line)) {
-    index.FindIn(Folded(line.text), [&](std::size_t number) {
-      if (!known[number]) texts[number] = TextOfLine(line.text);
-      known[number] = true;
-    });
-  }
-  return texts;
+  const std::error_code error =
+      platform::ReadLines(files, FileOrDefault(file), [&](const platform::RawLine& line) {
+        index.FindIn(Folded(line.text), [&](std::size_t number) {
+          if (!known[number]) all[number] = TextOfLine(line.text);
+          known[number] = true;
+        });
+        return true;
+      });
+  if (!error) texts = std::move(all);
+  return error;
 }
 
 std::string StripAmpersands(std::string_view text) {

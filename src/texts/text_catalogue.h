@@ -4,7 +4,10 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
+
+#include "platform/file_layer.h"
 
 namespace zentab::texts {
 
@@ -16,16 +19,19 @@ namespace zentab::texts {
 /// The catalogue that lies beside an executable and has its name.
 [[nodiscard]] std::filesystem::path DefaultCatalogue(const std::filesystem::path& executable);
 
-/// The text of a key (ASCII) in a catalogue; empty when the file cannot be read, no line has the
-/// key, or its line has no "}" or has it before the "{". A line without "{" gives all that stands
-/// before its "}". The file is opened and searched anew at each call; an empty path means
-/// the default catalogue of the running program.
-[[nodiscard]] std::string LookupText(std::string_view key, const std::filesystem::path& file);
+/// The text of a key (ASCII) in a catalogue; empty when no line has the key, or its line has no
+/// "}" or has it before the "{". A line without "{" gives all that stands before its "}". The file
+/// is opened and searched anew at each call; an empty path means the default catalogue of the
+/// running program. Fails, with an empty text, when the file is missing or cannot be read.
+[[nodiscard]] std::error_code LookupText(platform::FileLayer& files, std::string_view key,
+                                         const std::filesystem::path& file, std::string& text);
 
 /// What LookupText gives for each of the keys (of two characters or more), in their order, from
 /// one reading of the file.
-[[nodiscard]] std::vector<std::string> LookupTexts(std::span<const std::string> keys,
-                                                   const std::filesystem::path& file);
+[[nodiscard]] std::error_code LookupTexts(platform::FileLayer& files,
+                                          std::span<const std::string> keys,
+                                          const std::filesystem::path& file,
+                                          std::vector<std::string>& texts);
 
 /// The text without its access-key markers. A marker behind the first character drops what the
 /// result held so far: A&B&C gives BC. Catalogues rely on it.

@@ -1,5 +1,6 @@
 #include "timetest/import_pipeline.h"
 
+#include "platform/file_errors.h"
 #include "timetest/difference_measure.h"
 #include "timetest/point_selection.h"
 #include "timetest/running_mean.h"
@@ -20,9 +21,9 @@ constexpr double kAfterMean = 1.0;
 
 class Import {
  public:
-  Import(const ImportOptions& options, const texts::CatalogueTexts& texts, ImportTrace* trace,
-         const ProgressReport& progress)
-      : options_(options), texts_(texts), trace_(trace), progress_(progress) {
+  Import(platform::FileLayer& files, const ImportOptions& options,
+         const texts::CatalogueTexts& texts, ImportTrace* trace, const ProgressReport& progress)
+      : files_(files), options_(options), texts_(texts), trace_(trace), progress_(progress) {
     result_.differenceType = options.differenceType;
   }
 
@@ -30,8 +31,11 @@ class Import {
     if (!Read(source) || !MeasureDifferences() || !Filter() || !Average()) {
       return std::move(result_);
     }
-    std::vector<MeasuredPoint> chosen = SelectPoints(points_);
-    if (Trace({" Selected entries"}, chosen, kAfterMean)) result_.points = std::move(chosen);
+    Selection chosen = SelectPoints(points_);
+    if (Trace({" Selected entries"}, chosen.points, kAfterMean)) {
+      result_.points = std::move(chosen.points);
+      result_.selectedByRank = chosen.byRank;
+    }
     return std::move(result_);
   }
 
@@ -39,12 +43,14 @@ class Import {
   // Each stage is false when it ends the import; the result says why.
 
   bool Read(const ResultSource& source) {
-    std::optional<ReadPoints> read =
-        ReadTimeTest(source, options_.modes, ProgressMeter(progress_, 0.0, kAfterReading));
-    if (!read) return End(ImportOutcome::Stopped);
-    if (read->points.empty()) return End(ImportOutcome::NoEntries);
-    points_ = std::move(read->points);
-    extremes_ = read->extremes;
+    ReadPoints read;
+    result_.readError = ReadTimeTest(files_, source, options_.modes,
+                                     ProgressMeter(progress_, 0.0, kAfterReading), read);
+    if (result_.readError == platform::FileError::GivenUp) return End(ImportOutcome::Stopped);
+    if (result_.readError) return End(ImportOutcome::Unreadable);
+    if (read.points.empty()) return End(ImportOutcome::NoEntries);
+    points_ = std::move(read.points);
+    extremes_ = read.extremes;
     timeoutLevel_ = TimeoutLevel(options_.timeout, extremes_.tMax);
     if (options_.filterType < kKeepsTimeouts) PruneTimeouts(points_, timeoutLevel_);
     return true;
@@ -123,6 +129,7 @@ class Import {
            End(ImportOutcome::Stopped);
   }
 
+  platform::FileLayer& files_;
   const ImportOptions& options_;
   const texts::CatalogueTexts& texts_;
   ImportTrace* trace_;
@@ -135,10 +142,10 @@ class Import {
 
 }  // namespace
 
-ImportResult ImportCurve(const ResultSource& source, const ImportOptions& options,
-                         const texts::CatalogueTexts& texts, ImportTrace* trace,
-                         const ProgressReport& progress) {
-  return Import(options, texts, trace, progress).Run(source);
+ImportResult ImportCurve(platform::FileLayer& files, const ResultSource& source,
+                         const ImportOptions& options, const texts::CatalogueTexts& texts,
+                         ImportTrace* trace, const ProgressReport& progress) {
+  return Import(files, options, texts, trace, progress).Run(source);
 }
 
 }  // namespace zentab::timetest

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <system_error>
 
+#include "platform/file_errors.h"
 #include "texts/number_text.h"
 #include "timetest/section_lines.h"
 
@@ -136,31 +137,35 @@ Extremes ExtremesOf(const std::vector<MeasuredPoint>& points) {
 
 }  // namespace
 
-std::optional<ReadPoints> ReadTimeTest(const ResultSource& source, const ReadingModes& modes,
-                                       ProgressMeter progress) {
-  std::error_code unknown;
-  const std::uintmax_t size = std::filesystem::file_size(source.file, unknown);
-  if (unknown || size == 0) return ReadPoints{};
-  SectionLines lines(source.file, source.heading);
+std::error_code ReadTimeTest(platform::FileLayer& files, const ResultSource& source,
+                             const ReadingModes& modes, ProgressMeter progress, ReadPoints& read) {
+  read = {};
+  std::optional<platform::FileStamp> stamp;
+  if (const std::error_code error = files.StampOf(source.file, stamp)) return error;
+  if (!stamp) return {};
+  const std::uintmax_t size = std::max<std::uintmax_t>(stamp->size, 1);
   EntryCollector entries(size);
   const PointMaker maker(modes);
   std::string buffer;
   std::uintmax_t done = 0;
-  for (std::string_view line; !entries.HasEnded() && lines.Next(line);) {
-    if (lines.InSection()) {
-      entries.Add(texts::TrimBlanks(line), [&]() -> std::optional<MeasuredPoint> {
-        const std::string_view value = EntryValue(line, buffer);
+  bool stopped = false;
+  const auto error = ReadSection(files, source.file, source.heading, [&](const SectionLine& line) {
+    if (line.inSection) {
+      entries.Add(texts::TrimBlanks(line.text), [&]() -> std::optional<MeasuredPoint> {
+        const std::string_view value = EntryValue(line.text, buffer);
         return value.empty() ? std::nullopt : std::optional(maker.Make(value));
       });
     }
     // A file that grows while it is read is never more than whole.
-    done = std::min(done + lines.LineBytes(), size);
-    if (!progress.Step(done, size, 1 + lines.LineBytes() / kUsualLine)) return std::nullopt;
-  }
-  ReadPoints read;
+    done = std::min(done + line.bytes, size);
+    stopped = !progress.Step(done, size, 1 + line.bytes / kUsualLine);
+    return !stopped && !entries.HasEnded();
+  });
+  if (error) return error;
+  if (stopped) return platform::FileError::GivenUp;
   read.points = entries.Finish();
   read.extremes = ExtremesOf(read.points);
-  return read;
+  return {};
 }
 
 }  // namespace zentab::timetest

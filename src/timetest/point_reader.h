@@ -1,8 +1,9 @@
 #pragma once
 
-#include <optional>
+#include <system_error>
 #include <vector>
 
+#include "platform/file_layer.h"
 #include "timetest/measured_points.h"
 #include "timetest/result_reader.h"
 
@@ -22,10 +23,11 @@ struct ReadPoints {
 
 /// All points of a time test: what ReadSectionEntry gives for the keys "1", "2" and so on until
 /// the first that is missing or empty, from one reading of the file. The load is the text before
-/// the first tab, the time that up to the next; a text that is no number is 0. Nothing when
-/// `progress` stopped it. A file that cannot be read has no points.
-[[nodiscard]] std::optional<ReadPoints> ReadTimeTest(const ResultSource& source,
-                                                     const ReadingModes& modes,
-                                                     ProgressMeter progress);
+/// the first tab, the time that up to the next; a text that is no number is 0. A file that
+/// is missing has no points. Fails with FileError::GivenUp when `progress` stopped it, and with
+/// what the system says when the file cannot be read to its end.
+[[nodiscard]] std::error_code ReadTimeTest(platform::FileLayer& files, const ResultSource& source,
+                                           const ReadingModes& modes, ProgressMeter progress,
+                                           ReadPoints& read);
 
 }  // namespace zentab::timetest

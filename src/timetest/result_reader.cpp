@@ -21,37 +21,44 @@ constexpr SourceRow kSources[] = {
 
 }  // namespace
 
-ResultSource FindResultSource(const std::filesystem::path& installFolder,
-                              tables::Instrument instrument) {
+std::error_code FindResultSource(platform::FileLayer& files,
+                                 const std::filesystem::path& installFolder,
+                                 tables::Instrument instrument, ResultSource& source) {
+  source = {};
   for (const SourceRow& row : kSources) {
     if (row.instrument != instrument) continue;
-    return {platform::FindFixedName(installFolder, row.file),
-            texts::LookupText(row.headingKey, platform::FindFixedName(installFolder, "fo.txt"))};
+    source.file = platform::FindFixedName(files, installFolder, row.file);
+    const std::filesystem::path catalogue = platform::FindFixedName(files, installFolder, "fo.txt");
+    const std::error_code error =
+        texts::LookupText(files, row.headingKey, catalogue, source.heading);
+    return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
   }
   return {};
 }
 
-std::string ReadSectionEntry(std::string_view firstKey, std::string_view heading,
-                             std::string& secondKey, const std::filesystem::path& file,
-                             std::string_view separator, std::string_view endMarker) {
-  SectionLines lines(file, heading);
+SectionEntry ReadSectionEntry(platform::FileLayer& files, std::string_view firstKey,
+                              std::string_view heading, std::string& secondKey,
+                              const std::filesystem::path& file, std::string_view separator,
+                              std::string_view endMarker) {
   if (secondKey.empty()) secondKey = firstKey;
   // Every line begins with an empty key, also the empty one that stands before the first.
   if (firstKey.empty()) return {};
-  for (std::string_view line; lines.Next(line);) {
-    if (!lines.InSection()) continue;
-    const std::string_view trimmed = texts::TrimBlanks(line);
-    if (trimmed.starts_with(firstKey)) return ValueText(line, separator, endMarker);
-    if (trimmed.starts_with(secondKey)) return {};
-  }
-  return {};
+  SectionEntry entry;
+  entry.error = ReadSection(files, file, heading, [&](const SectionLine& line) {
+    if (!line.inSection) return true;
+    const std::string_view trimmed = texts::TrimBlanks(line.text);
+    const bool isFirst = trimmed.starts_with(firstKey);
+    if (isFirst) entry.value = ValueText(line.text, separator, endMarker);
+    return !isFirst && !trimmed.starts_with(secondKey);
+  });
+  return entry;
 }
 
-bool HasEntries(const ResultSource& source) {
+bool HasEntries(platform::FileLayer& files, const ResultSource& source) {
   std::string secondKey;
-  const std::string value =
-      ReadSectionEntry("1", source.heading, secondKey, source.file, kSeparator, kEndMarker);
-  return !texts::TrimBlanks(value).empty();
+  const SectionEntry entry =
+      ReadSectionEntry(files, "1", source.heading, secondKey, source.file, kSeparator, kEndMarker);
+  return !entry.error && !texts::TrimBlanks(entry.value).empty();
 }
 
 }  // namespace zentab::timetest

@@ -43,21 +43,19 @@ std::string_view WithoutLastCharacter(std::string_view utf8) {
 
 }  // namespace
 
-SectionLines::SectionLines(const std::filesystem::path& file, std::string_view heading)
-    : reader_(file), heading_(heading), headingFound_(heading.empty()) {}
-
-bool SectionLines::Next(std::string_view& line) {
-  platform::RawLine raw;
-  if (!reader_.Next(raw)) return false;
-  lineBytes_ = raw.text.size() + raw.ending.size();
-  line = raw.text;
-  if (!platform::IsAscii(line)) {
-    decoded_ = texts::DecodeLine(line);
-    line = decoded_;
-  }
-  inSection_ = headingFound_;
-  if (!headingFound_) headingFound_ = texts::TrimBlanks(line).starts_with(heading_);
-  return true;
+std::error_code ReadSection(platform::FileLayer& files, const std::filesystem::path& file,
+                            std::string_view heading, const SectionLineTaker& take) {
+  bool headingFound = heading.empty();
+  std::string decoded;
+  return platform::ReadLines(files, file, [&](const platform::RawLine& raw) {
+    SectionLine line = {raw.text, headingFound, raw.text.size() + raw.ending.size()};
+    if (!platform::IsAscii(line.text)) {
+      decoded = texts::DecodeLine(line.text);
+      line.text = decoded;
+    }
+    if (!headingFound) headingFound = texts::TrimBlanks(line.text).starts_with(heading);
+    return take(line);
+  });
 }
 
 std::string_view EntryValue(std::string_view line, std::string& buffer) {

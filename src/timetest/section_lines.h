@@ -1,38 +1,31 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "platform/line_reader.h"
 
 namespace zentab::timetest {
 
-/// The lines of a result file, and which of them follow a heading. The heading is the first line
-/// that begins with its text, blanks at the line's ends aside; an empty one comes before the first
-/// line.
-class SectionLines {
- public:
-  /// `heading` is kept, not copied.
-  SectionLines(const std::filesystem::path& file, std::string_view heading);
-
-  /// The next line as UTF-8, without its line end, valid until the next call; false at the end of
-  /// the file.
-  [[nodiscard]] bool Next(std::string_view& line);
-
-  /// Whether the last line lies behind the heading.
-  [[nodiscard]] bool InSection() const { return inSection_; }
-  /// Bytes of the last line in the file.
-  [[nodiscard]] std::size_t LineBytes() const { return lineBytes_; }
-
- private:
-  platform::LineReader reader_;
-  std::string_view heading_;
-  std::string decoded_;
-  std::size_t lineBytes_ = 0;
-  bool headingFound_;
-  bool inSection_ = false;
+/// A line of a result file.
+struct SectionLine {
+  std::string_view text;  // UTF-8, without its line end
+  bool inSection;         // whether it lies behind the heading
+  std::size_t bytes;      // that it takes in the file
 };
+
+/// Takes one line, valid until it returns; false: no more lines are wanted.
+using SectionLineTaker = std::function<bool(const SectionLine&)>;
+
+/// Hands over the lines of a result file. The heading is the first line that begins with its text,
+/// blanks at the line's ends aside; an empty one comes before the first line. Fails as ReadLines.
+[[nodiscard]] std::error_code ReadSection(platform::FileLayer& files,
+                                          const std::filesystem::path& file,
+                                          std::string_view heading, const SectionLineTaker& take);
 
 /// The value text of an entry's line as the time test writes it: what follows the first tab, or
 /// the whole line when it has none, in either case without the line's last character. It stands in

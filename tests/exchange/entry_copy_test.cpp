@@ -1,5 +1,6 @@
 #include "exchange/entry_copy.h"
 
+#include "support/listed.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
 
@@ -15,7 +16,7 @@ using EntryCopy = test::TemporaryFolder;
 // Copies from the file as it is now.
 CopyResult Copy(const fs::path& from, const std::vector<bool>& selected, const fs::path& to) {
   tables::TableWriter writer(SystemFiles(), tables::Backups::None);
-  return CopyEntries(writer, from, platform::StampOf(from), selected, to);
+  return CopyEntries(writer, from, test::Listed(from), selected, to);
 }
 
 TEST_F(EntryCopy, AddsTheSelectedLinesByTheirPosition) {
@@ -82,7 +83,7 @@ TEST_F(EntryCopy, OntoItselfAddsEachEntryOnce) {
 TEST_F(EntryCopy, CopiesOnlyFromTheFileThatWasListed) {
   const fs::path from = Write("source.dat", "{\"a\"\t 000}\r\n{\"b\"\t 000}\r\n");
   const fs::path to = Write("target.dat", "x\r\n");
-  const std::optional<platform::FileStamp> listed = platform::StampOf(from);
+  const tables::TableListing listed = test::Listed(from);
   Write("source.dat", "{\"b\"\t 000}\r\n");
   tables::TableWriter writer(SystemFiles(), tables::Backups::None);
   EXPECT_EQ(CopyEntries(writer, from, listed, {true}, to).error, tables::kEntryChanged);
@@ -92,8 +93,7 @@ TEST_F(EntryCopy, CopiesOnlyFromTheFileThatWasListed) {
 TEST_F(EntryCopy, FromTheBackupLeavesItAlone) {
   const fs::path backup = Write("t.dat.bak", "a\r\nb\r\n"), file = Write("t.dat", "x\r\n");
   tables::TableWriter writer(SystemFiles(), tables::Backups::AtFirstWrite);
-  const auto stamp = platform::StampOf(backup);
-  EXPECT_FALSE(CopyEntries(writer, backup, stamp, {true, false}, file).error);
+  EXPECT_FALSE(CopyEntries(writer, backup, test::Listed(backup), {true, false}, file).error);
   EXPECT_EQ(BytesOf(file), "x\r\na\r\n");
   EXPECT_EQ(BytesOf(backup), "a\r\nb\r\n");
 }

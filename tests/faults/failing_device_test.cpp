@@ -3,6 +3,7 @@
 
 #include "faults/write_paths.h"
 #include "support/failing_file_layer.h"
+#include "support/listed.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::test {
@@ -49,9 +50,13 @@ class FailingDevice : public TemporaryFolder {
     EXPECT_EQ(place.session.table.tableModified, !(succeeded && path.saves));
     if (!succeeded) {
       ExpectUntouched(path, fault.lasts);
-      EXPECT_EQ(place.session.listing.names, tables::ListEntries(Folder() / kLibrary).names);
+      EXPECT_EQ(place.session.listing.names, Listed(Folder() / kLibrary).names);
       files.failingStep = FailingFileLayer::kNever;
       EXPECT_TRUE(path.run(place));
+    }
+    // What was left in the place of a file that was not there yet is kept beside it.
+    if (!before_.contains(path.target)) {
+      std::filesystem::remove(Folder() / (path.target + ".bak"));
     }
     EXPECT_TRUE(ReadFolder(Folder()) == Changed(path, before_));
     return files.failedStep;

@@ -6,6 +6,7 @@
 
 #include "exchange/entry_copy.h"
 #include "platform/paths.h"
+#include "support/listed.h"
 
 namespace zentab::test {
 namespace {
@@ -101,34 +102,36 @@ Workplace::Workplace(const fs::path& folder, platform::FileLayer& files)
   session.modes.absoluteValues = true;
   FillGrid(session, kGridTime);
   session.table.tableModified = true;
-  library.SetActiveTable(platform::ToText(folder / kLibrary));
+  // A run without one begins with an empty list.
+  [[maybe_unused]] const std::error_code dropped =
+      library.SetActiveTable(platform::ToText(folder / kLibrary));
 }
 
 bool Workplace::Add(string_view name) {
-  std::size_t none = tables::kNoLine;
-  return library.EnterName(name, none) == app::NameResult::Added;
+  std::error_code error;
+  return library.EnterName(name, error) == app::NameResult::Added;
 }
 
 bool Workplace::Update(string_view name) {
-  std::size_t index = IndexOf(name);
-  return !library.UpdateEntry(index);
+  tables::EntryMark mark = session.listing.MarkOf(IndexOf(name));
+  return !library.UpdateEntry(mark);
 }
 
 bool Workplace::Remove(string_view name) {
-  std::size_t index = IndexOf(name);
-  return !library.RemoveEntry(index);
+  tables::EntryMark mark = session.listing.MarkOf(IndexOf(name));
+  return !library.RemoveEntry(mark);
 }
 
 bool Workplace::Copy(string_view source, string_view target) {
   const fs::path from = folder_ / source;
-  return !exchange::CopyEntries(writer, from, platform::StampOf(from), kEveryThird,
-                                folder_ / target)
-              .error;
+  return !exchange::CopyEntries(writer, from, Listed(from), kEveryThird, folder_ / target).error;
 }
 
 bool Workplace::WriteGraph() {
-  const app::SetGraphOutcome outcome = graphs_.SetGraph("SI");
-  return outcome.hasPoints && !outcome.error;
+  const app::SetGraphOutcome outcome = graphs_.WriteGraph("SI");
+  const bool isWritten = outcome.hasPoints && !outcome.error;
+  if (isWritten) graphs_.HandOverGraph();
+  return isWritten;
 }
 
 std::size_t Workplace::IndexOf(string_view name) const {

@@ -29,9 +29,14 @@ class FailingFileLayer final : public SteppedFileLayer {
   DeviceFault fault;
   std::size_t failingStep = kNever;
   std::size_t bytesThatFit = kNever;
-  std::string failedStep;  // the name of the step that failed
+  std::string failedStep;            // the name of the step that failed
+  std::size_t failingRead = kNever;  // of the steps that read, which are counted apart
 
  private:
+  std::error_code BeforeReading(const char*) override {
+    return reads_++ == failingRead ? std::make_error_code(fault.error) : std::error_code();
+  }
+
   std::error_code Before(const char* step) override {
     const std::size_t number = steps_++;
     if (number < failingStep || (number > failingStep && !fault.lasts)) return {};
@@ -58,6 +63,7 @@ class FailingFileLayer final : public SteppedFileLayer {
   }
 
   std::size_t steps_ = 0;
+  std::size_t reads_ = 0;
   bool failsInside_ = false;  // the failing step is a write that does a part of its work
 };
 

@@ -1,8 +1,11 @@
 #include <chrono>
 #include <thread>
 
+#include "support/failing_file_layer.h"
+#include "support/listed.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
+#include "support/waiting_file_layer.h"
 #include "tables/table_writer.h"
 
 namespace zentab::tables {
@@ -11,31 +14,35 @@ namespace {
 namespace fs = std::filesystem;
 using platform::SystemFiles;
 using test::BytesOf;
+using test::Listed;
 using NameList = std::vector<std::string>;
 
 class TableLibrary : public test::TemporaryFolder {
  protected:
   [[nodiscard]] std::error_code Replace(std::size_t index, const CurveTableEntry& entry = kEntry) {
-    return writer_.ReplaceEntry(file_, listing_, index, entry);
+    EntryMark mark = listing_.MarkOf(index);
+    return writer_.ReplaceEntry(file_, listing_, mark, entry);
   }
   [[nodiscard]] std::error_code Remove(std::size_t index) {
-    return writer_.RemoveEntry(file_, listing_, index);
+    EntryMark mark = listing_.MarkOf(index);
+    return writer_.RemoveEntry(file_, listing_, mark);
   }
   [[nodiscard]] std::error_code Append(const CurveTableEntry& entry = kEntry) {
-    std::size_t none = kNoLine;
-    return writer_.AppendEntry(file_, listing_, none, entry);
+    return writer_.AppendEntry(file_, listing_, entry);
   }
   [[nodiscard]] std::optional<std::string> Line(std::size_t index) {
+    EntryMark mark = listing_.MarkOf(index);
     std::string line;
-    return ReadEntryLine(file_, listing_, index, line) ? std::nullopt : std::optional(line);
+    return ReadEntryLine(SystemFiles(), file_, listing_, mark, line) ? std::nullopt
+                                                                     : std::optional(line);
   }
   void List(std::string_view bytes) {
     file_ = Write("t.dat", bytes);
-    listing_ = ListEntries(file_);
+    listing_ = Listed(file_);
   }
   // The listing is that of a file read anew.
   void ExpectUpToDate() {
-    const TableListing fresh = ListEntries(file_);
+    const TableListing fresh = Listed(file_);
     EXPECT_EQ(listing_.names, fresh.names);
     EXPECT_EQ(listing_.end, fresh.end);
     ASSERT_EQ(listing_.lines.size(), fresh.lines.size());
@@ -48,7 +55,8 @@ class TableLibrary : public test::TemporaryFolder {
   static const CurveTableEntry kEntry;
   fs::path file_;
   TableListing listing_;
-  TableWriter writer_{SystemFiles(), Backups::None};
+  test::WaitingFileLayer impatient_{[] { return false; }};
+  TableWriter writer_{impatient_, Backups::None};
 };
 
 const CurveTableEntry TableLibrary::kEntry = {
@@ -64,8 +72,9 @@ TEST_F(TableLibrary, ListsANameForEachLineThatHasOne) {
   EXPECT_EQ(listing_.names, (NameList{"a", "b"}));
   List("");
   EXPECT_EQ(listing_.names, NameList());
-  EXPECT_EQ(ListEntries(Folder() / "missing.dat").names, NameList());
-  EXPECT_EQ(ListEntries(Folder()).names, NameList());
+  EXPECT_FALSE(ListEntries(SystemFiles(), Folder() / "missing.dat", listing_));
+  EXPECT_EQ(listing_.names, NameList());
+  EXPECT_TRUE(ListEntries(SystemFiles(), Folder(), listing_));
 }
 
 TEST_F(TableLibrary, ReadsTheLineOfANumber) {
@@ -107,7 +116,7 @@ TEST_F(TableLibrary, AppendsBehindACompleteLastLine) {
     EXPECT_EQ(BytesOf(file_), std::string(kept) + kEntryLine);
   }
   file_ = Folder() / "fresh.dat";
-  listing_ = ListEntries(file_);
+  listing_ = Listed(file_);
   EXPECT_FALSE(Append());
   EXPECT_EQ(BytesOf(file_), kEntryLine);
   file_ = Folder() / "no folder" / "t.dat";
@@ -165,9 +174,15 @@ TEST_F(TableLibrary, AChangeFollowsItsLineOrIsNotMade) {
     std::optional<std::size_t> place;  // nothing: no change
     std::size_t index;
   } cases[] = {
-      {a + b + c, 1, 1},       {other + a + b + c, 2, 2},     {b + a + c, 0, 0},
-      {a + a + a + b, 3, 3},   {b + a + a + b + b + c, 0, 0}, {a + edited + c, {}, 1},
-      {edited + a + c, {}, 0}, {a + c, {}, kNoLine},          {a + other + c, {}, kNoLine},
+      {a + b + c, 1, 1},
+      {other + a + b + c, 2, 2},
+      {b + a + c, 0, 0},
+      {a + a + a + b, 3, 3},
+      {b + a + a + b + b + c, 0, 0},
+      {a + edited + c, {}, kNoLine},
+      {edited + a + c, {}, kNoLine},
+      {a + c, {}, kNoLine},
+      {a + other + c, {}, kNoLine},
       {"", {}, kNoLine},
   };
   for (const auto& [now, place, index] : cases) {
@@ -176,11 +191,11 @@ TEST_F(TableLibrary, AChangeFollowsItsLineOrIsNotMade) {
       List(a + b + c);
       std::this_thread::sleep_for(std::chrono::milliseconds(10));  // the file system's clock
       Write("t.dat", now);
-      std::size_t at = 1;
+      EntryMark at = listing_.MarkOf(1);
       const std::error_code error = line.empty()
                                         ? writer_.RemoveEntry(file_, listing_, at)
                                         : writer_.ReplaceEntry(file_, listing_, at, kEntry);
-      EXPECT_EQ(at, index);
+      EXPECT_EQ(at.index, index);
       if (place) {
         EXPECT_FALSE(error);
         std::string expected = now;
@@ -209,10 +224,11 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   Write("t.dat.bak", "an older one, much longer than the file that is kept now, and of no use");
   const fs::path backup = Folder() / "t.dat.bak";
   TableWriter writer(SystemFiles(), Backups::AtFirstWrite);
-  std::size_t index = 0;
-  EXPECT_FALSE(writer.AppendEntry(file_, listing_, index, kEntry));
+  EntryMark index = listing_.MarkOf(0);
+  EXPECT_FALSE(writer.AppendEntry(file_, listing_, kEntry));
   EXPECT_EQ(BytesOf(backup), kThree);
   EXPECT_FALSE(writer.RemoveEntry(file_, listing_, index));
+  index = listing_.MarkOf(0);
   EXPECT_FALSE(writer.ReplaceEntry(fs::absolute(file_), listing_, index, kEntry));
   EXPECT_EQ(BytesOf(backup), kThree);
   EXPECT_EQ(Names(), (NameList{"t.dat", "t.dat.bak"}));
@@ -222,9 +238,103 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   constexpr fs::perms kPrivate = fs::perms::owner_read | fs::perms::owner_write;
   fs::permissions(file_, kPrivate);
   TableWriter next(SystemFiles(), Backups::AtFirstWrite);
+  index = listing_.MarkOf(0);
   EXPECT_FALSE(next.RemoveEntry(file_, listing_, index));
   EXPECT_EQ(fs::status(backup).permissions(), kPrivate);
 #endif
+}
+
+TEST_F(TableLibrary, AFileWithoutEntriesReplacesNoBackupThatHasSome) {
+  for (const bool hasEntries : {true, false}) {
+    List("no entry\r\n");
+    const fs::path backup = Write("t.dat.bak", hasEntries ? kThree : "of no use");
+    TableWriter writer(SystemFiles(), Backups::AtFirstWrite);
+    EXPECT_FALSE(writer.AppendEntry(file_, listing_, kEntry));
+    EXPECT_EQ(BytesOf(backup), hasEntries ? kThree : "no entry\r\n");
+  }
+}
+
+// An older program replaces a file by writing FILE.new, removing FILE and renaming.
+TEST_F(TableLibrary, WhatIsLeftInThePlaceOfTheFileIsNeverLost) {
+  const std::string backup = "{\"old\"\t 000}\r\n";
+  for (const bool hadBackup : {true, false}) {
+    List(kThree);
+    fs::rename(file_, Folder() / "t.dat.new");
+    if (hadBackup) Write("t.dat.bak", backup);
+    EXPECT_TRUE(writer_.FindsLeftover(file_));
+    EXPECT_FALSE(Append());
+    EXPECT_EQ(BytesOf(file_), kEntryLine);
+    EXPECT_EQ(BytesOf(Folder() / "t.dat.bak"), kThree);
+    EXPECT_EQ(BytesOf(Folder() / "t.dat.bak.old"), hadBackup ? backup : "(missing)");
+    EXPECT_TRUE(writer_.HasKeptLeftover());
+    EXPECT_EQ(writer_.TakeLeftover(file_), std::errc::file_exists);
+    for (const char* const name : {"t.dat", "t.dat.bak", "t.dat.bak.old"}) {
+      fs::remove(Folder() / name);
+    }
+  }
+  Write("t.dat.new", kThree);
+  EXPECT_FALSE(writer_.TakeLeftover(file_));
+  EXPECT_EQ(BytesOf(file_), kThree);
+  // The program comes to its end while a change waits for the file.
+  List(kThree);
+  fs::rename(file_, Folder() / "t.dat.new");
+  std::thread other([this] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    fs::rename(Folder() / "t.dat.new", file_);
+  });
+  EXPECT_FALSE(TableWriter(SystemFiles(), Backups::None).AppendEntry(file_, listing_, kEntry));
+  other.join();
+  EXPECT_EQ(BytesOf(file_), std::string(kThree) + "\r\n" + kEntryLine);
+  // Entries that are still shown are no empty file.
+  List(kThree);
+  fs::remove(file_);
+  EXPECT_EQ(Append(), std::errc::no_such_file_or_directory);
+  EXPECT_FALSE(fs::exists(file_));
+  EXPECT_FALSE(Append());
+}
+
+// A mark in front of the first line stays, and is no part of its name.
+TEST_F(TableLibrary, AByteOrderMarkStaysInFront) {
+  const std::string mark = "\xEF\xBB\xBF", a = "{\"a\"\t(1;2) 000}\r\n", b = "{\"b\"\t 000}\r\n";
+  List(mark + a + b);
+  EXPECT_EQ(listing_.names, (NameList{"a", "b"}));
+  EXPECT_EQ(Line(0), "{\"a\"\t(1;2) 000}");
+  EXPECT_FALSE(Replace(0));
+  EXPECT_EQ(BytesOf(file_), mark + kEntryLine + b);
+  EXPECT_FALSE(Remove(0));
+  EXPECT_EQ(BytesOf(file_), mark + b);
+  EXPECT_FALSE(Append());
+  EXPECT_EQ(BytesOf(file_), mark + b + kEntryLine);
+  List(mark);
+  EXPECT_FALSE(Append());
+  EXPECT_EQ(BytesOf(file_), mark + kEntryLine);
+  ExpectUpToDate();
+}
+
+// A read that fails at any step changes nothing, and is told.
+TEST_F(TableLibrary, WhatCannotBeReadToItsEndIsNotChanged) {
+  std::string bytes;
+  for (int line = 0; line < 20'000; ++line) {
+    bytes += "{\"" + std::to_string(line) + "\"\t(1;2)(3;4) 000}\r\n";
+  }
+  int failures = 0;
+  for (std::size_t step = 0;; ++step) {
+    List(bytes);
+    test::FailingFileLayer files;
+    files.failingRead = step;
+    TableWriter writer(files, Backups::AtFirstWrite);
+    TableListing listing = listing_;
+    EntryMark mark = listing.MarkOf(19'999);
+    const std::error_code listed = ListEntries(files, file_, listing);
+    const std::error_code error =
+        listed ? listed : writer.ReplaceEntry(file_, listing, mark, kEntry);
+    fs::remove(Folder() / "t.dat.bak");
+    if (!error) break;
+    ++failures;
+    EXPECT_TRUE(BytesOf(file_) == bytes) << step;
+    EXPECT_EQ(listing.names.size(), 20'000u) << step;
+  }
+  EXPECT_GT(failures, 10);
 }
 
 TEST_F(TableLibrary, NamesAreComparedWithoutCase) {

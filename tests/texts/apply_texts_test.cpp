@@ -34,15 +34,17 @@ class RecordingTarget final : public TextTarget {
 class ApplyTextsTest : public test::TemporaryFolder {
  protected:
   void Apply(std::string_view bytes) {
-    ApplyTexts(Write("catalogue.txt", bytes), target, texts,
-               [](std::string_view text) { return "<" + std::string(text) + ">"; });
+    const auto error =
+        ApplyTexts(platform::SystemFiles(), Write("catalogue.txt", bytes), target, texts,
+                   [](std::string_view text) { return "<" + std::string(text) + ">"; });
+    EXPECT_FALSE(error);
   }
   RecordingTarget target;
   CatalogueTexts texts;
 };
 
 TEST_F(ApplyTextsTest, AMissingFileChangesNothingButTheInstrumentNames) {
-  ApplyTexts(Folder() / "missing", target, texts, {});
+  EXPECT_TRUE(ApplyTexts(platform::SystemFiles(), Folder() / "missing", target, texts, {}));
   EXPECT_EQ(target.captions.size(), 1u);
   EXPECT_TRUE(target.tips.empty() && target.shown.empty());
   EXPECT_EQ(texts.instruments[1].name, "Current");
@@ -131,7 +133,8 @@ TEST(InstrumentFrame, BlanksHideIt) {
   CatalogueTexts texts;
   const auto file = std::filesystem::temp_directory_path() / "zentab-frame-test.txt";
   std::ofstream(file) << "F1.INSTRUMENTS.TEXT {  }\n";
-  ApplyTexts(file, target, texts, [](std::string_view text) { return std::string(text); });
+  EXPECT_FALSE(ApplyTexts(platform::SystemFiles(), file, target, texts,
+                          [](std::string_view text) { return std::string(text); }));
   std::filesystem::remove(file);
   EXPECT_FALSE(target.shown.at("Frame1"));
 }
@@ -146,7 +149,9 @@ TEST(ShippedCatalogues, HaveEveryKeyOnceAndNoneBehindALongerOne) {
       EXPECT_EQ(all.find("\n" + key + " {", line + 1), std::string::npos) << name << ": " << key;
       EXPECT_EQ(all.find(key), line + 1) << name << ": another line is found for " << key;
       const std::size_t begin = line + key.size() + 3;
-      EXPECT_EQ(LookupText(key, file), all.substr(begin, all.find('}', begin) - begin));
+      std::string text;
+      EXPECT_FALSE(LookupText(platform::SystemFiles(), key, file, text));
+      EXPECT_EQ(text, all.substr(begin, all.find('}', begin) - begin));
     }
   }
 }

@@ -41,18 +41,27 @@ TEST_F(CatalogueFile, TheFirstLineWithTheKeyGivesTheText) {
       {"", "K.A", ""},
       {std::string_view("\0\xFF{}}K.A\0\nK.A {x}", 16), "K.A", ""},
   };
+  std::string text;
+  std::vector<std::string> texts;
   for (const LookupCase& c : cases) {
     const auto file = Write("catalogue.txt", c.bytes);
-    EXPECT_EQ(LookupText(c.key, file), c.text) << c.bytes.substr(0, 80);
-    EXPECT_EQ(LookupTexts(std::vector{std::string(c.key)}, file).front(), c.text)
-        << c.bytes.substr(0, 80);
+    EXPECT_FALSE(LookupText(platform::SystemFiles(), c.key, file, text));
+    EXPECT_EQ(text, c.text) << c.bytes.substr(0, 80);
+    const std::vector keys = {std::string(c.key)};
+    EXPECT_FALSE(LookupTexts(platform::SystemFiles(), keys, file, texts));
+    EXPECT_EQ(texts.front(), c.text) << c.bytes.substr(0, 80);
   }
 }
 
 TEST_F(CatalogueFile, AMissingFileOrAFolderHasNoTexts) {
   for (const auto& file : {Folder() / "missing.txt", Folder(), std::filesystem::path()}) {
-    EXPECT_EQ(LookupText("K.", file), "");
-    EXPECT_EQ(LookupTexts(std::vector<std::string>{"K."}, file).front(), "");
+    std::string text = "former";
+    EXPECT_TRUE(LookupText(platform::SystemFiles(), "K.", file, text));
+    EXPECT_EQ(text, "");
+    std::vector<std::string> texts;
+    const std::vector<std::string> keys = {"K."};
+    EXPECT_TRUE(LookupTexts(platform::SystemFiles(), keys, file, texts));
+    EXPECT_EQ(texts.front(), "");
   }
 }
 

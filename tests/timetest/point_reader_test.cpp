@@ -2,7 +2,9 @@
 
 #include <random>
 
+#include "platform/file_errors.h"
 #include "support/cases.h"
+#include "support/failing_file_layer.h"
 #include "support/temporary_folder.h"
 #include "texts/number_text.h"
 #include "timetest/section_lines.h"
@@ -10,13 +12,16 @@
 namespace zentab::timetest {
 namespace {
 
+using platform::SystemFiles;
 using std::string;
 
 class PointReader : public test::TemporaryFolder {
  protected:
   [[nodiscard]] static string Entry(const ResultSource& source, const string& key) {
     string secondKey;
-    return ReadSectionEntry(key, source.heading, secondKey, source.file, kSeparator, kEndMarker);
+    return ReadSectionEntry(SystemFiles(), key, source.heading, secondKey, source.file, kSeparator,
+                            kEndMarker)
+        .value;
   }
 
   // The points as they come entry by entry.
@@ -35,13 +40,14 @@ class PointReader : public test::TemporaryFolder {
   }
 
   static void ExpectTheSame(const ResultSource& source, const string& what) {
-    const auto read = ReadTimeTest(source, {true, true, 0.0}, ProgressMeter({}, 0.0, 1.0));
+    ReadPoints read;
+    ASSERT_FALSE(
+        ReadTimeTest(SystemFiles(), source, {true, true, 0.0}, ProgressMeter({}, 0.0, 1.0), read));
     const std::vector<MeasuredPoint> expected = EntryByEntry(source);
-    ASSERT_TRUE(read);
-    ASSERT_EQ(read->points.size(), expected.size()) << what;
+    ASSERT_EQ(read.points.size(), expected.size()) << what;
     for (std::size_t at = 0; at < expected.size(); ++at) {
-      EXPECT_EQ(read->points[at].load, expected[at].load) << what << ", entry " << at + 1;
-      EXPECT_EQ(read->points[at].time, expected[at].time) << what << ", entry " << at + 1;
+      EXPECT_EQ(read.points[at].load, expected[at].load) << what << ", entry " << at + 1;
+      EXPECT_EQ(read.points[at].time, expected[at].time) << what << ", entry " << at + 1;
     }
   }
 };
@@ -52,10 +58,14 @@ TEST_F(PointReader, ReadSectionEntryFollowsTheFilesLayout) {
     // Headings and values are texts; the file may be in the system's code page.
     const auto file = Write("result.txt", row[0]);
     string secondKey = row[3];
-    EXPECT_EQ(ReadSectionEntry(row[2], row[1], secondKey, file, kSeparator, kEndMarker), row[4])
+    EXPECT_EQ(
+        ReadSectionEntry(SystemFiles(), row[2], row[1], secondKey, file, kSeparator, kEndMarker)
+            .value,
+        row[4])
         << row[0];
     EXPECT_EQ(secondKey, row[3].empty() ? row[2] : row[3]);
-    EXPECT_EQ(HasEntries({file, row[1]}), !texts::TrimBlanks(Entry({file, row[1]}, "1")).empty());
+    EXPECT_EQ(HasEntries(SystemFiles(), {file, row[1]}),
+              !texts::TrimBlanks(Entry({file, row[1]}, "1")).empty());
   }
 }
 
@@ -94,13 +104,37 @@ TEST_F(PointReader, OneReadingGivesWhatTheEntriesGive) {
   }
 }
 
+// A file that cannot be read to its end is no shorter one, and a heading that cannot be read is not
+// none.
+TEST_F(PointReader, SaysThatReadingFailed) {
+  string bytes = "T\n";
+  for (int entry = 1; entry <= 40'000; ++entry) bytes += std::to_string(entry) + "\t1\t2\t\n";
+  const ResultSource source = {Write("result.txt", bytes), "T"};
+  for (std::size_t step = 0; step < 3; ++step) {
+    test::FailingFileLayer files;
+    files.failingRead = step;
+    ReadPoints read;
+    EXPECT_EQ(ReadTimeTest(files, source, {}, ProgressMeter({}, 0.0, 1.0), read),
+              std::errc::io_error);
+    EXPECT_TRUE(read.points.empty());
+    Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {T}");
+    test::FailingFileLayer again;
+    again.failingRead = step / 2;
+    ResultSource found;
+    EXPECT_EQ(FindResultSource(again, Folder(), tables::Instrument::Current, found),
+              std::errc::io_error);
+  }
+}
+
 TEST_F(PointReader, CanBeStoppedAtLongLinesAndBeforeTheHeading) {
   const string line(3'000'000, 'x');
   for (const string& bytes : {line + "\nT\n1\t1\t2\t\n", "T\n1\t1\t2\t" + line + "\n"}) {
     int reports = 0;
     const ProgressReport stop = [&](double) { return ++reports == 0; };
     const ResultSource source = {Write("result.txt", bytes), "T"};
-    EXPECT_FALSE(ReadTimeTest(source, {}, ProgressMeter(stop, 0.0, 1.0)));
+    ReadPoints read;
+    EXPECT_EQ(ReadTimeTest(SystemFiles(), source, {}, ProgressMeter(stop, 0.0, 1.0), read),
+              platform::FileError::GivenUp);
     EXPECT_EQ(reports, 1);
   }
 }
@@ -109,7 +143,9 @@ TEST_F(PointReader, BringsLoadsAndTimesToTheModes) {
   const ResultSource source = {Write("result.txt", "T\n1\t6\t1500\t\n2\t3\t9000\t\n3\t4.5\t60\t\n"),
                                "T"};
   const auto points = [&](const ReadingModes& modes) {
-    return *ReadTimeTest(source, modes, ProgressMeter({}, 0.0, 1.0));
+    ReadPoints read;
+    EXPECT_FALSE(ReadTimeTest(SystemFiles(), source, modes, ProgressMeter({}, 0.0, 1.0), read));
+    return read;
   };
   const ReadPoints relative = points({false, false, 1.5});
   EXPECT_EQ(relative.points[0].load, 4.0);
@@ -131,11 +167,16 @@ TEST_F(PointReader, FindsTheSourceOfAnInstrument) {
   std::filesystem::create_directories(Folder() / "Data" / "current");
   std::ofstream(Folder() / "Data" / "current" / "RESULT.TXT") << "x";
   Write("fo.txt", "heading.current.timetest.txt {Prüfung Strom}\n");
-  const ResultSource current = FindResultSource(Folder(), tables::Instrument::Current);
+  const auto find = [this](tables::Instrument instrument) {
+    ResultSource source;
+    EXPECT_FALSE(FindResultSource(SystemFiles(), Folder(), instrument, source));
+    return source;
+  };
+  const ResultSource current = find(tables::Instrument::Current);
   EXPECT_EQ(current.heading, "Prüfung Strom");
   EXPECT_TRUE(std::filesystem::exists(current.file)) << current.file;
-  EXPECT_EQ(FindResultSource(Folder(), tables::Instrument::Voltage).heading, "");
-  EXPECT_EQ(FindResultSource(Folder(), tables::Instrument::None).file, "");
+  EXPECT_EQ(find(tables::Instrument::Voltage).heading, "");
+  EXPECT_EQ(find(tables::Instrument::None).file, "");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <set>
 
+#include "support/listed.h"
 #include "support/temporary_folder.h"
 #include "tables/table_listing.h"
 #include "tools/demo_curves.h"
@@ -16,7 +17,7 @@ TEST(DemoLibrary, IsWhatTheGeneratorMakes) {
   ASSERT_TRUE(test::BytesOf(kCheckedIn) == DemoLibrary()) << kHowToMake;
   std::vector<std::string> names;
   for (const auto& curve : DemoCurves()) names.push_back(curve.name);
-  EXPECT_EQ(tables::ListEntries(kCheckedIn).names, names);
+  EXPECT_EQ(test::Listed(kCheckedIn).names, names);
   EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size());
 }
 

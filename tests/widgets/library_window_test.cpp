@@ -50,10 +50,10 @@ class LibraryWindowTest : public QObject {
     QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|Cäsar"));
     QCOMPARE(f.SelectedRow(), 2);
     ExpectEdits();
-    // Changed by someone else, it is still the one to look at.
+    // Its name alone does not make it the entry that was selected.
     f.Write("relayTables.dat", "{\"Berta\"\t(9;9) 000}\r\n" + kA);
     QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("Berta|Anna"));
-    QCOMPARE(f.SelectedRow(), 0);
+    QCOMPARE(f.SelectedRow(), -1);
     f.Write("relayTables.dat", kA);
     QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("Anna"));
     QCOMPARE(f.SelectedRow(), -1);
@@ -89,12 +89,66 @@ class LibraryWindowTest : public QObject {
       f.Click(command);
       QCOMPARE(f.Bytes(), theirs);
       QCOMPARE(NamesIn(*f.window), QStringLiteral("Cäsar|foreign"));
-      QCOMPARE(f.SelectedRow(), 0);
+      QCOMPARE(f.SelectedRow(), -1);
       QVERIFY(Message().contains(QStringLiteral("Another program")));
       QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("8"));
     }
+    f.Select(0);
     f.Click("Command1");
     QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("6"));
+  }
+
+  // Once the list shows what someone else has done to the entry, the first of its name (11) and the
+  // second (21), the commands still mean the entry that the user saw.
+  void TheQuietLookLeavesNobodysEntryToACommand() {
+    const QByteArray b11 = "{\"B\"\t(11;1)(40;2) 000}\r\n", b21 = "{\"B\"\t(21;1)(40;2) 000}\r\n",
+                     b31 = "{\"B\"\t(31;1)(40;2) 000}\r\n";
+    const struct {
+      QByteArray now;
+      bool selectsAgain;  // the first of that name, as it is now
+      bool isStopped;     // an Update
+    } cases[] = {
+        {kA + b11 + kC, false, true},
+        {kA + b11 + kC, true, true},
+        {kA + b11 + kC + b31, false, true},
+        {b21 + kA + b11, false, false},
+    };
+    for (const auto& [now, selectsAgain, isStopped] : cases) {
+      for (const char* const command : {"Command4", "Command2"}) {
+        made_ = std::make_unique<WindowFixture>(kA + b11 + kC + b21);
+        WindowFixture& f = *made_;
+        f.Select(3);
+        f.Click("Command1");
+        f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+        f.Find<editor::CurveGridView>("MSFlexGrid1")->CloseEditor();
+        f.Write("relayTables.dat", now);
+        const qsizetype entries = now.count('\n');
+        QTRY_COMPARE(f.Find<QListView>("List1")->model()->rowCount(), static_cast<int>(entries));
+        QTRY_VERIFY(isStopped == (f.SelectedRow() == -1));
+        if (selectsAgain) f.Select(1);
+        f.Click(command);
+        // What the user selects himself he may remove.
+        const bool isDone = !isStopped || (selectsAgain && command == std::string("Command2"));
+        QCOMPARE(f.Bytes() == now, !isDone);
+        QCOMPARE(Message().contains(QStringLiteral("Another program")), !isDone);
+        QVERIFY(f.Bytes().contains(kA));
+        if (!isDone) QVERIFY(f.session.table.tableModified);
+      }
+    }
+  }
+
+  // The list is shown anew while the question waits for its answer.
+  void TheAnswerIsForTheEntryThatWasAskedAbout() {
+    for (const char* const command : {"Command4", "Command2"}) {
+      WindowFixture& f = StartWithEdits();
+      f.dialogs.onConfirm = [&f] {
+        f.Write("relayTables.dat", kForeign + kA + kC);
+        QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Cäsar"));
+      };
+      f.Click(command);
+      QCOMPARE(f.Bytes(), kForeign + kA + kC);
+      QVERIFY(Message().contains(QStringLiteral("Another program")));
+    }
   }
 
   void ANameIsEnteredIntoTheFileAsItIsNow() {

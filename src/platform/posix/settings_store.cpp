@@ -13,26 +13,21 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLargestFile = 16u << 20;
 
-fs::path FileOf(std::string_view application) {
-  const fs::path folder = ConfigurationFolder("ZENTAB_SETTINGS_DIR");
-  return folder.empty() ? folder : folder / ToPath(std::string(application) + ".ini");
-}
-
 // The file's text with the settings in it, and whether they are anything new.
 std::error_code PutSettings(const fs::path& file, std::string_view section,
                             const std::vector<Setting>& settings, std::string& text,
                             bool& differs) {
-  const std::optional<std::string> former = ReadWholeFile(file, kLargestFile);
-  std::error_code error;
-  if (!former && fs::exists(file, error)) return std::make_error_code(std::errc::io_error);
-  IniText ini(former.value_or(std::string()));
+  std::string former;
+  const std::error_code error = ReadWholeFile(SystemFiles(), file, kLargestFile, former);
+  if (error && error != std::errc::no_such_file_or_directory) return error;
+  IniText ini(former);
   for (const Setting& setting : settings) {
     if (!ini.Set(section, setting.key, setting.value)) {
       return std::make_error_code(std::errc::invalid_argument);
     }
   }
   text = ini.Text();
-  differs = former != text;
+  differs = error || former != text;
   return {};
 }
 
@@ -42,8 +37,9 @@ class IniSettingsStore final : public SettingsStore {
                                   std::string_view key) const override {
     const fs::path file = FileOf(application);
     if (file.empty()) return std::nullopt;
-    const std::optional<std::string> text = ReadWholeFile(file, kLargestFile);
-    return text ? IniText(*text).Find(section, key) : std::nullopt;
+    std::string text;
+    if (ReadWholeFile(SystemFiles(), file, kLargestFile, text)) return std::nullopt;
+    return IniText(std::move(text)).Find(section, key);
   }
 
   std::error_code Save(std::string_view application, std::string_view section,
@@ -63,6 +59,13 @@ class IniSettingsStore final : public SettingsStore {
       return putting ? putting : output.Write(text);
     });
   }
+
+ private:
+  [[nodiscard]] fs::path FileOf(std::string_view application) const {
+    return folder_.empty() ? folder_ : folder_ / ToPath(std::string(application) + ".ini");
+  }
+
+  fs::path folder_ = ConfigurationFolder("ZENTAB_SETTINGS_DIR");
 };
 
 }  // namespace

@@ -5,12 +5,11 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
-#include <QTextDocument>
 
 #include "app/library_commands.h"
 #include "app/session_texts.h"
 #include "app/settings.h"
-#include "app/widgets/responsive_files.h"
+#include "app/widgets/files/responsive_files.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/window_placement.h"
 #include "exchange/entry_copy.h"
@@ -59,7 +58,10 @@ ExchangeDialog* ExchangeController::MakeDialog(Mode mode) {
   dialog->setFont(window_.font());
   dialog->list1->setItemDelegate(new RoomyRows(dialog->list1));
   ShowTexts(*dialog);
-  RestorePlacement(*dialog, LoadExchangePlacement(store_, title_));
+  const auto load = [&store = store_, title = title_] {
+    return LoadExchangePlacement(store, title);
+  };
+  RestorePlacement(*dialog, platform::AskFor(files_, load).value_or(Placement()));
   connect(dialog, &ExchangeDialog::Opened, this, [this, dialog] { ChooseFile(*dialog); });
   connect(dialog, &ExchangeDialog::SelectionChanged, this,
           [this, dialog] { ShowSelection(*dialog); });
@@ -77,8 +79,11 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   }
   fileChosen_ = true;
   session_.exchangeFile = QDir::toNativeSeparators(file).toStdString();
+  std::error_code error;
   if (importing) {
-    ListSource();
+    dialog.isAtWork = true;
+    error = ListSource();
+    dialog.isAtWork = false;
   } else {
     listing_ = session_.listing;
     entries_.Reload();
@@ -86,32 +91,40 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   dialog.command1->setEnabled(importing || !listing_.names.empty());
   ShowTexts(dialog);
   ShowSelection(dialog);
+  if (error)
+    dialog.outcome->setText(
+        FailureText(session_.texts.program, session_.texts.program.listFailed, error));
   dialog.list1->setFocus();
 }
 
 void ExchangeController::Execute(ExchangeDialog& dialog) {
   dialog.command1->setEnabled(false);
+  dialog.isAtWork = true;
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const std::filesystem::path target =
-      mode_ == Mode::Import ? ActiveTableFile(session_) : platform::ToPath(session_.exchangeFile);
+  const std::filesystem::path target = mode_ == Mode::Import
+                                           ? ActiveTableFile(files_, PlaceOf(session_))
+                                           : platform::ToPath(session_.exchangeFile);
   exchange::CopyResult result;
   {
     const ResponsiveFiles::Work work(files_);
-    result =
-        exchange::CopyEntries(writer_, Source(), listing_.stamp, dialog.SelectedRows(), target);
+    result = exchange::CopyEntries(writer_, Source(), listing_, dialog.SelectedRows(), target);
   }
   const bool isStale = result.error == tables::kEntryChanged;
-  if (isStale || CopiesOntoItself()) ListSource();
+  std::error_code listing;
+  if (isStale || CopiesOntoItself()) listing = ListSource();
+  dialog.isAtWork = false;
   QGuiApplication::restoreOverrideCursor();
   dialog.command1->setEnabled(true);
   // The button lost the focus when it was disabled; what comes next is another selection.
   dialog.list1->setFocus();
   const texts::ProgramTexts& texts = session_.texts.program;
-  if (isStale) {
+  if (listing) {
+    dialog.outcome->setText(FailureText(texts, texts.listFailed, listing));
+  } else if (isStale) {
     dialog.outcome->setText(QString::fromStdString(texts.fileChanged));
   } else if (result.error) {
     const std::string& what = writer_.LacksBackup() ? texts.backupFailed : texts.copyFailed;
-    dialog.outcome->setText(FailureText(what, result.error));
+    dialog.outcome->setText(FailureText(texts, what, result.error));
   } else {
     const std::string count = std::to_string(result.copied);
     dialog.outcome->setText(
@@ -119,15 +132,17 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
   }
 }
 
-std::filesystem::path ExchangeController::Source() const {
+std::filesystem::path ExchangeController::Source() {
   return mode_ == Mode::Import ? platform::ToPath(session_.exchangeFile)
-                               : ActiveTableFile(session_);
+                               : ActiveTableFile(files_, PlaceOf(session_));
 }
 
-void ExchangeController::ListSource() {
+std::error_code ExchangeController::ListSource() {
   const ResponsiveFiles::Work work(files_);
-  listing_ = tables::ListEntries(Source(), writer_.Alive());
+  listing_ = {};
+  const std::error_code error = tables::ListEntries(files_, Source(), listing_);
   entries_.Reload();
+  return error;
 }
 
 void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
@@ -137,9 +152,7 @@ void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
     return QString::fromStdString(Expanded(session_, raw));
   };
   const auto tip = [&](QWidget* control, const std::string& raw) {
-    // Plain text would stand in one line, however long.
-    if (!raw.empty())
-      control->setToolTip(Qt::convertFromPlainText(text(raw), Qt::WhiteSpaceNormal));
+    if (!raw.empty()) control->setToolTip(text(raw));
   };
   // A heading that names the file has to wait until one is chosen.
   const bool complete = fileChosen_ || texts.heading.find("%G") == std::string::npos;
@@ -156,16 +169,22 @@ void ExchangeController::ShowSelection(ExchangeDialog& dialog) const {
       QString::fromStdString(Expanded(session_, session_.texts.program.entriesSelected, {count})));
 }
 
-void ExchangeController::StorePlacement(const ExchangeDialog& dialog) const {
+void ExchangeController::StorePlacement(const ExchangeDialog& dialog) {
   // The dialog closes whether or not its place is remembered.
-  [[maybe_unused]] const std::error_code dropped =
-      SaveExchangePlacement(store_, title_, PlacementOf(dialog));
+  const auto save = [&store = store_, title = title_, placement = PlacementOf(dialog)] {
+    return SaveExchangePlacement(store, title, placement);
+  };
+  [[maybe_unused]] const std::error_code dropped = files_.Ask(save);
 }
 
-bool ExchangeController::CopiesOntoItself() const {
-  std::error_code error;
-  return fileChosen_ && std::filesystem::equivalent(ActiveTableFile(session_),
-                                                    platform::ToPath(session_.exchangeFile), error);
+bool ExchangeController::CopiesOntoItself() {
+  if (!fileChosen_) return false;
+  const auto ask = [active = ActiveTableFile(files_, PlaceOf(session_)),
+                    chosen = platform::ToPath(session_.exchangeFile)] {
+    std::error_code unknown;
+    return std::filesystem::equivalent(active, chosen, unknown);
+  };
+  return platform::AskFor(files_, ask).value_or(false);
 }
 
 }  // namespace zentab::app

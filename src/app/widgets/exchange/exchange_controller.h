@@ -43,10 +43,10 @@ class ExchangeController : public QObject {
   void Execute(exchange::ExchangeDialog& dialog);
   void ShowTexts(exchange::ExchangeDialog& dialog) const;
   void ShowSelection(exchange::ExchangeDialog& dialog) const;
-  void StorePlacement(const exchange::ExchangeDialog& dialog) const;
-  [[nodiscard]] bool CopiesOntoItself() const;
-  [[nodiscard]] std::filesystem::path Source() const;
-  void ListSource();
+  void StorePlacement(const exchange::ExchangeDialog& dialog);
+  [[nodiscard]] bool CopiesOntoItself();
+  [[nodiscard]] std::filesystem::path Source();
+  [[nodiscard]] std::error_code ListSource();
 
   Session& session_;
   ResponsiveFiles& files_;

@@ -1,11 +1,11 @@
 #include "app/widgets/library/library_controller.h"
 
-#include <QApplication>
 #include <QTimer>
+#include <memory>
 
+#include "app/widgets/files/responsive_files.h"
 #include "app/widgets/library/entry_list_model.h"
 #include "app/widgets/library/library_panel.h"
-#include "app/widgets/responsive_files.h"
 #include "app/widgets/status_line.h"
 
 namespace zentab::app {
@@ -40,14 +40,16 @@ LibraryController::LibraryController(Session& session, ResponsiveFiles& files,
 
 void LibraryController::FillEntryList() {
   const ResponsiveFiles::Work work(files_);
-  commands_.FillEntryList();
-  ShowFromStart();
+  ShowFromStart(commands_.FillEntryList());
 }
 
-void LibraryController::ShowFromStart() {
+void LibraryController::ShowFromStart(std::error_code error) {
+  isLost_ = false;
   panel_.ShowAllNames();
   watch_->start();
   Q_EMIT LibraryChanged();
+  if (error)
+    Q_EMIT Failed(FailureText(session_.texts.program, session_.texts.program.listFailed, error));
 }
 
 void LibraryController::Filter(const QString& text) {
@@ -56,43 +58,51 @@ void LibraryController::Filter(const QString& text) {
 }
 
 void LibraryController::Read() {
-  std::optional<std::size_t> index = Selected();
-  if (!index) return;
+  std::optional<tables::EntryMark> mark = Begin();
+  if (!mark) return;
   Q_EMIT GridNeeded();
-  if (session_.table.tableModified && !Agreed(MessageBox::DiscardEdits, *index)) return;
-  if (!Run(&LibraryCommands::ReadEntry, *index)) return;
+  if (session_.table.tableModified && !Agreed(MessageBox::DiscardEdits, *mark)) return;
+  if (!Run(&LibraryCommands::ReadEntry, *mark)) return;
   Q_EMIT TableRead();
   Q_EMIT LibraryChanged();
 }
 
 void LibraryController::Remove() {
-  std::optional<std::size_t> index = Selected();
-  if (!index || !Agreed(MessageBox::ConfirmRemoval, *index)) return;
-  if (!Run(&LibraryCommands::RemoveEntry, *index)) return;
+  std::optional<tables::EntryMark> mark = Begin();
+  if (!mark || !Agreed(MessageBox::ConfirmRemoval, *mark)) return;
+  if (!Run(&LibraryCommands::RemoveEntry, *mark)) return;
   // The entry that moved up is the next one to look at; behind the last one it is the one before.
-  panel_.ShowNamesFrom(*index);
+  panel_.ShowNamesFrom(mark->index);
   Q_EMIT LibraryChanged();
 }
 
 void LibraryController::AddNew() {
+  Q_EMIT CommandBegun();
   Q_EMIT GridNeeded();
   panel_.OpenNameBox();
 }
 
 void LibraryController::Update() {
-  std::optional<std::size_t> index = Selected();
-  if (!index) return;
+  std::optional<tables::EntryMark> mark = Begin();
+  if (!mark) return;
   Q_EMIT GridNeeded();
-  if (!Agreed(MessageBox::ConfirmUpdate, *index)) return;
-  if (!Run(&LibraryCommands::UpdateEntry, *index)) return;
+  if (!Agreed(MessageBox::ConfirmUpdate, *mark)) return;
+  if (!Run(&LibraryCommands::UpdateEntry, *mark)) return;
   Q_EMIT LibraryChanged();
 }
 
 void LibraryController::EnterName(const QString& name) {
   if (files_.IsAtWork()) return;
-  switch (Add(name)) {
-    case NameResult::Empty:
+  Q_EMIT CommandBegun();
+  if (!name.trimmed().isEmpty() && TakesLeftover()) return;
+  std::error_code error;
+  switch (Add(name, error)) {
     case NameResult::Added:
+      if (writer_.HasKeptLeftover()) {
+        Q_EMIT Failed(QString::fromStdString(session_.texts.program.leftoverKept));
+      }
+      [[fallthrough]];
+    case NameResult::Empty:
       panel_.CloseNameBox();
       break;
     case NameResult::Duplicate:
@@ -102,42 +112,97 @@ void LibraryController::EnterName(const QString& name) {
       break;
     case NameResult::NotWritten:
       // The box keeps the name for another try.
-      Q_EMIT Failed(QString::fromStdString(WriteFailure()));
+      Q_EMIT Failed(FailureText(session_.texts.program, WriteFailure(), error));
       break;
   }
+}
+
+// The list shows then what was missing, and the box keeps the name for another Enter.
+bool LibraryController::TakesLeftover() {
+  const ResponsiveFiles::Work work(files_);
+  if (!commands_.FindsLeftover()) return false;
+  const texts::ProgramTexts& texts = session_.texts.program;
+  const std::string text = Expanded(session_, texts.leftoverText);
+  if (!dialogs_.Confirm({texts.leftoverHeading, text})) return false;
+  ShowFromStart(commands_.TakeLeftover());
+  return true;
 }
 
 void LibraryController::SetActiveTable() {
   if (files_.IsAtWork()) return;
   const QString file = dialogs_.ChooseTableFile();
   if (file.isEmpty()) return;
+  Q_EMIT CommandBegun();
   const ResponsiveFiles::Work work(files_);
-  commands_.SetActiveTable(file.toStdString());
-  ShowFromStart();
+  ShowFromStart(commands_.SetActiveTable(file.toStdString()));
   Q_EMIT TableFileChosen();
 }
 
 void LibraryController::LookAtFile() {
-  // A question is about the entry that is selected now.
-  if (files_.IsAtWork() || QApplication::activeModalWidget() != nullptr) return;
-  const std::optional<platform::FileStamp> now = platform::StampOf(ActiveTableFile(session_));
-  const bool isSettled = now == seen_;
-  seen_ = now;
-  if (!isSettled || now == session_.listing.stamp) return;
-  const ResponsiveFiles::Work work(files_);
-  std::size_t index = panel_.SelectedIndex().value_or(tables::kNoLine);
-  if (!commands_.RefreshEntryList(index)) return;
-  panel_.ShowNames(index);
+  if (isLooking_ || files_.IsAtWork()) return;
+  isLooking_ = true;
+  files_.Quietly(
+      [place = PlaceOf(session_)](platform::FileLayer& files) {
+        Look look;
+        look.error = files.StampOf(ActiveTableFile(files, place), look.stamp);
+        return look;
+      },
+      [this](const Look& look) {
+        isLooking_ = false;
+        if (look.error) return;
+        const bool isSettled = look.stamp == seen_;
+        seen_ = look.stamp;
+        if (isSettled && look.stamp != session_.listing.stamp) ListQuietly();
+      });
+}
+
+void LibraryController::ListQuietly() {
+  isLooking_ = true;
+  files_.Quietly(
+      [place = PlaceOf(session_)](platform::FileLayer& files) {
+        Listed listed;
+        listed.tablePath = place.tablePath;
+        // One that cannot be read now is tried again at the next look.
+        listed.isRead = !tables::ListEntries(files, ActiveTableFile(files, place), listed.listing);
+        return listed;
+      },
+      [this](Listed&& listed) {
+        isLooking_ = false;
+        const bool isNews = listed.listing.stamp != session_.listing.stamp;
+        if (!listed.isRead || !isNews || listed.tablePath != session_.tablePath) return;
+        Take(std::move(listed.listing));
+      });
+}
+
+void LibraryController::Take(tables::TableListing fresh) {
+  const std::optional<std::size_t> selected = panel_.SelectedIndex();
+  const tables::EntryMark mark = session_.listing.MarkOf(selected.value_or(tables::kNoLine));
+  fresh.readings += session_.listing.readings;
+  // To free a million names takes longer than to show them.
+  auto former = std::make_shared<tables::TableListing>(std::move(session_.listing));
+  session_.listing = std::move(fresh);
+  files_.Post([former = std::move(former)]() mutable { former.reset(); });
+  const std::size_t place = session_.listing.PlaceOf(mark);
+  isLost_ = isLost_ || (selected && place == tables::kNoLine);
+  panel_.ShowNames(place);
   Q_EMIT LibraryChanged();
 }
 
-std::optional<std::size_t> LibraryController::Selected() const {
-  return files_.IsAtWork() ? std::nullopt : panel_.SelectedIndex();
+std::optional<tables::EntryMark> LibraryController::Begin() {
+  if (files_.IsAtWork()) return std::nullopt;
+  Q_EMIT CommandBegun();
+  const std::optional<std::size_t> selected = panel_.SelectedIndex();
+  if (selected) {
+    isLost_ = false;
+    return session_.listing.MarkOf(*selected);
+  }
+  if (isLost_) Q_EMIT Failed(QString::fromStdString(session_.texts.program.entryChanged));
+  return std::nullopt;
 }
 
-bool LibraryController::Agreed(MessageBox box, std::size_t index) const {
+bool LibraryController::Agreed(MessageBox box, const tables::EntryMark& mark) const {
   return dialogs_.Confirm(
-      MessageFor(session_, box, ShownName(session_.listing.names[index]).toStdString()));
+      MessageFor(session_, box, ShownName(session_.listing.names[mark.index]).toStdString()));
 }
 
 const std::string& LibraryController::WriteFailure() const {
@@ -145,31 +210,36 @@ const std::string& LibraryController::WriteFailure() const {
   return writer_.LacksBackup() ? texts.backupFailed : texts.writeFailed;
 }
 
-bool LibraryController::Run(Command command, std::size_t& index) {
+bool LibraryController::Run(Command command, tables::EntryMark& mark) {
   const std::size_t readings = session_.listing.readings;
   const ResponsiveFiles::Work work(files_);
-  const std::error_code error = (commands_.*command)(index);
+  const std::error_code error = (commands_.*command)(mark);
   if (session_.listing.readings != readings) {
-    panel_.ShowNames(index);
+    isLost_ = mark.index == tables::kNoLine;
+    panel_.ShowNames(mark.index);
     Q_EMIT LibraryChanged();
   }
   if (error == tables::kEntryChanged) {
     Q_EMIT Failed(QString::fromStdString(session_.texts.program.entryChanged));
   } else if (error) {
     const bool reads = command == &LibraryCommands::ReadEntry;
-    Q_EMIT Failed(FailureText(reads ? session_.texts.program.readFailed : WriteFailure(), error));
+    Q_EMIT Failed(FailureText(session_.texts.program,
+                              reads ? session_.texts.program.readFailed : WriteFailure(), error));
   }
   return !error;
 }
 
-NameResult LibraryController::Add(const QString& name) {
+NameResult LibraryController::Add(const QString& name, std::error_code& error) {
   const std::size_t readings = session_.listing.readings;
   const ResponsiveFiles::Work work(files_);
-  std::size_t index = panel_.SelectedIndex().value_or(tables::kNoLine);
-  const NameResult result = commands_.EnterName(name.toStdString(), index);
+  const std::optional<std::size_t> selected = panel_.SelectedIndex();
+  const tables::EntryMark mark = session_.listing.MarkOf(selected.value_or(tables::kNoLine));
+  const NameResult result = commands_.EnterName(name.toStdString(), error);
   if (result == NameResult::Added || session_.listing.readings != readings) {
     // The new entry is not selected.
-    panel_.ShowNames(index);
+    const std::size_t place = session_.listing.PlaceOf(mark);
+    isLost_ = isLost_ || (selected && place == tables::kNoLine);
+    panel_.ShowNames(place);
     Q_EMIT LibraryChanged();
   }
   return result;

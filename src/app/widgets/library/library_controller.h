@@ -35,9 +35,12 @@ class LibraryController : public QObject {
   void EnterName(const QString& name);
   void SetActiveTable();
   /// Shows the list anew if the file has changed and has not changed again since the last look.
+  /// The selection stays with its line; a line that is gone has none.
   void LookAtFile();
 
  Q_SIGNALS:
+  /// What was said of the command before is over.
+  void CommandBegun();
   /// A command is about to use the grid: an open cell editor closes.
   void GridNeeded();
   /// Grid and settings hold another table.
@@ -50,16 +53,31 @@ class LibraryController : public QObject {
   void Failed(const QString& text);
 
  private:
-  using Command = std::error_code (LibraryCommands::*)(std::size_t&);
+  using Command = std::error_code (LibraryCommands::*)(tables::EntryMark&);
 
-  void ShowFromStart();
+  struct Look {
+    std::error_code error;
+    std::optional<platform::FileStamp> stamp;
+  };
+  struct Listed {
+    std::string tablePath;
+    tables::TableListing listing;
+    bool isRead = false;
+  };
+
+  void ShowFromStart(std::error_code error);
   void Filter(const QString& text);
-  /// What a command works on: nothing while another one is at work.
-  [[nodiscard]] std::optional<std::size_t> Selected() const;
-  [[nodiscard]] bool Agreed(MessageBox box, std::size_t index) const;
+  void ListQuietly();
+  void Take(tables::TableListing fresh);
+  /// What a command works on: nothing while another one is at work, or when someone else has
+  /// changed what was selected.
+  [[nodiscard]] std::optional<tables::EntryMark> Begin();
+  [[nodiscard]] bool Agreed(MessageBox box, const tables::EntryMark& mark) const;
   [[nodiscard]] const std::string& WriteFailure() const;
-  [[nodiscard]] bool Run(Command command, std::size_t& index);
-  [[nodiscard]] NameResult Add(const QString& name);
+  [[nodiscard]] bool Run(Command command, tables::EntryMark& mark);
+  /// Whether the user wants back what another program has left in the place of the file.
+  [[nodiscard]] bool TakesLeftover();
+  [[nodiscard]] NameResult Add(const QString& name, std::error_code& error);
 
   Session& session_;
   ResponsiveFiles& files_;
@@ -69,6 +87,8 @@ class LibraryController : public QObject {
   LibraryPanel& panel_;
   QTimer* watch_;
   std::optional<platform::FileStamp> seen_;  // at the last look
+  bool isLooking_ = false;
+  bool isLost_ = false;  // someone else has changed the entry that was selected
 };
 
 }  // namespace zentab::app

@@ -9,13 +9,14 @@
 namespace zentab::app {
 
 class ChartPanel;
+class ResponsiveFiles;
 
 /// Carries out the Import time test command and says when it can be given.
 class TimeTestController : public QObject {
   Q_OBJECT
 
  public:
-  TimeTestController(Session& session, platform::FileLayer& files, UserDialogs& dialogs,
+  TimeTestController(Session& session, ResponsiveFiles& files, UserDialogs& dialogs,
                      const EventLog& log, ChartPanel& panel);
 
  public Q_SLOTS:
@@ -32,13 +33,14 @@ class TimeTestController : public QObject {
   void GridNeeded();
   /// The grid holds another table.
   void TableImported();
-  /// Nothing could be imported; `text` says so in one line.
+  /// What could not be done as it should; `text` says so in one line.
   void Failed(const QString& text);
 
  private:
-  void Report(const timetest::ImportResult& result);
+  void Report(const ImportTimeTestOutcome& outcome);
 
   Session& session_;
+  ResponsiveFiles& files_;
   TimeTestCommands commands_;
   UserDialogs& dialogs_;
   const EventLog& log_;
