@@ -7,7 +7,8 @@
 #   ./test.sh fuzz        every fuzz target for FUZZ_RUNS executions (1,000,000 unless set)
 #   ./test.sh fuzz-short  every fuzz target for ten seconds
 #   ./test.sh faults [KILLS [SECONDS]]   kills in the middle of a change, 1000 on the disk and as
-#                         many in memory; a full device (as root); competing processes, for 60 s
+#                         many in memory; a full device and two users in one folder (as root);
+#                         competing processes, for 60 s
 #   ./test.sh load        the window on a library of 1,000,000 entries, and hostile expressions,
 #                         each beside its limit
 #   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
@@ -34,7 +35,8 @@ run() {
 fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_import=2048
   reference_graph=2048 clipboard_text=512 expression=256 settings_files=1024)
 
-# fuzz LIMIT: runs all targets. New inputs, the log and an input at fault stay in build/fuzz/found.
+# fuzz LIMIT: runs all targets, each in a folder of its own below build/fuzz/found. New inputs, the
+# log, an input at fault and whatever else a target leaves stay there.
 fuzz() (
   need "${build_packages[@]}" "${fuzz_packages[@]}"
   echo "== fuzz $1"
@@ -45,14 +47,16 @@ fuzz() (
   trap 'rm -rf "$TMPDIR"' EXIT
   failed=0
   for row in "${fuzz_targets[@]}"; do
-    target=${row%=*} found=build/fuzz/found/${row%=*} corpus=build/fuzz/corpus/${row%=*}
+    target=${row%=*}
+    found=$PWD/build/fuzz/found/$target corpus=$PWD/build/fuzz/corpus/$target
+    program=$PWD/build/fuzz/bin/$target
     options=("$1" -seed=1 -max_len="${row#*=}" -timeout=10 -rss_limit_mb=2048
       -print_final_stats=1 -artifact_prefix="$found/")
     [ ! -f "$corpus.dict" ] || options+=(-dict="$corpus.dict")
     rm -rf "$found"
     mkdir -p "$found/inputs"
     printf '%-18s' "$target"
-    if "build/fuzz/bin/$target" "${options[@]}" "$found/inputs" "$corpus" >"$found/log" 2>&1; then
+    if (cd "$found" && "$program" "${options[@]}" inputs "$corpus") >"$found/log" 2>&1; then
       sed -n 's/^Done //p' "$found/log"
     else
       echo "at fault: see $found"
@@ -74,6 +78,13 @@ faults() {
   fi
   echo "== full device"
   "$bin/full_disk_harness" || { skipped=$? && [ "$skipped" -eq 77 ]; }
+  echo "== two users in one folder"
+  [ "$(id -u)" -ne 0 ] || need "${fault_packages[@]}"
+  tests/faults/shared_folder.sh "$bin" || { skipped=$? && [ "$skipped" -eq 77 ]; }
+  echo "== a share that is slow, and one that stalls"
+  need "${window_packages[@]}"
+  build dev
+  QT_LOGGING_RULES="*.warning=false" QT_QPA_PLATFORM=offscreen build/dev/bin/slow_share_harness 100 20 100
   echo "== processes that compete"
   "$bin/writers_harness" "$seconds" 2
   "$bin/writers_harness" "$((seconds / 3))" 4
@@ -105,7 +116,7 @@ case "${1:-dev}" in
   faults) faults "${@:2}" ;;
   load) load ;;
   *)
-    sed -n '2,14s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,15s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

@@ -17,12 +17,13 @@ if(ZENTAB_SANITIZE)
 endif()
 if(ZENTAB_FUZZ)
   # Each target adds libFuzzer's own main; the rest is only watched by it.
-  target_compile_definitions(zentab_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_compile_options(zentab_options INTERFACE
     -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
     -fsanitize-coverage-ignorelist=${PROJECT_SOURCE_DIR}/fuzz/uncovered.txt)
   target_link_options(zentab_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+include(Hardening)
 
 # zentab_library(NAME SOURCES files... USES targets...): one layer of the program.
 function(zentab_library name)

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "graph_file.h"
+#include "process_changes.h"
 
 namespace simulator {
 namespace {
@@ -37,14 +38,30 @@ std::optional<std::string> Setting(const fs::path& folder, std::string_view key)
   return std::nullopt;
 }
 
+std::chrono::milliseconds WaitIn(const fs::path& folder) {
+  const std::string text = Setting(folder, "wait").value_or("");
+  int wait = 0;
+  std::from_chars(text.data(), text.data() + text.size(), wait);
+  return std::chrono::milliseconds(wait);
+}
+
 }  // namespace
 
-bool SimulatedInstrument::Fails(std::string_view operation) const {
-  std::istringstream words(Setting(folder_, "fail").value_or(""));
-  for (std::string word; words >> word;) {
-    if (word == operation) return true;
+bool SimulatedInstrument::Lists(std::string_view key, std::string_view word) const {
+  std::istringstream words(Setting(folder_, key).value_or(""));
+  for (std::string listed; words >> listed;) {
+    if (listed == word) return true;
   }
   return false;
+}
+
+void SimulatedInstrument::LeaveChanges() const {
+  const bool folder = Lists("leave", "folder");
+  if (Lists("leave", "arithmetic")) ChangeArithmetic();
+  if (Lists("leave", "locale")) ChangeLocale();
+  if (Lists("leave", "signals")) IgnoreSignals();
+  // Last: the text file lies below the working folder.
+  if (folder) fs::current_path(fs::temp_directory_path());
 }
 
 std::int32_t SimulatedInstrument::OpenFiles(const char* dataFolder) {
@@ -71,6 +88,7 @@ std::int32_t SimulatedInstrument::SetRefgraph(std::int32_t graph, const char* fi
   if (!open_ || graph != 0 || Fails("refgraph")) return kRefused;
   const std::optional<std::string> bytes = ReadGraphFile(PathOf(file));
   if (!bytes) return kRefused;
+  RunWindowEvents(WaitIn(folder_));
   std::ofstream reference(folder_ / "reference.grh", std::ios::binary | std::ios::trunc);
   reference << *bytes << std::flush;
   return reference ? kDone : kRefused;

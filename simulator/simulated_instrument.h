@@ -11,6 +11,11 @@ namespace simulator {
 ///
 ///     pickup = 0.5                  amperes or volts
 ///     fail = open close refgraph    operations that refuse; "pickup" reports 0
+///     leave = folder locale         what every operation leaves changed in the process, as some
+///                                   modules do: also "arithmetic" (exceptions trap, numbers are
+///                                   rounded up), "signals" (those that end a program do nothing)
+///     wait = 500                    milliseconds for which setting the reference graph lets the
+///                                   events of the process's windows run
 ///
 /// The reference graph it accepted last lies beside it as "reference.grh".
 class SimulatedInstrument {
@@ -28,8 +33,17 @@ class SimulatedInstrument {
   /// graph is then that one, else the former.
   [[nodiscard]] std::int32_t SetRefgraph(std::int32_t graph, const char* file) const;
 
+  /// The result of an operation, behind which the process is left as the text file says.
+  template <typename Result>
+  [[nodiscard]] Result Left(Result result) const {
+    LeaveChanges();
+    return result;
+  }
+
  private:
-  [[nodiscard]] bool Fails(std::string_view operation) const;
+  [[nodiscard]] bool Fails(std::string_view operation) const { return Lists("fail", operation); }
+  [[nodiscard]] bool Lists(std::string_view key, std::string_view word) const;
+  void LeaveChanges() const;
 
   std::filesystem::path folder_;
   bool open_ = false;

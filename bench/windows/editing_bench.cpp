@@ -21,7 +21,7 @@ using namespace zentab;
 struct OpenWindow {
   app::Session session;
   std::unique_ptr<platform::SettingsStore> store = platform::UserSettingsStore();
-  app::QtUserDialogs dialogs{session.texts.program};
+  app::QtUserDialogs dialogs{session};
   std::unique_ptr<app::MainWindow> window;
   editor::CurveGridView* grid = nullptr;
 

@@ -11,7 +11,7 @@ int main(int argc, char* argv[]) {
   app::Settings settings = app::LoadSettings(*store, "Zentab", "Zentab");
   app::Session session =
       app::StartSession(settings, *platform::SystemRegistry(), platform::ExecutablePath());
-  app::QtUserDialogs dialogs(session.texts.program);
+  app::QtUserDialogs dialogs(session);
   app::MainWindow window({session, std::move(settings), "Zentab", *store, platform::SystemFiles(),
                           dialogs, platform::ExecutablePath()});
   [[maybe_unused]] const EndAfterPaint end(window);

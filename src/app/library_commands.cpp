@@ -87,6 +87,11 @@ NameResult LibraryCommands::EnterName(std::string_view typed, std::error_code& e
   return error ? NameResult::NotWritten : NameResult::Added;
 }
 
+std::error_code LibraryCommands::TakeLeftover() {
+  const std::error_code error = writer_.TakeLeftover(File());
+  return error ? error : FillEntryList();
+}
+
 std::error_code LibraryCommands::SetActiveTable(std::string_view path) {
   session_.tablePath = path;
   session_.listing = {};

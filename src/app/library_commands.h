@@ -26,7 +26,8 @@ struct TablePlace {
   return {session.installFolder, session.tablePath};
 }
 
-/// The active table file: relative names are those of the installation's own files.
+/// The active table file: relative names are those of the installation's own files, wherever the
+/// working folder is.
 [[nodiscard]] std::filesystem::path ActiveTableFile(platform::FileLayer& files,
                                                     const TablePlace& place);
 
@@ -57,6 +58,11 @@ class LibraryCommands {
   /// A name was entered for the grid's table: adds it to file and list. `error` says why it was not
   /// written.
   [[nodiscard]] NameResult EnterName(std::string_view typed, std::error_code& error);
+
+  /// Whether another program has left the entries of the active file in FILE.new, and no file.
+  [[nodiscard]] bool FindsLeftover() const { return writer_.FindsLeftover(File()); }
+  /// Makes that the file and lists it.
+  [[nodiscard]] std::error_code TakeLeftover();
 
   /// Makes another table file the active one and lists it.
   [[nodiscard]] std::error_code SetActiveTable(std::string_view path);

@@ -34,7 +34,7 @@ const std::string& FaultText(testset::GraphFault fault, const texts::GraphTexts&
   return texts.notExpected;
 }
 
-SetGraphOutcome ReferenceGraphCommands::SetGraph(std::string_view tableName) {
+SetGraphOutcome ReferenceGraphCommands::WriteGraph(std::string_view tableName) {
   const auto segments =
       testset::SegmentsOf(session_.table.grid, ModesInFiles(session_), InstrumentInUse(session_),
                           session_.localeDecimalSeparator);
@@ -50,8 +50,11 @@ SetGraphOutcome ReferenceGraphCommands::SetGraph(std::string_view tableName) {
     instruments_.SetPickup(static_cast<float>(pickup));
   }
   LogWriting(segments->size(), tableName);
-  instruments_.SetReferenceGraph(testset::kGraphFile);
   return {};
+}
+
+void ReferenceGraphCommands::HandOverGraph() {
+  instruments_.SetReferenceGraph(testset::kGraphFile);
 }
 
 void ReferenceGraphCommands::LogWriting(std::size_t segments, std::string_view tableName) const {

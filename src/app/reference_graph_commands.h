@@ -25,10 +25,10 @@ namespace zentab::app {
 [[nodiscard]] const std::string& FaultText(testset::GraphFault fault,
                                            const texts::GraphTexts& texts);
 
-/// What came of handing the grid's curve over.
+/// What came of writing the grid's curve as the reference graph.
 struct SetGraphOutcome {
   bool hasPoints = true;  // false: row 1 has an empty cell, nothing was done
-  std::error_code error;  // the file could not be written, the module was not called
+  std::error_code error;  // the file could not be written, there is nothing to hand over
 };
 
 /// What came of reading a reference graph. After an error the grid is as it was.
@@ -44,9 +44,12 @@ class ReferenceGraphCommands {
                          testset::InstrumentSession& instruments)
       : session_(session), files_(files), log_(log), instruments_(instruments) {}
 
-  /// Writes the grid's curve as the reference graph and hands it to the chosen instrument's
-  /// module. `tableName` is the selected entry's, for the log.
-  [[nodiscard]] SetGraphOutcome SetGraph(std::string_view tableName);
+  /// The first half of Set GRH: writes the grid's curve as the reference graph. `tableName` is the
+  /// selected entry's, for the log.
+  [[nodiscard]] SetGraphOutcome WriteGraph(std::string_view tableName);
+  /// The second one, once it has been written: hands it to the chosen instrument's module, which
+  /// may take its time and run a loop of its own.
+  void HandOverGraph();
 
   /// Whether the value modes allow reading a reference graph.
   [[nodiscard]] bool CanImport() const;

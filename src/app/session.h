@@ -22,9 +22,9 @@ struct EntryInGrid {
 /// The state of the main window that is not a widget's own. Texts are UTF-8.
 struct Session {
   std::string baseName;                // of the executable; names catalogues and log
-  std::string installFolder;           // the suite's installation, the working folder
+  std::string installFolder;           // the absolute path of the suite's installation
   std::string localeDecimalSeparator;  // what numbers are shown with
-  std::string tablePath;               // the active table file; may be relative to the folder
+  std::string tablePath;               // the active table file; may be relative to that folder
   editor::WorkingTable table;
   editor::ValueModes modes;
   tables::Instrument instrument = tables::Instrument::None;

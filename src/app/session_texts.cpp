@@ -1,5 +1,7 @@
 #include "app/session_texts.h"
 
+#include "platform/file_errors.h"
+
 #include "texts/number_text.h"
 
 namespace zentab::app {
@@ -43,6 +45,32 @@ std::string Expanded(const Session& session, std::string_view text,
   fields.instrumentName = instrument.name;
   fields.instrumentUnit = instrument.unit;
   return texts::ExpandTemplate(text, fields, arguments);
+}
+
+std::string ReasonText(const texts::ProgramTexts& texts, std::error_code error) {
+  using platform::FileError;
+  if (error.category() != platform::FileErrors()) return error.message();
+  switch (static_cast<FileError>(error.value())) {
+    case FileError::GroupNotKept:
+      return texts.groupNotKept;
+    case FileError::OwnerNotKept:
+      return texts.ownerNotKept;
+    case FileError::AccessListNotKept:
+      return texts.accessListNotKept;
+    case FileError::HardLinked:
+      return texts.hardLinked;
+    case FileError::LockedByOther:
+      return texts.lockedByOther;
+    case FileError::OpenElsewhere:
+      return texts.openElsewhere;
+    case FileError::NoRegularFile:
+      return texts.noRegularFile;
+    case FileError::LineTooLong:
+      return texts.lineTooLong;
+    case FileError::GivenUp:
+      return texts.givenUp;
+  }
+  return error.message();
 }
 
 texts::MessageText MessageFor(const Session& session, MessageBox box, std::string_view entryName) {

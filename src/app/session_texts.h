@@ -3,6 +3,7 @@
 #include <ctime>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "app/session.h"
 #include "texts/template_text.h"
@@ -25,6 +26,10 @@ enum class MessageBox {
 /// A template with its fields filled in from the session, at the present time.
 [[nodiscard]] std::string Expanded(const Session& session, std::string_view text,
                                    const texts::TemplateArguments& arguments = {});
+
+/// Why a file could not be read or written: the program's own words where it has some, else those
+/// of the system.
+[[nodiscard]] std::string ReasonText(const texts::ProgramTexts& texts, std::error_code error);
 
 /// A message box's title and text about an entry.
 [[nodiscard]] texts::MessageText MessageFor(const Session& session, MessageBox box,

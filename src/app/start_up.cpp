@@ -19,7 +19,8 @@ std::string FindInstallFolder(const platform::Registry& registry,
       registry.ReadRegistryValue(platform::RootKey::LocalMachine, kSuiteKey, kSuiteValue)
           .value_or(std::string());
   const std::string_view folder = texts::TrimBlanks(value);
-  return folder.empty() ? platform::ToText(executable.parent_path()) : std::string(folder);
+  return platform::ToText(
+      platform::AbsolutePath(folder.empty() ? executable.parent_path() : platform::ToPath(folder)));
 }
 
 std::string DecimalSeparatorFrom(const std::optional<std::string>& localeItem) {
@@ -38,12 +39,12 @@ std::vector<std::filesystem::path> CatalogueCandidates(const std::string& instal
   std::string name = platform::BaseName(executable);
   const bool shared = name.ends_with('2');
   if (shared) name.pop_back();
-  // The working folder is the installation folder, unless that one is gone.
-  const std::filesystem::path numbered = shared ? std::filesystem::path() : installed;
-  return {platform::FindFixedName(installed, name + ".dxt"), platform::FindFixedName({}, "FCC.TXT"),
-          shared ? platform::FindFixedName({}, name + ".txt") : texts::DefaultCatalogue(executable),
-          platform::FindFixedName(numbered, name + "1.txt"),
-          platform::FindFixedName(numbered, name + "2.txt")};
+  return {platform::FindFixedName(installed, name + ".dxt"),
+          platform::FindFixedName(installed, "FCC.TXT"),
+          shared ? platform::FindFixedName(installed, name + ".txt")
+                 : texts::DefaultCatalogue(executable),
+          platform::FindFixedName(installed, name + "1.txt"),
+          platform::FindFixedName(installed, name + "2.txt")};
 }
 
 Session StartSession(const Settings& settings, const platform::Registry& registry,

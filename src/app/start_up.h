@@ -13,7 +13,8 @@
 namespace zentab::app {
 
 /// The folder of the test-set suite's installation: what the registry says, trimmed of blanks,
-/// else the folder of the program's own executable.
+/// else the folder of the program's own executable. A relative one is taken from the folder the
+/// program was started in, once and for all.
 [[nodiscard]] std::string FindInstallFolder(const platform::Registry& registry,
                                             const std::filesystem::path& executable);
 
@@ -21,7 +22,8 @@ namespace zentab::app {
 /// control character and blanks; "," when the locale gives none.
 [[nodiscard]] std::string DecimalSeparatorFrom(const std::optional<std::string>& localeItem);
 
-/// The text catalogues of a start, in the order in which they are applied. The first is applied
+/// The text catalogues of a start, in the order in which they are applied; all but the default one
+/// lie in the installation folder. The first is applied
 /// again with another table file. A base name that ends in "2" shares the catalogues of the
 /// program without it; any other has the default catalogue, beside the executable, in the middle.
 [[nodiscard]] std::vector<std::filesystem::path> CatalogueCandidates(

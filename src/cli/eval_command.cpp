@@ -55,7 +55,9 @@ void DeclareEval(CLI::App& command, EvalOptions& options) {
           ->check(CLI::IsMember({"RAD", "DEG", "GRAD"}, CLI::ignore_case))
           ->capture_default_str();
   CLI::Option* const table = command.add_flag(
-      "--table", options.table, "The expression table with its title row in place of the value");
+      "--table", options.table,
+      "The expression table with its title row in place of the value; when the evaluation fails, "
+      "with the values up to the row that did");
   CLI::Option* const batch = command.add_flag(
       "--batch", options.batch,
       "One expression a line from standard input, behind it NAME=VALUE and angle=UNIT between "
@@ -66,6 +68,14 @@ void DeclareEval(CLI::App& command, EvalOptions& options) {
   batch->excludes(expression)->excludes(angle)->excludes(table);
 }
 
+void WriteTable(MathParser& parser, Console& console) {
+  for (const std::vector<std::string>& row : parser.ET_Dump()) {
+    std::string line;
+    for (const std::string& cell : row) line += (&cell == row.data() ? "" : "\t") + cell;
+    console.WriteLine(line);
+  }
+}
+
 Exit EvalOne(const EvalOptions& options, Console& console) {
   MathParser parser;
   if (!parser.StoreExpression(options.expression)) return console.Fail(parser.ErrorDescription());
@@ -74,21 +84,15 @@ Exit EvalOne(const EvalOptions& options, Console& console) {
     const std::optional<Setting> setting = SettingOf(text);
     parser.VarSymb(setting->name, *texts::WholeNumber(setting->value));
   }
+  std::string failure;
   try {
     const double value = parser.Eval();
-    if (!options.table) {
-      console.WriteLine(ShortestText(value));
-      return Exit::Done;
-    }
+    if (!options.table) console.WriteLine(ShortestText(value));
   } catch (const mathparser::EvaluationError& error) {
-    return console.Fail(error.Description());
+    failure = error.Description();
   }
-  for (const std::vector<std::string>& row : parser.ET_Dump()) {
-    std::string line;
-    for (const std::string& cell : row) line += (&cell == row.data() ? "" : "\t") + cell;
-    console.WriteLine(line);
-  }
-  return Exit::Done;
+  if (options.table) WriteTable(parser, console);
+  return failure.empty() ? Exit::Done : console.Fail(failure);
 }
 
 // Evaluates line after line with one parser.

@@ -3,6 +3,7 @@
 
 #include "cli/command.h"
 #include "platform/console_streams.h"
+#include "platform/file_size_limit.h"
 
 namespace zentab::cli {
 namespace {
@@ -84,6 +85,7 @@ Exit Run(const std::vector<std::string>& given) {
 }  // namespace zentab::cli
 
 int main(int count, char** values) {
+  zentab::platform::ReportFileSizeLimit();
   std::ios::sync_with_stdio(false);
   zentab::platform::UsePlainStreams();
   return static_cast<int>(zentab::cli::Run(zentab::platform::ProgramArguments(count, values)));

@@ -1,5 +1,6 @@
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <random>
 
 #include "mathparser/angle.h"
@@ -33,6 +34,24 @@ double Root(double a, double b) {
 
 // Dividing by the logarithm of 0 would give 0.
 double LogarithmTo(double a, double b) { return b == 0.0 ? kNoNumber : std::log(a) / std::log(b); }
+
+// The hyperbolic inverses of 1/a, not by the rounded 1/a, which near 1 would leave them few digits
+// and below 1e-308 none.
+double InverseSech(double a, double) {
+  const double complement = (1.0 - a) * (1.0 + a);
+  if (a < 0.5) return std::log1p(std::sqrt(complement)) - std::log(a);
+  return 2.0 * std::atanh(std::sqrt((1.0 - a) / (1.0 + a)));
+}
+
+double InverseCoth(double a, double) {
+  return std::copysign(0.5 * std::log1p(2.0 / (std::abs(a) - 1.0)), a);
+}
+
+double InverseCsch(double a, double) {
+  constexpr double kLn2 = std::numbers::ln2;
+  if (std::abs(a) < 1e-300) return std::copysign(kLn2 - std::log(std::abs(a)), a);
+  return std::asinh(1.0 / a);
+}
 
 double Random(const double* a, CallContext& context) { return context.random->Next() * a[0]; }
 
@@ -72,9 +91,9 @@ constexpr std::array kFunctions = {
     One<[](double a, double) { return std::asinh(a); }>("asinh", 27),
     One<[](double a, double) { return std::acosh(a); }>("acosh", 26),
     One<[](double a, double) { return std::atanh(a); }>("atanh", 28),
-    One<[](double a, double) { return std::asinh(1.0 / a); }>("acsch", 62),
-    One<[](double a, double) { return std::acosh(1.0 / a); }>("asech", 63),
-    One<[](double a, double) { return std::atanh(1.0 / a); }>("acoth", 64),
+    One<InverseCsch>("acsch", 62),
+    One<InverseSech>("asech", 63),
+    One<InverseCoth>("acoth", 64),
 
     // From the unit of the name into the current one.
     One<[](double a, double f) { return a / f; }>("rad", 68),

@@ -38,8 +38,9 @@ struct Row {
   int key = 0;    // what the order is made by; see Compiler
   std::int16_t argumentOf = 0;
   std::int16_t argumentIndex = 0;
-  std::int16_t alsoFeeds = 0;  // a comparison whose slot 1 this row feeds as well
-  std::int16_t guard = 0;      // comparison row that must not be 0 for this one to run
+  std::int16_t alsoFeeds = 0;    // a comparison whose slot 1 this row feeds as well
+  std::int16_t guard = 0;        // comparison row that must not be 0 for this one to run
+  std::int16_t factorGuard = 0;  // of a product, the guard before one of its factors
   std::int16_t sign = 1;
   std::int16_t arguments = 2;
   bool isChain = false;  // the product that a<x<b puts between its comparisons

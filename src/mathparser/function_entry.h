@@ -8,9 +8,15 @@ namespace zentab::mathparser {
 
 struct Forms;
 
-/// The random numbers of "rnd": uniform in [0,1), seeded anew by the system at the first draw.
+/// The random numbers of "rnd": uniform in [0,1), seeded anew by the system at the first draw. A
+/// copy has a sequence of its own.
 class RandomSource {
  public:
+  RandomSource() = default;
+  RandomSource(const RandomSource&) noexcept {}
+  RandomSource& operator=(const RandomSource&) noexcept { return *this; }
+  ~RandomSource() = default;
+
   [[nodiscard]] double Next();
 
  private:

@@ -6,6 +6,7 @@
 
 #include "mathparser/function_catalogue.h"
 #include "mathparser/operations.h"
+#include "mathparser/special/densities.h"
 #include "mathparser/special/gamma.h"
 
 namespace zentab::mathparser {
@@ -17,6 +18,7 @@ constexpr std::size_t kFactorialCount = 171;  // 170! is the last that a double 
 // first comb with more of them is 4.7e17); a pair of mantissa and exponent could not. With more the
 // roundings and the time would add up, and the pairs are the better way.
 constexpr double kMostFactors = 30.0;
+constexpr double kLeastForRise = 16.0;
 
 bool IsWhole(double a) { return std::isfinite(a) && std::trunc(a) == a; }
 
@@ -41,6 +43,13 @@ double FallingProduct(double n, double k, DoubleDouble divisor) {
   return std::ldexp((product / divisor).high, shift * static_cast<int>(k));
 }
 
+// n! / (n-k)!. Not by two factorials, whose logarithms take all digits from one of a large n.
+GammaPair RiseOf(double n, double k) {
+  const double lower = n - k + 1.0;
+  if (lower >= kLeastForRise) return ExpPairOf(LogOfRise(k, lower));
+  return GammaPairOf(n + 1.0) / GammaPairOf(lower);
+}
+
 constexpr std::array kFunctions = {
     One<[](double a, double) { return Factorial(a); }>("fact", 30),
     Two<Combinations>("comb", 31),
@@ -63,10 +72,7 @@ double Combinations(double n, double k) {
   if (!IsWhole(n) || !IsWhole(k) || n < 0.0 || k < 0.0) return kNoNumber;
   if (k > n) return 0.0;
   k = std::min(k, n - k);
-  if (k > kMostFactors) {
-    return Join(GammaPairOf(SumOf(n, 1.0)) /
-                (GammaPairOf(k + 1.0) * GammaPairOf(SumOf(n - k, 1.0))));
-  }
+  if (k > kMostFactors) return Join(RiseOf(n, k) / GammaPairOf(k + 1.0));
   return FallingProduct(n, k, kFactorials[static_cast<std::size_t>(k)]);
 }
 
@@ -74,7 +80,7 @@ double Permutations(double n, double k) {
   if (!IsWhole(n) || !IsWhole(k) || n < 0.0 || k < 0.0) return kNoNumber;
   if (k > n) return 0.0;
   if (n < static_cast<double>(kFactorialCount) && k == n) return Factorial(n);
-  if (k > kMostFactors) return Join(GammaPairOf(SumOf(n, 1.0)) / GammaPairOf(SumOf(n - k, 1.0)));
+  if (k > kMostFactors) return Join(RiseOf(n, k));
   return FallingProduct(n, k, 1.0);
 }
 

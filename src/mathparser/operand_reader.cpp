@@ -46,10 +46,11 @@ struct PowerOfTen {
   int exponent;
 };
 
+// The micro has two characters, the sign of old character sets and the Greek letter.
 constexpr std::array kPrefixes = {
-    PowerOfTen{"p", -12}, PowerOfTen{"n", -9}, PowerOfTen{"u", -6}, PowerOfTen{"µ", -6},
-    PowerOfTen{"m", -3},  PowerOfTen{"c", -2}, PowerOfTen{"k", 3},  PowerOfTen{"M", 6},
-    PowerOfTen{"G", 9},   PowerOfTen{"T", 12},
+    PowerOfTen{"p", -12},     PowerOfTen{"n", -9}, PowerOfTen{"u", -6}, PowerOfTen{"\u00B5", -6},
+    PowerOfTen{"\u03BC", -6}, PowerOfTen{"m", -3}, PowerOfTen{"c", -2}, PowerOfTen{"k", 3},
+    PowerOfTen{"M", 6},       PowerOfTen{"G", 9},  PowerOfTen{"T", 12},
 };
 
 // Grams count as thousandths, so that the kilogram is the unit.

@@ -25,6 +25,19 @@ double Guard(const Instruction* at, double* values, double accumulator, double t
   return target->handler(target, values, 0.0, trouble);
 }
 
+// The guard lies deeper in the factor that has been computed: what that gives, 0 of either sign, is
+// multiplied with the 0 of the factor that is left out.
+double FarGuard(const Instruction* at, double* values, double accumulator, double trouble) {
+  if (values[at->operand[0]] != 0.0) return Next(at, values, accumulator, trouble);
+  const Instruction* target = at + at->skip;
+  return target->handler(target, values, accumulator * 0.0, trouble);
+}
+
+double Clear(const Instruction* at, double* values, double accumulator, double trouble) {
+  values[at->spill] = 0.0;
+  return Next(at, values, accumulator, trouble);
+}
+
 // Apart from Call, so that no local array keeps that from handing over in place.
 double CallKernel(const Instruction* at, const double* values) {
   std::array<double, kMaxArguments> arguments{};
@@ -48,6 +61,8 @@ double Call(const Instruction* at, double* values, double accumulator, double tr
 constexpr HandlerSet kEnd{End, nullptr, End};
 constexpr HandlerSet kStore{Store, nullptr, nullptr};
 constexpr HandlerSet kGuard{Guard, nullptr, nullptr};
+constexpr HandlerSet kFarGuard{FarGuard, nullptr, nullptr};
+constexpr HandlerSet kClear{Clear, nullptr, nullptr};
 constexpr HandlerSet kCall{Call<Mode::Plain>, Call<Mode::Spilling>, Call<Mode::Last>};
 
 const Forms& NegateForms() { return *operators::kNegate.forms; }
@@ -255,36 +270,49 @@ void Lowering::TakeArgument(const Row& row, std::size_t slot, Value& value) {
   const int source = row.source[slot];
   if (source == 0) {
     value = Leaf(row.operand[slot]);
-  } else if (table_.At(source).alsoFeeds != 0) {
+  } else if (sharedPlace_[static_cast<std::size_t>(source)] != 0) {
     value = {.kind = Value::Kind::Leaf, .place = sharedPlace_[static_cast<std::size_t>(source)]};
   } else {
     Pop(value);
   }
 }
 
-// The factor of a product that lets the other one be left out, 0 when it has none.
-int Lowering::GuardOfProduct(const Row& row) const {
-  if (row.function != &operators::kMultiply || row.source[0] == 0 || row.source[1] == 0) return 0;
-  if (table_.At(row.source[1]).guard == row.source[0]) return row.source[0];
-  return table_.At(row.source[0]).guard == row.source[1] ? row.source[1] : 0;
+// Whether the left factor of a product is the one that may be left out.
+bool Lowering::IsLeftGuarded(const Row& row) const {
+  return row.factorGuard != 0 && row.source[0] != 0 &&
+         table_.At(row.source[0]).guard == row.factorGuard;
 }
 
-// The end of a guarded product: as the guard is 1 when this place is reached, it is the other
-// factor as it is.
-Lowering::Value Lowering::LowerGuarded(int guard) {
+// The guard that is itself a factor, so that the product is 0 or the other one as it is.
+int Lowering::GuardAmongFactors(const Row& row) {
+  const bool isFactor = row.factorGuard == row.source[0] || row.factorGuard == row.source[1];
+  return isFactor ? row.factorGuard : 0;
+}
+
+void Lowering::EndJump(int product) {
+  joinable_ = {};  // what follows is not guarded
+  const std::size_t jump = jump_[static_cast<std::size_t>(product)];
+  program_.code[jump].skip = static_cast<std::uint16_t>(program_.code.size() - jump);
+}
+
+// The end of a guarded product, which is reached only when it is the guarded factor as it is.
+Lowering::Value Lowering::LowerGuarded(int product) {
   Value guarded;
   Pop(guarded);
   Compute(guarded);
-  joinable_ = {};  // what follows is not guarded
-  const std::size_t jump = jump_[static_cast<std::size_t>(guard)];
-  program_.code[jump].skip = static_cast<std::uint16_t>(program_.code.size() - jump);
+  EndJump(product);
   return guarded;
 }
 
 Lowering::Value Lowering::LowerOperation(const Row& row) {
   std::array<Value, kMaxArguments> arguments;
-  for (auto slot = static_cast<std::size_t>(row.arguments); slot-- > 0;) {
-    TakeArgument(row, slot, arguments[slot]);
+  if (IsLeftGuarded(row)) {  // the right factor came first
+    TakeArgument(row, 0, arguments[0]);
+    TakeArgument(row, 1, arguments[1]);
+  } else {
+    for (auto slot = static_cast<std::size_t>(row.arguments); slot-- > 0;) {
+      TakeArgument(row, slot, arguments[slot]);
+    }
   }
   Value result;
   if (row.function->forms == nullptr) {
@@ -305,34 +333,51 @@ void Lowering::LowerRow(int number) {
     if (row.source[1] == 0) Push(Leaf(row.operand[1]));
     return;
   }
-  const int guard = GuardOfProduct(row);
-  Finish(number, guard != 0 ? LowerGuarded(guard) : LowerOperation(row));
+  if (GuardAmongFactors(row) != 0) {
+    Finish(number, LowerGuarded(number));
+    return;
+  }
+  Value result = LowerOperation(row);
+  if (row.factorGuard != 0) {
+    if (result.kind == Value::Kind::Accumulator) inAccumulator_ = &result;
+    Compute(result);
+    EndJump(number);
+  }
+  Finish(number, result);
 }
 
 // Puts a row's result where the row that needs it looks for it.
 void Lowering::Finish(int number, Value result) {
   const Row& row = table_.At(number);
+  const auto at = static_cast<std::size_t>(number);
   if (result.kind == Value::Kind::Accumulator) inAccumulator_ = &result;
   if (row.sign < 0) {
     Compute(result);
     Emit(NegateForms().accumulator);
   }
-  const bool isGuard = row.argumentOf != 0 && GuardOfProduct(table_.At(row.argumentOf)) == number;
-  if (isGuard) {
-    // When the comparison is false, everything up to the product is left out.
+  if (row.alsoFeeds != 0 || isFarGuard_[at]) {
     Compute(result);
-    jump_[static_cast<std::size_t>(number)] = program_.code.size();
+    if (sharedPlace_[at] == 0) sharedPlace_[at] = NewPlace(0.0);
+    Emit(kStore).spill = sharedPlace_[at];
+    inAccumulator_ = nullptr;
+  }
+  // When the guard is 0, everything up to the product is left out.
+  const int product = row.argumentOf;
+  const int guard = product == 0 ? 0 : table_.At(product).factorGuard;
+  if (guard == number) {
+    Compute(result);
+    jump_[static_cast<std::size_t>(product)] = program_.code.size();
     Emit(kGuard);
-  } else if (row.alsoFeeds != 0) {
-    Compute(result);
-    const std::uint16_t place = NewPlace(0.0);
-    Emit(kStore).spill = place;
-    sharedPlace_[static_cast<std::size_t>(number)] = place;
-  } else {
-    Push(result);
+    inAccumulator_ = nullptr;
     return;
   }
-  inAccumulator_ = nullptr;
+  if (guard != 0 && row.guard != guard && GuardAmongFactors(table_.At(product)) == 0) {
+    Compute(result);
+    jump_[static_cast<std::size_t>(product)] = program_.code.size();
+    Emit(kFarGuard).operand[0] = sharedPlace_[static_cast<std::size_t>(guard)];
+  }
+  if (sharedPlace_[at] == 0) Push(result);
+  inAccumulator_ = sharedPlace_[at] == 0 ? inAccumulator_ : nullptr;
 }
 
 // The postfix order with every guard ahead of what it guards.
@@ -344,7 +389,7 @@ std::vector<std::int16_t> Lowering::GuardsFirst() const {
     const Row& row = table_.At(order[i]);
     size[number] += 1;
     size[static_cast<std::size_t>(row.argumentOf)] += size[number];
-    if (row.source[1] == 0 || GuardOfProduct(row) != row.source[1]) continue;
+    if (!IsLeftGuarded(row)) continue;
     const auto end = order.begin() + static_cast<std::ptrdiff_t>(i);
     const auto guard = end - size[static_cast<std::size_t>(row.source[1])];
     std::rotate(guard - size[static_cast<std::size_t>(row.source[0])], guard, end);
@@ -352,11 +397,26 @@ std::vector<std::int16_t> Lowering::GuardsFirst() const {
   return order;
 }
 
+// The guards that lie deeper in a factor have places of their own. One that may itself be left out
+// is 0 then.
+void Lowering::PlaceFarGuards() {
+  for (const Row& row : table_.rows) {
+    if (row.factorGuard == 0 || GuardAmongFactors(row) != 0) continue;
+    const auto guard = static_cast<std::size_t>(row.factorGuard);
+    if (isFarGuard_[guard]) continue;
+    isFarGuard_[guard] = true;
+    if (table_.At(row.factorGuard).guard == 0) continue;
+    sharedPlace_[guard] = NewPlace(0.0);
+    Emit(kClear).spill = sharedPlace_[guard];
+  }
+}
+
 void Lowering::Lower() {
   program_.code.clear();
   std::fill_n(program_.values.begin() + 1, kMaxVariables, 0.0);
   if (table_.byRowsOnly || table_.rows.empty()) return;
   program_.code.reserve(table_.rows.size() + 1);
+  if (table_.hasGuards) PlaceFarGuards();
   for (const std::int16_t row : table_.hasGuards ? GuardsFirst() : table_.postfix) LowerRow(row);
   Compute(stack_[0]);
   // The last operation gives the result itself, unless it has to spill first. A false guard may

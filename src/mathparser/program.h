@@ -68,9 +68,12 @@ class Lowering {
   static bool PutOff(const FunctionEntry& function, const Value& left, const Value& right,
                      Value& result);
   Value LowerCall(const Row& row, std::array<Value, kMaxArguments>& arguments);
-  [[nodiscard]] int GuardOfProduct(const Row& row) const;
+  [[nodiscard]] bool IsLeftGuarded(const Row& row) const;
+  [[nodiscard]] static int GuardAmongFactors(const Row& row);
+  void PlaceFarGuards();
+  void EndJump(int product);
   Value LowerOperation(const Row& row);
-  Value LowerGuarded(int guard);
+  Value LowerGuarded(int product);
   void Finish(int number, Value result);
   void Push(const Value& value);
   void Pop(Value& value);
@@ -89,9 +92,10 @@ class Lowering {
   std::uint16_t firstFreePlace_ = kMaxVariables + 1;
   const HandlerSet* emitted_ = nullptr;  // of the last instruction
   Joinable joinable_;
-  Value* inAccumulator_ = nullptr;  // the value that the accumulator holds
-  std::array<std::uint16_t, kMaxRows + 1> sharedPlace_{};
-  std::array<std::size_t, kMaxRows + 1> jump_{};  // of a guard's row, its instruction
+  Value* inAccumulator_ = nullptr;                         // the value that the accumulator holds
+  std::array<std::uint16_t, kMaxRows + 1> sharedPlace_{};  // of a row that several read, else 0
+  std::array<bool, kMaxRows + 1> isFarGuard_{};            // read by a product further out
+  std::array<std::size_t, kMaxRows + 1> jump_{};  // of a guarded product, its guard's instruction
 };
 
 }  // namespace zentab::mathparser

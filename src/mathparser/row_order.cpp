@@ -13,33 +13,65 @@ bool IsComparisonRow(const Row& row) { return row.isChain || IsComparison(row.fu
 
 bool IsProduct(const Row& row) { return row.function == &operators::kMultiply && !row.isChain; }
 
-// A comparison, or a product of nothing but comparisons: 1 or 0 either way.
-bool IsTruth(const ExpressionTable& table, int number) {
-  if (number == 0) return false;
-  const Row& row = table.At(number);
-  if (IsComparisonRow(row)) return true;
-  return IsProduct(row) && row.source[0] != 0 && row.source[1] != 0 &&
-         IsComparisonRow(table.At(row.source[0])) && IsComparisonRow(table.At(row.source[1]));
-}
+// What guards one factor of each product: the other one, or a truth among the factors of that. A
+// truth is a comparison or a product of nothing but truths, 1 or 0 either way.
+class GuardFinder {
+ public:
+  struct Guard {
+    int row = 0;      // 0 for none
+    int guarded = 0;  // the row of the factor that it guards, 0 for one that is no row
+  };
 
-// The factor of a product that guards the other one, 0 for none. A comparison is never guarded
-// itself, which also keeps two of them from guarding each other.
-int GuardOf(const ExpressionTable& table, const Row& product) {
-  const int left = product.source[0];
-  const int right = product.source[1];
-  const auto isComparison = [&](int row) { return row != 0 && IsComparisonRow(table.At(row)); };
-  if (isComparison(left) != isComparison(right)) return isComparison(left) ? left : right;
-  if (isComparison(left)) return 0;
-  if (IsTruth(table, left) != IsTruth(table, right)) return IsTruth(table, left) ? left : right;
-  return 0;
-}
+  explicit GuardFinder(const ExpressionTable& table) {
+    for (const std::int16_t number : table.postfix) {
+      const Row& row = table.At(number);
+      Facts& facts = facts_[static_cast<std::size_t>(number)];
+      facts.isComparison = IsComparisonRow(row);
+      facts.isTruth = facts.isComparison;
+      if (IsProduct(row)) Look(row, facts);
+      if (facts.isTruth) facts.truth = number;
+    }
+  }
 
-// Marks the rows that a guard stands before, and gives every guard's subtree a rank that puts it
-// ahead of what it guards. A rank is a place in a list; a guard's goes in right before that of the
-// rows around it, behind those of the guards further out.
+  [[nodiscard]] Guard Of(int product) const {
+    return facts_[static_cast<std::size_t>(product)].guard;
+  }
+
+ private:
+  struct Facts {
+    bool isComparison = false;
+    bool isTruth = false;
+    int truth = 0;  // without which the value is 0; of several the one that the others guard
+    Guard guard;
+  };
+
+  void Look(const Row& product, Facts& facts) {
+    const std::array rows = {static_cast<int>(product.source[0]),
+                             static_cast<int>(product.source[1])};
+    const Facts& left = facts_[static_cast<std::size_t>(rows[0])];
+    const Facts& right = facts_[static_cast<std::size_t>(rows[1])];
+    facts.isTruth = left.isTruth && right.isTruth;
+    // No comparison is guarded by another one beside it, which also keeps two from guarding each
+    // other.
+    const bool isLeft = left.isComparison != right.isComparison ? left.isComparison
+                        : left.isTruth != right.isTruth         ? left.isTruth
+                                                                : left.truth != 0;
+    const bool hasNone = left.isComparison == right.isComparison && left.isTruth && right.isTruth;
+    if (hasNone) return;
+    const Facts& guarding = isLeft ? left : right;
+    const Facts& other = isLeft ? right : left;
+    facts.guard = {guarding.truth, rows[isLeft ? 1 : 0]};
+    facts.truth = guarding.truth != 0 && other.truth != 0 ? other.truth : guarding.truth;
+  }
+
+  std::array<Facts, kMaxRows + 1> facts_{};  // of row 0: those of an operand that is no row
+};
+
+// Marks the rows that a guard stands before, and gives every guard's rows a rank that puts them
+// ahead of what it guards.
 class GuardMarker {
  public:
-  explicit GuardMarker(ExpressionTable& table) : table_(table) {}
+  explicit GuardMarker(ExpressionTable& table) : table_(table), guards_(table) {}
 
   void Mark() {
     // Parents before their children, so that what holds for a row is handed down.
@@ -47,51 +79,63 @@ class GuardMarker {
       Row& row = table_.At(*at);
       if (row.argumentOf != 0) {
         row.guard = row.guard != 0 ? row.guard : table_.At(row.argumentOf).guard;
-        if (list_[Place(*at)] == 0) list_[Place(*at)] = list_[Place(row.argumentOf)];
+        if (group_[Place(*at)] == 0) group_[Place(*at)] = group_[Place(row.argumentOf)];
       }
-      if (!IsProduct(row)) continue;
-      const int guard = GuardOf(table_, row);
-      if (guard != 0) Raise(guard, row);
+      const GuardFinder::Guard guard = guards_.Of(*at);
+      if (guard.row != 0) Raise(guard, *at);
     }
   }
 
-  // For each row the place of its list in the order of evaluation.
+  // For each row the place of its group in the order of evaluation. Guards that do not wait for one
+  // another have the same, so that they go from left to right.
   [[nodiscard]] std::array<int, kMaxRows + 1> Ranks() const {
-    std::array<int, kMaxRows + 1> rankOfList{};
-    int rank = 0;
-    for (int list = first_; list != 0; list = next_[Place(list)]) rankOfList[Place(list)] = rank++;
-    rankOfList[0] = rank;
     std::array<int, kMaxRows + 1> ranks{};
-    for (std::size_t row = 1; row <= table_.rows.size(); ++row) {
-      ranks[row] = rankOfList[Place(list_[row])];
+    for (bool isSettled = false; !isSettled;) {
+      isSettled = true;
+      const auto follow = [&](int group, int earlier) {
+        if (ranks[Place(group)] > ranks[Place(earlier)]) return;
+        ranks[Place(group)] = ranks[Place(earlier)] + 1;
+        isSettled = false;
+      };
+      for (const Use& use : uses_) {
+        const int outer = table_.At(use.guard).guard;
+        if (outer != 0) follow(use.guard, outer);
+        // The group around a guard waits for it; of the outermost group all do.
+        const int around = group_[Place(use.product)];
+        if (around != 0) follow(around, use.guard);
+      }
     }
-    return ranks;
+    std::array<int, kMaxRows + 1> rankOfRow{};
+    for (std::size_t row = 1; row <= table_.rows.size(); ++row) {
+      rankOfRow[row] = group_[row] == 0 ? kMaxRows : ranks[Place(group_[row])];
+    }
+    return rankOfRow;
   }
 
  private:
-  void Raise(int guard, const Row& product) {
-    Row& comparison = table_.At(guard);
-    comparison.level += kGuardLevel;
-    const int guarded = product.source[0] == guard ? product.source[1] : product.source[0];
-    if (guarded != 0) table_.At(guarded).guard = static_cast<std::int16_t>(guard);
-    table_.hasGuards = table_.hasGuards || guarded != 0;
-    InsertBefore(guard, list_[Place(&product - table_.rows.data() + 1)]);
-  }
-  static std::size_t Place(std::ptrdiff_t number) { return static_cast<std::size_t>(number); }
+  struct Use {
+    int guard;
+    int product;
+  };
 
-  // A new list, named after the guard's row, before another; 0 is the last of all.
-  void InsertBefore(int list, int other) {
-    int previous = 0;
-    for (int at = first_; at != other && at != 0; at = next_[Place(at)]) previous = at;
-    next_[Place(list)] = other;
-    (previous == 0 ? first_ : next_[Place(previous)]) = list;
-    list_[Place(list)] = list;
+  static std::size_t Place(int number) { return static_cast<std::size_t>(number); }
+
+  void Raise(const GuardFinder::Guard& guard, int product) {
+    if (guard.guarded != 0) {
+      table_.At(guard.guarded).guard = static_cast<std::int16_t>(guard.row);
+      table_.At(product).factorGuard = static_cast<std::int16_t>(guard.row);
+      table_.hasGuards = true;
+    }
+    uses_.push_back({guard.row, product});
+    if (group_[Place(guard.row)] == guard.row) return;  // one that stands before several factors
+    group_[Place(guard.row)] = guard.row;
+    table_.At(guard.row).level += kGuardLevel;
   }
 
   ExpressionTable& table_;
-  std::array<int, kMaxRows + 1> list_{};
-  std::array<int, kMaxRows + 1> next_{};
-  int first_ = 0;
+  GuardFinder guards_;
+  std::array<int, kMaxRows + 1> group_{};  // the guard to whose value a row contributes
+  std::vector<Use> uses_;
 };
 
 bool HasComparison(const ExpressionTable& table) {

@@ -10,11 +10,11 @@
 namespace zentab::mathparser {
 namespace {
 
-// Operators are written between their arguments; "!" and "%" have only one and are shown like a
-// function.
+// Operators are written between their arguments; "!" and "%", which have only one, before the 0 of
+// the slot that nothing goes into.
 bool IsInfix(const Row& row) {
   const char first = row.function->keyword.front();
-  return row.arguments == 2 && !(first >= 'a' && first <= 'z') && first != '@';
+  return !(first >= 'a' && first <= 'z');
 }
 
 std::string RowText(const ExpressionTable& table, const Row& row,
@@ -32,12 +32,18 @@ std::string RowText(const ExpressionTable& table, const Row& row,
   return text + ")";
 }
 
-// "@Right" looks at its second argument only; the first slot holds a copy that is nobody's.
 bool AllFinite(const Row& row, const TableEvaluator::RowValues& values) {
-  const std::size_t first = row.function == &operators::kRight ? 1 : 0;
-  return std::all_of(values.arguments.begin() + static_cast<std::ptrdiff_t>(first),
-                     values.arguments.begin() + row.arguments,
+  return std::all_of(values.arguments.begin(), values.arguments.begin() + row.arguments,
                      [](double value) { return std::isfinite(value); });
+}
+
+// Computes what a row gives. On false it has no value, and the context perhaps a message.
+bool Run(const Row& row, TableEvaluator::RowValues& at, CallContext& context) {
+  if (!AllFinite(row, at)) return false;
+  const double value = row.function->kernel(at.arguments.data(), context);
+  if (!std::isfinite(value)) return false;
+  at.result = row.sign < 0 ? -value : value;
+  return true;
 }
 
 }  // namespace
@@ -72,16 +78,18 @@ bool TableEvaluator::Evaluate(const ExpressionTable& table, const double* values
     const Row& row = table.At(number);
     RowValues& at = rows_[static_cast<std::size_t>(number) - 1];
     at.result = 0.0;
-    if (row.guard == 0 || rows_[static_cast<std::size_t>(row.guard) - 1].result != 0.0) {
-      CallContext context{values[kAngleFactorPlace], &random, {}};
+    const bool runs =
+        row.guard == 0 || rows_[static_cast<std::size_t>(row.guard) - 1].result != 0.0;
+    if (runs && row.function == &operators::kRight) {
+      // Whatever it is: the function that it is for can tell what is wrong with it.
+      at.result = at.arguments[1];
+    } else if (runs) {
       if (row.function->kernel == nullptr) {
         error_ = "Function <" + std::to_string(row.function->code) + "> missing?";
         return false;
       }
-      const bool goesIn = AllFinite(row, at);
-      if (goesIn) at.result = row.function->kernel(at.arguments.data(), context);
-      if (!goesIn || !std::isfinite(at.result)) {
-        at.result = 0.0;
+      CallContext context{values[kAngleFactorPlace], &random, {}};
+      if (!Run(row, at, context)) {
         error_ = context.message;
         if (error_.empty()) {
           error_ = "Evaluation error < " + RowText(table, row, at, decimalSeparator) +
@@ -89,7 +97,6 @@ bool TableEvaluator::Evaluate(const ExpressionTable& table, const double* values
         }
         return false;
       }
-      if (row.sign < 0) at.result = -at.result;
     }
     result_ = at.result;
     if (row.argumentOf == 0) break;

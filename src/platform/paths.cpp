@@ -15,6 +15,13 @@ std::string ToText(const fs::path& path) {
   return std::string(text.begin(), text.end());
 }
 
+fs::path AbsolutePath(const fs::path& path) {
+  if (path.is_absolute()) return path;
+  std::error_code error;
+  fs::path whole = path.empty() ? fs::current_path(error) : fs::absolute(path, error);
+  return error ? path : whole;
+}
+
 namespace {
 
 fs::path FindPart(const fs::path& folder, const fs::path& part) {

@@ -15,6 +15,10 @@ class FileLayer;
 /// A path as UTF-8 text.
 [[nodiscard]] std::string ToText(const std::filesystem::path& path);
 
+/// `path` as an absolute one: a relative one is taken from the present working folder, an empty one
+/// is that folder. Where the system does not tell its working folder the path stays as it is.
+[[nodiscard]] std::filesystem::path AbsolutePath(const std::filesystem::path& path);
+
 /// A fixed file name of the suite ("data\current\result.txt") below `folder`, its backslashes
 /// turned into the platform's separator. Installation folders are copied between systems, so a
 /// part that does not exist as written is taken from a folder entry that differs only in case;

@@ -91,6 +91,17 @@ void TakeLine(TableListing& listing, std::size_t index) {
   }
 }
 
+// What cannot be read to its end may have some.
+bool HasEntries(platform::FileLayer& files, const fs::path& file) {
+  bool found = false;
+  const std::error_code error =
+      platform::ReadLines(files, file, [&found](const platform::RawLine& line) {
+        found = ParseEntryName(line.text).has_value();
+        return !found;
+      });
+  return found || (error && error != std::errc::no_such_file_or_directory);
+}
+
 }  // namespace
 
 KeepAlive TableWriter::Alive() const {
@@ -108,11 +119,39 @@ std::error_code TableWriter::KeepBackup(const fs::path& file, const fs::path& sp
   if (!backup) return platform::FileError::GivenUp;
   *backup += ".bak";
   if (!spared.empty() && AreOneFile(files_, *backup, spared)) return {};
+  // What emptied the file may have been no wish of anyone: then this is all there is.
+  if (!HasEntries(files_, file) && HasEntries(files_, *backup)) return {};
   const std::error_code error = platform::ReplaceFile(
       files_, *backup,
       [&source](platform::OutputFile& output) { return source.Copy(0, source.Size(), output); },
-      nullptr, file);
+      {nullptr, file, {}});
   lacksBackup_ = static_cast<bool>(error);
+  return error;
+}
+
+bool TableWriter::FindsLeftover(const fs::path& file) const {
+  std::optional<platform::FileStamp> stamp;
+  const bool isMissing = !files_.StampOf(file, stamp) && !stamp;
+  return isMissing && HasEntries(files_, fs::path(file) += ".new");
+}
+
+std::error_code TableWriter::TakeLeftover(const fs::path& file) {
+  return platform::TakeLeftover(files_, file);
+}
+
+// What another program has left in the place of the file is all that there is of it: it becomes the
+// backup, and a backup with entries an older one.
+std::error_code TableWriter::KeepLeftover(const fs::path& leftover) {
+  if (!HasEntries(files_, leftover)) return {};
+  fs::path backup = leftover;
+  backup.replace_extension(".bak");
+  fs::path older = backup;
+  older += ".old";
+  if (HasEntries(files_, backup)) {
+    if (const std::error_code error = files_.MoveOver(backup, older)) return error;
+  }
+  const std::error_code error = files_.MoveOver(leftover, backup);
+  hasKeptLeftover_ = !error;
   return error;
 }
 
@@ -139,7 +178,9 @@ std::error_code TableWriter::CopyChanged(const fs::path& file, TableListing& lis
 std::error_code TableWriter::Rewrite(const fs::path& file, const platform::ContentWriter& write,
                                      platform::FileStamp& written) {
   lacksBackup_ = false;
-  const std::error_code error = platform::ReplaceFile(files_, file, write, &written);
+  hasKeptLeftover_ = false;
+  const auto keep = [this](const fs::path& leftover) { return KeepLeftover(leftover); };
+  const std::error_code error = platform::ReplaceFile(files_, file, write, {&written, {}, keep});
   if (!error) written_.insert(Identity(files_, file));
   return error;
 }
@@ -206,6 +247,17 @@ std::error_code TableWriter::Append(const fs::path& file, const fs::path& spared
 
 std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& listing,
                                          const CurveTableEntry& entry) {
+  if (listing.stamp) {
+    // Entries that are shown are not taken for gone because someone just replaces their file.
+    bool isThere = false;
+    if (const auto error = platform::WaitForFile(files_, file, isThere)) return error;
+    if (!isThere && !FindsLeftover(file)) {
+      TableListing none;
+      none.readings = listing.readings + 1;
+      listing = std::move(none);
+      return std::make_error_code(std::errc::no_such_file_or_directory);
+    }
+  }
   const std::string line = NewLine(entry);
   platform::FileStamp stamp;
   // Under the lock: the name must be free in the file as it is now.

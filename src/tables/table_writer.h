@@ -14,7 +14,8 @@
 
 namespace zentab::tables {
 
-/// Whether the first change of a table file keeps its former content beside it, as FILE.bak.
+/// Whether the first change of a table file keeps its former content beside it, as FILE.bak. One
+/// that has entries stays instead of a file that has none.
 enum class Backups { None, AtFirstWrite };
 
 /// Changes table files, each change by replacing the whole file in one step, under its lock: who
@@ -55,6 +56,17 @@ class TableWriter {
   /// is not changed without one.
   [[nodiscard]] bool LacksBackup() const { return lacksBackup_; }
 
+  /// Whether the last operation found no table file but only what another program had left as
+  /// FILE.new, which is now FILE.bak (and a backup with entries FILE.bak.old).
+  [[nodiscard]] bool HasKeptLeftover() const { return hasKeptLeftover_; }
+
+  /// Whether there is no file, but a FILE.new with entries.
+  [[nodiscard]] bool FindsLeftover(const std::filesystem::path& file) const;
+
+  /// Gives FILE.new, which another program has left, the name FILE if there is none. Fails with
+  /// std::errc::file_exists when there is.
+  [[nodiscard]] std::error_code TakeLeftover(const std::filesystem::path& file);
+
   /// The files that it works on.
   [[nodiscard]] platform::FileLayer& Files() const { return files_; }
   /// Keeps what they belong to alive.
@@ -78,6 +90,7 @@ class TableWriter {
   [[nodiscard]] std::error_code Rewrite(const std::filesystem::path& file,
                                         const platform::ContentWriter& write,
                                         platform::FileStamp& written);
+  [[nodiscard]] std::error_code KeepLeftover(const std::filesystem::path& leftover);
   [[nodiscard]] std::error_code KeepBackup(const std::filesystem::path& file,
                                            const std::filesystem::path& spared);
 
@@ -85,6 +98,7 @@ class TableWriter {
   Backups backups_;
   std::set<std::filesystem::path> written_;  // the files changed since the start
   bool lacksBackup_ = false;
+  bool hasKeptLeftover_ = false;
 };
 
 }  // namespace zentab::tables

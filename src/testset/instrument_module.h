@@ -10,7 +10,9 @@
 namespace zentab::testset {
 
 /// The time-test module of an instrument. File and folder names are given with backslashes,
-/// relative to the working folder, in the system's single-byte code page; the module finds them.
+/// relative to the installation folder, in the system's single-byte code page; the module finds
+/// them. Every call makes that folder the working folder and leaves it so; what else the module
+/// does to the process (platform::ProcessState) ends with the call.
 class InstrumentModule {
  public:
   virtual ~InstrumentModule() = default;

@@ -2,9 +2,7 @@
 
 #include <cmath>
 #include <cstdint>
-#include <system_error>
 
-#include "platform/paths.h"
 #include "texts/number_text.h"
 
 namespace zentab::testset {
@@ -33,7 +31,6 @@ void InstrumentSession::Choose(tables::Instrument kind) {
 OpenOutcome InstrumentSession::Open() {
   if (!HasModule()) return {};
   const InstrumentProfile& profile = ProfileOf(kind_);
-  UseInstallFolder();
   OpenOutcome outcome{false, Load()};
   Slot& slot = ChosenSlot();
   const std::int32_t result =
@@ -51,7 +48,6 @@ OpenOutcome InstrumentSession::Open() {
 
 void InstrumentSession::CloseRequest() {
   hooks_.writeLogLine(" %E Close request ");
-  UseInstallFolder();
   for (const tables::Instrument kind : kKinds) {
     Slot& slot = slots_.at(static_cast<std::size_t>(kind));
     if (!slot.open) continue;
@@ -67,7 +63,6 @@ void InstrumentSession::CloseRequest() {
 }
 
 void InstrumentSession::SetReferenceGraph(std::string_view file) {
-  UseInstallFolder();
   hooks_.letEventsRun();
   // Why a module cannot be loaded was told when it was chosen.
   [[maybe_unused]] const std::string dropped = HasModule() ? Load() : std::string();
@@ -94,11 +89,6 @@ std::string InstrumentSession::Load() {
   LoadedModule loaded = LoadInstrumentModule(ProfileOf(kind_), installFolder_);
   slot.module = std::move(loaded.module);
   return std::move(loaded.failure);
-}
-
-void InstrumentSession::UseInstallFolder() const {
-  // A file dialog may have changed it. One that is gone leaves the working folder as it is.
-  [[maybe_unused]] const std::error_code dropped = platform::ChangeCurrentFolder(installFolder_);
 }
 
 }  // namespace zentab::testset

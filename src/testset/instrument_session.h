@@ -25,8 +25,7 @@ struct OpenOutcome {
 };
 
 /// The session with the time-test module of the chosen instrument; at most one module is open.
-/// Modules are loaded when they are first needed and stay loaded as long as this lives. All names
-/// are relative to the installation folder, which every call makes the working folder.
+/// Modules are loaded when they are first needed and stay loaded as long as this lives.
 class InstrumentSession {
  public:
   InstrumentSession(std::filesystem::path installFolder, SessionHooks hooks);
@@ -60,7 +59,6 @@ class InstrumentSession {
 
   [[nodiscard]] Slot& ChosenSlot() { return slots_.at(static_cast<std::size_t>(kind_)); }
   [[nodiscard]] std::string Load();
-  void UseInstallFolder() const;
 
   std::filesystem::path installFolder_;
   SessionHooks hooks_;

@@ -86,6 +86,22 @@ struct ProgramTexts {
   std::string waitsForFile = "Waiting for the file…";
   std::string waitsForWriter = "Waiting: someone else is writing the file…";
   std::string giveUp = "Give up (Esc)";
+  std::string leftoverHeading = "Table file missing";
+  std::string leftoverText =
+      "There is no table file %F, but %F.new, which another program has left behind, holds "
+      "entries. Use it as the table file?";
+  std::string leftoverKept = "What another program had left in the file's place is now its backup";
+  // Why a file could not be read or written, where the system has no word for it.
+  std::string groupNotKept = "the file's group would lose its access";
+  std::string ownerNotKept = "the file's owner would lose their access";
+  std::string accessListNotKept = "the file's access list cannot be kept";
+  std::string hardLinked =
+      "the file has other names (hard links), which would keep the old content";
+  std::string lockedByOther = "someone else is writing to the file";
+  std::string openElsewhere = "another program has the file open";
+  std::string noRegularFile = "it is not a regular file";
+  std::string lineTooLong = "a line of the file is too long";
+  std::string givenUp = "given up";
   std::string writeFailed = "The table file could not be written";
   std::string backupFailed = "The table file was not written, as no backup could be kept of it";
   std::string entryChanged = "Another program has changed the entry; the list shows the file anew";

@@ -142,8 +142,8 @@ std::error_code ReadTimeTest(platform::FileLayer& files, const ResultSource& sou
   read = {};
   std::optional<platform::FileStamp> stamp;
   if (const std::error_code error = files.StampOf(source.file, stamp)) return error;
-  const std::uintmax_t size = stamp ? stamp->size : 0;
-  if (size == 0) return {};
+  if (!stamp) return {};
+  const std::uintmax_t size = std::max<std::uintmax_t>(stamp->size, 1);
   EntryCollector entries(size);
   const PointMaker maker(modes);
   std::string buffer;

@@ -1,8 +1,15 @@
 #include "app/event_log.h"
 
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 #include <algorithm>
 
 #include "app/session_texts.h"
+#include "platform/file_errors.h"
 #include "platform/paths.h"
 #include "support/temporary_folder.h"
 
@@ -34,6 +41,25 @@ TEST_F(EventLogTest, WritesLinesOnlyWhileItIsSwitchedOn) {
   session.installFolder = "/nowhere/at/all";
   log.WriteLogLine("lost");
 }
+
+#ifndef _WIN32
+TEST_F(EventLogTest, APipeOfItsNameIsNeitherWaitedForNorWritten) {
+  session.texts.logSwitch = true;
+  const std::string name = (Folder() / "Zentab.log").string();
+  ASSERT_EQ(::mkfifo(name.c_str(), 0600), 0);
+  const EventLog log(session, platform::SystemFiles());
+  log.WriteLogLine("nobody reads this");
+  const int reader = ::open(name.c_str(), O_RDONLY | O_NONBLOCK);
+  log.WriteLogLine("nor this");
+  char byte = 0;
+  EXPECT_EQ(::read(reader, &byte, 1), 0);
+  ::close(reader);
+  std::unique_ptr<platform::OutputFile> file;
+  EXPECT_EQ(platform::SystemFiles().OpenForAppending(name, file),
+            platform::FileError::NoRegularFile);
+  EXPECT_FALSE(file);
+}
+#endif
 
 TEST(SessionTexts, FollowTheInstrumentAndTheValueModes) {
   Session session;

@@ -58,6 +58,11 @@ class ReferenceGraphCommandsTest : public test::TemporaryFolder {
   [[nodiscard]] std::string Reference() const {
     return test::BytesOf(Folder() / "data/current/reference.grh");
   }
+  [[nodiscard]] SetGraphOutcome SetGraph(std::string_view tableName) {
+    const SetGraphOutcome outcome = commands_.WriteGraph(tableName);
+    if (outcome.hasPoints && !outcome.error) commands_.HandOverGraph();
+    return outcome;
+  }
   [[nodiscard]] std::filesystem::path Graph() const { return Folder() / "data/currtmp.grh"; }
 
   Session session_;
@@ -70,10 +75,10 @@ class ReferenceGraphCommandsTest : public test::TemporaryFolder {
 
 TEST_F(ReferenceGraphCommandsTest, TheInstrumentKeepsTheCurveAndImportBringsItBack) {
   const std::string curve = Cells();
-  EXPECT_FALSE(commands_.SetGraph("SI 100 %D").error);
+  EXPECT_FALSE(SetGraph("SI 100 %D").error);
   session_.modes.absoluteValues = true;
   session_.modes.pickup = "7,5 %E";
-  EXPECT_FALSE(commands_.SetGraph("SI").error);
+  EXPECT_FALSE(SetGraph("SI").error);
   EXPECT_EQ(Log(),
             "  I Writing 2 lines from SI 100 %D absolute values|  SetRefgraph 1|"
             "  I Writing 2 lines from SI using 7,5 %E|  SetRefgraph 1|");
@@ -87,36 +92,36 @@ TEST_F(ReferenceGraphCommandsTest, TheInstrumentKeepsTheCurveAndImportBringsItBa
 }
 
 TEST_F(ReferenceGraphCommandsTest, WhatIsNotWrittenIsNotHandedOver) {
-  EXPECT_FALSE(commands_.SetGraph("").error);
+  EXPECT_FALSE(SetGraph("").error);
   const std::string before = test::BytesOf(Graph());
   const std::string log = Log();
   Fill({"1", "2", "3", "4"});
   files_.bytesThatFit = 3;
-  EXPECT_TRUE(commands_.SetGraph("").error);
+  EXPECT_TRUE(SetGraph("").error);
   EXPECT_EQ(test::BytesOf(Graph()), before);
   EXPECT_EQ(Log(), log);
   files_.bytesThatFit = test::FailingFileLayer::kNever;
-  EXPECT_FALSE(commands_.SetGraph("").error);
+  EXPECT_FALSE(SetGraph("").error);
   EXPECT_NE(test::BytesOf(Graph()), before);
   const std::string written = Log();
   Fill({"", "2", "3", "4"});
-  EXPECT_FALSE(commands_.SetGraph("").hasPoints);
+  EXPECT_FALSE(SetGraph("").hasPoints);
   EXPECT_EQ(Log(), written);
   test::SetInstrument(Folder(), "current", "fail = refgraph\n");
   Fill({"5", "2", "6", "4"});
   const std::string reference = Reference();
-  EXPECT_FALSE(commands_.SetGraph("").error);
+  EXPECT_FALSE(SetGraph("").error);
   EXPECT_TRUE(Log().ends_with("  SetRefgraph 0|"));
   EXPECT_EQ(Reference(), reference);
 }
 
 TEST_F(ReferenceGraphCommandsTest, AFileIsHandedOverWithoutAnOpenModuleAndNotToTheThirdChoice) {
   instruments_.CloseRequest();
-  EXPECT_FALSE(commands_.SetGraph("").error);
+  EXPECT_FALSE(SetGraph("").error);
   EXPECT_TRUE(Log().ends_with("  SetRefgraph 0|"));
   EXPECT_EQ(Reference(), "(missing)");
   instruments_.Choose(tables::Instrument::Third);
-  EXPECT_FALSE(commands_.SetGraph("").error);
+  EXPECT_FALSE(SetGraph("").error);
   EXPECT_TRUE(Log().ends_with("  SetRefgraph 0|"));
 }
 

@@ -91,6 +91,34 @@ TEST_F(CommandLine, TheScriptOfTheDocumentationRuns) {
       BytesOf(Folder() / "out").starts_with("# Feeder 12\tms=0\tabsolute=0\tinstrument=1\n"));
 }
 
+TEST_F(CommandLine, ALimitOfTheFileSizeFailsTheWrite) {
+  const string library = "{\"A\"\t" + string(2000, ' ') + "001}\n";
+  Write("lib.dat", library);
+  Write("in", "5\t6\n");
+  EXPECT_EQ(Run("ulimit -f 1 && \"" PROGRAM "\" add lib.dat B <in 2>err"), 1);
+  EXPECT_EQ(BytesOf(Folder() / "lib.dat"), library);
+  EXPECT_EQ(Names(), (std::vector<string>{"err", "in", "lib.dat"}));
+}
+
+#ifdef __linux__
+// The memory of the reading process begins with a page that nobody can read.
+TEST_F(CommandLine, AFileThatCannotBeReadToItsEndIsNoShorterOne) {
+  const string library = "{\"A\"\t(1;2)(3;4) 000}\r\n";
+  const string bad = "/proc/self/mem";
+  for (const string& arguments :
+       {"list " + bad, "check " + bad, "show " + bad + " A", "update lib.dat A --points " + bad,
+        "add lib.dat B --points " + bad, "copy " + bad + " lib.dat A", "text " + bad + " K",
+        "entry " + bad + " T 1", "import " + bad + " --heading T", "grh-read --absolute " + bad,
+        "import result.txt --heading T --catalogue " + bad}) {
+    Write("lib.dat", library);
+    Write("result.txt", "T\n1\t1\t1000\t\n");
+    EXPECT_EQ(Run("\"" PROGRAM "\" " + arguments + " >out 2>err"), 1) << arguments;
+    EXPECT_EQ(BytesOf(Folder() / "lib.dat"), library) << arguments;
+    EXPECT_NE(BytesOf(Folder() / "err").find("error"), string::npos) << arguments;
+  }
+}
+#endif
+
 TEST_F(CommandLine, StreamsThatFailAreNoEmptyInputAndNoSuccess) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
   Write("lines", "1\n");
@@ -110,7 +138,7 @@ TEST_F(CommandLine, WhatIsNoFileIsNotReplaced) {
   const string import = "timeout 10 \"" PROGRAM "\" import result.txt --heading= --trace ";
   for (const char* const trace : {"pipe", "device", "/dev/null"}) {
     EXPECT_EQ(Run(import + trace + " 2>err >out"), 1) << trace;
-    EXPECT_NE(BytesOf(Folder() / "err").find("is no ordinary file"), string::npos) << trace;
+    EXPECT_NE(BytesOf(Folder() / "err").find("not a regular file"), string::npos) << trace;
   }
   EXPECT_TRUE(fs::is_fifo(Folder() / "pipe") && fs::is_character_file("/dev/null"));
   EXPECT_EQ(Run(import + "link >out"), 0);

@@ -54,6 +54,10 @@ class FailingDevice : public TemporaryFolder {
       files.failingStep = FailingFileLayer::kNever;
       EXPECT_TRUE(path.run(place));
     }
+    // What was left in the place of a file that was not there yet is kept beside it.
+    if (!before_.contains(path.target)) {
+      std::filesystem::remove(Folder() / (path.target + ".bak"));
+    }
     EXPECT_TRUE(ReadFolder(Folder()) == Changed(path, before_));
     return files.failedStep;
   }

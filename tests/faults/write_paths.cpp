@@ -128,8 +128,10 @@ bool Workplace::Copy(string_view source, string_view target) {
 }
 
 bool Workplace::WriteGraph() {
-  const app::SetGraphOutcome outcome = graphs_.SetGraph("SI");
-  return outcome.hasPoints && !outcome.error;
+  const app::SetGraphOutcome outcome = graphs_.WriteGraph("SI");
+  const bool isWritten = outcome.hasPoints && !outcome.error;
+  if (isWritten) graphs_.HandOverGraph();
+  return isWritten;
 }
 
 std::size_t Workplace::IndexOf(string_view name) const {

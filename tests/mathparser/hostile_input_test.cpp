@@ -74,7 +74,7 @@ TEST(HostileInput, LongAndDeepTexts) {
       {"a large factorial", "fact(1E9)!", "Evaluation error < fact(1000000000) > at pos: 5"},
       {"a large order", "polyle(0.5,1E9)", "Evaluation error < polyle(0.5;1000000000) > at pos: 7"},
       {"large orders in many rows", Repeated("polyla(1.5,50000)+", 1700) + "1", ""},
-      {"large shapes", "betai(0.5,1E17,1E17)", "Evaluation error < betai("},
+      {"large shapes", "betai(0.5,1E300,1E300)+betai(0.5,1E5,1E5)", ""},
       {"large choices", "comb(1E300,1E299)", "Evaluation error"},
       {"many choices", "comb(1029,514)+perm(170,169)+comb(1E300,1)+gcd(1E308,3)", ""},
   };

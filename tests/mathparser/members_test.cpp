@@ -214,6 +214,11 @@ TEST(Members, RandomNumbers) {
   EXPECT_NEAR(sum / 4000.0, 1.0, 0.1);
   EXPECT_NE(draws[0], draws[1]);
   EXPECT_NE(parser.Eval(), parser.Eval());
+  // A copy goes its own way.
+  MathParser copy = parser;
+  EXPECT_NE(copy.Eval(), parser.Eval());
+  copy = parser;
+  EXPECT_NE(copy.Eval(), parser.Eval());
 }
 
 std::vector<std::string> ColumnOf(MathParser& parser, const std::string& title) {
@@ -254,6 +259,15 @@ TEST(Members, Dump) {
   EXPECT_EQ(ColumnOf(parser, "PriLvl"), (Column{"111", "3", "10", "2", "3"}));
   EXPECT_EQ(ColumnOf(parser, "PriIdx"), (Column{"1", "3", "2", "5", "4"}));
   EXPECT_EQ(ColumnOf(parser, "Cond"), (Column{"0", "0", "1", "0", "0"}));
+  ASSERT_TRUE(parser.StoreExpression("(x<0)*sqr(-x) + (x>=0)*sqr(x)"));
+  EXPECT_EQ(ColumnOf(parser, "PriIdx"), (Column{"1", "5", "3", "7", "2", "6", "4"}));
+  ASSERT_TRUE(parser.StoreExpression("2*(x<0)*y*ln(-x)*sqr(-x)"));
+  EXPECT_EQ(ColumnOf(parser, "Cond"), (Column{"0", "0", "0", "0", "2", "0", "2"}));
+  EXPECT_EQ(ColumnOf(parser, "PriLvl"), (Column{"3", "111", "3", "3", "10", "3", "10"}));
+  EXPECT_EQ(ColumnOf(parser, "PriIdx"), (Column{"2", "5", "7", "1", "3", "4", "6"}));
+
+  ASSERT_TRUE(parser.StoreExpression("(x<0)*sqr(-x)+1/x"));
+  EXPECT_EQ(parser.Eval1(-4.0), 1.75);
   // A failure keeps what was computed before it.
   EXPECT_NE(ErrorOf([&] { (void)parser.Eval1(0.0); }), "");
   EXPECT_EQ(ColumnOf(parser, "Value"), (Column{"0", "0", "0", "1.75", "0"}));

@@ -37,34 +37,47 @@ bool IsComparison(const Node& node) { return node.kind == Node::Kind::Comparison
 bool IsProduct(const Node& node) { return node.kind == Node::Kind::Binary && node.text == "*"; }
 bool IsTruth(const Node& node) {
   return IsComparison(node) ||
-         (IsProduct(node) && IsComparison(*node.children[0]) && IsComparison(*node.children[1]));
+         (IsProduct(node) && IsTruth(*node.children[0]) && IsTruth(*node.children[1]));
+}
+bool HasTruth(const Node& node) {
+  return IsTruth(node) ||
+         (IsProduct(node) && (HasTruth(*node.children[0]) || HasTruth(*node.children[1])));
 }
 bool IsOperand(const Node& node) {
   return node.kind == Node::Kind::Literal || node.kind == Node::Kind::Variable;
 }
 
-// The factor whose 0 makes the other one be left alone, -1 for none.
+// The factor with the truths whose 0 makes the other one be left alone, -1 for none.
 int GuardOf(const Node& product) {
   const Node& left = *product.children[0];
   const Node& right = *product.children[1];
-  const auto among = [&](bool (*is)(const Node&)) {
-    if (is(left) == is(right)) return -1;
-    const int guard = is(left) ? 0 : 1;
-    return IsOperand(*product.children[static_cast<std::size_t>(1 - guard)]) ? -1 : guard;
-  };
-  if (IsComparison(left) || IsComparison(right)) return among(IsComparison);
-  return among(IsTruth);
+  if (IsComparison(left) != IsComparison(right)) return IsComparison(left) ? 0 : 1;
+  if (IsTruth(left) != IsTruth(right)) return IsTruth(left) ? 0 : 1;
+  if (IsTruth(left) || !(HasTruth(left) || HasTruth(right))) return -1;
+  return HasTruth(left) ? 0 : 1;
 }
 
 Result Evaluate(const Node& node, const Values& variables);
 
 Result Checked(double value) { return std::isfinite(value) ? Result(value) : std::nullopt; }
 
+// Whether all truths among the factors hold, each asked only when those that guard it do.
+Result Holds(const Node& node, const Values& variables) {
+  if (IsTruth(node)) return Evaluate(node, variables);
+  const auto guard = static_cast<std::size_t>(GuardOf(node));
+  const Result first = Holds(*node.children[guard], variables);
+  const Node& other = *node.children[1 - guard];
+  return first && *first != 0.0 && HasTruth(other) ? Holds(other, variables) : first;
+}
+
 Result EvaluateProduct(const Node& node, const Values& variables) {
   const int guard = GuardOf(node);
-  if (guard >= 0) {
-    const Result condition = Evaluate(*node.children[static_cast<std::size_t>(guard)], variables);
-    if (!condition || *condition == 0.0) return condition;
+  if (guard >= 0 && !IsOperand(*node.children[static_cast<std::size_t>(1 - guard)])) {
+    const Node& guarding = *node.children[static_cast<std::size_t>(guard)];
+    const Result condition = Holds(guarding, variables);
+    if (!condition) return condition;
+    const Result value = *condition == 0.0 ? Evaluate(guarding, variables) : std::nullopt;
+    if (*condition == 0.0) return value ? Checked(*value * 0.0) : std::nullopt;
   }
   const Result left = Evaluate(*node.children[0], variables);
   const Result right = Evaluate(*node.children[1], variables);
@@ -187,15 +200,20 @@ class Generator {
     }
     return node;
   }
+  // A comparison among the two, three or four factors of a product.
   NodePointer MakeGuarded(int depth) {
-    auto node = std::make_unique<Node>();
-    node->kind = Node::Kind::Binary;
-    node->text = "*";
-    node->binding = 3;
-    node->children.push_back(MakeComparison(depth));
-    node->children.push_back(Make(depth - 1));
-    if (Below(2) == 0) std::swap(node->children[0], node->children[1]);
-    return node;
+    NodePointer product = MakeComparison(depth);
+    for (int factors = 1 + Below(2) * Below(3); factors > 0; --factors) {
+      auto node = std::make_unique<Node>();
+      node->kind = Node::Kind::Binary;
+      node->text = "*";
+      node->binding = 3;
+      node->children.push_back(std::move(product));
+      node->children.push_back(Make(Below(depth)));
+      if (Below(2) == 0) std::swap(node->children[0], node->children[1]);
+      product = std::move(node);
+    }
+    return product;
   }
   NodePointer MakeBinary(int depth) {
     struct Operator {

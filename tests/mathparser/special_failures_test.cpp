@@ -40,8 +40,6 @@ TEST(SpecialFunctions, RefuseWithTheirMessages) {
       {"bessely(0,1)", "Evaluation error < bessely(0;1) >"},
       {"besselj(1,0.5)", "Evaluation error < besselj(1;0.5) >"},
       {"hypgeom(0.5,1,1,-2)", "Evaluation error < hypgeom(0.5;1;1;-2) >"},
-      // Near the mean of such shapes the fraction would settle on something else.
-      {"betai(0.5,4.5E15,4.5E15)", "Evaluation error < betai("},
       {"wtri(1,0)", "Evaluation error < wtri(1;0) >"},
       {"wsteps(1,1,1.5)", "Evaluation error < wsteps(1;1;1.5) >"},
   };
@@ -69,14 +67,32 @@ std::array<double, 2> BoundsOf(const FunctionEntry& entry) {
 // Every keyword at every combination of hostile numbers: back soon (or the test times out), and
 // where there is a value, one that the function can have.
 TEST(SpecialFunctions, EndForAnyNumbers) {
-  constexpr std::array kHostile = {0.0,   5e-324, 1e-300, 1e-9, 0.5,  1.0,    2.0,
-                                   60.25, 999.5,  1e5,    1e9,  1e17, 1e300,  -1e300,
-                                   -1e9,  -1e5,   -99.5,  -0.5, -1.0, 25000.0};
+  constexpr std::array kHostile = {0.0,
+                                   5e-324,
+                                   1e-300,
+                                   1e-9,
+                                   0.5,
+                                   1.0,
+                                   2.0,
+                                   60.25,
+                                   999.5,
+                                   1e5,
+                                   1e9,
+                                   1e17,
+                                   1.7976931348623157e308,
+                                   -1e300,
+                                   -1e9,
+                                   -1e5,
+                                   -99.5,
+                                   -0.5,
+                                   -1.0,
+                                   25000.0};
   for (const FunctionFamily family :
-       {GammaFunctions(), ErrorFunctions(), IncompleteFunctions(), DistributionFunctions(),
-        BesselFunctions(), ModifiedBesselFunctions(), AiryFunctions(), EllipticFunctions(),
-        ExponentialIntegralFunctions(), SineIntegralFunctions(), FresnelFunctions(),
-        ZetaFunctions(), PolynomialFunctions(), HypergeometricFunctions(), WaveformFunctions()}) {
+       {GammaFunctions(), ErrorFunctions(), IncompleteGammaFunctions(), IncompleteBetaFunctions(),
+        DistributionFunctions(), BesselFunctions(), ModifiedBesselFunctions(), AiryFunctions(),
+        EllipticFunctions(), ExponentialIntegralFunctions(), SineIntegralFunctions(),
+        FresnelFunctions(), ZetaFunctions(), PolynomialFunctions(), HypergeometricFunctions(),
+        WaveformFunctions()}) {
     for (const FunctionEntry& entry : family) {
       EXPECT_EQ(StandardCatalogue().Find(entry.keyword), &entry);
       const auto [least, most] = BoundsOf(entry);

@@ -1,14 +1,21 @@
 #include "platform/safe_file_replacement.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include <algorithm>
 #include <thread>
 
+#include "platform/file_errors.h"
 #include "support/temporary_folder.h"
+#include "support/waiting_file_layer.h"
 
 namespace zentab::test {
 namespace {
 
 namespace fs = std::filesystem;
+using platform::FileError;
 using platform::OutputFile;
 using platform::ReplaceFile;
 using platform::SystemFiles;
@@ -53,13 +60,32 @@ TEST_F(SafeFileReplacement, OneReplacesAtATime) {
   EXPECT_EQ(Names(), kOnlyTheFile);
 }
 
-TEST_F(SafeFileReplacement, GivesUpWaitingForALock) {
+TEST_F(SafeFileReplacement, WaitsForALockAsLongAsItIsToldTo) {
   const fs::path file = Write("table.dat", kOld);
   std::unique_ptr<platform::FileLock> held;
   ASSERT_FALSE(SystemFiles().TryLock(file, held));
-  EXPECT_EQ(ReplaceFile(SystemFiles(), file, WriteFresh), std::errc::device_or_resource_busy);
+  int asked = 0;
+  WaitingFileLayer impatient([&] { return ++asked < 5; });
+  EXPECT_EQ(ReplaceFile(impatient, file, WriteFresh), FileError::LockedByOther);
+  EXPECT_EQ(asked, 5);
   EXPECT_EQ(BytesOf(file), kOld);
-  held.reset();
+  WaitingFileLayer patient([&] {
+    held.reset();
+    return true;
+  });
+  EXPECT_FALSE(ReplaceFile(patient, file, WriteFresh));
+  EXPECT_EQ(BytesOf(file), kFresh);
+  EXPECT_EQ(Names(), kOnlyTheFile);
+}
+
+TEST_F(SafeFileReplacement, PartsNoHardLinks) {
+  const fs::path file = Write("table.dat", kOld);
+  fs::create_hard_link(file, Folder() / "other.dat");
+  const std::error_code error = ReplaceFile(SystemFiles(), file, WriteFresh);
+  EXPECT_EQ(error, FileError::HardLinked);
+  EXPECT_EQ(error, std::errc::too_many_links);
+  EXPECT_EQ(BytesOf(file), kOld);
+  fs::remove(Folder() / "other.dat");
   EXPECT_FALSE(ReplaceFile(SystemFiles(), file, WriteFresh));
   EXPECT_EQ(Names(), kOnlyTheFile);
 }
@@ -91,6 +117,26 @@ TEST_F(SafeFileReplacement, KeepsAccessRightsAndSymbolicLinks) {
   EXPECT_EQ(BytesOf(Folder() / "made.dat"), kFresh);
   EXPECT_EQ(BytesOf(file), kFresh);
   EXPECT_EQ(fs::status(file).permissions(), kRights);
+}
+
+// What stands under the lock's name and is no lock stays; a lock is open to everyone.
+TEST_F(SafeFileReplacement, LocksAreForEveryone) {
+  const fs::path file = Write("table.dat", kOld), lock = Folder() / "table.dat.lock";
+  const mode_t former = ::umask(077);
+  std::unique_ptr<platform::FileLock> held;
+  EXPECT_FALSE(SystemFiles().TryLock(file, held));
+  ::umask(former);
+  EXPECT_EQ(fs::status(lock).permissions(), static_cast<fs::perms>(0666));
+  held.reset();
+  Write("table.dat.lock", "someone's notes");
+  fs::permissions(lock, static_cast<fs::perms>(0640));
+  EXPECT_FALSE(ReplaceFile(SystemFiles(), file, WriteFresh));
+  EXPECT_EQ(BytesOf(lock), "someone's notes");
+  EXPECT_EQ(fs::status(lock).permissions(), static_cast<fs::perms>(0640));
+  fs::remove(lock);
+  ASSERT_EQ(::mkfifo(lock.c_str(), 0600), 0);
+  EXPECT_EQ(ReplaceFile(SystemFiles(), file, WriteFresh), FileError::NoRegularFile);
+  EXPECT_TRUE(fs::is_fifo(lock));
 }
 #endif
 

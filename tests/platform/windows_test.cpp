@@ -3,9 +3,11 @@
 #undef ReplaceFile
 
 #include <fstream>
+#include <functional>
 
 #include "platform/ansi_code_page.h"
 #include "platform/character_case.h"
+#include "platform/file_errors.h"
 #include "platform/locale_queries.h"
 #include "platform/paths.h"
 #include "platform/registry.h"
@@ -14,6 +16,7 @@
 #include "platform/shared_library.h"
 #include "support/simulated_modules.h"
 #include "support/temporary_folder.h"
+#include "support/waiting_file_layer.h"
 
 namespace zentab::platform {
 namespace {
@@ -105,18 +108,72 @@ TEST_F(WindowsFiles, AreReplacedInOneStepOrNotAtAll) {
   };
   EXPECT_FALSE(replace("new"));
   EXPECT_EQ(test::BytesOf(file), "new");
-  // Someone else holds the file and shares nothing.
-  HANDLE const held =
-      CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(held, INVALID_HANDLE_VALUE);
-  EXPECT_TRUE(replace("third"));
-  CloseHandle(held);
-  EXPECT_EQ(test::BytesOf(file), "new");
   SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
   EXPECT_TRUE(replace("third"));
   EXPECT_EQ(test::BytesOf(file), "new");
   EXPECT_EQ(Names(), std::vector<std::string>{"table.dat"});
   SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+// Who shares everything, as this program's readers do, goes on reading the former content.
+TEST_F(WindowsFiles, ThatOthersHaveOpenAreWaitedFor) {
+  constexpr DWORD kAllSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  for (const DWORD sharing : {kAllSharing, DWORD{0}}) {
+    const auto file = Write("table.dat", "old");
+    HANDLE const held =
+        CreateFileW(file.c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    const auto replace = [&](std::function<bool()> goOn) {
+      test::WaitingFileLayer files(std::move(goOn));
+      return ReplaceFile(files, file, [](OutputFile& output) { return output.Write("new"); });
+    };
+    const std::error_code error = replace([] { return false; });
+    char byte = 0;
+    DWORD count = 0;
+    EXPECT_NE(ReadFile(held, &byte, 1, &count, nullptr), 0);
+    EXPECT_EQ(byte, 'o');
+    if (sharing == 0) {
+      EXPECT_EQ(error, FileError::OpenElsewhere);
+      EXPECT_FALSE(replace([held] { return CloseHandle(held) != 0; }));
+    } else {
+      EXPECT_FALSE(error) << error.message();
+      CloseHandle(held);
+    }
+    EXPECT_EQ(test::BytesOf(file), "new");
+    EXPECT_EQ(Names(), std::vector<std::string>{"table.dat"});
+  }
+}
+
+// A file for its owner alone, where the folder hands down more.
+TEST_F(WindowsFiles, KeepAccessListsOfTheirOwn) {
+  const auto access = [](const std::filesystem::path& path, SECURITY_INFORMATION what) {
+    DWORD size = 0;
+    GetFileSecurityW(path.c_str(), what, nullptr, 0, &size);
+    std::vector<BYTE> bytes(size);
+    EXPECT_NE(GetFileSecurityW(path.c_str(), what, bytes.data(), size, &size), 0);
+    return bytes;
+  };
+  const auto file = Write("table.dat", "old");
+  const auto common = access(file, DACL_SECURITY_INFORMATION);
+  auto ownership = access(file, OWNER_SECURITY_INFORMATION);
+  PSID owner = nullptr;
+  BOOL isDefault = FALSE;
+  ASSERT_NE(GetSecurityDescriptorOwner(ownership.data(), &owner, &isDefault), 0);
+  std::vector<BYTE> list(256);
+  const auto entries = reinterpret_cast<ACL*>(list.data());
+  SECURITY_DESCRIPTOR mine;
+  ASSERT_NE(InitializeAcl(entries, static_cast<DWORD>(list.size()), ACL_REVISION), 0);
+  ASSERT_NE(AddAccessAllowedAce(entries, ACL_REVISION, FILE_ALL_ACCESS, owner), 0);
+  ASSERT_NE(InitializeSecurityDescriptor(&mine, SECURITY_DESCRIPTOR_REVISION), 0);
+  ASSERT_NE(SetSecurityDescriptorDacl(&mine, TRUE, entries, FALSE), 0);
+  ASSERT_NE(SetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, &mine), 0);
+  const auto former = access(file, DACL_SECURITY_INFORMATION);
+  ASSERT_NE(former, common);
+  const auto write = [](OutputFile& output) { return output.Write("new"); };
+  EXPECT_FALSE(ReplaceFile(SystemFiles(), file, write));
+  EXPECT_FALSE(ReplaceFile(SystemFiles(), Folder() / "copy.dat", write, {nullptr, file, {}}));
+  EXPECT_EQ(access(file, DACL_SECURITY_INFORMATION), former);
+  EXPECT_EQ(access(Folder() / "copy.dat", DACL_SECURITY_INFORMATION), former);
 }
 
 TEST_F(WindowsFiles, ModulesExportTheDecoratedNamesAndNoOthers) {

@@ -1,9 +1,11 @@
 #include <chrono>
 #include <thread>
 
+#include "support/failing_file_layer.h"
 #include "support/listed.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
+#include "support/waiting_file_layer.h"
 #include "tables/table_writer.h"
 
 namespace zentab::tables {
@@ -53,7 +55,8 @@ class TableLibrary : public test::TemporaryFolder {
   static const CurveTableEntry kEntry;
   fs::path file_;
   TableListing listing_;
-  TableWriter writer_{SystemFiles(), Backups::None};
+  test::WaitingFileLayer impatient_{[] { return false; }};
+  TableWriter writer_{impatient_, Backups::None};
 };
 
 const CurveTableEntry TableLibrary::kEntry = {
@@ -239,6 +242,99 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   EXPECT_FALSE(next.RemoveEntry(file_, listing_, index));
   EXPECT_EQ(fs::status(backup).permissions(), kPrivate);
 #endif
+}
+
+TEST_F(TableLibrary, AFileWithoutEntriesReplacesNoBackupThatHasSome) {
+  for (const bool hasEntries : {true, false}) {
+    List("no entry\r\n");
+    const fs::path backup = Write("t.dat.bak", hasEntries ? kThree : "of no use");
+    TableWriter writer(SystemFiles(), Backups::AtFirstWrite);
+    EXPECT_FALSE(writer.AppendEntry(file_, listing_, kEntry));
+    EXPECT_EQ(BytesOf(backup), hasEntries ? kThree : "no entry\r\n");
+  }
+}
+
+// An older program replaces a file by writing FILE.new, removing FILE and renaming.
+TEST_F(TableLibrary, WhatIsLeftInThePlaceOfTheFileIsNeverLost) {
+  const std::string backup = "{\"old\"\t 000}\r\n";
+  for (const bool hadBackup : {true, false}) {
+    List(kThree);
+    fs::rename(file_, Folder() / "t.dat.new");
+    if (hadBackup) Write("t.dat.bak", backup);
+    EXPECT_TRUE(writer_.FindsLeftover(file_));
+    EXPECT_FALSE(Append());
+    EXPECT_EQ(BytesOf(file_), kEntryLine);
+    EXPECT_EQ(BytesOf(Folder() / "t.dat.bak"), kThree);
+    EXPECT_EQ(BytesOf(Folder() / "t.dat.bak.old"), hadBackup ? backup : "(missing)");
+    EXPECT_TRUE(writer_.HasKeptLeftover());
+    EXPECT_EQ(writer_.TakeLeftover(file_), std::errc::file_exists);
+    for (const char* const name : {"t.dat", "t.dat.bak", "t.dat.bak.old"}) {
+      fs::remove(Folder() / name);
+    }
+  }
+  Write("t.dat.new", kThree);
+  EXPECT_FALSE(writer_.TakeLeftover(file_));
+  EXPECT_EQ(BytesOf(file_), kThree);
+  // The program comes to its end while a change waits for the file.
+  List(kThree);
+  fs::rename(file_, Folder() / "t.dat.new");
+  std::thread other([this] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    fs::rename(Folder() / "t.dat.new", file_);
+  });
+  EXPECT_FALSE(TableWriter(SystemFiles(), Backups::None).AppendEntry(file_, listing_, kEntry));
+  other.join();
+  EXPECT_EQ(BytesOf(file_), std::string(kThree) + "\r\n" + kEntryLine);
+  // Entries that are still shown are no empty file.
+  List(kThree);
+  fs::remove(file_);
+  EXPECT_EQ(Append(), std::errc::no_such_file_or_directory);
+  EXPECT_FALSE(fs::exists(file_));
+  EXPECT_FALSE(Append());
+}
+
+// A mark in front of the first line stays, and is no part of its name.
+TEST_F(TableLibrary, AByteOrderMarkStaysInFront) {
+  const std::string mark = "\xEF\xBB\xBF", a = "{\"a\"\t(1;2) 000}\r\n", b = "{\"b\"\t 000}\r\n";
+  List(mark + a + b);
+  EXPECT_EQ(listing_.names, (NameList{"a", "b"}));
+  EXPECT_EQ(Line(0), "{\"a\"\t(1;2) 000}");
+  EXPECT_FALSE(Replace(0));
+  EXPECT_EQ(BytesOf(file_), mark + kEntryLine + b);
+  EXPECT_FALSE(Remove(0));
+  EXPECT_EQ(BytesOf(file_), mark + b);
+  EXPECT_FALSE(Append());
+  EXPECT_EQ(BytesOf(file_), mark + b + kEntryLine);
+  List(mark);
+  EXPECT_FALSE(Append());
+  EXPECT_EQ(BytesOf(file_), mark + kEntryLine);
+  ExpectUpToDate();
+}
+
+// A read that fails at any step changes nothing, and is told.
+TEST_F(TableLibrary, WhatCannotBeReadToItsEndIsNotChanged) {
+  std::string bytes;
+  for (int line = 0; line < 20'000; ++line) {
+    bytes += "{\"" + std::to_string(line) + "\"\t(1;2)(3;4) 000}\r\n";
+  }
+  int failures = 0;
+  for (std::size_t step = 0;; ++step) {
+    List(bytes);
+    test::FailingFileLayer files;
+    files.failingRead = step;
+    TableWriter writer(files, Backups::AtFirstWrite);
+    TableListing listing = listing_;
+    EntryMark mark = listing.MarkOf(19'999);
+    const std::error_code listed = ListEntries(files, file_, listing);
+    const std::error_code error =
+        listed ? listed : writer.ReplaceEntry(file_, listing, mark, kEntry);
+    fs::remove(Folder() / "t.dat.bak");
+    if (!error) break;
+    ++failures;
+    EXPECT_TRUE(BytesOf(file_) == bytes) << step;
+    EXPECT_EQ(listing.names.size(), 20'000u) << step;
+  }
+  EXPECT_GT(failures, 10);
 }
 
 TEST_F(TableLibrary, NamesAreComparedWithoutCase) {

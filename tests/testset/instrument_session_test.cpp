@@ -1,6 +1,9 @@
 #include "testset/instrument_session.h"
 
 #include <algorithm>
+#include <cfenv>
+#include <clocale>
+#include <csignal>
 
 #include "support/simulated_modules.h"
 #include "support/temporary_folder.h"
@@ -56,6 +59,42 @@ TEST_F(InstrumentSessionTest, EveryChoiceClosesFirst) {
 TEST_F(InstrumentSessionTest, FindsItsDataWhereverTheWorkingFolderWas) {
   std::filesystem::current_path(std::filesystem::temp_directory_path());
   EXPECT_TRUE(ChooseAndOpen(Instrument::Current).open);
+}
+
+volatile std::sig_atomic_t lastSignal = 0;
+
+// What a module may change for the whole process; a trap ends the test.
+std::string ProcessState() {
+  volatile double zero = 0.0;
+  std::string state = std::to_string(1.0 / zero) + std::to_string(std::fegetround());
+  state += std::setlocale(LC_ALL, nullptr) + std::filesystem::current_path().string();
+  for (const int signal : {SIGTERM, SIGINT}) {
+    lastSignal = 0;
+    std::raise(signal);
+    state += ' ' + std::to_string(lastSignal);
+    // One that arrived is not listened to any more by every system.
+    std::signal(signal, [](int number) { lastSignal = number; });
+  }
+  return state;
+}
+
+TEST_F(InstrumentSessionTest, WhatAModuleLeavesChangedIsPutBack) {
+  std::filesystem::current_path(Folder());
+  const auto formerTerm = std::signal(SIGTERM, [](int number) { lastSignal = number; });
+  const auto formerInt = std::signal(SIGINT, [](int number) { lastSignal = number; });
+  const std::string before = ProcessState();
+  test::SetInstrument(Folder(), "current",
+                      "pickup = 0.5\nleave = folder arithmetic locale signals\n");
+  std::feclearexcept(FE_ALL_EXCEPT);
+  EXPECT_TRUE(ChooseAndOpen(Instrument::Current).open);
+  EXPECT_EQ(std::fetestexcept(FE_UNDERFLOW), 0);
+  EXPECT_EQ(ProcessState(), before) << "opened";
+  session.SetReferenceGraph("data\\currtmp.grh");
+  EXPECT_EQ(ProcessState(), before) << "given a graph";
+  session.CloseRequest();
+  EXPECT_EQ(ProcessState(), before) << "closed";
+  std::signal(SIGTERM, formerTerm);
+  std::signal(SIGINT, formerInt);
 }
 
 TEST_F(InstrumentSessionTest, AFailedOpenKeepsTheLastGoodPickup) {

@@ -162,7 +162,7 @@ class ExchangeTest : public QObject {
     });
     InDialog("m_imp", [](ExchangeDialog& dialog) {
       QCOMPARE(dialog.windowTitle(), QStringLiteral("Import/Export"));
-      QVERIFY(dialog.command1->toolTip().contains(QStringLiteral("Get &lt;it&gt;")));
+      QVERIFY(dialog.command1->toolTip().contains(QStringLiteral("Get <it>")));
       QVERIFY(dialog.list1->toolTip().contains(QStringLiteral("List")));
     });
   }

@@ -7,7 +7,6 @@
 #include <QRegularExpression>
 #include <QStatusBar>
 #include <QTest>
-#include <QTextDocumentFragment>
 #include <QTimer>
 
 #include "app/widgets/qt_user_dialogs.h"
@@ -60,7 +59,7 @@ class InstrumentWindowTest : public QObject {
     return made_->Find<QLineEdit>(name)->text();
   }
   [[nodiscard]] QString Tip(const char* name) const {
-    return QTextDocumentFragment::fromHtml(made_->Find<QWidget>(name)->toolTip()).toPlainText();
+    return made_->Find<QWidget>(name)->toolTip();
   }
   [[nodiscard]] QString Labels() const {
     return made_->Find<QLabel>("Label3")->text() + '|' + made_->Find<QLabel>("Label2")->text();
@@ -169,11 +168,32 @@ class InstrumentWindowTest : public QObject {
     QCOMPARE(f.dialogs.asked.size(), 1u);
   }
 
+  void TheWindowTakesNoCommandInAModulesOwnLoop() {
+    WindowFixture& f = Start();
+    Read(0);
+    SetInstrument("current", "pickup = 0.5\nwait = 200\n");
+    static_cast<void>(TakeLog());
+    bool ran = false;
+    bool enabled = true;
+    bool closed = true;
+    QTimer::singleShot(20, f.window.get(), [&] {
+      ran = true;
+      enabled = f.window->isEnabled();
+      closed = f.window->close();
+      for (const char* const control : {"Option2", "Command5", "Command1"}) made_->Click(control);
+    });
+    made_->Click("Command5");
+    QVERIFY(!enabled && !closed);
+    QVERIFY2(ran, "the module let no events run");
+    QVERIFY(f.window->isEnabled() && QApplication::overrideCursor() == nullptr);
+    QCOMPARE(TakeLog(),
+             QStringLiteral(" I Writing 2 lines from SI absolute values| SetRefgraph 1|"));
+  }
+
   void AMissingModuleIsSaidInABoxThatCanBeAnswered() {
     WindowFixture& f = Start();
     QVERIFY(QFile::remove(f.Path(QString::fromLatin1(test::kCurrentModule.data()))));
-    const texts::ProgramTexts texts;
-    QtUserDialogs dialogs(texts);
+    QtUserDialogs dialogs(f.session);
     dialogs.SetParent(f.window.get());
     bool answerable = false;
     QMessageBox::Icon icon = QMessageBox::NoIcon;

@@ -72,16 +72,22 @@ class MemoryStore : public platform::SettingsStore {
 /// A main window on an installation folder with the simulated instruments, thrown away at the end.
 class WindowFixture {
  public:
-  explicit WindowFixture(const QByteArray& library, const std::string& separator = ".") {
+  /// `layer` serves in the place of `files`.
+  explicit WindowFixture(const QByteArray& library, const std::string& separator = ".",
+                         platform::FileLayer* layer = nullptr)
+      : layer_(layer != nullptr ? *layer : files) {
     Write("relayTables.dat", library);
     test::InstallSimulators(folder_.path().toStdString());
-    QDir::setCurrent(folder_.path());
+    // Nothing may depend on where it is.
+    QDir::setCurrent(elsewhere_.path());
+    executable = Path("Zentab").toStdString();
     session.localeDecimalSeparator = separator;
     Open();
   }
   ~WindowFixture() {
     window.reset();
     QDir::setCurrent(QDir::tempPath());
+    if (!QDir(elsewhere_.path()).isEmpty()) qFatal("files were left in the working folder");
   }
   WindowFixture(const WindowFixture&) = delete;
   WindowFixture& operator=(const WindowFixture&) = delete;
@@ -93,7 +99,7 @@ class WindowFixture {
     session.tablePath = settings.tableName;
     session.modes.absoluteValues = settings.absValues == "1";
     window = std::make_unique<MainWindow>(
-        MainWindowParts{session, settings, "Zentab", store, files, dialogs, executable});
+        MainWindowParts{session, settings, "Zentab", store, layer_, dialogs, executable});
     window->Load();
     window->show();
   }
@@ -127,11 +133,13 @@ class WindowFixture {
   MemoryStore store;
   AnsweringDialogs dialogs;
   test::FailingFileLayer files;
-  std::filesystem::path executable = "Zentab";  // the default catalogue lies in the folder
+  std::filesystem::path executable;  // in the folder, with the default catalogue beside it
   std::unique_ptr<MainWindow> window;
 
  private:
+  platform::FileLayer& layer_;
   QTemporaryDir folder_;
+  QTemporaryDir elsewhere_;
 };
 
 }  // namespace zentab::app

@@ -1,7 +1,6 @@
 #include "app/widgets/form_texts.h"
 
 #include <QMetaProperty>
-#include <QTextDocument>
 
 namespace zentab::app {
 namespace {
@@ -19,11 +18,6 @@ const char* CaptionProperty(const QObject& control) {
 }
 
 }  // namespace
-
-QString TooltipText(std::string_view text) {
-  // Plain text would stand in one line, however long, unless it happens to look like markup.
-  return Qt::convertFromPlainText(ToQt(text), Qt::WhiteSpaceNormal);
-}
 
 FormTexts::FormTexts(QMainWindow& form) {
   controls_.insert(form.objectName(), &form);
@@ -47,7 +41,7 @@ void FormTexts::SetCaption(std::string_view control, std::string_view text) {
 }
 
 void FormTexts::SetTooltip(std::string_view control, std::string_view text) {
-  SetProperty(control, "toolTip", TooltipText(text));
+  SetProperty(control, "toolTip", ToQt(text));
 }
 
 void FormTexts::SetShown(std::string_view control, bool shown) {

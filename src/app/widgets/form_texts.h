@@ -7,9 +7,6 @@
 
 namespace zentab::app {
 
-/// A tooltip that shows the text as it stands, in lines of a readable length.
-[[nodiscard]] QString TooltipText(std::string_view text);
-
 /// Gives the controls of a window, by their object names, the texts of a catalogue. It knows the
 /// controls that the window has when this is made.
 class FormTexts : public texts::TextTarget {

@@ -8,6 +8,7 @@
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/qt_user_dialogs.h"
+#include "platform/file_size_limit.h"
 #include "platform/file_thread.h"
 #include "platform/paths.h"
 
@@ -38,6 +39,7 @@ bool SaveScreenshot(app::MainWindow& window, const QString& file) {
 }
 
 int Run(int argc, char* argv[]) {
+  platform::ReportFileSizeLimit();
   QApplication application(argc, argv);
   QCommandLineParser arguments;
   const QCommandLineOption screenshot(
@@ -55,7 +57,7 @@ int Run(int argc, char* argv[]) {
   const auto store = platform::UserSettingsStore();
   app::Settings settings = app::LoadSettings(*store, platform::BaseName(executable), kTitle);
   app::Session session = app::StartSession(settings, *platform::SystemRegistry(), executable);
-  app::QtUserDialogs dialogs(session.texts.program);
+  app::QtUserDialogs dialogs(session);
   NobodyToAsk nobody;
   app::UserDialogs& asked = picture.isEmpty() ? static_cast<app::UserDialogs&>(dialogs) : nobody;
   app::MainWindow window(
@@ -64,6 +66,7 @@ int Run(int argc, char* argv[]) {
   window.Load();
   window.show();
   if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
+  window.ListenForEnd();
   return QApplication::exec();
 }
 

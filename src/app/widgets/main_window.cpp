@@ -18,6 +18,8 @@
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_panel.h"
+#include "app/widgets/plain_texts.h"
+#include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table/clipboard_controller.h"
 #include "app/widgets/table/table_panel.h"
@@ -28,7 +30,6 @@
 #include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
 #include "editor/chart_curve.h"
-#include "platform/paths.h"
 
 namespace zentab::app {
 namespace {
@@ -41,27 +42,28 @@ constexpr int kMargin = 9;
 MainWindow::MainWindow(MainWindowParts parts)
     : session_(parts.session),
       settings_(std::move(parts.settings)),
-      title_(std::move(parts.title)),
       catalogues_(CatalogueCandidates(session_.installFolder, parts.executable)),
-      store_(parts.store),
-      dialogs_(parts.dialogs),
       files_(parts.files),
       writer_(files_, tables::Backups::AtFirstWrite),
       log_(session_, files_),
       library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
-      libraryController_(new LibraryController(session_, files_, writer_, dialogs_, *library_)),
-      timeTest_(new TimeTestController(session_, files_, dialogs_, log_, *chart_)),
-      instruments_(new InstrumentController(session_, log_, dialogs_, *table_)),
-      graphs_(new ReferenceGraphController(session_, files_, dialogs_, log_,
-                                           instruments_->Instruments())),
+      libraryController_(
+          new LibraryController(session_, files_, writer_, parts.dialogs, *library_)),
+      timeTest_(new TimeTestController(session_, files_, parts.dialogs, log_, *chart_)),
+      instruments_(new InstrumentController(session_, log_, parts.dialogs, *table_)),
+      graphs_(new ReferenceGraphController(session_, files_, parts.dialogs, log_,
+                                           instruments_->Instruments(), *this)),
       clipboard_(new ClipboardController(session_, *table_)),
-      exchange_(new ExchangeController(session_, files_, writer_, dialogs_, store_, title_, *this)),
+      exchange_(new ExchangeController(session_, files_, writer_, parts.dialogs, parts.store,
+                                       parts.title, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
-      status_(new StatusLine(session_, statusBar())) {
-  graphs_->setParent(this);
+      status_(new StatusLine(session_, statusBar())),
+      end_(new SessionEnd({*this, *table_->grid, session_, parts.title, parts.store, parts.dialogs,
+                           files_, log_, instruments_->Instruments()})) {
   modes_->setParent(this);
+  new PlainTexts(this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Relay curve table editor"));
   resize(kDesignedSize.boundedTo(screen()->availableSize()));
@@ -201,6 +203,8 @@ void MainWindow::Load() {
   RestorePlacement(*this, settings_.window);
 }
 
+void MainWindow::ListenForEnd() { end_->Listen(); }
+
 void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
   FormTexts form(*this);
   const std::error_code error =
@@ -208,7 +212,8 @@ void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
                         [this](std::string_view text) { return Expanded(session_, text); });
   // Most places for a catalogue have none.
   if (!error || error == std::errc::no_such_file_or_directory) return;
-  status_->ShowFailure(FailureText(session_.texts.program.catalogueFailed, error));
+  status_->ShowFailure(
+      FailureText(session_.texts.program, session_.texts.program.catalogueFailed, error));
 }
 
 void MainWindow::ShowTable() {
@@ -231,7 +236,7 @@ void MainWindow::RefreshCaptions() {
   // What an instrument has no text for stays as it was.
   const std::string& tip =
       isChosen ? instrument.pickupTip : session_.texts.program.selectInstrument;
-  if (!tip.empty()) table_->text2->setToolTip(TooltipText(tip));
+  if (!tip.empty()) table_->text2->setToolTip(QString::fromStdString(tip));
   // Without an instrument the field is that of the current one.
   const std::string& label = instrument.pickupLabel.empty()
                                  ? session_.texts.instruments[1].pickupLabel
@@ -241,7 +246,7 @@ void MainWindow::RefreshCaptions() {
     chart_->command5->setText(QString::fromStdString(instrument.setGraphCaption));
   }
   if (!instrument.setGraphTip.empty()) {
-    chart_->command5->setToolTip(TooltipText(instrument.setGraphTip));
+    chart_->command5->setToolTip(QString::fromStdString(instrument.setGraphTip));
   }
   table_->HideButtonsWithoutCaption();
   const LabelPair labels = LabelsFor(session_);
@@ -264,41 +269,6 @@ void MainWindow::changeEvent(QEvent* event) {
   }
 }
 
-void MainWindow::StoreSettings() {
-  settings_.tableName = session_.tablePath;
-  settings_.nomLoad1 = session_.modes.pickup;
-  settings_.absValues = session_.modes.absoluteValues ? "1" : "0";
-  settings_.window = PlacementOf(*this);
-  // The program ends whether or not its window is remembered.
-  [[maybe_unused]] const std::error_code dropped =
-      files_.Ask([&store = store_, title = title_, settings = settings_] {
-        return SaveSettings(store, title, settings);
-      });
-}
-
-bool MainWindow::MayEnd() {
-  return !session_.table.tableModified ||
-         dialogs_.Confirm(MessageFor(session_, MessageBox::DiscardEditsOnExit, {}));
-}
-
-void MainWindow::closeEvent(QCloseEvent* event) {
-  // A module is just being opened, or a table file written.
-  if (!isEnabled() || files_.IsAtWork()) {
-    event->ignore();
-    return;
-  }
-  // A file dialog may have changed the working folder. One that is gone leaves it as it is.
-  [[maybe_unused]] const std::error_code dropped =
-      platform::ChangeCurrentFolder(platform::ToPath(session_.installFolder));
-  table_->grid->CloseEditor();
-  StoreSettings();
-  event->setAccepted(MayEnd());
-  if (!event->isAccepted()) return;
-  log_.WriteLogLine(" Unloading... ");
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  instruments_->Instruments().CloseRequest();
-  session_.table.grid.ClearPoints();
-  log_.WriteLogLine(" %E Exit");
-}
+void MainWindow::closeEvent(QCloseEvent* event) { event->setAccepted(end_->MayClose()); }
 
 }  // namespace zentab::app

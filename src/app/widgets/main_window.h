@@ -26,6 +26,7 @@ class InstrumentController;
 class LibraryController;
 class LibraryPanel;
 class ReferenceGraphController;
+class SessionEnd;
 class StatusLine;
 class TablePanel;
 class TimeTestController;
@@ -51,6 +52,9 @@ class MainWindow : public QMainWindow {
 
   /// Brings up what the settings say; runs once, before the window is shown.
   void Load();
+  /// The event loop is about to run: the end of the user's session and signals that ask the program
+  /// to end are followed from now on.
+  void ListenForEnd();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -66,15 +70,10 @@ class MainWindow : public QMainWindow {
   void RefreshChart();
   void ApplyCatalogue(const std::filesystem::path& file);
   void RefreshCaptions();
-  void StoreSettings();
-  [[nodiscard]] bool MayEnd();
 
   Session& session_;
   Settings settings_;
-  std::string title_;
   std::vector<std::filesystem::path> catalogues_;  // in the order of their application
-  platform::SettingsStore& store_;
-  UserDialogs& dialogs_;
   ResponsiveFiles files_;
   tables::TableWriter writer_;
   EventLog log_;
@@ -90,6 +89,7 @@ class MainWindow : public QMainWindow {
   ExchangeController* exchange_;
   ValueModeBinding* modes_;
   StatusLine* status_;
+  SessionEnd* end_;
 };
 
 }  // namespace zentab::app

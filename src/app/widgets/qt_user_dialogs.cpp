@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 
 namespace zentab::app {
 
@@ -9,12 +10,10 @@ bool QtUserDialogs::Show(QMessageBox::Icon icon, QMessageBox::StandardButtons bu
                          const texts::MessageText& message) {
   QMessageBox box(icon, QString::fromStdString(message.title), QString::fromStdString(message.text),
                   buttons, parent_);
-  // Plain text: an entry's name may hold anything, also what looks like markup.
-  box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::Ok);
-  box.button(QMessageBox::Ok)->setText(QString::fromStdString(texts_.ok));
+  box.button(QMessageBox::Ok)->setText(QString::fromStdString(session_.texts.program.ok));
   if (QAbstractButton* const cancel = box.button(QMessageBox::Cancel)) {
-    cancel->setText(QString::fromStdString(texts_.cancel));
+    cancel->setText(QString::fromStdString(session_.texts.program.cancel));
   }
   return box.exec() == QMessageBox::Ok;
 }
@@ -39,8 +38,8 @@ QWidget* QtUserDialogs::WindowInFront() const {
 }
 
 QString QtUserDialogs::ChooseFile(QFileDialog::AcceptMode mode) {
-  // The working folder is the installation folder, where table files are kept.
-  QFileDialog dialog(WindowInFront(), QString(), QStringLiteral("."),
+  // Where table files are kept.
+  QFileDialog dialog(WindowInFront(), QString(), QString::fromStdString(session_.installFolder),
                      QStringLiteral("Dat (*.dat)"));
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
   dialog.setAcceptMode(mode);
@@ -57,7 +56,9 @@ QString QtUserDialogs::ChooseTargetFile() { return ChooseFile(QFileDialog::Accep
 
 QString QtUserDialogs::ChooseGraphFile() {
   // Where Set GRH writes them.
-  return QFileDialog::getOpenFileName(WindowInFront(), QString(), QStringLiteral("data"),
+  const QDir installed(QString::fromStdString(session_.installFolder));
+  return QFileDialog::getOpenFileName(WindowInFront(), QString(),
+                                      installed.filePath(QStringLiteral("data")),
                                       QStringLiteral("GRH (*.grh)"));
 }
 

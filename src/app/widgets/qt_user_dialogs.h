@@ -3,6 +3,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 
+#include "app/session.h"
 #include "app/widgets/user_dialogs.h"
 
 namespace zentab::app {
@@ -10,7 +11,8 @@ namespace zentab::app {
 /// The dialogs as windows in front of the main window.
 class QtUserDialogs : public UserDialogs {
  public:
-  explicit QtUserDialogs(const texts::ProgramTexts& texts) : texts_(texts) {}
+  /// `session` gives the texts and the installation folder, in which files are looked for.
+  explicit QtUserDialogs(const Session& session) : session_(session) {}
 
   void SetParent(QWidget* parent) { parent_ = parent; }
 
@@ -27,7 +29,7 @@ class QtUserDialogs : public UserDialogs {
   [[nodiscard]] QWidget* WindowInFront() const;
   [[nodiscard]] QString ChooseFile(QFileDialog::AcceptMode mode);
 
-  const texts::ProgramTexts& texts_;
+  const Session& session_;
   QWidget* parent_ = nullptr;
 };
 

@@ -1,13 +1,13 @@
 #include "app/widgets/status_line.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QLabel>
 #include <QStatusBar>
 #include <QToolButton>
 
 #include "app/session_texts.h"
 #include "app/widgets/files/held_input.h"
+#include "platform/paths.h"
 
 namespace zentab::app {
 namespace {
@@ -23,16 +23,16 @@ QString Shortened(const QString& path) {
 QLabel* Cell(const char* name, QStatusBar* bar) {
   auto* const label = new QLabel(bar);
   label->setObjectName(QLatin1String(name));
-  label->setTextFormat(Qt::PlainText);
   label->setContentsMargins(6, 0, 6, 0);
   return label;
 }
 
 }  // namespace
 
-QString FailureText(const std::string& what, std::error_code error) {
+QString FailureText(const texts::ProgramTexts& texts, const std::string& what,
+                    std::error_code error) {
   return QStringLiteral("%1: %2").arg(QString::fromStdString(what),
-                                      QString::fromLocal8Bit(error.message().c_str()));
+                                      QString::fromLocal8Bit(ReasonText(texts, error).c_str()));
 }
 
 StatusLine::StatusLine(const Session& session, QStatusBar* bar)
@@ -57,7 +57,10 @@ StatusLine::StatusLine(const Session& session, QStatusBar* bar)
 void StatusLine::Refresh() {
   const QString path = QDir::toNativeSeparators(QString::fromStdString(session_.tablePath));
   file_->setText(Shortened(path));
-  file_->setToolTip(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
+  // An absolute path stays as it is.
+  const std::filesystem::path full =
+      platform::ToPath(session_.installFolder) / platform::ToPath(session_.tablePath);
+  file_->setToolTip(QDir::toNativeSeparators(QString::fromStdString(platform::ToText(full))));
   const std::string count = std::to_string(session_.listing.names.size());
   const std::string& entries = session_.texts.program.entries;
   count_->setText(QString::fromStdString(Expanded(session_, entries, {count})));

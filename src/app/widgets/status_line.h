@@ -14,7 +14,8 @@ class QToolButton;
 namespace zentab::app {
 
 /// What could not be done and why, as one line.
-[[nodiscard]] QString FailureText(const std::string& what, std::error_code error);
+[[nodiscard]] QString FailureText(const texts::ProgramTexts& texts, const std::string& what,
+                                  std::error_code error);
 
 /// The status bar: the active table file, the number of its entries, the modified mark, and for a
 /// while what could not be done.

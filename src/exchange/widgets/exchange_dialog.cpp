@@ -40,7 +40,6 @@ ExchangeDialog::ExchangeDialog(QAbstractItemModel& entries, QWidget* parent)
   list1->setTextElideMode(Qt::ElideRight);
   list1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   outcome->setObjectName(QStringLiteral("LabelOutcome"));
-  outcome->setTextFormat(Qt::PlainText);
   outcome->setWordWrap(true);
   command1->setEnabled(false);
   command1->setDefault(true);
@@ -86,6 +85,7 @@ void ExchangeDialog::showEvent(QShowEvent* event) {
 }
 
 void ExchangeDialog::done(int result) {
+  if (isAtWork) return;
   Q_EMIT Closing();
   QDialog::done(result);
 }

@@ -23,6 +23,7 @@ class ExchangeDialog : public QDialog {
   QPushButton* command1 = nullptr;  // Execute
   QLabel* outcome = nullptr;        // how many are selected, what became of a copy
   QPushButton* closeButton = nullptr;
+  bool isAtWork = false;  // with files: it cannot be closed now
 
   /// For every row of the list, whether it is selected.
   [[nodiscard]] std::vector<bool> SelectedRows() const;

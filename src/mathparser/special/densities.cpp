@@ -21,15 +21,14 @@ double StirlingRest(double x) {
   return sum / x;
 }
 
-// ln of (gamma(a + b) / gamma(b)) for b >= 16 and a small beside it.
+}  // namespace
+
 DoubleDouble LogOfRise(double a, double b) {
   const DoubleDouble sum = SumOf(a, b);
   return DoubleDouble(a) * (Log(sum) - DoubleDouble(1.0)) +
          (DoubleDouble(b) - DoubleDouble(0.5)) * LogOnePlus(DoubleDouble(a) / DoubleDouble(b)) +
          DoubleDouble(StirlingRest(sum.high) - StirlingRest(b));
 }
-
-}  // namespace
 
 // Loader, Fast and accurate computation of binomial probabilities, 2000.
 DoubleDouble Deviance(double x, DoubleDouble m) {

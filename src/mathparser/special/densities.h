@@ -11,6 +11,10 @@ inline constexpr double kLargeArgument = 1000.0;
 /// x ln(x / m) + m - x for x, m > 0, without the cancellation near x = m.
 [[nodiscard]] DoubleDouble Deviance(double x, DoubleDouble m);
 
+/// ln(gamma(a + b) / gamma(b)) for b >= 16 and a > -b / 2, to 1e-19 of 1 and 1e-22 of a and of the
+/// smaller of b and 256 a.
+[[nodiscard]] DoubleDouble LogOfRise(double a, double b);
+
 /// x^a e^-x / gamma(a + 1), for a >= 0 and x > 0.
 [[nodiscard]] Wide PoissonTerm(double a, double x);
 

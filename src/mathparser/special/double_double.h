@@ -33,19 +33,23 @@ struct DoubleDouble {
   return {sum, b - (sum - a)};
 }
 
-/// The upper 26 bits.
+/// Rounded to 26 bits, so that what is left of a finite number has no more than 26 either, its sign
+/// aside. Infinite from 2^1024 - 2^997 on.
 [[nodiscard]] constexpr double UpperHalf(double a) {
-  constexpr std::uint64_t kUpper = ~((std::uint64_t{1} << 27U) - 1);
-  return std::bit_cast<double>(std::bit_cast<std::uint64_t>(a) & kUpper);
+  constexpr std::uint64_t kHalf = std::uint64_t{1} << 26U;
+  constexpr std::uint64_t kUpper = ~(2 * kHalf - 1);
+  return std::bit_cast<double>((std::bit_cast<std::uint64_t>(a) + kHalf) & kUpper);
 }
-/// a * b to 2^-106 of it. Not by std::fma, which is slow where the processor has none.
+/// a * b exactly, as long as nothing overflows (see UpperHalf) and the product is above 1e-290:
+/// each step of the lower part is exact in this order (Dekker), in no other. Not by std::fma, which
+/// is slow where the processor has none.
 [[nodiscard]] constexpr DoubleDouble ProductOf(double a, double b) {
   const double product = a * b;
   const double aHigh = UpperHalf(a);
   const double bHigh = UpperHalf(b);
   const double aLow = a - aHigh;
   const double bLow = b - bHigh;
-  return {product, ((aHigh * bHigh - product) + (aHigh * bLow + aLow * bHigh)) + aLow * bLow};
+  return {product, (((aHigh * bHigh - product) + aHigh * bLow) + aLow * bHigh) + aLow * bLow};
 }
 
 [[nodiscard]] constexpr DoubleDouble operator-(DoubleDouble a) { return {-a.high, -a.low}; }

@@ -22,6 +22,23 @@ struct Estimate {
   Wide doubt = 0.0L;
 };
 
+// A parameter as an exact sum: next to a pole of the coefficients what a difference of two others
+// rounds away is all that is left of it.
+struct Parameter {
+  Wide high = 0.0L;
+  Wide low = 0.0L;
+
+  // cppcheck-suppress noExplicitConstructor; implicit, as from double to long double
+  Parameter(Wide a) : high(a) {}
+  Parameter(Wide a, Wide b) : high(a), low(b) {}
+  static Parameter Difference(Wide a, Wide b) {
+    const Wide difference = a - b;
+    const Wide taken = difference - a;
+    return {difference, (a - (difference - taken)) - (b + taken)};
+  }
+  friend Wide operator+(const Parameter& a, Wide n) { return (a.high + n) + a.low; }
+};
+
 bool EndsSeries(double a) { return a <= 0.0 && IsWholeNumber(a); }
 
 // The largest size of (upper + m) / (lower + m) for m = 0, 1, ..., lower > 0: it goes straight
@@ -33,7 +50,7 @@ Wide LargestFactor(Wide upper, Wide lower) {
 
 // The sum of (a)_n (b)_n / (c)_n x^n / n! (Abramowitz & Stegun 15.1.1). Small terms may grow again
 // while c + n is below 0 or a + n or b + n large, so that it ends only where no later one can.
-Estimate Series(Wide a, Wide b, Wide c, Wide x) {
+Estimate Series(const Parameter& a, const Parameter& b, Wide c, Wide x) {
   Wide term = 1.0L;
   Wide sum = 1.0L;
   Wide largest = 1.0L;
@@ -139,18 +156,23 @@ bool IsGood(const Estimate& estimate) {
   return estimate.doubt <= 1e-13L * std::abs(estimate.value) + 1e-14L;
 }
 
+// A series times (1 - x)^power. The rounding of the exponent counts as well.
+Estimate TimesPower(const Estimate& image, Wide x, Wide power) {
+  const Wide exponent = power * std::log1p(-x);
+  const Wide factor = std::exp(exponent);
+  const Wide value = factor * image.value;
+  return {value, factor * image.doubt + 4.0L * kEpsilon * std::abs(exponent * value)};
+}
+
 // Pfaff's transformation (Abramowitz & Stegun 15.3.4) leads from (-1, 0) into (0, 1/2).
 Estimate Pfaff(Wide x, Wide a, Wide b, Wide c) {
-  const Estimate image = Series(a, c - b, c, x / (x - 1.0L));
-  const Wide factor = std::exp(-a * std::log1p(-x));
-  return {factor * image.value, factor * image.doubt};
+  return TimesPower(Series(a, Parameter::Difference(c, b), c, x / (x - 1.0L)), x, -a);
 }
 
 // Euler's (Abramowitz & Stegun 15.3.3) stays where it is.
 Estimate Euler(Wide x, Wide a, Wide b, Wide c) {
-  const Estimate image = Series(c - a, c - b, c, x);
-  const Wide factor = std::exp((c - a - b) * std::log1p(-x));
-  return {factor * image.value, factor * image.doubt};
+  return TimesPower(Series(Parameter::Difference(c, a), Parameter::Difference(c, b), c, x), x,
+                    Parameter::Difference(c, a) + -b);
 }
 
 // Each may cancel where the others do not; what cancels to little must not pass for near a zero

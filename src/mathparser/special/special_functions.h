@@ -54,7 +54,8 @@ constexpr FunctionEntry Special(std::string_view keyword, int code) {
 /// The families, each in a file of its own.
 [[nodiscard]] FunctionFamily GammaFunctions();
 [[nodiscard]] FunctionFamily ErrorFunctions();
-[[nodiscard]] FunctionFamily IncompleteFunctions();
+[[nodiscard]] FunctionFamily IncompleteGammaFunctions();
+[[nodiscard]] FunctionFamily IncompleteBetaFunctions();
 [[nodiscard]] FunctionFamily DistributionFunctions();
 [[nodiscard]] FunctionFamily BesselFunctions();
 [[nodiscard]] FunctionFamily ModifiedBesselFunctions();

@@ -1,12 +1,14 @@
 #include "platform/file_layer.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 
+#include "platform/file_errors.h"
+#include "platform/posix/file_access.h"
+#include "platform/posix/file_lock.h"
 #include "platform/posix/input_file.h"
 
 namespace zentab::platform {
@@ -66,53 +68,6 @@ std::error_code SyncFolder(const fs::path& folder) {
   return error;
 }
 
-// The lock belongs to the open file; the name beside it only leads there.
-class PosixFileLock final : public FileLock {
- public:
-  PosixFileLock(fs::path path, int descriptor) : path_(std::move(path)), descriptor_(descriptor) {}
-  ~PosixFileLock() override {
-    // Removed while it is held: who waits for it finds another file, or none, under the name.
-    ::unlink(path_.c_str());
-    ::close(descriptor_);
-  }
-  PosixFileLock(const PosixFileLock&) = delete;
-  PosixFileLock& operator=(const PosixFileLock&) = delete;
-
- private:
-  fs::path path_;
-  int descriptor_;
-};
-
-int OpenLockFile(const fs::path& path, mode_t mode) {
-  const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, mode);
-  if (descriptor >= 0 || errno != EACCES) return descriptor;
-  // Left behind by someone else: locking takes no right to write.
-  const int readable = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
-  if (readable < 0) errno = EACCES;
-  return readable;
-}
-
-std::error_code LockDescriptor(int descriptor) {
-  if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) return {};
-  switch (errno) {
-    case EWOULDBLOCK:
-      return std::make_error_code(std::errc::device_or_resource_busy);
-    case ENOLCK:
-    case ENOSYS:
-    case EOPNOTSUPP:
-      return {};
-    default:
-      return LastError();
-  }
-}
-
-bool IsStillNamed(int descriptor, const fs::path& path) {
-  struct stat opened {};
-  struct stat named {};
-  return ::fstat(descriptor, &opened) == 0 && ::lstat(path.c_str(), &named) == 0 &&
-         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-}
-
 class PosixFileLayer final : public FileLayer {
  public:
   std::error_code Open(const fs::path& path, std::unique_ptr<InputFile>& file) override {
@@ -133,26 +88,31 @@ class PosixFileLayer final : public FileLayer {
                          std::unique_ptr<OutputFile>& file) override {
     struct stat model {};
     const bool copied = ::stat(like.c_str(), &model) == 0;
-    const mode_t mode = copied ? (model.st_mode & 07777u) : 0666u;
+    if (!copied && errno != ENOENT && errno != ENOTDIR) return LastError();
+    // Nobody else opens the file before it has the rights that it is to have.
+    const mode_t mode = copied ? S_IRUSR | S_IWUSR : 0666u;
     const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (descriptor < 0) return LastError();
     file = std::make_unique<PosixOutputFile>(descriptor);
-    if (copied) {
-      // Only root may give a file away; for everyone else it is their own file as before. The
-      // rights come after the owner, whose change clears some of them.
-      if (::fchown(descriptor, model.st_uid, model.st_gid) != 0 && errno != EPERM) {
-        return LastError();
-      }
-      if (::fchmod(descriptor, mode) != 0 && errno != EPERM) return LastError();
-    }
-    return {};
+    return copied ? CopyAccess(like, model, descriptor) : std::error_code();
   }
 
   std::error_code OpenForAppending(const fs::path& path,
                                    std::unique_ptr<OutputFile>& file) override {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-    if (descriptor < 0) return LastError();
-    file = std::make_unique<PosixOutputFile>(descriptor);
+    struct stat status {};
+    // Opening alone may do something to a device.
+    if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+      return FileError::NoRegularFile;
+    }
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    const int descriptor = ::open(path.c_str(), kFlags, 0666);
+    // A pipe, in place since the look at it, that nobody reads.
+    if (descriptor < 0)
+      return errno == ENXIO ? make_error_code(FileError::NoRegularFile) : LastError();
+    auto opened = std::make_unique<PosixOutputFile>(descriptor);
+    if (::fstat(descriptor, &status) != 0) return LastError();
+    if (!S_ISREG(status.st_mode)) return FileError::NoRegularFile;
+    file = std::move(opened);
     return {};
   }
 
@@ -171,20 +131,7 @@ class PosixFileLayer final : public FileLayer {
   std::error_code TryLock(const fs::path& path, std::unique_ptr<FileLock>& lock) override {
     fs::path name = path;
     name += ".lock";
-    struct stat model {};
-    const mode_t mode = ::stat(path.c_str(), &model) == 0 ? (model.st_mode & 0777u) : 0666u;
-    const int descriptor = OpenLockFile(name, mode);
-    if (descriptor < 0) return LastError();
-    std::error_code error = LockDescriptor(descriptor);
-    if (!error && !IsStillNamed(descriptor, name)) {
-      error = std::make_error_code(std::errc::device_or_resource_busy);
-    }
-    if (error) {
-      ::close(descriptor);
-      return error;
-    }
-    lock = std::make_unique<PosixFileLock>(std::move(name), descriptor);
-    return {};
+    return TryLockFile(name, lock);
   }
 };
 
@@ -199,6 +146,11 @@ bool IsReadOnly(const fs::path& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) return false;
   return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0 || ::access(path.c_str(), W_OK) != 0;
+}
+
+bool HasOtherNames(const fs::path& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink > 1;
 }
 
 }  // namespace zentab::platform

@@ -5,6 +5,8 @@
 
 #include <cerrno>
 
+#include "platform/file_errors.h"
+
 namespace zentab::platform {
 namespace {
 
@@ -67,7 +69,7 @@ std::error_code OpenInput(const std::filesystem::path& path, std::unique_ptr<Inp
   } else if (S_ISDIR(status.st_mode)) {
     error = std::make_error_code(std::errc::is_a_directory);
   } else if (!S_ISREG(status.st_mode)) {
-    error = std::make_error_code(std::errc::operation_not_supported);
+    error = FileError::NoRegularFile;
   }
   if (error) file.reset();
   return error;

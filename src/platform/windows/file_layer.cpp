@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/file_errors.h"
+#include "platform/windows/file_replacement.h"
 #include "platform/windows/input_file.h"
 
 namespace zentab::platform {
@@ -55,29 +57,9 @@ class WindowsOutputFile final : public OutputFile {
   HANDLE handle_;
 };
 
-std::error_code OpenFile(const fs::path& path, DWORD disposition, DWORD startAt,
-                         std::unique_ptr<OutputFile>& file) {
-  const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                    disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) return LastError();
-  file = std::make_unique<WindowsOutputFile>(handle);
-  const LARGE_INTEGER none{};
-  return SetFilePointerEx(handle, none, nullptr, startAt) != 0 ? std::error_code() : LastError();
-}
-
 bool IsFolder(const fs::path& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
-// Whether something stands under the name. What is about to be removed lets nobody ask for its
-// attributes, but its folder still lists it.
-bool IsNamed(const fs::path& path) {
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW(path.c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) return false;
-  FindClose(search);
-  return true;
 }
 
 // A file that nobody else can open meanwhile, and that the system removes with its last handle.
@@ -115,38 +97,38 @@ class WindowsFileLayer final : public FileLayer {
     return error;
   }
 
-  // Access rights come from the folder, as for every new file on Windows.
-  std::error_code Create(const fs::path& path, const fs::path&,
+  std::error_code Create(const fs::path& path, const fs::path& like,
                          std::unique_ptr<OutputFile>& file) override {
-    return OpenFile(path, CREATE_NEW, FILE_BEGIN, file);
+    const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                      CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) return LastError();
+    file = std::make_unique<WindowsOutputFile>(handle);
+    return like.empty() ? std::error_code() : CopyAccessList(like, path);
   }
 
+  // Every write goes to the end as it is then, whoever else adds to the file.
   std::error_code OpenForAppending(const fs::path& path,
                                    std::unique_ptr<OutputFile>& file) override {
-    return OpenFile(path, OPEN_ALWAYS, FILE_END, file);
+    const HANDLE handle =
+        CreateFileW(path.c_str(), FILE_APPEND_DATA | FILE_READ_ATTRIBUTES | SYNCHRONIZE,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
+                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) return LastError();
+    auto opened = std::make_unique<WindowsOutputFile>(handle);
+    if (GetFileType(handle) != FILE_TYPE_DISK) return FileError::NoRegularFile;
+    file = std::move(opened);
+    return {};
   }
 
-  // Who just reads the file's former content keeps it from being replaced for a moment.
   std::error_code MoveOver(const fs::path& from, const fs::path& to) override {
-    constexpr int kTries = 10;
-    constexpr DWORD kPause = 20;  // milliseconds
-    for (int left = kTries;; --left) {
-      if (MoveFileExW(from.c_str(), to.c_str(),
-                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
-        return {};
-      }
-      const std::error_code error = LastError();
-      const bool mayPass =
-          error.value() == ERROR_SHARING_VIOLATION || error.value() == ERROR_ACCESS_DENIED;
-      if (!mayPass || left == 0) return error;
-      Sleep(kPause);
-    }
+    return TakeName(from, to);
   }
 
   std::error_code Remove(const fs::path& path) override {
     if (DeleteFileW(path.c_str()) != 0) return {};
     const DWORD error = GetLastError();
     if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return {};
+    if (error == ERROR_SHARING_VIOLATION) return FileError::OpenElsewhere;
     return {static_cast<int>(error), std::system_category()};
   }
 
@@ -163,9 +145,7 @@ class WindowsFileLayer final : public FileLayer {
     const std::error_code error = LastError();
     // Between its last handle and its end the file is there, but closed to everyone.
     const bool isEnding = error.value() == ERROR_ACCESS_DENIED && IsNamed(name);
-    return error.value() == ERROR_SHARING_VIOLATION || isEnding
-               ? std::make_error_code(std::errc::device_or_resource_busy)
-               : error;
+    return error.value() == ERROR_SHARING_VIOLATION || isEnding ? FileError::LockedByOther : error;
   }
 };
 
@@ -179,6 +159,15 @@ FileLayer& SystemFiles() {
 bool IsReadOnly(const fs::path& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+bool HasOtherNames(const fs::path& path) {
+  const HANDLE handle = OpenShared(path, FILE_READ_ATTRIBUTES);
+  if (handle == INVALID_HANDLE_VALUE) return false;
+  BY_HANDLE_FILE_INFORMATION about{};
+  const bool isKnown = GetFileInformationByHandle(handle, &about) != 0;
+  CloseHandle(handle);
+  return isKnown && about.nNumberOfLinks > 1;
 }
 
 }  // namespace zentab::platform

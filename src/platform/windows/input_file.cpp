@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/file_errors.h"
+
 namespace zentab::platform {
 namespace {
 
@@ -73,7 +75,7 @@ std::error_code OpenInput(const std::filesystem::path& path, std::unique_ptr<Inp
   }
   if (GetFileType(handle) != FILE_TYPE_DISK) {
     CloseHandle(handle);
-    return std::make_error_code(std::errc::operation_not_supported);
+    return FileError::NoRegularFile;
   }
   file = std::make_unique<WindowsInputFile>(handle);
   return {};

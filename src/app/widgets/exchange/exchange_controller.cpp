@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
-#include <QTextDocument>
 
 #include "app/library_commands.h"
 #include "app/session_texts.h"
@@ -82,7 +81,9 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   session_.exchangeFile = QDir::toNativeSeparators(file).toStdString();
   std::error_code error;
   if (importing) {
+    dialog.isAtWork = true;
     error = ListSource();
+    dialog.isAtWork = false;
   } else {
     listing_ = session_.listing;
     entries_.Reload();
@@ -90,12 +91,15 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   dialog.command1->setEnabled(importing || !listing_.names.empty());
   ShowTexts(dialog);
   ShowSelection(dialog);
-  if (error) dialog.outcome->setText(FailureText(session_.texts.program.listFailed, error));
+  if (error)
+    dialog.outcome->setText(
+        FailureText(session_.texts.program, session_.texts.program.listFailed, error));
   dialog.list1->setFocus();
 }
 
 void ExchangeController::Execute(ExchangeDialog& dialog) {
   dialog.command1->setEnabled(false);
+  dialog.isAtWork = true;
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   const std::filesystem::path target = mode_ == Mode::Import
                                            ? ActiveTableFile(files_, PlaceOf(session_))
@@ -108,18 +112,19 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
   const bool isStale = result.error == tables::kEntryChanged;
   std::error_code listing;
   if (isStale || CopiesOntoItself()) listing = ListSource();
+  dialog.isAtWork = false;
   QGuiApplication::restoreOverrideCursor();
   dialog.command1->setEnabled(true);
   // The button lost the focus when it was disabled; what comes next is another selection.
   dialog.list1->setFocus();
   const texts::ProgramTexts& texts = session_.texts.program;
   if (listing) {
-    dialog.outcome->setText(FailureText(texts.listFailed, listing));
+    dialog.outcome->setText(FailureText(texts, texts.listFailed, listing));
   } else if (isStale) {
     dialog.outcome->setText(QString::fromStdString(texts.fileChanged));
   } else if (result.error) {
     const std::string& what = writer_.LacksBackup() ? texts.backupFailed : texts.copyFailed;
-    dialog.outcome->setText(FailureText(what, result.error));
+    dialog.outcome->setText(FailureText(texts, what, result.error));
   } else {
     const std::string count = std::to_string(result.copied);
     dialog.outcome->setText(
@@ -147,9 +152,7 @@ void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
     return QString::fromStdString(Expanded(session_, raw));
   };
   const auto tip = [&](QWidget* control, const std::string& raw) {
-    // Plain text would stand in one line, however long.
-    if (!raw.empty())
-      control->setToolTip(Qt::convertFromPlainText(text(raw), Qt::WhiteSpaceNormal));
+    if (!raw.empty()) control->setToolTip(text(raw));
   };
   // A heading that names the file has to wait until one is chosen.
   const bool complete = fileChosen_ || texts.heading.find("%G") == std::string::npos;

@@ -179,7 +179,7 @@ void ResponsiveFiles::EndWork() {
   showsPointer_ = false;
   heldInput_.reset();
   for (const std::shared_ptr<QuietJob>& job : quiet_) Start(job);
-  if (std::exchange(isTold_, false)) Q_EMIT WaitEnded();
+  if (std::exchange(told_, std::nullopt)) Q_EMIT WaitEnded();
 }
 
 void ResponsiveFiles::AddQuietJob(QuietWork work, std::function<void(void*)> done) {
@@ -283,20 +283,32 @@ void ResponsiveFiles::Post(std::function<void()> call) { thread_.Start(std::move
 
 void ResponsiveFiles::GiveUp() { givenUp_ = givenUp_ || IsAtWork(); }
 
+void ResponsiveFiles::Tell(WaitsFor reason) {
+  if (told_ == reason) return;
+  told_ = reason;
+  if (!heldInput_) {
+    auto held = std::make_unique<HeldInput>();
+    connect(held.get(), &HeldInput::EscapePressed, this, &ResponsiveFiles::GiveUp);
+    heldInput_ = std::move(held);
+  }
+  Q_EMIT Waiting(reason);
+}
+
+// Someone else's change ends by itself: only the user knows how long to wait for it.
+bool ResponsiveFiles::GoOnWaiting(std::chrono::steady_clock::duration waited) {
+  if (waited > std::chrono::milliseconds(kToldAfter)) Tell(WaitsFor::Writer);
+  KeepAlive();
+  return !givenUp_;
+}
+
 void ResponsiveFiles::RunEvents() {
   if (!showsPointer_ && begun_.elapsed() > kPointerAfter) {
     showsPointer_ = true;
     QGuiApplication::setOverrideCursor(Qt::BusyCursor);
   }
-  if (!isTold_ && begun_.elapsed() > kToldAfter) {
-    isTold_ = true;
-    auto held = std::make_unique<HeldInput>();
-    connect(held.get(), &HeldInput::EscapePressed, this, &ResponsiveFiles::GiveUp);
-    heldInput_ = std::move(held);
-    Q_EMIT Waiting(WaitsFor::File);
-  }
-  QCoreApplication::processEvents(isTold_ ? QEventLoop::AllEvents
-                                          : QEventLoop::ExcludeUserInputEvents);
+  if (!told_ && begun_.elapsed() > kToldAfter) Tell(WaitsFor::File);
+  QCoreApplication::processEvents(told_ ? QEventLoop::AllEvents
+                                        : QEventLoop::ExcludeUserInputEvents);
   alive_.start();
 }
 

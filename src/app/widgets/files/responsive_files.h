@@ -67,6 +67,7 @@ class ResponsiveFiles final : public QObject, public platform::FileLayer {
   std::error_code Remove(const Path& path) override;
   std::error_code TryLock(const Path& path, std::unique_ptr<platform::FileLock>& lock) override;
   std::error_code Ask(const std::function<std::error_code()>& call) override;
+  bool GoOnWaiting(std::chrono::steady_clock::duration waited) override;
   void KeepAlive() override;
 
   /// What a call says, made on the thread; it owns what it touches.
@@ -94,6 +95,7 @@ class ResponsiveFiles final : public QObject, public platform::FileLayer {
   void BreakOffQuietJobs();
   void BeginWork();
   void EndWork();
+  void Tell(WaitsFor reason);
   void RunEvents();
 
   platform::FileLayer& files_;
@@ -102,7 +104,7 @@ class ResponsiveFiles final : public QObject, public platform::FileLayer {
   std::vector<std::shared_ptr<QuietJob>> quiet_;
   int works_ = 0;
   bool givenUp_ = false;
-  bool isTold_ = false;
+  std::optional<WaitsFor> told_;  // what the user was told that a command waits for
   bool showsPointer_ = false;
   QElapsedTimer begun_;
   QElapsedTimer alive_;  // since events ran last

@@ -48,7 +48,8 @@ void LibraryController::ShowFromStart(std::error_code error) {
   panel_.ShowAllNames();
   watch_->start();
   Q_EMIT LibraryChanged();
-  if (error) Q_EMIT Failed(FailureText(session_.texts.program.listFailed, error));
+  if (error)
+    Q_EMIT Failed(FailureText(session_.texts.program, session_.texts.program.listFailed, error));
 }
 
 void LibraryController::Filter(const QString& text) {
@@ -93,10 +94,15 @@ void LibraryController::Update() {
 void LibraryController::EnterName(const QString& name) {
   if (files_.IsAtWork()) return;
   Q_EMIT CommandBegun();
+  if (!name.trimmed().isEmpty() && TakesLeftover()) return;
   std::error_code error;
   switch (Add(name, error)) {
-    case NameResult::Empty:
     case NameResult::Added:
+      if (writer_.HasKeptLeftover()) {
+        Q_EMIT Failed(QString::fromStdString(session_.texts.program.leftoverKept));
+      }
+      [[fallthrough]];
+    case NameResult::Empty:
       panel_.CloseNameBox();
       break;
     case NameResult::Duplicate:
@@ -106,9 +112,20 @@ void LibraryController::EnterName(const QString& name) {
       break;
     case NameResult::NotWritten:
       // The box keeps the name for another try.
-      Q_EMIT Failed(FailureText(WriteFailure(), error));
+      Q_EMIT Failed(FailureText(session_.texts.program, WriteFailure(), error));
       break;
   }
+}
+
+// The list shows then what was missing, and the box keeps the name for another Enter.
+bool LibraryController::TakesLeftover() {
+  const ResponsiveFiles::Work work(files_);
+  if (!commands_.FindsLeftover()) return false;
+  const texts::ProgramTexts& texts = session_.texts.program;
+  const std::string text = Expanded(session_, texts.leftoverText);
+  if (!dialogs_.Confirm({texts.leftoverHeading, text})) return false;
+  ShowFromStart(commands_.TakeLeftover());
+  return true;
 }
 
 void LibraryController::SetActiveTable() {
@@ -206,7 +223,8 @@ bool LibraryController::Run(Command command, tables::EntryMark& mark) {
     Q_EMIT Failed(QString::fromStdString(session_.texts.program.entryChanged));
   } else if (error) {
     const bool reads = command == &LibraryCommands::ReadEntry;
-    Q_EMIT Failed(FailureText(reads ? session_.texts.program.readFailed : WriteFailure(), error));
+    Q_EMIT Failed(FailureText(session_.texts.program,
+                              reads ? session_.texts.program.readFailed : WriteFailure(), error));
   }
   return !error;
 }

@@ -75,6 +75,8 @@ class LibraryController : public QObject {
   [[nodiscard]] bool Agreed(MessageBox box, const tables::EntryMark& mark) const;
   [[nodiscard]] const std::string& WriteFailure() const;
   [[nodiscard]] bool Run(Command command, tables::EntryMark& mark);
+  /// Whether the user wants back what another program has left in the place of the file.
+  [[nodiscard]] bool TakesLeftover();
   [[nodiscard]] NameResult Add(const QString& name, std::error_code& error);
 
   Session& session_;

@@ -84,10 +84,8 @@ QWidget* TablePanel::BuildColumnLabels() {
   label2 = Named(new QLabel(row), "Label2");
   auto* const layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 6, 0, 0);
-  for (QLabel* const label : {label3, label2}) {
-    label->setTextFormat(Qt::PlainText);
-    layout->addWidget(label, 1);
-  }
+  layout->addWidget(label3, 1);
+  layout->addWidget(label2, 1);
   label2->setAlignment(Qt::AlignRight);
   return row;
 }

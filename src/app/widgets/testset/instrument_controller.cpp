@@ -2,43 +2,15 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QPointer>
 #include <QRadioButton>
 
 #include "app/session_texts.h"
 #include "app/widgets/table/table_panel.h"
+#include "app/widgets/testset/busy_window.h"
 #include "platform/paths.h"
 #include "texts/number_text.h"
 
 namespace zentab::app {
-namespace {
-
-// While it lives the window shows the busy pointer and takes no input.
-class BusyWindow {
- public:
-  BusyWindow(QWidget& window, bool& busy)
-      : window_(window), busy_(busy), focus_(QApplication::focusWidget()) {
-    busy_ = true;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    window_.setEnabled(false);
-  }
-  ~BusyWindow() {
-    window_.setEnabled(true);
-    // A disabled control loses the focus.
-    if (focus_ && focus_->window() == &window_) focus_->setFocus();
-    QApplication::restoreOverrideCursor();
-    busy_ = false;
-  }
-  BusyWindow(const BusyWindow&) = delete;
-  BusyWindow& operator=(const BusyWindow&) = delete;
-
- private:
-  QWidget& window_;
-  bool& busy_;
-  QPointer<QWidget> focus_;
-};
-
-}  // namespace
 
 InstrumentController::InstrumentController(Session& session, const EventLog& log,
                                            UserDialogs& dialogs, TablePanel& panel)
@@ -63,8 +35,10 @@ void InstrumentController::FollowSession() {
 }
 
 void InstrumentController::Choose(tables::Instrument kind) {
-  if (busy_ || kind == tables::Instrument::None) return;
-  const BusyWindow busy(*panel_.window(), busy_);
+  // A disabled window is busy with a module already.
+  if (!panel_.window()->isEnabled() || kind == tables::Instrument::None) return;
+  const BusyWindow busy(*panel_.window());
+  choosing_ = true;
   instruments_.Choose(kind);
   session_.instrument = kind;
   QRadioButton* const options[] = {panel_.option1, panel_.option2, panel_.option3};
@@ -75,14 +49,15 @@ void InstrumentController::Choose(tables::Instrument kind) {
   } else {
     Q_EMIT ResultsWanted();
   }
+  choosing_ = false;
   Q_EMIT Chosen();
 }
 
 void InstrumentController::LetEventsRun() const {
-  // Outside a choice the window takes input: another instrument, clicked while a graph is on its
-  // way to a module, has to wait, or the graph would go to the wrong one.
-  QCoreApplication::processEvents(busy_ ? QEventLoop::AllEvents
-                                        : QEventLoop::ExcludeUserInputEvents);
+  // What is clicked during a choice comes to nothing. While a graph is on its way to a module it
+  // waits: another instrument must not be chosen before.
+  QCoreApplication::processEvents(choosing_ ? QEventLoop::AllEvents
+                                            : QEventLoop::ExcludeUserInputEvents);
 }
 
 void InstrumentController::Open() {

@@ -50,7 +50,7 @@ class InstrumentController : public QObject {
   UserDialogs& dialogs_;
   TablePanel& panel_;
   testset::InstrumentSession instruments_;
-  bool busy_ = false;
+  bool choosing_ = false;
 };
 
 }  // namespace zentab::app

@@ -3,24 +3,33 @@
 #include <QDir>
 
 #include "app/session_texts.h"
+#include "app/widgets/status_line.h"
+#include "app/widgets/testset/busy_window.h"
 #include "platform/paths.h"
 
 namespace zentab::app {
+
 ReferenceGraphController::ReferenceGraphController(Session& session, platform::FileLayer& files,
                                                    UserDialogs& dialogs, const EventLog& log,
-                                                   testset::InstrumentSession& instruments)
-    : session_(session), commands_(session, files, log, instruments), dialogs_(dialogs) {}
+                                                   testset::InstrumentSession& instruments,
+                                                   QWidget& window)
+    : QObject(&window),
+      session_(session),
+      commands_(session, files, log, instruments),
+      dialogs_(dialogs),
+      window_(window) {}
 
 void ReferenceGraphController::SetGraph(const std::string& tableName) {
   Q_EMIT GridNeeded();
-  const SetGraphOutcome outcome = commands_.SetGraph(tableName);
+  const SetGraphOutcome outcome = commands_.WriteGraph(tableName);
   const texts::GraphTexts& texts = session_.texts.graph;
   if (!outcome.hasPoints) {
     Q_EMIT Failed(QString::fromStdString(texts.noPoints));
   } else if (outcome.error) {
-    Q_EMIT Failed(
-        QStringLiteral("%1: %2").arg(QString::fromStdString(texts.notWritten),
-                                     QString::fromLocal8Bit(outcome.error.message().c_str())));
+    Q_EMIT Failed(FailureText(session_.texts.program, texts.notWritten, outcome.error));
+  } else {
+    const BusyWindow busy(window_);
+    commands_.HandOverGraph();
   }
 }
 

@@ -8,13 +8,15 @@
 namespace zentab::app {
 
 /// Carries out Set GRH and Import GRH: asks where the user has to agree, runs the command, and
-/// tells what has to be shown anew.
+/// tells what has to be shown anew. While a graph is handed over the window is busy and out of
+/// reach.
 class ReferenceGraphController : public QObject {
   Q_OBJECT
 
  public:
   ReferenceGraphController(Session& session, platform::FileLayer& files, UserDialogs& dialogs,
-                           const EventLog& log, testset::InstrumentSession& instruments);
+                           const EventLog& log, testset::InstrumentSession& instruments,
+                           QWidget& window);
 
  public Q_SLOTS:
   /// `tableName` is the selected entry's.
@@ -36,6 +38,7 @@ class ReferenceGraphController : public QObject {
   Session& session_;
   ReferenceGraphCommands commands_;
   UserDialogs& dialogs_;
+  QWidget& window_;
 };
 
 }  // namespace zentab::app

@@ -75,7 +75,7 @@ void TimeTestController::Report(const ImportTimeTestOutcome& outcome) {
       told << QString::fromStdString(texts.noTimeTest);
       break;
     case timetest::ImportOutcome::Unreadable:
-      told << FailureText(texts.timeTestUnreadable, result.readError);
+      told << FailureText(texts, texts.timeTestUnreadable, result.readError);
       break;
     case timetest::ImportOutcome::EquationError:
       dialogs_.ReportError({"ERROR", result.error});
@@ -83,7 +83,7 @@ void TimeTestController::Report(const ImportTimeTestOutcome& outcome) {
     case timetest::ImportOutcome::Stopped:
       break;
   }
-  if (outcome.traceError) told << FailureText(texts.traceFailed, outcome.traceError);
+  if (outcome.traceError) told << FailureText(texts, texts.traceFailed, outcome.traceError);
   if (!told.isEmpty()) Q_EMIT Failed(told.join(QStringLiteral("; ")));
 }
 

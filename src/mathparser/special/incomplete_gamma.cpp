@@ -16,7 +16,7 @@ constexpr int kMostSteps = 25000;
 constexpr double kUniformStart = 1e6;  // of a: beyond, series and fraction take ever more steps
 
 // DLMF 8.7.1, good for x < a + 1: as numerator over denominator, without a division a term.
-double LowerSeries(double a, double x) {
+Wide LowerSeries(double a, double x) {
   constexpr Wide kHuge = 1e100L;
   const Wide wide = x;
   Wide n = a;
@@ -29,7 +29,7 @@ double LowerSeries(double a, double x) {
     numerator = numerator * n + power;
     denominator *= n;
     if (power < numerator * kEpsilon) {
-      return static_cast<double>(numerator / denominator * PoissonTerm(a, x));
+      return numerator / denominator * PoissonTerm(a, x);
     }
     if (numerator > kHuge) {
       power /= kHuge;
@@ -40,8 +40,8 @@ double LowerSeries(double a, double x) {
   return kNoNumber;
 }
 
-// DLMF 8.9.2 in its even form, good for x >= a + 1.
-double UpperFraction(double a, double x) {
+// DLMF 8.9.2 in its even form, good for x >= a + 1, and for any a < 1 from x = 1 on.
+Wide UpperFraction(double a, double x) {
   const Wide wide = a;
   Wide b = static_cast<Wide>(x) + 1.0L - wide;
   ContinuedFraction fraction(b);
@@ -49,9 +49,7 @@ double UpperFraction(double a, double x) {
     const Wide i = step;
     b += 2.0L;
     fraction.Take(i * (wide - i), b);
-    if (fraction.IsSettled()) {
-      return static_cast<double>(fraction.Inverse() * wide * PoissonTerm(a, x));
-    }
+    if (fraction.IsSettled()) return fraction.Inverse() * wide * PoissonTerm(a, x);
   }
   return kNoNumber;
 }
@@ -78,32 +76,32 @@ double UniformTail(double a, double x, bool isUpper) {
          (isUpper ? rest : -rest);
 }
 
-// DLMF 8.17.22 over a, its denominators cleared; good for x < (a + 1) / (a + b + 2).
-Wide BetaFraction(Wide x, double shapeA, double shapeB) {
-  const Wide a = shapeA;
-  const Wide b = shapeB;
-  ContinuedFraction fraction(a);
-  for (int step = 0; step < kMostSteps; ++step) {
-    const Wide m = step;
-    if (step > 0) fraction.Take(m * (b - m) * x, a + 2.0L * m);
-    fraction.Take(-(a + m) * (a + b + m) * x, a + 2.0L * m + 1.0L);
-    if (fraction.IsSettled()) return fraction.Inverse();
+// ln gamma(1 + a) for |a| <= 0.5, with all its digits where a is small (DLMF 5.7.3).
+double LogGammaOnePlus(double a) {
+  constexpr std::array kZetaMinusOne = {
+      0.6449340668482264,    0.2020569031595943,     0.08232323371113819,   0.03692775514336993,
+      0.01734306198444914,   0.008349277381922827,   0.00407735619794434,   0.0020083928260822143,
+      0.0009945751278180853, 0.0004941886041194645,  0.0002460865533080483, 0.00012271334757848915,
+      6.124813505870483e-05, 3.058823630702049e-05,  1.528225940865187e-05, 7.637197637899763e-06,
+      3.81729326499984e-06,  1.908212716553939e-06,  9.539620338727962e-07, 4.769329867878064e-07,
+      2.38450502727733e-07,  1.1921992596531106e-07, 5.960818905125948e-08, 2.980350351465228e-08};
+  double sum = 0.0;
+  for (std::size_t k = kZetaMinusOne.size(); k > 0; --k) {
+    sum = kZetaMinusOne[k - 1] / static_cast<double>(k + 1) - a * sum;
   }
-  return kNoNumber;
+  return a * (1.0 - std::numbers::egamma + a * sum) - std::log1p(a);
 }
 
-// DLMF 8.17.7, all terms positive for b < 1; many of them for x near 1, hence Wide.
-double BetaSeries(Wide x, Wide a, Wide b) {
-  Wide term = 1.0L;
-  Wide sum = 1.0L / a;
-  for (int step = 1; step < kMostSteps; ++step) {
-    const Wide n = step;
-    term *= (n - b) / n * x;
-    const Wide change = term / (a + n);
-    sum += change;
-    if (change < sum * kEpsilon * (1.0L - x)) return static_cast<double>(sum);
+// The upper function for a < 0.5 and x < 1, where the lower one is nearly 1 (DLMF 8.7.1).
+double SmallShapeTail(double a, double x) {
+  const double logarithm = a * std::log(x) - LogGammaOnePlus(a);
+  double term = 1.0;
+  double sum = 0.0;
+  for (double n = 1.0; n < 30.0 && std::abs(term) > 1e-18 * std::abs(sum); ++n) {
+    term *= -x / n;
+    sum += term / (a + n);
   }
-  return kNoNumber;
+  return -std::expm1(logarithm) - std::exp(logarithm) * a * sum;
 }
 
 // The lower incomplete gamma function P(a, x). Domain: 0 < a <= 170, 0 <= x <= 700. Method: power
@@ -119,53 +117,26 @@ double GammaI(const double* arguments, CallContext& context) {
   return a <= 0.0 || x < 0.0 ? kNoNumber : LowerGamma(a, x);
 }
 
-// The incomplete beta function I_x(a, b). Domain: 0 <= x <= 1, a and b > 0. Method: continued
-// fraction (DLMF 8.17.22) on the side of the mean where it is quick, times the gamma pairs. Error:
-// measured up to 3.7e-16 relative.
-double BetaI(double x, double a, double b) {
-  if (!(x >= 0.0 && x <= 1.0) || a <= 0.0 || b <= 0.0) return kNoNumber;
-  return IncompleteBeta(x, SumOf(1.0, -x), a, b);
-}
-
-constexpr std::array kFunctions = {FunctionEntry{"gammai", 94, 2, GammaI},
-                                   Special<BetaI>("betai", 206)};
+constexpr std::array kFunctions = {FunctionEntry{"gammai", 94, 2, GammaI}};
 
 }  // namespace
 
 double LowerGamma(double a, double x) {
   if (x == 0.0) return 0.0;
   if (a >= kUniformStart) return AtMostOne(UniformTail(a, x, false));
-  return AtMostOne(x < a + 1.0 ? LowerSeries(a, x) : 1.0 - UpperFraction(a, x));
+  const Wide value = x < a + 1.0 ? LowerSeries(a, x) : 1.0L - UpperFraction(a, x);
+  return AtMostOne(static_cast<double>(value));
 }
 
 double UpperGamma(double a, double x) {
   if (x == 0.0) return 1.0;
   if (a >= kUniformStart) return AtMostOne(UniformTail(a, x, true));
-  return AtMostOne(x < a + 1.0 ? 1.0 - LowerSeries(a, x) : UpperFraction(a, x));
+  if (a < 0.5 && x < 1.0) return SmallShapeTail(a, x);
+  const bool isSeries = x < (a < 1.0 ? 1.0 : a + 1.0);
+  const Wide value = isSeries ? 1.0L - LowerSeries(a, x) : UpperFraction(a, x);
+  return AtMostOne(static_cast<double>(value));
 }
 
-double IncompleteBeta(DoubleDouble x, DoubleDouble y, double a, double b) {
-  if (x.high <= 0.0) return 0.0;
-  if (y.high <= 0.0) return 1.0;
-  const Wide term = BetaTerm(a, b, x, y);
-  const Wide wideX = static_cast<Wide>(x.high) + static_cast<Wide>(x.low);
-  const Wide wideY = static_cast<Wide>(y.high) + static_cast<Wide>(y.low);
-  const double mean = (a + 1.0) / (a + b + 2.0);
-  const bool isBelow = x.high < mean;
-  // The nearer tail is 0, and large shapes would lead its fraction beyond all numbers. Next to the
-  // mean it takes more digits to tell which tail that is.
-  if (term == 0.0L && (isBelow ? a : b) >= 1.0 && std::abs(x.high - mean) > 1e-12 * mean) {
-    return isBelow ? 0.0 : 1.0;
-  }
-  // Beyond the mean the other tail is quicker, but a small b leaves nothing of its digits.
-  if (isBelow || (b < 1.0 && x.high < 0.9)) {
-    return AtMostOne(static_cast<double>(term * BetaFraction(wideX, a, b)));
-  }
-  const auto value = static_cast<double>(1.0L - term * BetaFraction(wideY, b, a));
-  if (b >= 1.0 || value > 0.4) return AtMostOne(value);
-  return static_cast<double>(term) * Exp(Log(y) * -b) * BetaSeries(wideX, a, b);
-}
-
-FunctionFamily IncompleteFunctions() { return kFunctions; }
+FunctionFamily IncompleteGammaFunctions() { return kFunctions; }
 
 }  // namespace zentab::mathparser
