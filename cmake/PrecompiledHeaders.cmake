@@ -1,5 +1,6 @@
 # Headers of others that are read once a build instead of once a file: a matter of speed alone. Each
-# file still includes what it uses, which clang-tidy and the fuzz targets see, for they go without.
+# file still includes what it uses, which clang-tidy, the fuzz targets and release builds see: they
+# go without, the last because GCC 12 optimises such headers into warnings that are wrong.
 # A large one costs every file that does not need it: no umbrella headers, and no CLI11, whose
 # templates each file would instantiate.
 

@@ -10,6 +10,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # GCC 12 reports overlapping copies inside std::string that cannot happen (its bug 105651).
   target_compile_options(zentab_options INTERFACE -Wno-restrict)
 endif()
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i[3-6]86$" AND NOT MSVC)
+  # The old coprocessor keeps more digits than a double has until a value is stored: sums and
+  # products whose lower parts are computed apart would lose them.
+  target_compile_options(zentab_options INTERFACE -msse2 -mfpmath=sse)
+endif()
 if(ZENTAB_SANITIZE)
   target_compile_options(zentab_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -142,7 +142,7 @@ class Corpus {
         grid.SetCell(row, editor::kLoadColumn, load);
         grid.SetCell(row++, editor::kTimeColumn, time);
       }
-      const auto segments = testset::SegmentsOf(grid, {false, false, "1.5", ""}, {});
+      const auto segments = testset::SegmentsOf(grid, {false, false, "1.5", ""}, {}, ".");
       if (!segments) continue;
       Add("reference_graph", headers[number++ % headers.size()] +
                                  testset::FormatReferenceGraph(*segments, {"Nov", 21, 2026}));

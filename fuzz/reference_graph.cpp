@@ -67,7 +67,7 @@ void CheckImport(const Folder& folder, const std::vector<GraphSegment>& segments
   }
   editor::CurveGrid grid;
   editor::ShowPoints(grid, imported.points, ",");
-  const auto shown = testset::SegmentsOf(grid, setting.modes, setting.texts);
+  const auto shown = testset::SegmentsOf(grid, setting.modes, setting.texts, ".");
   if (shown && !shown->empty()) CheckWritten(folder, *shown);
 }
 

@@ -22,8 +22,8 @@ std::string EntryOf(const timetest::ResultSource& source, std::size_t number) {
 
 MeasuredPoint PointOf(std::string_view value) {
   const std::string_view load = Take(value, '\t');
-  return {editor::CellNumber(load).value_or(0.0),
-          editor::CellNumber(Take(value, '\t')).value_or(0.0)};
+  return {editor::CellNumber(load, ".").value_or(0.0),
+          editor::CellNumber(Take(value, '\t'), ".").value_or(0.0)};
 }
 
 void CheckReaders(const timetest::ResultSource& source) {

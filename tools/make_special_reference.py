@@ -54,7 +54,8 @@ def count_pairs():
     return [(n, k) for n in (1, 2, 5, 10, 30, 50, 52, 56, 57, 60, 100, 170, 171, 200, 500, 1000, 1029,
                              10000, 1e6, 1e9, 1e15)
             for k in sorted({0, 1, 2, 3, 5, 17, 30, 31, 100, int(n) // 2, int(n) - 2, int(n)})
-            if 0 <= k <= n and (k < 1100 or n - k < 1100)]
+            if 0 <= k <= n and (k < 1100 or n - k < 1100)] + [
+                (int(n), k) for n in spread(1e3, 3e10, 12, 2) for k in (31, 34, 43)]
 
 
 def event_points():
@@ -67,8 +68,34 @@ def beta_points():
     return [(a, b) for a in values for b in values]
 
 
+def beta_regions():
+    """Shapes of every size against each other, at quantiles on both sides of the mean."""
+    def near_one(count, low, high, seed):
+        shapes = zip(spread(low, high, count, seed), spread(1e-6, 1, count, seed + 1),
+                     spread(1e-3, 30, count, seed + 2))
+        return [(1 - min(0.999, y * max(b, 0.05) / (a + b)), a, b) for a, b, y in shapes]
+
+    def about_mean(count, lows, highs, seed):
+        source = random.Random(seed)
+        shapes = zip(spread(lows[0], highs[0], count, seed), spread(lows[1], highs[1], count, seed + 1))
+        return [(a / (a + b) * (1 + source.gauss(0, 2) * math.sqrt(b / a / (a + b + 1))), a, b)
+                for a, b in shapes]
+
+    return ([(0.999, 500, 0.5), (0.5, 1e8, 1e8 + 7), (0.5, 4.5e15, 4.5e15),
+             (0.9859868356715945, 55.22250052086193, 7.259519966522205e-05),
+             (0.7900661697378719, 66201522.277620256, 17585728.073168486)] +
+            near_one(20, 1e-3, 100, 11) + near_one(20, 100, 1e11, 21) +
+            about_mean(12, (20, 20), (2e4, 2e4), 31) + about_mean(12, (5e4, 20), (1e13, 5e4), 41) +
+            [(1 - x, b, a) for x, a, b in about_mean(12, (5e4, 20), (1e10, 5e4), 51)] +
+            about_mean(16, (8e4, 8e4), (1e14, 1e14), 61))
+
+
 def bessel_points():
     return spread(1e-6, 200, 24) + around(2, 4, 20, 25) + [1e-30, 1, 3, 7, 12, 18, 50, 100, 300]
+
+
+def far_points():
+    return [-9999999999] + [-x for x in spread(1e4, 1e10, 16, 3)]
 
 
 def hypergeometric_points():
@@ -81,8 +108,11 @@ def hypergeometric_points():
     # the function shrinks; a tiny value that a series would lose.
     hard = [(0.75, 3, 1, -100.0001), (0.9, 3, 1, -100.0001), (0.5, 500, 1e-30, 1), (0.9, 1, 1, 5000),
             (0.52, 1.34, -8.04, -255.38), (0.95, -28.03, -4.82, -26.82), (-0.25, 80.3, 11.2, 2.4)]
+    # Next to a pole, where all that is left of c - a or c - b may be below its last place.
+    poles = [(-0.55, 3, 6, -3 + 2**-42), (-0.85, 9.12, 3.4e-17, -6 + 2**-43), (-0.56, 4, 9.3e-16, -4 - 2**-43),
+             (-0.58, 6, 1.578e-6, 5.1e-21), (-0.37, 3.5e-14, 15.2, -8 + 2**-49), (-0.8, 2.6, 5.2e-12, -6 + 2**-42)]
     ends = [(1, 0.5, 0.25, 2), (1, 30.5, -2.5, 40), (1, -3, 2, 1.5), (-1, 0.3, 0.2, 1.4), (-1, 2, 1.5, 3)]
-    return [(x, *p) for p in parameters for x in points] + hard + ends
+    return [(x, *p) for p in parameters for x in points] + hard + poles + ends
 
 
 POINTS = {
@@ -102,11 +132,13 @@ POINTS = {
              [(x, a, b) for x in (0.2, 0.88, 0.995) for a in (0.2, 3.4, 1500) for b in (1e-6, 0.002)] +
              [(x, a, b) for x in (0.01, 0.016, 0.1) for a in (15.9, 16.1, 17) for b in (999, 1001)] +
              [((a + 1) / (a + b + 2) * (1 + d), a, b) for d in (-1e-9, 1e-9)
-              for a in (0.4, 7, 300) for b in (0.9, 12, 2000)],
+              for a in (0.4, 7, 300) for b in (0.9, 12, 2000)] + beta_regions(),
     "dnorm": [(x, 0, 1) for x in both(spread(0.01, 37, 15))] + [(3.7, 1.5, 0.3), (1e3, 1e3, 1e-3)],
     "cnorm": [(x, 0, 1) for x in both(spread(0.01, 37, 25)) + both(around(0.5 * 2**0.5, 2**0.5))] +
              [(3.7, 1.5, 0.3), (2, 5, 0.25)],
-    "dbinom": count_points(), "cbinom": [p for p in count_points() if p[1] < 20000],
+    "dbinom": count_points(), "cbinom": [p for p in count_points() if p[1] < 20000] +
+              [(k, n, p) for n, p in ((777777, 0.3), (31415926, 0.0123), (987654321, 0.6), (6e12, 3e-9))
+               for k in (math.floor(n * p + d * math.sqrt(n * p)) for d in (-3, -0.5, 1, 4))],
     "dpoisson": [(k, m) for k, m in event_points()] + [(100000, 1e5), (99000, 1e5)],
     "cpoisson": event_points() + [(k, k * f) for k in (999998, 999999) for f in (0.999, 1, 1.001)],
     "j0": both(bessel_points()) + [1e3, 1e5, 1e8], "y0": bessel_points() + [1e3, 1e5, 1e8],
@@ -116,8 +148,8 @@ POINTS = {
     "bessely": with_orders(bessel_points()) + [(3.3, -3), (1500, 7), (1e6, 4)],
     "besseli": with_orders(bessel_points()) + [(-3.3, 3), (600, 7)],
     "besselk": with_orders(bessel_points()) + [(3.3, -3)] + [(x, 7) for x in around(600)] + [(33000, 50000)],
-    "airya": both(spread(1e-5, 60, 40)) + around(-9.75, -6, -2.5, 2, 10) + [0, 1, 100, -200, -5000, -90000, -1e7, -1e10],
-    "airyb": both(spread(1e-5, 60, 40)) + around(-9.75, -6, -2.5, 10) + [0, 1, 100, -200, -5000, -90000, -1e7, -1e10],
+    "airya": both(spread(1e-5, 60, 40)) + around(-9.75, -6, -2.5, 2, 10) + [0, 1, 100, -200, -5000, -90000, -1e7, -1e10] + far_points(),
+    "airyb": both(spread(1e-5, 60, 40)) + around(-9.75, -6, -2.5, 10) + [0, 1, 100, -200, -5000, -90000, -1e7, -1e10] + far_points(),
     "elli1": [(p, k) for p in (1e-6, 1, 30, 45, 60, 89, 89.999, 90, -50, 120, 270, 1000)
               for k in (0, 1e-5, 0.3, -0.7, 0.9, 0.999, 0.9999999)] +
              [(30, 1), (80, 1), (89.9999999, 1), (30, 1.5), (10, 5)],
@@ -153,11 +185,33 @@ def lower_gamma(a, x):
 
 
 def lower_beta(x, a, b):
-    """By the series of the tail that is the smaller one."""
+    """By the series of the tail that is the smaller one, for large shapes by its integral."""
     if x > (a + 1) / (a + b + 2):
         return 1 - lower_beta(1 - x, b, a)
+    if max(a, b) > 2e4:
+        return beta_tail(x, a, b)
     logarithm = a * mp.log(x) + b * mp.log1p(-x) - logarithm_of_beta(a, b)
     return mp.exp(logarithm) / a * mp.hyp2f1(a + b, 1, a + 1, x)
+
+
+def beta_tail(x, a, b):
+    """The integral over s = ln(t / (1 - t)) from ln(x / (1 - x)) down, a deviation at a time."""
+    digits = mp.dps
+    with mp.extradps(2 * int(mp.log10(a + b))):
+        constant = logarithm_of_beta(a, b)
+
+        def density(s):
+            return mp.exp(-a * mp.log1p(mp.exp(-s)) - b * mp.log1p(mp.exp(s)) - constant)
+
+        width = min(mp.mpf(1), mp.sqrt(1 / a + 1 / b))
+        end = mp.log(x) - mp.log1p(-x)
+        total = part = mpf(0)
+        while part >= total * mpf(10) ** -digits:
+            part = mp.quad(density, [end - width, end])
+            total += part
+            end -= width
+            width *= mpf(1.25) if width >= 1 else 1
+        return total
 
 
 def binomial_density(k, n, p):
@@ -165,6 +219,8 @@ def binomial_density(k, n, p):
 
 
 def binomial_distribution(k, n, p):
+    if n > 20000:
+        return lower_beta(1 - p, n - k, k + 1)
     return mp.fsum(binomial_density(i, n, p) for i in range(int(k) + 1))
 
 

@@ -17,8 +17,9 @@ std::filesystem::path ActiveTableFile(platform::FileLayer& files, const TablePla
 }
 
 tables::CurveTableEntry LibraryCommands::EntryFromGrid(std::string_view name) const {
-  return {std::string(name), editor::PointRows(session_.table.grid), session_.modes.milliseconds,
-          session_.modes.absoluteValues, session_.instrument};
+  return {std::string(name),
+          editor::PointRows(session_.table.grid, session_.localeDecimalSeparator),
+          session_.modes.milliseconds, session_.modes.absoluteValues, session_.instrument};
 }
 
 std::error_code LibraryCommands::FillEntryList() {

@@ -36,14 +36,16 @@ const std::string& FaultText(testset::GraphFault fault, const texts::GraphTexts&
 
 SetGraphOutcome ReferenceGraphCommands::WriteGraph(std::string_view tableName) {
   const auto segments =
-      testset::SegmentsOf(session_.table.grid, session_.modes, InstrumentInUse(session_));
+      testset::SegmentsOf(session_.table.grid, ModesInFiles(session_), InstrumentInUse(session_),
+                          session_.localeDecimalSeparator);
   if (!segments) return {false, {}};
   const std::filesystem::path folder = platform::ToPath(session_.installFolder);
   // The module must not take up the former graph in the place of one that was not written.
   if (const auto error = testset::WriteReferenceGraph(files_, folder, *segments, Today())) {
     return {true, error};
   }
-  const double pickup = editor::CellNumber(session_.modes.pickup).value_or(0.0);
+  const double pickup =
+      editor::CellNumber(session_.modes.pickup, session_.localeDecimalSeparator).value_or(0.0);
   if (std::abs(pickup) <= std::numeric_limits<float>::max()) {
     instruments_.SetPickup(static_cast<float>(pickup));
   }
@@ -62,13 +64,15 @@ void ReferenceGraphCommands::LogWriting(std::size_t segments, std::string_view t
                     texts::AsTemplate(std::string(tableName) + mode));
 }
 
-bool ReferenceGraphCommands::CanImport() const { return testset::CanImport(session_.modes); }
+bool ReferenceGraphCommands::CanImport() const {
+  return testset::CanImport(ModesInFiles(session_));
+}
 
 ImportGraphOutcome ReferenceGraphCommands::ImportGraph(const std::filesystem::path& file) {
   const testset::ReadGraph graph = testset::ReadReferenceGraph(files_, file);
   if (graph.error) return {graph.error, 0};
   const testset::ImportedGraph imported =
-      testset::ImportGraph(graph.segments, session_.modes, InstrumentInUse(session_));
+      testset::ImportGraph(graph.segments, ModesInFiles(session_), InstrumentInUse(session_));
   log_.WriteLogLine(" %E Imported ");
   for (const testset::GraphPoint& point : imported.skipped) {
     log_.WriteLogLine(" %E Imported Skipping point=" + testset::CoordinateText(point.load) + ' ' +

@@ -8,15 +8,28 @@ namespace zentab::app {
 namespace {
 
 // The load levels of the points, as they stand in files.
-std::string LoadLevels(const editor::CurveGrid& grid) {
+std::string LoadLevels(const editor::CurveGrid& grid, std::string_view separator) {
   std::string levels;
   for (int row = editor::kFirstRow; row <= editor::kLastRow; ++row) {
     const std::string& cell = grid.Cell(row, editor::kLoadColumn);
     if (cell.empty()) break;
     if (!levels.empty()) levels += ';';
-    levels += texts::SetDecimalSeparator(cell, ".");
+    levels += texts::FileNumber(cell, separator);
   }
   return levels;
+}
+
+// Without an instrument, or with one that has no unit, the brackets around the unit hold nothing.
+std::string WithoutEmptyUnit(const Session& session, std::string text) {
+  if (!InstrumentInUse(session).unit.empty()) return text;
+  for (const std::string_view brackets : {"(%V)", "[%V]", "（%V）"}) {
+    const std::size_t at = text.find(brackets);
+    if (at == std::string::npos) continue;
+    const std::size_t before = text.find_last_not_of(' ', at - 1);
+    const std::size_t begin = at == 0 || before == std::string::npos ? 0 : before + 1;
+    text.erase(begin, at + brackets.size() - begin);
+  }
+  return text;
 }
 
 }  // namespace
@@ -41,7 +54,7 @@ std::string Expanded(const Session& session, std::string_view text,
   fields.tablePath = session.tablePath;
   fields.exchangeFile = session.exchangeFile;
   fields.timeUnit = session.modes.TimeUnitText();
-  fields.loadLevels = LoadLevels(session.table.grid);
+  fields.loadLevels = LoadLevels(session.table.grid, session.localeDecimalSeparator);
   fields.instrumentName = instrument.name;
   fields.instrumentUnit = instrument.unit;
   return texts::ExpandTemplate(text, fields, arguments);
@@ -84,6 +97,14 @@ texts::MessageText OpenFailedMessage(const Session& session) {
   return {Expanded(session, message.title), Expanded(session, message.text)};
 }
 
+editor::ValueModes ModesInFiles(const Session& session) {
+  editor::ValueModes modes = session.modes;
+  for (std::string* const text : {&modes.pickup, &modes.multiplier}) {
+    *text = texts::FileNumber(*text, session.localeDecimalSeparator);
+  }
+  return modes;
+}
+
 texts::InstrumentTexts InstrumentInUse(const Session& session) {
   if (session.instrument == tables::Instrument::None) return {};
   texts::InstrumentTexts used =
@@ -99,8 +120,10 @@ texts::InstrumentTexts InstrumentInUse(const Session& session) {
 
 LabelPair LabelsFor(const Session& session) {
   const texts::LabelTexts& labels = session.texts.labels;
+  const std::string& load =
+      session.modes.absoluteValues ? labels.loadAbsolute : labels.loadRelative;
   return {
-      Expanded(session, session.modes.absoluteValues ? labels.loadAbsolute : labels.loadRelative),
+      Expanded(session, WithoutEmptyUnit(session, load)),
       Expanded(session, session.modes.milliseconds ? labels.timeMilliseconds : labels.timeSeconds)};
 }
 

@@ -39,6 +39,9 @@ enum class MessageBox {
 /// as well.
 [[nodiscard]] texts::MessageText OpenFailedMessage(const Session& session);
 
+/// The value modes with the texts of pickup value and multiplier as files have them, with ".".
+[[nodiscard]] editor::ValueModes ModesInFiles(const Session& session);
+
 /// The texts of the chosen instrument; where the voltage one has no caption or tooltip, the
 /// current one's serves. Empty when none is chosen.
 [[nodiscard]] texts::InstrumentTexts InstrumentInUse(const Session& session);

@@ -1,7 +1,6 @@
 #include "app/time_test_commands.h"
 
-#include <optional>
-
+#include "editor/grid_points.h"
 #include "platform/paths.h"
 #include "texts/number_text.h"
 
@@ -10,8 +9,8 @@ namespace {
 
 constexpr std::string_view kTraceFile = "Zentab_ImportTable.txt";
 
-void Take(std::int16_t& setting, std::string_view field) {
-  setting = texts::ShortInteger(field).value_or(setting);
+void Take(std::int16_t& setting, const std::string& field, const std::string& separator) {
+  setting = texts::ShortInteger(texts::FileNumber(field, separator)).value_or(setting);
 }
 
 }  // namespace
@@ -27,38 +26,40 @@ bool TimeTestCommands::HasTimeTest() const {
   return app::HasTimeTest(files_, platform::ToPath(session_.installFolder), session_.instrument);
 }
 
-timetest::ImportResult TimeTestCommands::ImportTimeTest(const ImportFields& fields,
-                                                        const timetest::ProgressReport& progress) {
+ImportTimeTestOutcome TimeTestCommands::ImportTimeTest(const ImportFields& fields,
+                                                       const timetest::ProgressReport& progress) {
   TakeFields(fields);
   const std::filesystem::path folder = platform::ToPath(session_.installFolder);
-  std::optional<timetest::ImportTrace> trace;
-  if (session_.texts.import.printTable) trace.emplace(files_, folder / kTraceFile);
   timetest::ResultSource source;
-  timetest::ImportResult result;
+  ImportTimeTestOutcome outcome;
+  timetest::ImportResult& result = outcome.result;
   result.readError = timetest::FindResultSource(files_, folder, session_.instrument, source);
   if (result.readError) {
     result.outcome = timetest::ImportOutcome::Unreadable;
-    return result;
+    return outcome;
   }
+  timetest::ImportTrace trace;
   result = timetest::ImportCurve(files_, source, Options(), session_.texts,
-                                 trace ? &*trace : nullptr, progress);
+                                 session_.texts.import.printTable ? &trace : nullptr, progress);
   session_.texts.import.differenceType = result.differenceType;
   if (result.outcome == timetest::ImportOutcome::Imported) ShowInGrid(result.points);
-  return result;
+  outcome.traceError = trace.Save(files_, folder / kTraceFile);
+  return outcome;
 }
 
 void TimeTestCommands::TakeFields(const ImportFields& fields) {
   texts::ImportSettings& settings = session_.texts.import;
-  Take(settings.differenceType, fields.differenceType);
-  Take(settings.filterType, fields.filterType);
-  Take(settings.meanOver, fields.meanOver);
+  const std::string& separator = session_.localeDecimalSeparator;
+  Take(settings.differenceType, fields.differenceType, separator);
+  Take(settings.filterType, fields.filterType, separator);
+  Take(settings.meanOver, fields.meanOver, separator);
 }
 
 timetest::ImportOptions TimeTestCommands::Options() const {
   const texts::ImportSettings& settings = session_.texts.import;
   const editor::ValueModes& modes = session_.modes;
   const double pickup =
-      texts::LeadingNumber(texts::SetDecimalSeparator(modes.pickup, ".")).value_or(0.0);
+      editor::CellNumber(modes.pickup, session_.localeDecimalSeparator).value_or(0.0);
   return {{modes.absoluteValues, modes.milliseconds, pickup},
           settings.differenceType,
           settings.filterType,

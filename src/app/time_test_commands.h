@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <system_error>
 
 #include "app/session.h"
 #include "platform/file_layer.h"
@@ -13,6 +14,11 @@ struct ImportFields {
   std::string differenceType;  // `Text4`
   std::string filterType;      // `Text5`
   std::string meanOver;        // `Text6`
+};
+
+struct ImportTimeTestOutcome {
+  timetest::ImportResult result;
+  std::error_code traceError;  // why the trace that the catalogue asks for was not written
 };
 
 /// Whether an instrument's result file has an entry; not while it cannot be read.
@@ -31,8 +37,8 @@ class TimeTestCommands {
 
   /// Brings the last time test into the grid. A field that is no 16-bit integer leaves the setting
   /// as it was. Unless the result says that it was imported, grid and modified mark stay.
-  timetest::ImportResult ImportTimeTest(const ImportFields& fields,
-                                        const timetest::ProgressReport& progress);
+  ImportTimeTestOutcome ImportTimeTest(const ImportFields& fields,
+                                       const timetest::ProgressReport& progress);
 
  private:
   void TakeFields(const ImportFields& fields);

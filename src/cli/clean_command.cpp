@@ -1,7 +1,11 @@
+#include <cctype>
+
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"
 #include "editor/clipboard_text.h"
+#include "platform/ascii.h"
+#include "texts/characters.h"
 #include "texts/line_encoding.h"
 
 namespace zentab::cli {
@@ -11,10 +15,21 @@ struct CleanOptions {
   std::string decimal = ".";
 };
 
+const CLI::Validator kSeparator(
+    [](const std::string& text) {
+      const bool isSign = text.size() == 1 &&
+                          std::ispunct(static_cast<unsigned char>(text[0])) != 0 && text != "-" &&
+                          text != "+";
+      const bool isCharacter = texts::ToCharacters(text).size() == 1 && !platform::IsAscii(text);
+      return isSign || isCharacter ? std::string() : "'" + text + "' is no decimal separator";
+    },
+    "SEPARATOR");
+
 void DeclareClean(CLI::App& command, CleanOptions& options) {
   command
-      .add_option("--decimal", options.decimal, "Decimal separator of the user's locale: . or ,")
-      ->check(CLI::IsMember({".", ","}))
+      .add_option("--decimal", options.decimal,
+                  "Decimal separator of the user's locale; . and , are understood beside it")
+      ->check(kSeparator)
       ->capture_default_str();
 }
 
@@ -25,7 +40,7 @@ Exit Clean(const CleanOptions& options, Console& console) {
   const editor::CellArea firstCell = {editor::kFirstRow, editor::kLoadColumn, editor::kFirstRow,
                                       editor::kLoadColumn};
   editor::PasteText(table, firstCell, texts::DecodeLine(*text), options.decimal);
-  console.Write(GridLines(table.grid));
+  console.Write(GridLines(table.grid, options.decimal));
   return Exit::Done;
 }
 

@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "texts/characters.h"
+
 namespace zentab::cli {
 namespace {
 
@@ -11,12 +13,16 @@ constexpr std::size_t kBlock = 64u << 10;
 }  // namespace
 
 void Console::Write(std::string_view text) {
-  block_ += text;
+  if (outputIsTerminal_) {
+    block_ += texts::Visible(text);
+  } else {
+    block_ += text;
+  }
   if (block_.size() >= kBlock) Flush();
 }
 
 void Console::WriteLine(std::string_view text) {
-  block_ += text;
+  Write(text);
   Write("\n");
 }
 
@@ -33,11 +39,13 @@ bool Console::Finish() {
   return !failed_;
 }
 
-void Console::Warn(std::string_view text) const {
-  const std::string line = "zentab-cli: " + std::string(text) + '\n';
+void Console::Tell(std::string_view lines) const {
+  const std::string told = messagesAreRead_ ? texts::Visible(lines) : std::string(lines);
   // Where standard error is gone there is nobody to tell.
-  [[maybe_unused]] const std::size_t dropped = std::fwrite(line.data(), 1, line.size(), stderr);
+  [[maybe_unused]] const std::size_t dropped = std::fwrite(told.data(), 1, told.size(), stderr);
 }
+
+void Console::Warn(std::string_view text) const { Tell("zentab-cli: " + std::string(text) + '\n'); }
 
 Exit Console::Fail(std::string_view text) const {
   Warn(text);

@@ -3,15 +3,19 @@
 #include <string>
 #include <string_view>
 
+#include "platform/console_streams.h"
+
 namespace zentab::cli {
 
 /// Exit codes of the program.
 enum class Exit { Done = 0, Failed = 1, WrongUsage = 2 };
 
-/// What a command says: results on standard output, in blocks, and messages on standard error.
+/// What a command says: results on standard output, in blocks, and messages on standard error. A
+/// terminal gets control characters as texts::Visible shows them, so that a name in a file cannot
+/// move its cursor or change what it shows; a file or a pipe gets every byte as it is.
 class Console {
  public:
-  /// Adds to standard output as it is.
+  /// Adds to standard output: whole characters.
   void Write(std::string_view text);
   /// Adds a line.
   void WriteLine(std::string_view text);
@@ -24,6 +28,8 @@ class Console {
   /// Passes on the rest; false when any of the output could not be written.
   [[nodiscard]] bool Finish();
 
+  /// Lines on standard error, as they are.
+  void Tell(std::string_view lines) const;
   /// "zentab-cli: TEXT" on standard error.
   void Warn(std::string_view text) const;
   /// The same, for a command that ends with it.
@@ -31,6 +37,8 @@ class Console {
   [[nodiscard]] Exit Misused(std::string_view text) const;
 
  private:
+  bool outputIsTerminal_ = platform::OutputIsTerminal();
+  bool messagesAreRead_ = platform::MessagesGoToTerminal();
   std::string block_;
   bool failed_ = false;
   bool lostReader_ = false;

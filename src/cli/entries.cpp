@@ -3,6 +3,7 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "editor/grid_points.h"
 #include "platform/character_case.h"
 #include "platform/line_reader.h"
 #include "texts/number_text.h"
@@ -15,7 +16,9 @@ std::optional<std::size_t> LineNumber(std::string_view entry) {
   std::size_t line = 0;
   const char* const end = entry.data() + entry.size();
   const auto [at, error] = std::from_chars(entry.data() + 1, end, line);
-  return error == std::errc() && at == end ? std::optional(line) : std::nullopt;
+  if (at == entry.data() + 1 || at != end) return std::nullopt;
+  // Digits that no number of a line has are a line that is not there, and no name.
+  return error == std::errc() ? line : tables::kNoLine;
 }
 
 bool IsPoint(const tables::CurvePoint& point) {
@@ -97,15 +100,12 @@ PointLines ReadPointLines(const std::filesystem::path& file) {
   return lines;
 }
 
-std::string GridLines(const editor::CurveGrid& grid) {
+std::string GridLines(const editor::CurveGrid& grid, std::string_view decimalSeparator) {
   std::string lines;
   std::size_t end = 0;
-  for (int row = editor::kFirstRow; row <= editor::kLastRow; ++row) {
-    const std::string& load = grid.Cell(row, editor::kLoadColumn);
-    const std::string& time = grid.Cell(row, editor::kTimeColumn);
-    lines += texts::SetDecimalSeparator(load, ".") + '\t';
-    lines += texts::SetDecimalSeparator(time, ".") + '\n';
-    if (!load.empty() || !time.empty()) end = lines.size();
+  for (const tables::CurvePoint& point : editor::PointRows(grid, decimalSeparator)) {
+    lines += point.load + '\t' + point.time + '\n';
+    if (!point.load.empty() || !point.time.empty()) end = lines.size();
   }
   lines.resize(end);
   return lines;

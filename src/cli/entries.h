@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -50,7 +51,9 @@ struct PointLines {
 };
 [[nodiscard]] PointLines ReadPointLines(const std::filesystem::path& file);
 
-/// The grid's rows down to the last one that is not empty, as such lines.
-[[nodiscard]] std::string GridLines(const editor::CurveGrid& grid);
+/// The grid's rows down to the last one that is not empty, as such lines. `decimalSeparator` is
+/// that of the grid.
+[[nodiscard]] std::string GridLines(const editor::CurveGrid& grid,
+                                    std::string_view decimalSeparator);
 
 }  // namespace zentab::cli

@@ -3,6 +3,7 @@
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"
+#include "cli/reason.h"
 #include "editor/grid_points.h"
 #include "platform/paths.h"
 #include "platform/safe_file_replacement.h"
@@ -93,7 +94,7 @@ editor::ValueModes ModesOf(const GraphOptions& options, const tables::ParsedEntr
   modes.milliseconds =
       options.milliseconds || (!options.seconds && entry.milliseconds.value_or(false));
   modes.pickup = options.pickup;
-  modes.multiplier = editor::MultiplierWhenLeft(options.multiplier);
+  modes.multiplier = editor::MultiplierWhenLeft(options.multiplier, ".");
   return modes;
 }
 
@@ -125,13 +126,13 @@ Exit WriteGraph(const GraphOptions& options, Console& console) {
   if (!testset::CanImport(modes)) return console.Misused(kPickupNeeded);
   editor::CurveGrid grid;
   editor::ShowPoints(grid, entry.points, ".");
-  const auto segments = testset::SegmentsOf(grid, modes, ExtensionsOf(options));
+  const auto segments = testset::SegmentsOf(grid, modes, ExtensionsOf(options), ".");
   if (!segments) return console.Fail(read->name + ": has no points");
   const std::string bytes = testset::FormatReferenceGraph(*segments, app::Today());
   const std::error_code error = platform::ReplaceFile(
       platform::SystemFiles(), output,
       [&bytes](platform::OutputFile& written) { return written.Write(bytes); });
-  return error ? console.Fail(options.output + ": not written: " + error.message()) : Exit::Done;
+  return error ? console.Fail(options.output + ": not written: " + Reason(error)) : Exit::Done;
 }
 
 // grh-read

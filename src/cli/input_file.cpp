@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <random>
 
 #include "platform/paths.h"
 
@@ -29,26 +28,12 @@ InputFile::InputFile(const std::string& name)
   error_ = name == "-" ? Spool() : ErrorOfReading(path_);
 }
 
-InputFile::~InputFile() {
-  // A temporary file that stays is the system's to remove.
-  std::error_code dropped;
-  if (temporary_) fs::remove(path_, dropped);
-}
-
 std::error_code InputFile::Spool() {
-  // Taken in before there is a file: whoever breaks off at the keyboard leaves none behind.
   const std::optional<std::string> text = StandardInput();
   if (!text) return std::make_error_code(std::errc::io_error);
-  std::error_code error;
-  const fs::path folder = fs::temp_directory_path(error);
-  if (error) return error;
-  std::random_device random;
-  path_ = folder / ("zentab-cli-" + std::to_string(random()) + std::to_string(random()));
-  std::ofstream file(path_, std::ios::binary);
-  temporary_ = file.is_open();
-  file.write(text->data(), static_cast<std::streamsize>(text->size()));
-  file.close();
-  return file ? std::error_code() : std::make_error_code(std::errc::io_error);
+  const std::error_code error = platform::WritePrivateFile(*text, spooled_);
+  if (!error) path_ = spooled_->Path();
+  return error;
 }
 
 std::optional<std::string> StandardInput() {

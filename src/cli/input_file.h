@@ -1,20 +1,20 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <system_error>
 
+#include "platform/private_file.h"
+
 namespace zentab::cli {
 
 /// A file that a command only reads: the named one or, for "-", what comes in on standard input,
-/// kept in a temporary file as long as this lives.
+/// kept in a private temporary file as long as this lives.
 class InputFile {
  public:
   explicit InputFile(const std::string& name);
-  ~InputFile();
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
 
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
   /// What to call it in messages.
@@ -28,7 +28,7 @@ class InputFile {
   std::string name_;
   std::filesystem::path path_;
   std::error_code error_;
-  bool temporary_ = false;
+  std::unique_ptr<platform::PrivateFile> spooled_;
 };
 
 /// All of standard input; nothing when it cannot be read to its end.

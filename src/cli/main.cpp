@@ -1,4 +1,5 @@
 #include <iostream>
+#include <sstream>
 
 #include "cli/command.h"
 #include "platform/console_streams.h"
@@ -7,7 +8,42 @@
 namespace zentab::cli {
 namespace {
 
-Exit Run(const std::vector<std::string>& arguments) {
+// Help or what is wrong with the arguments, some of which may come from a file.
+Exit Explain(const CLI::App& program, const CLI::ParseError& error, Console& console) {
+  std::ostringstream help;
+  std::ostringstream failure;
+  const bool isHelp = program.exit(error, help, failure) == 0;
+  console.Write(help.str());
+  console.Tell(failure.str());
+  if (!console.Finish()) return Exit::Failed;
+  return isHelp ? Exit::Done : Exit::WrongUsage;
+}
+
+// The parser would take the next argument for the value that is missing in "--option=".
+std::vector<std::string> WithEmptyValues(const std::vector<std::string>& arguments,
+                                         CLI::App& program) {
+  std::vector<std::string> result;
+  const CLI::App* command = &program;
+  bool optionsMayFollow = true;
+  for (const std::string& argument : arguments) {
+    optionsMayFollow = optionsMayFollow && argument != "--";
+    const std::string name = argument.substr(0, argument.find('='));
+    if (command == &program && !argument.starts_with('-')) {
+      const auto commands = program.get_subcommands(
+          [&argument](const CLI::App* known) { return known->check_name(argument); });
+      if (!commands.empty()) command = commands.front();
+    }
+    const CLI::Option* const option =
+        optionsMayFollow && name.starts_with("--") ? command->get_option_no_throw(name) : nullptr;
+    const bool lacksValue = option != nullptr && name.size() + 1 == argument.size() &&
+                            option->get_items_expected_max() > 0;
+    result.push_back(lacksValue ? name : argument);
+    if (lacksValue) result.emplace_back();
+  }
+  return result;
+}
+
+Exit Run(const std::vector<std::string>& given) {
   CLI::App program(
       "Relay curve tables without a window.\nExit codes: 0 done, 1 the operation "
       "failed or found nothing, 2 wrong usage.",
@@ -30,13 +66,14 @@ Exit Run(const std::vector<std::string>& arguments) {
   AddCleanCommand(commands);
   AddEvalCommand(commands);
   AddCheckCommand(commands);
+  Console console;
+  const std::vector<std::string> arguments = WithEmptyValues(given, program);
   try {
     // The parser takes its arguments from the back.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? Exit::Done : Exit::WrongUsage;
+    return Explain(program, error, console);
   }
-  Console console;
   if (!commands.chosen) return console.Misused("a command is needed; --help lists them");
   const Exit exit = commands.chosen(console);
   if (console.Finish()) return exit;

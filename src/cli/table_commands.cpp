@@ -6,6 +6,7 @@
 #include "cli/entries.h"
 #include "cli/input_file.h"
 #include "cli/numbers.h"
+#include "cli/reason.h"
 #include "editor/grid_points.h"
 #include "exchange/entry_copy.h"
 #include "platform/line_reader.h"
@@ -39,9 +40,7 @@ Exit NotFound(const Console& console, const std::string& file, const std::string
 }
 
 Exit NotWritten(const Console& console, const std::string& file, std::error_code error) {
-  return console.Fail(file + ": not written: " +
-                      (error == tables::kEntryChanged ? "another program has changed it meanwhile"
-                                                      : error.message()));
+  return console.Fail(file + ": not written: " + Reason(error));
 }
 
 // A script decides itself what it keeps.
@@ -149,7 +148,7 @@ Exit Show(const ShowOptions& options, Console& console) {
                       "\tinstrument=" + Digit(entry.instrument.value_or(Instrument::None)));
     editor::CurveGrid grid;
     editor::ShowPoints(grid, entry.points, ".");
-    console.Write(GridLines(grid));
+    console.Write(GridLines(grid, "."));
   }
   return Exit::Done;
 }
@@ -219,6 +218,9 @@ bool TakePoints(const StoreOptions& options, app::Session& session, Console& con
 }
 
 Exit Add(const StoreOptions& options, Console& console) {
+  if (texts::TrimBlanks(options.entry).starts_with('#')) {
+    return console.Misused("a name that begins with # would be taken for a line number");
+  }
   app::Session session;
   if (!TakePoints(options, session, console)) return Exit::Failed;
   tables::TableWriter writer = Writer();
@@ -252,7 +254,7 @@ Exit Update(const StoreOptions& options, Console& console) {
   if (!TakePoints(options, session, console)) return Exit::Failed;
   const std::error_code error =
       Writer().ReplaceEntry(file.Path(), entry.listing, entry.mark,
-                            {entry.found->name, editor::PointRows(session.table.grid),
+                            {entry.found->name, editor::PointRows(session.table.grid, "."),
                              options.milliseconds, options.absolute, options.instrument});
   return error ? NotWritten(console, options.file, error) : Exit::Done;
 }

@@ -2,6 +2,7 @@
 #include "cli/command.h"
 #include "cli/input_file.h"
 #include "cli/numbers.h"
+#include "cli/reason.h"
 #include "platform/paths.h"
 #include "texts/apply_texts.h"
 #include "texts/number_text.h"
@@ -152,16 +153,20 @@ Exit RunImport(const ImportArguments& arguments, const timetest::ResultSource& s
                                          [](std::string_view text) { return std::string(text); });
     if (error) return console.Fail(catalogue.Name() + ": " + error.message());
   }
-  timetest::ImportTrace trace(platform::SystemFiles(), platform::ToPath(arguments.trace));
+  timetest::ImportTrace trace;
   const timetest::ImportResult result =
       timetest::ImportCurve(platform::SystemFiles(), source, Options(arguments, texts.import),
                             texts, arguments.trace.empty() ? nullptr : &trace, nullptr);
+  const std::error_code traceFailure =
+      trace.Save(platform::SystemFiles(), platform::ToPath(arguments.trace));
+  if (traceFailure) console.Warn(arguments.trace + ": not written: " + Reason(traceFailure));
   if (result.readError) return console.Fail(name + ": " + result.readError.message());
   if (result.outcome == timetest::ImportOutcome::NoEntries) {
     return console.Fail(name + ": no entries");
   }
   if (result.outcome != timetest::ImportOutcome::Imported) return console.Fail(result.error);
-  if (trace.IsBroken()) return console.Fail(arguments.trace + ": not written");
+  if (traceFailure) return Exit::Failed;
+  if (result.selectedByRank) console.Warn(name + ": " + texts::ProgramTexts().selectedByRank);
   for (const timetest::MeasuredPoint& point : result.points) {
     console.WriteLine(ShortestText(point.load) + '\t' + ShortestText(point.time));
   }

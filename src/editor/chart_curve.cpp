@@ -19,14 +19,14 @@ bool ChartCurve::IsPositive() const {
   return !points.empty() && load.minimum > 0.0 && time.minimum > 0.0;
 }
 
-ChartCurve CurveOf(const CurveGrid& grid) {
+ChartCurve CurveOf(const CurveGrid& grid, std::string_view localeDecimalSeparator) {
   ChartCurve curve;
   for (int row = kFirstRow; row <= kLastRow; ++row) {
     const std::string& loadCell = grid.Cell(row, kLoadColumn);
     const std::string& timeCell = grid.Cell(row, kTimeColumn);
     if (!loadCell.empty() || !timeCell.empty()) curve.rowCount = row;
-    const std::optional<double> load = CellNumber(loadCell);
-    const std::optional<double> time = CellNumber(timeCell);
+    const std::optional<double> load = CellNumber(loadCell, localeDecimalSeparator);
+    const std::optional<double> time = CellNumber(timeCell, localeDecimalSeparator);
     if (!load || !time) continue;
     Widen(curve.load, *load, curve.points.empty());
     Widen(curve.time, *time, curve.points.empty());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "editor/curve_grid.h"
@@ -37,6 +38,6 @@ struct ChartCurve {
   friend bool operator==(const ChartCurve&, const ChartCurve&) = default;
 };
 
-[[nodiscard]] ChartCurve CurveOf(const CurveGrid& grid);
+[[nodiscard]] ChartCurve CurveOf(const CurveGrid& grid, std::string_view localeDecimalSeparator);
 
 }  // namespace zentab::editor

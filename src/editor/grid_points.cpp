@@ -4,8 +4,8 @@
 
 namespace zentab::editor {
 
-std::optional<double> CellNumber(std::string_view cell) {
-  return texts::LeadingNumber(texts::SetDecimalSeparator(cell, "."));
+std::optional<double> CellNumber(std::string_view cell, std::string_view localeDecimalSeparator) {
+  return texts::LeadingNumber(texts::FileNumber(cell, localeDecimalSeparator));
 }
 
 void ShowPoints(CurveGrid& grid, const std::vector<tables::CurvePoint>& points,
@@ -22,10 +22,14 @@ void ShowPoints(CurveGrid& grid, const std::vector<tables::CurvePoint>& points,
   }
 }
 
-std::vector<tables::CurvePoint> PointRows(const CurveGrid& grid) {
+std::vector<tables::CurvePoint> PointRows(const CurveGrid& grid,
+                                          std::string_view localeDecimalSeparator) {
+  const auto number = [&](int row, int column) {
+    return texts::FileNumber(grid.Cell(row, column), localeDecimalSeparator);
+  };
   std::vector<tables::CurvePoint> rows;
   for (int row = kFirstRow; row <= kLastRow; ++row) {
-    rows.push_back({grid.Cell(row, kLoadColumn), grid.Cell(row, kTimeColumn)});
+    rows.push_back({number(row, kLoadColumn), number(row, kTimeColumn)});
   }
   return rows;
 }

@@ -8,7 +8,7 @@
 namespace zentab::editor {
 namespace {
 
-double NumberOrZero(std::string_view text) { return CellNumber(text).value_or(0.0); }
+double NumberOrZero(std::string_view text) { return CellNumber(text, ".").value_or(0.0); }
 
 double Product(double number, double factor) {
   const double product = number * factor;
@@ -26,12 +26,16 @@ ScaledPoint Scaled(const ValueModes& modes, std::string_view load, std::string_v
   return point;
 }
 
-std::string_view MultiplierWhileTyping(std::string_view text) {
-  return texts::WholeNumber(texts::SetDecimalSeparator(text, ".")) ? text : std::string_view();
+std::string_view MultiplierWhileTyping(std::string_view text,
+                                       std::string_view localeDecimalSeparator) {
+  const std::string number = texts::FileNumber(text, localeDecimalSeparator);
+  return texts::WholeNumber(number) ? text : std::string_view();
 }
 
-std::string_view MultiplierWhenLeft(std::string_view text) {
-  return NumberOrZero(text) == 0.0 ? std::string_view() : text;
+std::string_view MultiplierWhenLeft(std::string_view text,
+                                    std::string_view localeDecimalSeparator) {
+  const double multiplier = CellNumber(text, localeDecimalSeparator).value_or(0.0);
+  return multiplier == 0.0 ? std::string_view() : text;
 }
 
 }  // namespace zentab::editor

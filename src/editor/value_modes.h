@@ -5,7 +5,8 @@
 
 namespace zentab::editor {
 
-/// How the grid's numbers are meant. Changing a mode never rewrites the grid.
+/// How the grid's numbers are meant. Changing a mode never rewrites the grid. Number texts have "."
+/// or "," as decimal separator wherever they are taken for numbers here.
 struct ValueModes {
   bool absoluteValues = false;  // loads in amperes or volts, not multiples of the pickup value
   bool milliseconds = false;    // times in ms, not s
@@ -32,9 +33,11 @@ struct ScaledPoint {
 
 /// What the multiplier field holds after each change: the text itself while it is a number as a
 /// whole, else nothing. So a sign or a decimal separator typed first is refused.
-[[nodiscard]] std::string_view MultiplierWhileTyping(std::string_view text);
+[[nodiscard]] std::string_view MultiplierWhileTyping(std::string_view text,
+                                                     std::string_view localeDecimalSeparator);
 
 /// What the multiplier field holds once it is left: a multiplier of 0 is none.
-[[nodiscard]] std::string_view MultiplierWhenLeft(std::string_view text);
+[[nodiscard]] std::string_view MultiplierWhenLeft(std::string_view text,
+                                                  std::string_view localeDecimalSeparator);
 
 }  // namespace zentab::editor

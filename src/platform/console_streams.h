@@ -14,5 +14,7 @@ void UsePlainStreams();
 
 /// Whether standard output is a terminal.
 [[nodiscard]] bool OutputIsTerminal();
+/// Whether standard error is one.
+[[nodiscard]] bool MessagesGoToTerminal();
 
 }  // namespace zentab::platform

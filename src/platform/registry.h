@@ -24,7 +24,8 @@ class Registry {
 /// The system's registry. Where the platform has none: the INI file "registry.ini" in the folder
 /// that the environment variable ZENTAB_REGISTRY_DIR names, else in the user's configuration
 /// folder; a section is a key path with its root (HKEY_LOCAL_MACHINE\SOFTWARE\...), a number is
-/// written as in exported registry files, dword:0000001f.
+/// written as in exported registry files, dword:0000001f. A relative name is that of a folder in
+/// what is the working folder now.
 [[nodiscard]] std::unique_ptr<Registry> SystemRegistry();
 
 }  // namespace zentab::platform

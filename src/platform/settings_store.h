@@ -32,7 +32,8 @@ class SettingsStore {
 
 /// The user's store: Software\application\section of the current user's registry on Windows;
 /// elsewhere one INI file an application in the folder that the environment variable
-/// ZENTAB_SETTINGS_DIR names, else in the user's configuration folder.
+/// ZENTAB_SETTINGS_DIR names, else in the user's configuration folder. A relative name is that of
+/// a folder in what is the working folder now.
 [[nodiscard]] std::unique_ptr<SettingsStore> UserSettingsStore();
 
 }  // namespace zentab::platform

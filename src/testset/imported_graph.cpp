@@ -42,7 +42,7 @@ std::string ShortestText(double number, double coordinate, Becomes becomes) {
   return Rounded(number, kMostDigits);
 }
 
-double FactorOf(const std::string& text) { return CellNumber(text).value_or(0.0); }
+double FactorOf(const std::string& text) { return CellNumber(text, ".").value_or(0.0); }
 
 // As in scaling, a result beyond the range of a double leaves the number as it was.
 double Quotient(double number, double factor) {

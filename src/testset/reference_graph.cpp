@@ -6,8 +6,9 @@
 namespace zentab::testset {
 namespace {
 
-std::vector<tables::CurvePoint> FilledRows(const editor::CurveGrid& grid) {
-  std::vector<tables::CurvePoint> rows = editor::PointRows(grid);
+std::vector<tables::CurvePoint> FilledRows(const editor::CurveGrid& grid,
+                                           std::string_view separator) {
+  std::vector<tables::CurvePoint> rows = editor::PointRows(grid, separator);
   std::size_t count = 0;
   while (count < rows.size() && !rows[count].load.empty() && !rows[count].time.empty()) ++count;
   rows.resize(count);
@@ -45,8 +46,9 @@ tables::CurvePoint LastExtension(const texts::InstrumentTexts& texts,
 
 std::optional<std::vector<GraphSegment>> SegmentsOf(const editor::CurveGrid& grid,
                                                     const editor::ValueModes& modes,
-                                                    const texts::InstrumentTexts& texts) {
-  std::vector<tables::CurvePoint> rows = FilledRows(grid);
+                                                    const texts::InstrumentTexts& texts,
+                                                    std::string_view localeDecimalSeparator) {
+  std::vector<tables::CurvePoint> rows = FilledRows(grid, localeDecimalSeparator);
   if (rows.empty()) return std::nullopt;
   const Extensions extensions = ExtensionsFor(rows.size(), texts);
   if (extensions.first) rows.insert(rows.begin(), FirstExtension(texts, rows.front()));

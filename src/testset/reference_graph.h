@@ -46,9 +46,10 @@ struct Extensions {
                                                const tables::CurvePoint& point);
 
 /// The lines that join the grid's points, down to the first row with an empty cell, and the
-/// extension points of the instrument. Nothing when row 1 has an empty cell.
+/// extension points of the instrument. Nothing when row 1 has an empty cell. The separator is that
+/// of the grid alone; the texts of the modes have "." or ",".
 [[nodiscard]] std::optional<std::vector<GraphSegment>> SegmentsOf(
     const editor::CurveGrid& grid, const editor::ValueModes& modes,
-    const texts::InstrumentTexts& texts);
+    const texts::InstrumentTexts& texts, std::string_view localeDecimalSeparator);
 
 }  // namespace zentab::testset

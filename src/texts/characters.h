@@ -11,4 +11,8 @@ namespace zentab::texts {
 /// UTF-8 of a row of characters; a number that is no character becomes U+FFFD.
 [[nodiscard]] std::string FromCharacters(std::u32string_view characters);
 
+/// The text for a terminal: control characters, tabs and line feeds aside, as \x1B, those that end
+/// a line or turn the direction of writing as \u202E, and a byte that is no UTF-8 as \xE4.
+[[nodiscard]] std::string Visible(std::string_view utf8);
+
 }  // namespace zentab::texts

@@ -117,6 +117,15 @@ std::string SetDecimalSeparator(std::string_view number, std::string_view separa
   return result;
 }
 
+std::string FileNumber(std::string_view cell, std::string_view localeSeparator) {
+  const bool isUsual = localeSeparator.empty() || localeSeparator == "," || localeSeparator == ".";
+  const std::size_t at = isUsual ? std::string_view::npos : cell.find(localeSeparator);
+  if (at == std::string_view::npos) return SetDecimalSeparator(cell, ".");
+  std::string result(cell);
+  result.replace(at, localeSeparator.size(), ".");
+  return result;
+}
+
 std::optional<double> LeadingNumber(std::string_view text) { return ParseNumber(text).value; }
 
 std::optional<double> WholeNumber(std::string_view text) {

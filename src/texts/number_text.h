@@ -14,6 +14,11 @@ namespace zentab::texts {
 /// Only that one is touched: 1,234.5 becomes 1.234.5.
 [[nodiscard]] std::string SetDecimalSeparator(std::string_view number, std::string_view separator);
 
+/// The number text of a cell as files have it, with ".": its first `localeSeparator`, the decimal
+/// separator of the user's locale, becomes one where the text has any; else as SetDecimalSeparator
+/// does, as "," and "." are understood in every locale.
+[[nodiscard]] std::string FileNumber(std::string_view cell, std::string_view localeSeparator);
+
 /// The value of the longest leading part of a text that is a decimal number: blanks, a sign,
 /// digits with at most one ".", an exponent (1E-05). The process locale has no say. Nothing when
 /// the text begins with no number or the number lies beyond the range of a double; a number too

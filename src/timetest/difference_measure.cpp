@@ -1,13 +1,22 @@
 #include "timetest/difference_measure.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace zentab::timetest {
 namespace {
 
 constexpr double kTimeoutMeasure = 10'000.0;
 
-double SecondDifference(double t2, double t1, double t0) { return (t2 - t1) - (t1 - t0); }
+double SecondDifference(double t2, double t1, double t0) {
+  const double difference = (t2 - t1) - (t1 - t0);
+  if (std::isfinite(difference)) return difference;
+  // Of times near the largest number: a sum of quarters has room, and is as large as can be told.
+  const double quarter = (t2 / 4 - t1 / 4) - (t1 / 4 - t0 / 4);
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  return std::clamp(quarter, -kLargest / 4, kLargest / 4) * 4;
+}
 
 }  // namespace
 

@@ -31,8 +31,11 @@ class Import {
     if (!Read(source) || !MeasureDifferences() || !Filter() || !Average()) {
       return std::move(result_);
     }
-    std::vector<MeasuredPoint> chosen = SelectPoints(points_);
-    if (Trace({" Selected entries"}, chosen, kAfterMean)) result_.points = std::move(chosen);
+    Selection chosen = SelectPoints(points_);
+    if (Trace({" Selected entries"}, chosen.points, kAfterMean)) {
+      result_.points = std::move(chosen.points);
+      result_.selectedByRank = chosen.byRank;
+    }
     return std::move(result_);
   }
 

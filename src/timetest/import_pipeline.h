@@ -30,6 +30,7 @@ struct ImportResult {
   std::string error;                  // which equation is none, for a message
   std::error_code readError;          // why the result file could not be read
   std::int16_t differenceType = 0;    // 0 where the built-in measure was used
+  bool selectedByRank = false;        // the measures told too few of the points apart
 };
 
 /// Turns the points of a time test into those of a curve: reads them, removes those that did not

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <filesystem>
-#include <memory>
 #include <string>
-#include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "platform/file_layer.h"
@@ -11,33 +10,23 @@
 
 namespace zentab::timetest {
 
-/// The text file in which an import leaves the points of each stage: load, time and difference
-/// measure of one point a line, between tabs, with "." as decimal point. A file of that name is
-/// replaced when the first section is written; a file that cannot be written goes no further, and
-/// the import does not care.
+/// The points of each stage of an import as text: load, time and difference measure of one point a
+/// line, between tabs, with "." as decimal point. It is kept until it is saved, so that the file of
+/// the import before stays whole whatever happens meanwhile.
 class ImportTrace {
  public:
-  ImportTrace(platform::FileLayer& files, std::filesystem::path path)
-      : files_(files), path_(std::move(path)) {}
-  ~ImportTrace();
-  ImportTrace(const ImportTrace&) = delete;
-  ImportTrace& operator=(const ImportTrace&) = delete;
-
   /// A section: its heading lines, its points, and a blank line before it unless it is the first.
-  /// False when `progress` stopped it, which leaves the file as far as it came.
+  /// False when `progress` stopped it, which leaves the section as far as it came.
   [[nodiscard]] bool WriteSection(const std::vector<std::string>& headings,
                                   const std::vector<MeasuredPoint>& points, ProgressMeter progress);
-  /// Whether a section was to be written that could not be.
-  [[nodiscard]] bool IsBroken() const { return begun_ && !file_; }
+
+  /// Puts the sections into a file as platform::ReplaceFile does, with its errors. Without a
+  /// section there is nothing to be kept, and no file is touched.
+  [[nodiscard]] std::error_code Save(platform::FileLayer& files,
+                                     const std::filesystem::path& path) const;
 
  private:
-  [[nodiscard]] std::error_code Open();
-  void Write(std::string_view bytes);
-
-  platform::FileLayer& files_;
-  std::filesystem::path path_;
-  std::unique_ptr<platform::OutputFile> file_;
-  bool begun_ = false;
+  std::string text_;
 };
 
 }  // namespace zentab::timetest

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <iterator>
 #include <limits>
 
 #include "tables/curve_table_entry.h"
@@ -41,10 +42,6 @@ class LevelSearch {
       : largest_(LargestMeasures(points)), count_(points.size()) {}
 
   double Run() {
-    // No number of rounds would leave fewer.
-    if (largest_.size() > kWanted && largest_[kWanted] == kInfinity) {
-      return std::numeric_limits<double>::max();
-    }
     while (count_ > kWanted) {
       const bool isFast = count_ > kMany;
       const double next = NextMeasure();
@@ -90,6 +87,39 @@ class LevelSearch {
   double slowRound_ = 1.0;
 };
 
+// What is no number measures nothing.
+double RankOf(const MeasuredPoint& point) {
+  return std::isnan(point.difference) ? -1.0 : point.difference;
+}
+
+// The first and the last of more than kWanted points, and those of the largest measures.
+std::vector<MeasuredPoint> LargestBetweenEnds(const std::vector<MeasuredPoint>& points) {
+  constexpr std::size_t kBetween = kWanted - 2;
+  std::vector<double> ranks;
+  std::transform(points.begin() + 1, points.end() - 1, std::back_inserter(ranks), RankOf);
+  std::nth_element(ranks.begin(), ranks.begin() + (kBetween - 1), ranks.end(), std::greater<>());
+  const double last = ranks[kBetween - 1];
+  const auto count = [&ranks](auto matches) {
+    return static_cast<std::size_t>(std::count_if(ranks.begin(), ranks.end(), matches));
+  };
+  const std::size_t equal = count([last](double rank) { return rank == last; });
+  const std::size_t wanted = kBetween - count([last](double rank) { return rank > last; });
+  std::vector<MeasuredPoint> chosen = {points.front()};
+  std::size_t seen = 0;  // of the equal ones, of which every so-manyth is taken
+  for (std::size_t at = 1; at + 1 < points.size(); ++at) {
+    const double rank = RankOf(points[at]);
+    bool isChosen = rank > last;
+    if (rank == last) {
+      const auto chosenOf = [&](std::size_t first) { return (first * wanted + equal / 2) / equal; };
+      isChosen = chosenOf(seen + 1) > chosenOf(seen);
+      ++seen;
+    }
+    if (isChosen) chosen.push_back(points[at]);
+  }
+  chosen.push_back(points.back());
+  return chosen;
+}
+
 }  // namespace
 
 double SelectionLevel(const std::vector<MeasuredPoint>& points) {
@@ -97,15 +127,16 @@ double SelectionLevel(const std::vector<MeasuredPoint>& points) {
   return LevelSearch(points).Run();
 }
 
-std::vector<MeasuredPoint> SelectPoints(const std::vector<MeasuredPoint>& points) {
-  if (points.size() <= kWanted) return points;
+Selection SelectPoints(const std::vector<MeasuredPoint>& points) {
+  if (points.size() <= kWanted) return {points};
   const double level = SelectionLevel(points);
-  std::vector<MeasuredPoint> chosen;
-  for (const MeasuredPoint& point : points) {
-    if (chosen.size() == kWanted) break;
-    if (point.difference > level) chosen.push_back(point);
+  if (!(points.front().difference > level) || !(points.back().difference > level)) {
+    return {LargestBetweenEnds(points), true};
   }
-  return chosen;
+  Selection selection;
+  std::copy_if(points.begin(), points.end(), std::back_inserter(selection.points),
+               [level](const MeasuredPoint& point) { return point.difference > level; });
+  return selection;
 }
 
 }  // namespace zentab::timetest

@@ -4,6 +4,9 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <optional>
+
+#include "timetest/wide_sums.h"
 
 namespace zentab::timetest {
 namespace {
@@ -37,6 +40,20 @@ bool AddsExactly(const std::vector<double>& times, std::size_t width) {
   return true;
 }
 
+// The mean of `count` times whose sum is `sum`. Where that lies beyond the range of a double, which
+// no mean does, they are added as parts of it.
+double Mean(const double* times, std::size_t count, double sum) {
+  const auto terms = static_cast<double>(count);
+  if (std::isfinite(sum)) return sum / terms;
+  constexpr int kRoom = 20;  // bits; a mean has fewer terms than 2^16
+  double parts = 0.0;
+  for (std::size_t at = 0; at < count; ++at) parts += std::ldexp(times[at], -kRoom);
+  const auto [least, greatest] = std::minmax_element(times, times + count);
+  // The division may round beyond the greatest time.
+  const double mean = std::ldexp(parts / terms, kRoom);
+  return std::clamp(mean, *least, *greatest);
+}
+
 // Puts the mean of times (at - width, at] into each point from `at` on, up to kLanes of them.
 void AverageLanes(std::vector<MeasuredPoint>& points, const std::vector<double>& times,
                   std::size_t at, std::size_t width) {
@@ -53,7 +70,7 @@ void AverageLanes(std::vector<MeasuredPoint>& points, const std::vector<double>&
     }
   }
   for (std::size_t lane = 0; lane < lanes; ++lane) {
-    points[at + lane].time = sums[lane] / static_cast<double>(width);
+    points[at + lane].time = Mean(oldest + lane, width, sums[lane]);
   }
 }
 
@@ -70,16 +87,22 @@ bool AverageTimes(std::vector<MeasuredPoint>& points, int width, ProgressMeter p
   double sum = 0.0;
   for (std::size_t at = 0; at < beginnings; ++at) {
     sum += times[at];
-    points[at].time = sum / static_cast<double>(at + 1);
+    points[at].time = Mean(times.data(), at + 1, sum);
   }
   const bool slides = AddsExactly(times, terms);
-  const std::size_t step = slides ? 1 : kLanes;
-  const std::size_t effort = slides ? 1 : 1 + terms / kUsualWidth;
+  std::optional<WideSums> wide;
+  if (!slides && WideSums::CanAdd(times, terms)) wide.emplace(times, terms);
+  const bool isSingle = slides || wide;
+  const std::size_t step = isSingle ? 1 : kLanes;
+  const std::size_t effort = isSingle ? 1 : 1 + terms / kUsualWidth;
   for (std::size_t at = beginnings; at < times.size(); at += step) {
     if (slides) {
       // The oldest first: with one term more than the width the sum could be rounded.
       sum = sum - times[at - terms] + times[at];
       points[at].time = sum / static_cast<double>(terms);
+    } else if (wide) {
+      const std::size_t first = at + 1 - terms;
+      points[at].time = Mean(times.data() + first, terms, wide->Of(first));
     } else {
       AverageLanes(points, times, at, terms);
     }

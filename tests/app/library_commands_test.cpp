@@ -1,5 +1,7 @@
 #include "app/library_commands.h"
 
+#include "app/session_texts.h"
+#include "editor/chart_curve.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::app {
@@ -49,6 +51,32 @@ TEST_F(LibraryCommandsTest, ReadBringsPointsAndSettings) {
   EXPECT_TRUE(session_.modes.absoluteValues);
   EXPECT_EQ(session_.instrument, tables::Instrument::Current);
   EXPECT_TRUE(Read(2));
+}
+
+TEST_F(LibraryCommandsTest, NumbersStayTheirOwnInEveryLocale) {
+  // U+066B is that of ps_AF; Windows takes what the user gives.
+  for (const std::string separator : {".", ",", "\xD9\xAB", "'", "::"}) {
+    SCOPED_TRACE(separator);
+    session_.localeDecimalSeparator = separator;
+    EXPECT_FALSE(Read(0));
+    EXPECT_EQ(Cell(1, 1) + " " + Cell(2, 2), "1" + separator + "5 4" + separator + "25");
+    const std::vector<editor::ChartPoint> chart = {{1, 1.5, 10.0}, {2, 2.0, 4.25}};
+    EXPECT_EQ(editor::CurveOf(session_.table.grid, separator).points, chart);
+    EXPECT_FALSE(Update(0));
+    EXPECT_EQ(BytesOf(Folder() / "t.dat"), kTable);
+    // What was typed as people elsewhere do is understood beside it.
+    for (const std::string other : {".", ","}) {
+      session_.table.grid.SetCell(1, 1, "1" + other + "5");
+      EXPECT_FALSE(Update(0));
+      EXPECT_EQ(BytesOf(Folder() / "t.dat"), kTable) << other;
+    }
+    session_.modes.absoluteValues = false;
+    session_.modes.pickup = "1" + separator + "5";
+    session_.modes.multiplier = editor::MultiplierWhileTyping("0" + separator + "5", separator);
+    EXPECT_EQ(editor::Scaled(ModesInFiles(session_), "3", "3"), (editor::ScaledPoint{4.5, 1.5}));
+    session_.texts.labels.loadRelative = "%T";
+    EXPECT_EQ(LabelsFor(session_).load, "1.5;2");
+  }
 }
 
 TEST_F(LibraryCommandsTest, UpdateAndRemoveWorkOnTheirLineOnly) {

@@ -12,8 +12,11 @@ std::string Texts(const Placement& placement) {
 
 class SettingsTest : public test::TemporaryFolder {
  protected:
-  SettingsTest() { test::SetFolderVariable("ZENTAB_SETTINGS_DIR", Folder()); }
-  std::unique_ptr<platform::SettingsStore> store_ = platform::UserSettingsStore();
+  SettingsTest() {
+    test::SetFolderVariable("ZENTAB_SETTINGS_DIR", Folder());
+    store_ = platform::UserSettingsStore();
+  }
+  std::unique_ptr<platform::SettingsStore> store_;
 };
 
 TEST_F(SettingsTest, AFirstStartHasTheDefaults) {

@@ -131,6 +131,44 @@ TEST_F(CommandLine, StreamsThatFailAreNoEmptyInputAndNoSuccess) {
   EXPECT_FALSE(fs::exists(Folder() / "lib.dat"));
 }
 
+TEST_F(CommandLine, WhatIsNoFileIsNotReplaced) {
+  Write("result.txt", "1\t3\t2500\t\n");
+  Write("behind.txt", "old");
+  ASSERT_EQ(Run("mkfifo pipe && ln -s behind.txt link && ln -s /dev/null device"), 0);
+  const string import = "timeout 10 \"" PROGRAM "\" import result.txt --heading= --trace ";
+  for (const char* const trace : {"pipe", "device", "/dev/null"}) {
+    EXPECT_EQ(Run(import + trace + " 2>err >out"), 1) << trace;
+    EXPECT_NE(BytesOf(Folder() / "err").find("not a regular file"), string::npos) << trace;
+  }
+  EXPECT_TRUE(fs::is_fifo(Folder() / "pipe") && fs::is_character_file("/dev/null"));
+  EXPECT_EQ(Run(import + "link >out"), 0);
+  EXPECT_TRUE(fs::is_symlink(Folder() / "link"));
+  EXPECT_TRUE(BytesOf(Folder() / "behind.txt").starts_with("Diff Type"));
+  // A file that would become too large fails as on a full device.
+  const string large = "{\"A\"\t(1;2) 001}\n" + string(5000, 'x');
+  Write("lib.dat", large);
+  EXPECT_EQ(Run("ulimit -f 1; \"" PROGRAM "\" remove lib.dat A 2>err"), 1);
+  EXPECT_NE(BytesOf(Folder() / "err").find("lib.dat: not written: File too large"), string::npos);
+  EXPECT_EQ(BytesOf(Folder() / "lib.dat"), large);
+}
+
+TEST_F(CommandLine, ATerminalIsNotSteeredByNames) {
+  if (Run("script -V >out 2>&1") != 0) GTEST_SKIP() << "no script(1) here";
+  Write("lib.dat", "{\"\x1B[31mA\xC2\x9B\xE2\x80\xAE\"\t 000}\n{\"\xC3\x84\"\t 000\n");
+  const string program = "\"" PROGRAM "\" ";
+  const auto shown = [&](const string& arguments) {
+    EXPECT_EQ(Run("script -qc '" + program + arguments + "' /dev/null >out </dev/null"), 0);
+    return BytesOf(Folder() / "out");
+  };
+  EXPECT_EQ(shown("list lib.dat"), "\\x1B[31mA\\x9B\\u202E\r\n\xC3\x84\r\n");
+  EXPECT_EQ(shown("check lib.dat"), "lib.dat:2: the line does not end with }\r\n");
+  EXPECT_EQ(shown("show lib.dat \"\x1B[1m\""),
+            "zentab-cli: lib.dat: no entry \x27\\x1B[1m\x27\r\n");
+  EXPECT_EQ(shown("\"\x1B[1m\"").find('\x1B'), string::npos);
+  ASSERT_EQ(Run(program + "list lib.dat >out"), 0);
+  EXPECT_TRUE(BytesOf(Folder() / "out").starts_with("\x1B[31mA\xC2\x9B")) << "as it is in a pipe";
+}
+
 TEST_F(CommandLine, AReaderThatLeavesEndsABatchAndLeavesNoTemporaryFile) {
   fs::create_directory(Folder() / "tmp");
   string library;

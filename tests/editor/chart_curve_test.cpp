@@ -35,7 +35,7 @@ TEST(ChartCurve, FollowsTheRowsThatAreNotEmpty) {
     SCOPED_TRACE(c.what);
     CurveGrid grid;
     for (const Cell& cell : c.cells) grid.SetCell(cell.row, cell.column, cell.text);
-    const ChartCurve curve = CurveOf(grid);
+    const ChartCurve curve = CurveOf(grid, ",");
     std::vector<int> rows;
     for (const ChartPoint& point : curve.points) rows.push_back(point.row);
     EXPECT_EQ(rows, c.pointRows);
@@ -51,7 +51,7 @@ TEST(ChartCurve, RangesSpanThePoints) {
   grid.SetCell(2, 2, "0,25");
   grid.SetCell(4, 1, "1.5");
   grid.SetCell(4, 2, "12");
-  const ChartCurve curve = CurveOf(grid);
+  const ChartCurve curve = CurveOf(grid, ",");
   EXPECT_EQ(curve.load.minimum, 1.5);
   EXPECT_EQ(curve.load.maximum, 5.0);
   EXPECT_EQ(curve.time.minimum, 0.25);

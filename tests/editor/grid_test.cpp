@@ -27,7 +27,7 @@ TEST(GridPoints, ShowNormalisedNumbersInTheUsersForm) {
     EXPECT_EQ(grid.Cell(row, kTimeColumn), expected[row - 1][1]);
   }
   ShowPoints(grid, std::vector<tables::CurvePoint>(30, {"1", "2"}), ".");
-  EXPECT_EQ(PointRows(grid), std::vector<tables::CurvePoint>(26, {"1", "2"}));
+  EXPECT_EQ(PointRows(grid, "."), std::vector<tables::CurvePoint>(26, {"1", "2"}));
 }
 
 TEST(GridTidy, RoundsNumbersAndRemovesForeignCharacters) {

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <map>
+#include <random>
 
 #include "mathparser/integer_math.h"
+#include "mathparser/special/double_double.h"
 
 namespace zentab::mathparser {
 namespace {
@@ -39,6 +41,21 @@ TEST(SpecialFunctions, AgreeWithTheReferenceValuesAsStated) {
         << reference.Text() << " is " << static_cast<double>(reference.value) << ", not " << value;
   }
   EXPECT_EQ(counts.size(), 39U);
+}
+
+// What the longest phases and logarithms rest on: one digit less here is seven there.
+TEST(DoubleDouble, ProductsKeepWhatTheyRoundAway) {
+  std::mt19937_64 random(20240229);
+  for (int i = 0; i < 100000; ++i) {
+    const auto draw = [&random] {
+      const auto bits = static_cast<double>(random() >> 11U) * (random() % 2 == 0 ? 1.0 : -1.0);
+      return std::ldexp(bits, static_cast<int>(random() % 400) - 250);
+    };
+    const double a = draw();
+    const double b = draw();
+    const DoubleDouble product = ProductOf(a, b);
+    ASSERT_EQ(product.low, std::fma(a, b, -product.high)) << a << " * " << b;
+  }
 }
 
 TEST(SpecialFunctions, CountExactlyBelowTwoToThePowerOf53) {

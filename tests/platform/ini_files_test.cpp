@@ -45,9 +45,27 @@ class IniFiles : public test::TemporaryFolder {
   IniFiles() {
     ::setenv("ZENTAB_SETTINGS_DIR", (Folder() / "settings").c_str(), 1);
     ::setenv("ZENTAB_REGISTRY_DIR", Folder().c_str(), 1);
+    store_ = UserSettingsStore();
   }
-  std::unique_ptr<SettingsStore> store_ = UserSettingsStore();
+  std::unique_ptr<SettingsStore> store_;
 };
+
+TEST_F(IniFiles, ARelativeFolderStaysWhereItWasAtTheStart) {
+  const fs::path before = fs::current_path();
+  fs::create_directory(Folder() / "elsewhere");
+  fs::current_path(Folder());
+  for (const char* const variable : {"ZENTAB_SETTINGS_DIR", "ZENTAB_REGISTRY_DIR"}) {
+    ::setenv(variable, "own", 1);
+  }
+  const auto store = UserSettingsStore();
+  const auto registry = SystemRegistry();
+  fs::current_path(Folder() / "elsewhere");
+  EXPECT_FALSE(store->Save("Zentab", "S", {{"a", "1"}}));
+  EXPECT_TRUE(fs::exists(Folder() / "own/Zentab.ini"));
+  Write("own/registry.ini", "[HKEY_CURRENT_USER\\K]\nv=1\n");
+  EXPECT_EQ(registry->ReadRegistryValue(RootKey::CurrentUser, "K", "v"), "1");
+  fs::current_path(before);
+}
 
 TEST_F(IniFiles, SettingsComeBackWithoutRegardToCase) {
   EXPECT_EQ(store_->Read("Zentab", "Settings", "TableName"), std::nullopt);

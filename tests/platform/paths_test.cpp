@@ -1,6 +1,12 @@
 #include "platform/paths.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include "platform/character_case.h"
+#include "platform/private_file.h"
+#include "support/environment.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::platform {
@@ -39,6 +45,24 @@ TEST_F(Paths, FixedNamesAreFoundWithoutRegardToCase) {
   EXPECT_EQ(Spelled(FindFixedName({}, "FCC.TXT")), Spelled("Fcc.txt"));
   EXPECT_TRUE(ChangeCurrentFolder(Folder() / "missing"));
 }
+
+#ifndef _WIN32
+TEST_F(Paths, PrivateFilesAreReadByTheirUserAloneAndLeaveNothing) {
+  test::SetFolderVariable("TMPDIR", Folder());
+  const mode_t usual = ::umask(0);
+  std::unique_ptr<PrivateFile> file;
+  EXPECT_FALSE(WritePrivateFile("secret", file));
+  EXPECT_EQ(fs::status(file->Path()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(test::BytesOf(file->Path()), "secret");
+  file.reset();
+  EXPECT_TRUE(fs::is_empty(Folder()));
+  test::SetFolderVariable("TMPDIR", Folder() / "missing");
+  EXPECT_TRUE(WritePrivateFile("secret", file));
+  EXPECT_EQ(file, nullptr);
+  ::unsetenv("TMPDIR");
+  ::umask(usual);
+}
+#endif
 
 }  // namespace
 }  // namespace zentab::platform

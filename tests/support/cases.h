@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,29 +10,7 @@ namespace zentab::test {
 
 /// The rows of one "[section]" of a file in tests/data/, split into fields at tabs. In a field \t,
 /// \r, \n, \0 and \\ stand for themselves; lines beginning with "#" are remarks.
-[[nodiscard]] inline std::vector<std::vector<std::string>> Cases(std::string_view file,
-                                                                 std::string_view section) {
-  std::ifstream stream(std::string(TEST_DATA) + "/" + std::string(file));
-  std::vector<std::vector<std::string>> cases;
-  bool inside = false;
-  for (std::string line; std::getline(stream, line);) {
-    if (line.starts_with('[')) inside = line == "[" + std::string(section) + "]";
-    if (!inside || line.empty() || line[0] == '[' || line[0] == '#') continue;
-    std::vector<std::string> fields(1);
-    for (std::size_t at = 0; at < line.size(); ++at) {
-      if (line[at] == '\t') {
-        fields.emplace_back();
-      } else if (line[at] == '\\' && at + 1 < line.size()) {
-        const std::size_t escape = std::string_view("trn0\\").find(line[++at]);
-        fields.back() += std::string_view("\t\r\n\0\\", 5).at(escape);
-      } else {
-        fields.back() += line[at];
-      }
-    }
-    cases.push_back(std::move(fields));
-  }
-  EXPECT_FALSE(cases.empty()) << file << " has no section " << section;
-  return cases;
-}
+[[nodiscard]] std::vector<std::vector<std::string>> Cases(std::string_view file,
+                                                          std::string_view section);
 
 }  // namespace zentab::test

@@ -57,7 +57,7 @@ texts::InstrumentTexts WithExtensions(const std::string& firstX, const std::stri
 
 TEST(ReferenceGraph, HasTheLayoutOfGrhFiles) {
   const auto segments =
-      SegmentsOf(GridOf({{"1", "10"}, {"2", "5"}}), {false, false, "0,5", ""}, {});
+      SegmentsOf(GridOf({{"1", "10"}, {"2", "5"}}), {false, false, "0,5", ""}, {}, ",");
   EXPECT_EQ(FormatReferenceGraph(*segments, kDate), kExample);
   // A date of 13, 14 and 15 columns.
   const auto firstLine = [](const GraphDate& date) {
@@ -81,18 +81,18 @@ TEST(ReferenceGraph, ScalesByTheValueModes) {
 TEST(ReferenceGraph, JoinsTheRowsUpToTheFirstGapAndTheExtensions) {
   const ValueModes modes = {false, true, "2", ""};
   CurveGrid grid = GridOf({{"1", "1000"}, {"2", "500"}, {"", "7"}, {"4", "300"}, {"5", "200"}});
-  EXPECT_EQ(Text(*SegmentsOf(grid, modes, {})), "2 1 4 0.5|");
-  EXPECT_EQ(Text(*SegmentsOf(grid, modes, WithExtensions("0,5", "", "", "100"))),
+  EXPECT_EQ(Text(*SegmentsOf(grid, modes, {}, ",")), "2 1 4 0.5|");
+  EXPECT_EQ(Text(*SegmentsOf(grid, modes, WithExtensions("0,5", "", "", "100"), ",")),
             "1 1 2 1|2 1 4 0.5|4 0.5 4 0.1|");
   grid.SetCell(2, editor::kTimeColumn, "");
-  EXPECT_EQ(Text(*SegmentsOf(grid, modes, {})), "");
-  EXPECT_EQ(Text(*SegmentsOf(grid, modes, WithExtensions("", "9000", "", ""))), "2 9 2 1|");
+  EXPECT_EQ(Text(*SegmentsOf(grid, modes, {}, ",")), "");
+  EXPECT_EQ(Text(*SegmentsOf(grid, modes, WithExtensions("", "9000", "", ""), ",")), "2 9 2 1|");
   grid.SetCell(1, editor::kLoadColumn, "");
-  EXPECT_FALSE(SegmentsOf(grid, modes, {}));
+  EXPECT_FALSE(SegmentsOf(grid, modes, {}, ","));
   const std::pair<std::size_t, std::size_t> sizes[] = {{24, 25}, {25, 25}, {26, 25}};
   for (const auto& [points, segments] : sizes) {
     const CurveGrid full = GridOf(Points(points, {"1", "1"}));
-    EXPECT_EQ(SegmentsOf(full, modes, WithExtensions("1", "1", "1", "1"))->size(), segments);
+    EXPECT_EQ(SegmentsOf(full, modes, WithExtensions("1", "1", "1", "1"), ",")->size(), segments);
   }
 }
 
@@ -139,7 +139,7 @@ TEST_F(GrhFile, ComesBackAsTheCurveThatWasWrittenInEveryMode) {
     }
     const texts::InstrumentTexts texts =
         table % 3 != 0 ? texts::InstrumentTexts() : WithExtensions("0.25", "", "99999", "0,125");
-    Set(*SegmentsOf(GridOf(points), modes, texts));
+    Set(*SegmentsOf(GridOf(points), modes, texts, ","));
     const ReadGraph graph = ReadReferenceGraph(platform::SystemFiles(), File());
     ASSERT_FALSE(graph.error) << test::BytesOf(File());
     const ImportedGraph imported = ImportGraph(graph.segments, modes, texts);

@@ -42,7 +42,10 @@ class TimeTestImport : public test::TemporaryFolder {
   }
   ImportResult Import(const ImportFields& fields,
                       const timetest::ProgressReport& progress = nullptr) {
-    return TimeTestCommands(session, files).ImportTimeTest(fields, progress);
+    ImportTimeTestOutcome outcome =
+        TimeTestCommands(session, files).ImportTimeTest(fields, progress);
+    traceError = outcome.traceError;
+    return outcome.result;
   }
   [[nodiscard]] string Times() const {
     string times;
@@ -59,6 +62,7 @@ class TimeTestImport : public test::TemporaryFolder {
 
   Session session;
   test::FailingFileLayer files;
+  std::error_code traceError;
 };
 
 TEST_F(TimeTestImport, StagesFollowTheFields) {
@@ -99,6 +103,20 @@ TEST_F(TimeTestImport, StagesFollowTheFields) {
     EXPECT_FALSE(session.table.tableModified);
   }
   EXPECT_EQ(session.texts.import.differenceType, 0) << "where the built-in measure was used";
+  session.localeDecimalSeparator = "\xD9\xAB";
+  session.modes.absoluteValues = false;
+  session.modes.pickup =
+      "0\xD9\xAB"
+      "8";
+  ASSERT_EQ(Import({"0", "0",
+                    "1\xD9\xAB"
+                    "6"})
+                .outcome,
+            ImportOutcome::Imported);
+  EXPECT_EQ(Times(), "6 12 18 2");
+  EXPECT_EQ(session.table.grid.Cell(1, 1),
+            "1\xD9\xAB"
+            "25");
 }
 
 TEST_F(TimeTestImport, AnEquationThatIsNoneEndsItWithTheGridAsItWas) {
@@ -196,9 +214,12 @@ TEST_F(TimeTestImport, TheTraceHoldsTheStages) {
   Import({"0", "4", "2"});
   EXPECT_TRUE(Trace().starts_with("Diff Type 0\r\n"));
   EXPECT_EQ(Trace().find("After"), string::npos);
+  const string before = Trace();
   for (std::size_t bytes = 0; bytes < 100; bytes += 9) {
     files.bytesThatFit = bytes;
     EXPECT_EQ(Import({"0", "2", "2"}).outcome, ImportOutcome::Imported);
+    EXPECT_EQ(traceError, std::errc::no_space_on_device);
+    EXPECT_EQ(Trace(), before);
   }
 }
 

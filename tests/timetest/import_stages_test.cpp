@@ -1,8 +1,10 @@
 // Each stage beside the same rule written as it is told: numbered from 1, deleting point by point,
 // adding every mean anew, counting the points at every round.
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <random>
+#include <set>
 
 #include "support/cases.h"
 #include "timetest/difference_measure.h"
@@ -15,6 +17,7 @@ namespace zentab::timetest {
 namespace {
 
 using Points = std::vector<MeasuredPoint>;
+using std::string;
 
 const ProgressReport kSilent;
 ProgressMeter Silent() { return {kSilent, 0.0, 1.0}; }
@@ -69,6 +72,15 @@ void ToldMean(Told& told, int width) {
     double sum = 0.0;
     for (int j = i - terms + 1; j <= i; ++j) sum += copy[static_cast<std::size_t>(j - 1)].time;
     told.T(i) = sum / terms;
+    if (std::isfinite(sum)) continue;
+    // Beyond the largest number the sum of parts, which the rounding must not bring outside.
+    sum = 0.0;
+    std::set<double> added;
+    for (int j = i - terms + 1; j <= i; ++j) {
+      added.insert(copy[static_cast<std::size_t>(j - 1)].time);
+      sum += copy[static_cast<std::size_t>(j - 1)].time / 1048576.0;
+    }
+    told.T(i) = std::clamp(sum / terms * 1048576.0, *added.begin(), *added.rbegin());
   }
 }
 
@@ -145,6 +157,36 @@ TEST(ImportStages, MeansHaveTheBitsOfPlainAdditions) {
   }
 }
 
+TEST(ImportStages, WideMeansHaveThemToo) {
+  std::mt19937 random(17);
+  const auto uniform = [&random] { return static_cast<double>(random()) / 4294967296.0; };
+  const std::function<double(std::size_t)> kinds[] = {
+      [&](std::size_t) { return static_cast<double>(random() % 100'000) / 1000.0; },
+      [&](std::size_t at) { return 140.0 / (0.02 + 1e-5 * static_cast<double>(at)) + uniform(); },
+      [&](std::size_t) { return std::ldexp(uniform(), static_cast<int>(random() % 80) - 40); },
+      [&](std::size_t) {
+        return std::ldexp(1.0 + static_cast<double>(random() % 4) * 0x1p-52,
+                          static_cast<int>(random() % 12));
+      },
+      [&](std::size_t) { return random() % 3 == 0 ? uniform() * 1e306 : 0.0; },
+      [&](std::size_t at) { return at < 1000 ? 0.0 : uniform() * 1e-310; },
+  };
+  for (const auto& kind : kinds) {
+    // More than fit one block of windows, and few.
+    for (const std::size_t count : {35'000u, 1500u}) {
+      Points points(count);
+      for (std::size_t at = 0; at < count; ++at) points[at].time = kind(at);
+      for (const int width : {129, count > 2000u ? 150 : 1400}) {
+        Told told{points};
+        Points result = points;
+        ToldMean(told, width);
+        ASSERT_TRUE(AverageTimes(result, width, Silent()));
+        ASSERT_TRUE(result == told.points) << &kind - kinds << ", " << count << ", " << width;
+      }
+    }
+  }
+}
+
 TEST(ImportStages, SelectionLevelIsTheToldOne) {
   std::mt19937 random(13);
   for (int round = 0; round < 300; ++round) {
@@ -157,12 +199,12 @@ TEST(ImportStages, SelectionLevelIsTheToldOne) {
     }
     if (!points.empty()) points.front().difference = points.back().difference = 100'000.0;
     if (points.size() <= 26) {
-      EXPECT_EQ(SelectPoints(points).size(), points.size());
+      EXPECT_EQ(SelectPoints(points).points.size(), points.size());
       continue;
     }
     const double level = ToldLevel(points);
     ASSERT_EQ(SelectionLevel(points), level) << "round " << round;
-    const Points chosen = SelectPoints(points);
+    const Points chosen = SelectPoints(points).points;
     std::erase_if(points, [&](const MeasuredPoint& point) { return !(point.difference > level); });
     ASSERT_TRUE(chosen == points) << "round " << round;
   }
@@ -177,23 +219,63 @@ TEST(ImportStages, SelectionEndsForAnyMeasures) {
         points[at].load = static_cast<double>(at);
         points[at].difference = measure * (1.0 + static_cast<double>(at) / 1e4);
       }
-      const Points chosen = SelectPoints(points);
-      // Of infinite measures none lies above another: the first ones are taken.
-      EXPECT_EQ(chosen.size(), std::isnan(measure) ? 0u : 26u) << measure << ", " << count;
+      const Points chosen = SelectPoints(points).points;
+      ASSERT_EQ(chosen.size(), 26u) << measure << ", " << count;
+      EXPECT_EQ(chosen.front().load, 0.0);
+      EXPECT_EQ(chosen.back().load, points.back().load);
     }
   }
 }
 
-TEST(ImportStages, SelectionTakesInfiniteMeasuresFirst) {
-  Points points(2000, {0.0, 0.0, 5.0});
-  for (std::size_t at = 0; at < points.size(); ++at) {
-    points[at].load = static_cast<double>(at);
-    if (at >= 1500 && at < 1650) points[at].difference = std::numeric_limits<double>::infinity();
+// The loads of the points chosen of 61, where `measure` gives the ones between the ends.
+string Chosen(const std::function<double(int)>& measure) {
+  Points points(61);
+  for (int at = 0; at <= 60; ++at) {
+    points[static_cast<std::size_t>(at)].load = at;
+    if (at > 0 && at < 60) points[static_cast<std::size_t>(at)].difference = measure(at);
   }
-  const Points chosen = SelectPoints(points);
-  ASSERT_EQ(chosen.size(), 26u);
-  EXPECT_EQ(chosen.front().load, 1500.0);
-  EXPECT_EQ(chosen.back().load, 1525.0);
+  const Selection selection = SelectPoints(points);
+  string loads = selection.byRank ? "ranked:" : "";
+  for (const MeasuredPoint& point : selection.points) {
+    loads += " " + std::to_string(static_cast<int>(point.load));
+  }
+  return loads;
+}
+
+TEST(ImportStages, SelectionKeepsTheEndsWhateverTheMeasuresAre) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  const string spread =
+      "ranked: 0 2 4 7 9 12 14 16 19 21 24 26 29 31 34 36 39 41 44 46 48 51 53 56 58 60";
+  EXPECT_EQ(Chosen([](int at) { return at <= 3 ? 1e9 : 1.0; }), " 0 1 2 3 60");
+  for (const double equal : {100'000.0, 1e9, infinity}) {
+    EXPECT_EQ(Chosen([equal](int) { return equal; }), spread) << equal;
+  }
+  EXPECT_EQ(Chosen([](int at) { return 1e5 + at; }),
+            "ranked: 0 36 37 38 39 40 41 42 43 44 45 46 47 48 49 50 51 52 53 54 55 56 57 58 59 60");
+  // The largest, and of what is equally large behind them some.
+  EXPECT_EQ(Chosen([&](int at) { return at % 3 == 0   ? infinity
+                                        : at % 3 == 1 ? 1e5
+                                                      : 7.0; }),
+            "ranked: 0 3 4 6 9 12 15 16 18 21 24 27 28 30 33 36 39 40 42 45 48 51 52 54 57 60");
+}
+
+TEST(ImportStages, TimesNearTheLargestNumberStayNumbers) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  Points points(40);
+  for (std::size_t at = 0; at < points.size(); ++at) {
+    points[at].time = at % 3 == 0 ? -kLargest : kLargest;
+  }
+  for (const int width : {2, 3, 39, 32767}) {
+    Points means = points;
+    ASSERT_TRUE(AverageTimes(means, width, Silent()));
+    for (const MeasuredPoint& mean : means) EXPECT_LE(std::abs(mean.time), kLargest) << width;
+    if (width == 3) {
+      EXPECT_DOUBLE_EQ(means[2].time, kLargest / 3);
+    }
+  }
+  ASSERT_TRUE(
+      MeasureDifferences(points, std::numeric_limits<double>::infinity(), nullptr, Silent()));
+  EXPECT_EQ(points[1].difference, kLargest);
 }
 
 TEST(ImportStages, DifferencesAreThoseOfTheTimes) {

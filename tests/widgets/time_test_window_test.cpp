@@ -2,6 +2,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QProgressDialog>
+#include <QStatusBar>
 #include <QTest>
 
 #include "app/widgets/testset/import_progress.h"
@@ -86,6 +87,31 @@ class TimeTestWindowTest : public QObject {
     QCOMPARE(fixture.dialogs.asked.back(), std::string("ERROR: Error in filter equation #4"));
     QCOMPARE(Row(1), QStringLiteral("mine "));
     QVERIFY(fixture.session.table.tableModified);
+  }
+
+  void WhatAnImportCouldNotDoIsTold() {
+    WindowFixture& fixture = Start();
+    made_->Click("Option1");
+    const auto* const bar = fixture.Find<QStatusBar>("");
+    // Nothing told apart: an equation that fails at every point.
+    QByteArray result = "Test\r\n";
+    for (int point = 1; point <= 40; ++point) {
+      result += QByteArray::number(point) + "\t1\t" + QByteArray::number(point) + "\t\r\n";
+    }
+    fixture.Write("data/current/result.txt", result);
+    fixture.session.texts.equations[0][1] = "1/0";
+    fixture.Find<QLineEdit>("Text4")->setText("1");
+    made_->Click("Command10");
+    const auto& grid = fixture.session.table.grid;
+    QCOMPARE(grid.Cell(1, 2) + "-" + grid.Cell(26, 2), std::string("0,001-0,04"));
+    QVERIFY(bar->currentMessage().startsWith(
+        QString::fromStdString(fixture.session.texts.program.selectedByRank)));
+    QVERIFY(QDir(fixture.Path(".")).mkdir("Zentab_ImportTable.txt"));
+    fixture.session.texts.import.printTable = true;
+    fixture.Find<QLineEdit>("Text4")->setText("0");
+    made_->Click("Command10");
+    QVERIFY(bar->currentMessage().startsWith(
+        QString::fromStdString(fixture.session.texts.program.traceFailed + ": ")));
   }
 
   void AResultFileThatIsGoneWithdrawsTheCommand() {

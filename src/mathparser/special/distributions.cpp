@@ -63,7 +63,7 @@ double BinomialDensity(double k, double n, double p) {
 }
 
 // The probability of at most k successes in n trials. Domain: as above. Method: the incomplete beta
-// function (Abramowitz & Stegun 26.5.24). Error: measured up to 2.3e-16 relative.
+// function (Abramowitz & Stegun 26.5.24). Error: measured up to 3.0e-16 relative.
 double BinomialDistribution(double k, double n, double p) {
   if (!IsWholeNumber(k) || !IsCount(n) || !IsProbability(p)) return kNoNumber;
   if (k < 0.0) return 0.0;

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <bit>
+#include <cfloat>
 #include <cmath>
 #include <cstdint>
 
 namespace zentab::mathparser {
+
+static_assert(FLT_EVAL_METHOD == 0, "every operation must round to a double at once");
 
 /// A number as the unevaluated sum of two doubles, the second at most half a unit in the last
 /// place of the first: about 32 digits with the range of a double (Dekker, A floating-point

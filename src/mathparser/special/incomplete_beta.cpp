@@ -137,8 +137,8 @@ double RaisedBeta(Wide term, DoubleDouble x, DoubleDouble y, double a, double b)
 
 // The incomplete beta function I_x(a, b). Domain: 0 <= x <= 1, a and b > 0. Method: continued
 // fraction (DLMF 8.17.22) on the side of the mean where it is quick, times the gamma pairs; an
-// expansion in gamma functions where this would cancel for b < 1, a uniform one (8.18.9) for large
-// shapes. Error: measured up to 3.7e-16 relative.
+// expansion in gamma functions where this would cancel for b < 1, a uniform one (8.18.9) for shapes
+// of 1e5 and more. Error: measured up to 1.2e-15 relative.
 double BetaI(double x, double a, double b) {
   if (!(x >= 0.0 && x <= 1.0) || a <= 0.0 || b <= 0.0) return kNoNumber;
   return IncompleteBeta(x, SumOf(1.0, -x), a, b);

@@ -26,4 +26,6 @@ void UsePlainStreams() {
 
 bool OutputIsTerminal() { return ::isatty(STDOUT_FILENO) == 1; }
 
+bool MessagesGoToTerminal() { return ::isatty(STDERR_FILENO) == 1; }
+
 }  // namespace zentab::platform

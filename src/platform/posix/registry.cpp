@@ -31,10 +31,9 @@ class IniRegistry final : public Registry {
  public:
   std::optional<std::string> ReadRegistryValue(RootKey root, std::string_view keyPath,
                                                std::string_view valueName) const override {
-    const std::filesystem::path folder = ConfigurationFolder("ZENTAB_REGISTRY_DIR");
-    if (folder.empty()) return std::nullopt;
     std::string text;
-    if (ReadWholeFile(SystemFiles(), folder / "registry.ini", kLargestFile, text)) {
+    if (folder_.empty() ||
+        ReadWholeFile(SystemFiles(), folder_ / "registry.ini", kLargestFile, text)) {
       return std::nullopt;
     }
     const std::string section =
@@ -43,6 +42,9 @@ class IniRegistry final : public Registry {
     std::optional<std::string> value = IniText(std::move(text)).Find(section, valueName);
     return value ? ValueText(std::move(*value)) : std::nullopt;
   }
+
+ private:
+  std::filesystem::path folder_ = ConfigurationFolder("ZENTAB_REGISTRY_DIR");
 };
 
 }  // namespace

@@ -13,11 +13,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLargestFile = 16u << 20;
 
-fs::path FileOf(std::string_view application) {
-  const fs::path folder = ConfigurationFolder("ZENTAB_SETTINGS_DIR");
-  return folder.empty() ? folder : folder / ToPath(std::string(application) + ".ini");
-}
-
 // The file's text with the settings in it, and whether they are anything new.
 std::error_code PutSettings(const fs::path& file, std::string_view section,
                             const std::vector<Setting>& settings, std::string& text,
@@ -64,6 +59,13 @@ class IniSettingsStore final : public SettingsStore {
       return putting ? putting : output.Write(text);
     });
   }
+
+ private:
+  [[nodiscard]] fs::path FileOf(std::string_view application) const {
+    return folder_.empty() ? folder_ : folder_ / ToPath(std::string(application) + ".ini");
+  }
+
+  fs::path folder_ = ConfigurationFolder("ZENTAB_SETTINGS_DIR");
 };
 
 }  // namespace

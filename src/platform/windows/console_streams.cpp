@@ -29,4 +29,6 @@ void UsePlainStreams() {
 
 bool OutputIsTerminal() { return _isatty(_fileno(stdout)) != 0; }
 
+bool MessagesGoToTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
 }  // namespace zentab::platform

@@ -18,7 +18,8 @@ ValueModeBinding::ValueModeBinding(Session& session, TablePanel& panel)
 
 void ValueModeBinding::LeaveMultiplier() const {
   const std::string text = panel_.text3->text().toStdString();
-  if (editor::MultiplierWhenLeft(text).empty()) panel_.text3->clear();
+  if (editor::MultiplierWhenLeft(text, session_.localeDecimalSeparator).empty())
+    panel_.text3->clear();
 }
 
 void ValueModeBinding::Show() {
@@ -40,7 +41,7 @@ void ValueModeBinding::Take() {
 
 void ValueModeBinding::TakeMultiplier() {
   const std::string text = panel_.text3->text().toStdString();
-  session_.modes.multiplier = editor::MultiplierWhileTyping(text);
+  session_.modes.multiplier = editor::MultiplierWhileTyping(text, session_.localeDecimalSeparator);
   if (session_.modes.multiplier.empty() && !text.empty()) panel_.text3->clear();
 }
 

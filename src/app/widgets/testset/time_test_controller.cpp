@@ -61,18 +61,21 @@ void TimeTestController::ImportTimeTest() {
       fields, [&progress](double fraction) { return progress.Report(fraction); }));
 }
 
-void TimeTestController::Report(const timetest::ImportResult& result) {
+void TimeTestController::Report(const ImportTimeTestOutcome& outcome) {
+  const timetest::ImportResult& result = outcome.result;
+  const texts::ProgramTexts& texts = session_.texts.program;
+  QStringList told;
   switch (result.outcome) {
     case timetest::ImportOutcome::Imported:
       Q_EMIT TableImported();
+      if (result.selectedByRank) told << QString::fromStdString(texts.selectedByRank);
       break;
     case timetest::ImportOutcome::NoEntries:
       UpdateTimeTestAvailability();
-      Q_EMIT Failed(QString::fromStdString(session_.texts.program.noTimeTest));
+      told << QString::fromStdString(texts.noTimeTest);
       break;
     case timetest::ImportOutcome::Unreadable:
-      Q_EMIT Failed(FailureText(session_.texts.program, session_.texts.program.timeTestUnreadable,
-                                result.readError));
+      told << FailureText(texts, texts.timeTestUnreadable, result.readError);
       break;
     case timetest::ImportOutcome::EquationError:
       dialogs_.ReportError({"ERROR", result.error});
@@ -80,6 +83,8 @@ void TimeTestController::Report(const timetest::ImportResult& result) {
     case timetest::ImportOutcome::Stopped:
       break;
   }
+  if (outcome.traceError) told << FailureText(texts, texts.traceFailed, outcome.traceError);
+  if (!told.isEmpty()) Q_EMIT Failed(told.join(QStringLiteral("; ")));
 }
 
 }  // namespace zentab::app

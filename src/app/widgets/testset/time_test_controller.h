@@ -33,11 +33,11 @@ class TimeTestController : public QObject {
   void GridNeeded();
   /// The grid holds another table.
   void TableImported();
-  /// Nothing could be imported; `text` says so in one line.
+  /// What could not be done as it should; `text` says so in one line.
   void Failed(const QString& text);
 
  private:
-  void Report(const timetest::ImportResult& result);
+  void Report(const ImportTimeTestOutcome& outcome);
 
   Session& session_;
   ResponsiveFiles& files_;
