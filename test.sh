@@ -89,8 +89,6 @@ faults() {
   echo "== processes that compete"
   "$bin/writers_harness" "$seconds" 2
   "$bin/writers_harness" "$((seconds / 3))" 4
-  need "${window_packages[@]}"
-  build dev
   echo "== random keys in the window"
   # The offscreen platform warns of what it lacks, which is nothing that counts here.
   QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="*.warning=false" build/dev/bin/key_walk "$((5 * kills))" 10
@@ -122,7 +120,7 @@ case "${1:-dev}" in
   faults) faults "${@:2}" ;;
   load) load ;;
   *)
-    sed -n '2,15s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,16s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

@@ -86,13 +86,13 @@ struct ProgramTexts {
   std::string catalogueFailed = "The text catalogue could not be read";
   std::string timeTestUnreadable = "The time test could not be read";
   std::string waitsForFile = "Waiting for the file…";
-  std::string waitsForWriter = "Waiting: someone else is writing the file…";
+  std::string waitsForWriter = "Waiting: someone else is writing to the file…";
   std::string giveUp = "Give up (Esc)";
   std::string leftoverHeading = "Table file missing";
   std::string leftoverText =
-      "There is no table file %F, but %F.new, which another program has left behind, holds "
+      "The table file %F is missing, but %F.new, which another program has left behind, contains "
       "entries. Use it as the table file?";
-  std::string leftoverKept = "What another program had left in the file's place is now its backup";
+  std::string leftoverKept = "What another program had left in place of the file is now its backup";
   // Why a file could not be read or written, where the system has no word for it.
   std::string groupNotKept = "the file's group would lose its access";
   std::string ownerNotKept = "the file's owner would lose their access";
@@ -112,7 +112,8 @@ struct ProgramTexts {
   std::string importProgress = "Importing the time test…";
   std::string noTimeTest = "The time test has no points";
   std::string selectedByRank =
-      "Too many points have no difference or a very large one; the ends and the largest were taken";
+      "Too many points have no difference or a very large one; the two ends and the "
+      "points with the largest differences were taken";
   std::string traceFailed = "The trace of the import could not be written";
   std::string selectInstrument = "Select Instrument first";
   std::string noExchangeFile = "No file chosen";  // in the exchange dialog
