@@ -7,8 +7,9 @@
 #   ./test.sh fuzz        every fuzz target for FUZZ_RUNS executions (1,000,000 unless set)
 #   ./test.sh fuzz-short  every fuzz target for ten seconds
 #   ./test.sh faults [KILLS [SECONDS]]   kills in the middle of a change, 1000 on the disk and as
-#                         many in memory; a full device and two users in one folder (as root);
-#                         competing processes, for 60 s
+#                         many in memory; a full device and two users in one folder (as root); a
+#                         slow share; ten walks of 5 * KILLS random keys in the window; competing
+#                         processes, for 60 s
 #   ./test.sh load        the window on a library of 1,000,000 entries, and hostile expressions,
 #                         each beside its limit
 #   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
@@ -88,6 +89,9 @@ faults() {
   echo "== processes that compete"
   "$bin/writers_harness" "$seconds" 2
   "$bin/writers_harness" "$((seconds / 3))" 4
+  echo "== random keys in the window"
+  # The offscreen platform warns of what it lacks, which is nothing that counts here.
+  QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="*.warning=false" build/dev/bin/key_walk "$((5 * kills))" 10
 }
 
 load() {
@@ -116,7 +120,7 @@ case "${1:-dev}" in
   faults) faults "${@:2}" ;;
   load) load ;;
   *)
-    sed -n '2,15s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,16s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

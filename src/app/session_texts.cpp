@@ -19,6 +19,19 @@ std::string LoadLevels(const editor::CurveGrid& grid, std::string_view separator
   return levels;
 }
 
+// Without an instrument, or with one that has no unit, the brackets around the unit hold nothing.
+std::string WithoutEmptyUnit(const Session& session, std::string text) {
+  if (!InstrumentInUse(session).unit.empty()) return text;
+  for (const std::string_view brackets : {"(%V)", "[%V]", "（%V）"}) {
+    const std::size_t at = text.find(brackets);
+    if (at == std::string::npos) continue;
+    const std::size_t before = text.find_last_not_of(' ', at - 1);
+    const std::size_t begin = at == 0 || before == std::string::npos ? 0 : before + 1;
+    text.erase(begin, at + brackets.size() - begin);
+  }
+  return text;
+}
+
 }  // namespace
 
 std::tm LocalTime() {
@@ -107,8 +120,10 @@ texts::InstrumentTexts InstrumentInUse(const Session& session) {
 
 LabelPair LabelsFor(const Session& session) {
   const texts::LabelTexts& labels = session.texts.labels;
+  const std::string& load =
+      session.modes.absoluteValues ? labels.loadAbsolute : labels.loadRelative;
   return {
-      Expanded(session, session.modes.absoluteValues ? labels.loadAbsolute : labels.loadRelative),
+      Expanded(session, WithoutEmptyUnit(session, load)),
       Expanded(session, session.modes.milliseconds ? labels.timeMilliseconds : labels.timeSeconds)};
 }
 

@@ -22,15 +22,18 @@ void CellEditor::GridEdit(int keyAscii) {
     text_ = table_.grid.Cell(table_.grid.Row(), table_.grid.Col());
     caret_ = kCaretAtEnd;
   } else {
-    ChangeText(CharacterText(keyAscii));
+    const std::string character = CharacterText(keyAscii);
+    ChangeText(character, character.size());
     caret_ = 1;
   }
 }
 
-void CellEditor::ChangeText(std::string_view text) {
+void CellEditor::ChangeText(std::string_view typed, std::size_t caret) {
   CurveGrid& grid = table_.grid;
-  // A line end pasted into the one-line field ends what it takes.
-  text = text.substr(0, text.find_first_of("\r\n"));
+  std::string text(typed);
+  const std::size_t lineEnd = text.find_first_of("\r\n");
+  if (lineEnd < caret) text.erase(lineEnd, caret - lineEnd);
+  std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
   const std::size_t tab = text.find('\t');
   text_ = text.substr(0, tab);
   grid.SetCell(grid.Row(), grid.Col(), text_);

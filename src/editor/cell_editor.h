@@ -32,10 +32,11 @@ class CellEditor {
   /// included) show the cell's text; any other code replaces the cell by that character.
   void GridEdit(int keyAscii);
 
-  /// The user changed the editor's text: it goes into the current cell. At a tab the text is
-  /// split: what follows goes into the next column, if the grid has one, and Text() keeps the part
-  /// before it. Nothing is taken from a line end on.
-  void ChangeText(std::string_view text);
+  /// The user changed the editor's text, and the caret stands at byte `caret` now: the text goes
+  /// into the current cell. What was pasted before the caret ends at its line end; the text behind
+  /// the caret stays. At a tab the text is split: what follows goes into the next column, if the
+  /// grid has one, and Text() keeps the part before it.
+  void ChangeText(std::string_view text, std::size_t caret);
 
   /// What a key without Shift, Ctrl or Alt does with the editor open on a cell.
   [[nodiscard]] static EditorMove MoveFor(EditorKey key, int row, int column);
@@ -44,7 +45,8 @@ class CellEditor {
 
   [[nodiscard]] bool IsVisible() const { return visible_; }
   [[nodiscard]] const std::string& Text() const { return text_; }
-  /// The caret's place in characters; a place behind the end means the end.
+  /// The caret's place in characters when the editor was opened; a place behind the end means the
+  /// end.
   [[nodiscard]] int Caret() const { return caret_; }
 
  private:

@@ -50,10 +50,12 @@ std::string BlockText(const CurveGrid& grid, const CellArea& area) {
 
 std::string_view FirstRow(std::string_view text) { return TakeRow(text); }
 
-bool HasSeveralRows(std::string_view text) {
+std::string_view RowsBelowFirst(std::string_view text) {
   TakeRow(text);
-  return !text.empty();
+  return text;
 }
+
+bool HasSeveralRows(std::string_view text) { return !RowsBelowFirst(text).empty(); }
 
 void PasteText(WorkingTable& table, const CellArea& area, std::string_view text,
                std::string_view localeDecimalSeparator) {

@@ -26,6 +26,9 @@ struct CellArea {
 /// The first row of cells in a text, without its line end.
 [[nodiscard]] std::string_view FirstRow(std::string_view text);
 
+/// The rows of cells behind the first one.
+[[nodiscard]] std::string_view RowsBelowFirst(std::string_view text);
+
 /// Whether a text holds more than one row of cells.
 [[nodiscard]] bool HasSeveralRows(std::string_view text);
 

@@ -71,6 +71,7 @@ class Lowering {
   [[nodiscard]] bool IsLeftGuarded(const Row& row) const;
   [[nodiscard]] static int GuardAmongFactors(const Row& row);
   void PlaceFarGuards();
+  bool EmitGuard(int number, Value& result);
   void EndJump(int product);
   Value LowerOperation(const Row& row);
   Value LowerGuarded(int product);

@@ -9,8 +9,7 @@ namespace zentab::platform {
 [[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** values);
 
 /// Lets standard input and output pass on every byte as it is, and makes reading or writing one
-/// that is closed an error and nothing worse. So is writing a file beyond the size that the system
-/// allows.
+/// that is closed an error and nothing worse.
 void UsePlainStreams();
 
 /// Whether standard output is a terminal.

@@ -60,13 +60,14 @@ struct LabelTexts {
 struct GraphTexts {
   std::string heading = "Import GRH";
   std::string unreadable = "The file %1 could not be read.";
-  std::string malformed = "The file %1 is no reference graph. Line %2: %3.";
-  std::string endsEarly = "the file ends before the graph does";
-  std::string noCount = "the number of segments is expected";
-  std::string noSegment = "the seven numbers of a segment are expected";
-  std::string notExpected = "this does not belong into a reference graph";
+  std::string malformed = "The file %1 is not a reference graph. Line %2: %3.";
+  std::string endsEarly = "the file ends before the graph is complete";
+  std::string noCount = "the number of segments is expected here";
+  std::string noSegment = "the seven numbers of a segment are expected here";
+  std::string notExpected = "this does not belong in a reference graph";
   std::string needsPickup = "Relative load levels need a pickup value. Choose an instrument first.";
   std::string skipped = "%1 points of the reference graph were skipped";
+  std::string oneSkipped = "%1 point of the reference graph was skipped";
   std::string notWritten = "The reference graph could not be written";
   std::string noPoints = "No reference graph: row 1 has no load level or no time";
 };
@@ -78,19 +79,20 @@ struct ProgramTexts {
   std::string loadHeading = "LoadLevel";  // of the grid's columns
   std::string timeHeading = "Time";
   std::string entries = "%1 entries";
+  std::string oneEntry = "%1 entry";
   std::string modified = "Modified";
   std::string readFailed = "The entry could not be read";
   std::string listFailed = "The table file could not be read";
   std::string catalogueFailed = "The text catalogue could not be read";
   std::string timeTestUnreadable = "The time test could not be read";
   std::string waitsForFile = "Waiting for the file…";
-  std::string waitsForWriter = "Waiting: someone else is writing the file…";
+  std::string waitsForWriter = "Waiting: someone else is writing to the file…";
   std::string giveUp = "Give up (Esc)";
   std::string leftoverHeading = "Table file missing";
   std::string leftoverText =
-      "There is no table file %F, but %F.new, which another program has left behind, holds "
+      "The table file %F is missing, but %F.new, which another program has left behind, contains "
       "entries. Use it as the table file?";
-  std::string leftoverKept = "What another program had left in the file's place is now its backup";
+  std::string leftoverKept = "What another program had left in place of the file is now its backup";
   // Why a file could not be read or written, where the system has no word for it.
   std::string groupNotKept = "the file's group would lose its access";
   std::string ownerNotKept = "the file's owner would lose their access";
@@ -103,16 +105,19 @@ struct ProgramTexts {
   std::string lineTooLong = "a line of the file is too long";
   std::string givenUp = "given up";
   std::string writeFailed = "The table file could not be written";
-  std::string backupFailed = "The table file was not written, as no backup could be kept of it";
-  std::string entryChanged = "Another program has changed the entry; the list shows the file anew";
-  std::string fileChanged = "Another program has changed the file; its entries are shown anew";
+  std::string backupFailed = "The table file was not written because no backup of it could be made";
+  std::string entryChanged = "Another program has changed the entry; the list has been refreshed";
+  std::string fileChanged =
+      "Another program has changed the file; the list of its entries has been refreshed";
   std::string importProgress = "Importing the time test…";
   std::string noTimeTest = "The time test has no points";
   std::string selectedByRank =
-      "Too many points have no difference or a very large one; the ends and the largest were taken";
+      "Too many points have no difference or a very large one; the two ends and the "
+      "points with the largest differences were taken";
   std::string traceFailed = "The trace of the import could not be written";
   std::string selectInstrument = "Select Instrument first";
   std::string noExchangeFile = "No file chosen";  // in the exchange dialog
+  std::string chooseFile = "Choose &file…";
   std::string entriesSelected = "Selected: %1";
   std::string entriesCopied = "Copied: %1";
   std::string copyFailed = "The entries could not be copied";
@@ -127,11 +132,11 @@ struct CatalogueTexts {
   std::array<InstrumentTexts, 4> instruments;  // 1 current, 2 voltage, 3 the third choice
   std::array<MessageText, 7> messages = {{
       {},
-      {"Discard edits", "The table in the grid has edits that are not stored. Discard them?"},
+      {"Discard edits", "The table in the grid has unsaved edits. Discard them?"},
       {"Remove entry", "Remove the entry \"%1\" from the table file?"},
-      {"Update entry", "Replace the stored entry \"%1\" by the table in the grid?"},
-      {"Exit", "The table in the grid has edits that are not stored. Exit and discard them?"},
-      {"Add new", "The table file has an entry of this name already. Choose another name."},
+      {"Update entry", "Replace the stored entry \"%1\" with the table in the grid?"},
+      {"Exit", "The table in the grid has unsaved edits. Discard them and exit?"},
+      {"Add new", "The table file already contains an entry of this name. Choose another name."},
       {"Instrument", "The time test of the instrument could not be opened."},
   }};  // by the boxes' numbers, from 1
   LabelTexts labels;

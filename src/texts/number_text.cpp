@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -50,11 +51,42 @@ struct Parsed {
   std::size_t end = 0;
 };
 
+// A number of few digits and no exponent, which most are: its digits as a whole number and the
+// power of ten below them are doubles, so that one division rounds as it should. The text begins
+// behind its sign; any other number has no value and no end here.
+Parsed ParseShortNumber(std::string_view text) {
+  constexpr std::array<double, 16> kPowers = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                              1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  // A processor that divides with more digits than a double has rounds twice.
+  if (FLT_EVAL_METHOD != 0) return {};
+  std::uint64_t digits = 0;
+  std::size_t count = 0;
+  std::size_t whole = std::string_view::npos;  // digits before the point, once it is passed
+  std::size_t at = 0;
+  for (; at < text.size() && count < kPowers.size(); ++at) {
+    const char c = text[at];
+    if (IsDigit(c)) {
+      digits = digits * 10 + static_cast<std::uint64_t>(c - '0');
+      ++count;
+    } else if (c == '.' && whole == std::string_view::npos) {
+      whole = count;
+    } else {
+      break;
+    }
+  }
+  const bool goesOn = at < text.size() && (text[at] == 'e' || text[at] == 'E');
+  if (count == 0 || count == kPowers.size() || goesOn) return {};
+  return {static_cast<double>(digits) / kPowers[count - std::min(whole, count)], at};
+}
+
 Parsed ParseNumber(std::string_view text) {
   std::size_t begin = 0;
   while (begin < text.size() && text[begin] == ' ') ++begin;
   const bool negative = begin < text.size() && text[begin] == '-';
   if (negative || (begin < text.size() && text[begin] == '+')) ++begin;
+  if (const Parsed parsed = ParseShortNumber(text.substr(begin)); parsed.value) {
+    return {negative ? -*parsed.value : *parsed.value, begin + parsed.end};
+  }
   const std::string_view number = text.substr(begin, NumberLength(text.substr(begin)));
   if (number.empty()) return {};
   double value = 0.0;

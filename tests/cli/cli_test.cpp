@@ -138,7 +138,7 @@ TEST_F(CommandLine, WhatIsNoFileIsNotReplaced) {
   const string import = "timeout 10 \"" PROGRAM "\" import result.txt --heading= --trace ";
   for (const char* const trace : {"pipe", "device", "/dev/null"}) {
     EXPECT_EQ(Run(import + trace + " 2>err >out"), 1) << trace;
-    EXPECT_NE(BytesOf(Folder() / "err").find("is no ordinary file"), string::npos) << trace;
+    EXPECT_NE(BytesOf(Folder() / "err").find("not a regular file"), string::npos) << trace;
   }
   EXPECT_TRUE(fs::is_fifo(Folder() / "pipe") && fs::is_character_file("/dev/null"));
   EXPECT_EQ(Run(import + "link >out"), 0);

@@ -31,13 +31,24 @@ TEST(CellEditor, OpensOnTheCellsTextOrReplacesItByACharacter) {
 TEST(CellEditor, WritesThroughAndSplitsAtATab) {
   const struct {
     int column;
-    std::string_view typed;
+    std::string_view typed;  // "|" stands for the caret where that is not at the end
     std::string_view load;
     std::string_view time;
   } cases[] = {
-      {1, "abc", "abc", "old"}, {1, "", "", "old"},      {1, "2\t5", "2", "5"},
-      {1, "\t5", "", "5"},      {1, "2\t", "2", ""},     {1, "2\t5\t6", "2", "5\t6"},
-      {2, "7", "old", "7"},     {2, "7\t8", "old", "7"},
+      {1, "abc", "abc", "old"},
+      {1, "", "", "old"},
+      {1, "2\t5", "2", "5"},
+      {1, "\t5", "", "5"},
+      {1, "2\t", "2", ""},
+      {1, "2\t5\t6", "2", "5\t6"},
+      {2, "7", "old", "7"},
+      {2, "7\t8", "old", "7"},
+      // What was pasted ends at its line end; what stood behind it stays.
+      {1, "5\n6|1.4", "51.4", "old"},
+      {1, "1.4\r\n5", "1.4", "old"},
+      {1, "15\r6\r\n|.4", "15.4", "old"},
+      {2, "ä5\n\n|\n1.4", "old", "ä51.4"},
+      {1, "2\t5\n7\t7|1.4", "2", "51.4"},
   };
   for (const auto& [column, typed, load, time] : cases) {
     WorkingTable table;
@@ -45,7 +56,10 @@ TEST(CellEditor, WritesThroughAndSplitsAtATab) {
     table.grid.SetCell(3, kTimeColumn, "old");
     table.grid.MoveTo(3, column);
     CellEditor editor(table);
-    editor.ChangeText(typed);
+    std::string text(typed);
+    const std::size_t caret = std::min(text.find('|'), text.size());
+    if (caret < text.size()) text.erase(caret, 1);
+    editor.ChangeText(text, caret);
     EXPECT_EQ(table.grid.Cell(3, kLoadColumn), load) << typed;
     EXPECT_EQ(table.grid.Cell(3, kTimeColumn), time) << typed;
     EXPECT_EQ(editor.Text(), table.grid.Cell(3, column)) << typed;

@@ -1,6 +1,7 @@
 #include "texts/number_text.h"
 
 #include <cstdlib>
+#include <random>
 
 #include "support/cases.h"
 
@@ -16,6 +17,18 @@ TEST(NumberText, ReadsTheLongestLeadingNumber) {
     const auto leading = row[1] == "none" ? std::nullopt : std::optional(Number(row[1]));
     EXPECT_EQ(LeadingNumber(row[0]), leading) << row[0];
     EXPECT_EQ(WholeNumber(row[0]), row[2] == "whole" ? leading : std::nullopt) << row[0];
+  }
+}
+
+// Numbers of few digits, as most are, and of a few more.
+TEST(NumberText, ReadsTheNearestDouble) {
+  std::mt19937_64 random(5);
+  for (int round = 0; round < 20'000; ++round) {
+    std::string text = std::to_string(random() >> (random() % 64));
+    text.insert(random() % (text.size() + 1), ".");
+    if (round % 5 == 0) text.insert(0, "-000");
+    ASSERT_EQ(WholeNumber(text), Number(text)) << text;
+    ASSERT_EQ(LeadingNumber(text + "E+x"), Number(text)) << text;
   }
 }
 

@@ -185,6 +185,25 @@ class ClipboardTest : public QObject {
     QCOMPARE(Rows(3, 4), QStringLiteral("3\t9\r\t40"));
   }
 
+  void ADoubleClickOpensTheCellWithTheCaretAtItsEnd() {
+    WindowFixture& f = Start();
+    auto* const field = f.Find<QLineEdit>("Text11");
+    f.session.table.grid.SetCell(2, 1, "12.75");
+    for (int round = 0; round < 2; ++round) {
+      ClickCell(2, 1);
+      // The second click meets the field that the first one has opened.
+      const QPoint place(field->width() - 12, field->height() / 2);
+      QTest::mousePress(field, Qt::LeftButton, {}, place);
+      QTest::mouseDClick(field, Qt::LeftButton, {}, place);
+      QMouseEvent move(QEvent::MouseMove, place - QPoint(9, 0), field->mapToGlobal(place),
+                       Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(field, &move);
+      QVERIFY(EditorOpen() && !field->hasSelectedText());
+      QCOMPARE(field->cursorPosition(), 5);
+      QVERIFY(!Modified());
+    }
+  }
+
   void NothingToPasteLeavesACellThatWasOpened() {
     Start();
     ClickCell(2, 1);
@@ -211,10 +230,22 @@ class ClipboardTest : public QObject {
     Key(Qt::Key_End);
     Key(Qt::Key_Delete);
     QCOMPARE(Rows(2, 2), QStringLiteral("2\t0"));
+    field->selectAll();
     Put(QStringLiteral("7\r\n8\r\n"));
     Keys(QKeySequence::Paste);
     QVERIFY(!EditorOpen());
     QCOMPARE(Rows(2, 3), QStringLiteral("2\t7\r3\t8"));
+    // What stands behind the caret stays, also where the field itself pastes.
+    ClickCell(2, 2);
+    Key(Qt::Key_Home);
+    Keys(QKeySequence::Paste);
+    QCOMPARE(Rows(2, 3), QStringLiteral("2\t77\r3\t8"));
+    ClickCell(2, 2);
+    Key(Qt::Key_Home);
+    field->paste();
+    QCOMPARE(field->text(), QStringLiteral("777"));
+    QCOMPARE(field->cursorPosition(), 1);
+    QCOMPARE(Rows(2, 3), QStringLiteral("2\t777\r3\t8"));
     // A tab splits the text, which is the user's edit all the same.
     ClickCell(2, 1);
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("1"));

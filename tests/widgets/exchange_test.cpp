@@ -1,10 +1,14 @@
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
+#include "app/widgets/qt_user_dialogs.h"
+#include "editor/widgets/curve_grid_view.h"
 #include "exchange/widgets/exchange_dialog.h"
 #include "widgets/window_fixture.h"
 
@@ -35,6 +39,7 @@ class ExchangeTest : public QObject {
       auto* const dialog = made_->window->findChild<ExchangeDialog*>();
       QVERIFY(dialog != nullptr && dialog->isVisible());
       QCOMPARE(dialog->objectName(), QStringLiteral("Form2"));
+      const QAbstractItemModelTester tester(dialog->list1->model());
       work(*dialog);
       ++runs;
       dialog->close();
@@ -70,6 +75,81 @@ class ExchangeTest : public QObject {
     });
     QCOMPARE(f.Bytes(), kLibrary + "\r\n{\"X\"\t(5;5) 000}\r\n{\"Y \xDC\"\t 1}\r\n");
     QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|X|Y Ü"));
+  }
+
+  void TheSelectionStaysWithItsEntry() {
+    WindowFixture& f = Start();
+    f.Write("other.dat", "{\"X\"\t(5;5) 000}\r\n");
+    f.dialogs.file = f.Path("other.dat");
+    f.Find<QLineEdit>("TextFilter")->setText(QStringLiteral("B"));
+    f.Click("Command1");
+    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    // Nothing is copied, then something that the filter would hide.
+    InDialog("m_imp", [](ExchangeDialog&) {});
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("B"));
+    QCOMPARE(f.SelectedRow(), 0);
+    InDialog("m_imp", [](ExchangeDialog& dialog) {
+      Select(dialog, {0});
+      dialog.command1->click();
+    });
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|X"));
+    QCOMPARE(f.SelectedRow(), 1);
+    QVERIFY(f.session.table.tableModified);
+    f.Write("relayTables.dat", "{\"new\"\t 0}\r\n" + f.Bytes());
+    InDialog("m_imp", [](ExchangeDialog& dialog) {
+      Select(dialog, {0});
+      dialog.command1->click();
+    });
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("new|A|B|C|X|X"));
+    QCOMPARE(f.SelectedRow(), 2);
+    f.Find<QListView>("List1")->clearSelection();
+    InDialog("m_imp", [](ExchangeDialog& dialog) {
+      Select(dialog, {0});
+      dialog.command1->click();
+    });
+    QCOMPARE(f.SelectedRow(), -1);
+  }
+
+  void AFileCanBeChosenLater() {
+    WindowFixture& f = Start();
+    f.Write("other.dat", "{\"X\"\t(5;5) 000}\r\n");
+    f.dialogs.file.clear();
+    InDialog("m_imp", [&f](ExchangeDialog& dialog) {
+      QVERIFY(!dialog.command1->isEnabled());
+      f.dialogs.file = f.Path("other.dat");
+      dialog.fileButton->click();
+      QCOMPARE(NamesIn(dialog), QStringLiteral("X"));
+      // Another question, cancelled, leaves the file that was chosen.
+      f.dialogs.file.clear();
+      dialog.fileButton->click();
+      Select(dialog, {0});
+      dialog.command1->click();
+    });
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|X"));
+  }
+
+  void TheFileDialogsChooseOnly() {
+    WindowFixture& f = Start();
+    QtUserDialogs dialogs(f.session);
+    dialogs.SetParent(f.window.get());
+    for (QString (QtUserDialogs::*const choose)() :
+         {&QtUserDialogs::ChooseTableFile, &QtUserDialogs::ChooseGraphFile,
+          &QtUserDialogs::ChooseTargetFile}) {
+      QTimer::singleShot(0, this, [&f] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) qFatal("there is no file dialog");
+        QVERIFY(dialog->testOption(QFileDialog::ReadOnly));
+        dialog->selectFile(f.Path("relayTables.dat"));
+        if (dialog->acceptMode() == QFileDialog::AcceptSave) {
+          dialog->findChild<QLineEdit*>()->setText(QStringLiteral("fresh"));
+        }
+        static_cast<QDialog*>(dialog)->accept();
+        if (dialog->isVisible()) dialog->reject();
+      });
+      const QString chosen = (dialogs.*choose)();
+      QVERIFY2(chosen.endsWith("relayTables.dat") || chosen.endsWith("fresh.dat"),
+               qPrintable(chosen));
+    }
   }
 
   void ExportCopiesIntoTheOtherFile() {

@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "app/widgets/qt_user_dialogs.h"
+#include "editor/widgets/curve_chart.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -255,6 +256,28 @@ class InstrumentWindowTest : public QObject {
     QVERIFY(!f.session.table.tableModified);
   }
 
+  void WithoutAUnitTheLoadCaptionHasNoBrackets() {
+    const QByteArray caption =
+        "F1.CHECK1.TEXT {abs}\nF1.INSTRUMENT3.TEXT {Other}\n"
+        "F1.INSTRUMENT1.UNIT {A}\nLOAD.LABEL.ABS.TEXT {";
+    const std::pair<const char*, const char*> cases[] = {{"Load level (%V)}\n", "Load level"},
+                                                         {"负荷水平（%V）}\n", "负荷水平"},
+                                                         {"[%V] load}\n", " load"},
+                                                         {"in %V}\n", "in "}};
+    for (const auto& [text, without] : cases) {
+      made_.reset();
+      Start(".", caption + text);
+      made_->Click("Check1");
+      QCOMPARE(made_->Find<QLabel>("Label3")->text(), QString::fromUtf8(without));
+      QCOMPARE(made_->Find<editor::CurveChart>("MSChart1")->xAxis->label(),
+               QString::fromUtf8(without));
+      made_->Click("Option1");
+      QVERIFY(made_->Find<QLabel>("Label3")->text().contains('A'));
+      made_->Click("Option3");
+      QCOMPARE(made_->Find<QLabel>("Label3")->text(), QString::fromUtf8(without));
+    }
+  }
+
   void TheMultiplierBeginsWithADigit() {
     WindowFixture& f = Start(",");
     auto* const field = f.Find<QLineEdit>("Text3");
@@ -294,7 +317,7 @@ class InstrumentWindowTest : public QObject {
     QVERIFY(f.dialogs.asked.back().find("bad.grh could not be read") != std::string::npos);
     f.Write("bad.grh", "@A\r\n1\r\n1 2 3 x 0 0 0\r\n");
     made_->Click("Command6");
-    QVERIFY(f.dialogs.asked.back().find("bad.grh is no reference graph. Line 3: ") !=
+    QVERIFY(f.dialogs.asked.back().find("bad.grh is not a reference graph. Line 3: ") !=
             std::string::npos);
     QCOMPARE(Cells(), curve);
     QVERIFY(!f.session.table.tableModified);

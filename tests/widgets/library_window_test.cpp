@@ -269,11 +269,47 @@ class LibraryWindowTest : public QObject {
     QCOMPARE(f.Bytes(), kForeign + kA + kB + kForeign);
     QCOMPARE(NamesIn(*f.window), QString());
     QVERIFY(!f.Find<QAbstractButton>("Command1")->isEnabled());
+    // Nothing to read, to copy or to remove.
+    for (const int key : {Qt::Key_Return, Qt::Key_Down}) {
+      QTest::keyClick(filter, static_cast<Qt::Key>(key));
+      QVERIFY(f.Find<QListView>("List1")->hasFocus());
+      QTest::keySequence(QApplication::focusWidget(), QKeySequence::Copy);
+      for (const int in : {Qt::Key_Return, Qt::Key_Delete}) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(in));
+      }
+      filter->setFocus();
+    }
+    QCOMPARE(f.Bytes(), kForeign + kA + kB + kForeign);
     filter->setText(QStringLiteral("ÄS"));
     QCOMPARE(NamesIn(*f.window), QString());
     QTest::keyClick(filter, Qt::Key_Escape);
     QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|foreign"));
     QVERIFY(f.Find<QListView>("List1")->hasFocus());
+  }
+
+  void AnAddedNameIsSeen() {
+    WindowFixture& f = StartWithEdits();
+    auto* const filter = f.Find<QLineEdit>("TextFilter");
+    for (const char* const name : {"Berta 2", "new"}) {
+      filter->setText(QStringLiteral("ber"));
+      f.Click("Command3");
+      f.Find<QLineEdit>("Text1")->setText(QLatin1String(name));
+      QTest::keyClick(f.Find<QLineEdit>("Text1"), Qt::Key_Return);
+      const bool hidden = QLatin1String(name) == QLatin1String("new");
+      QCOMPARE(filter->text(), hidden ? QString() : QStringLiteral("ber"));
+      QVERIFY(NamesIn(*f.window).endsWith(QLatin1String(name)));
+      QCOMPARE(f.SelectedRow(), hidden ? 1 : 0);
+    }
+  }
+
+  void TheNumberOfEntriesIsSaid() {
+    made_ = std::make_unique<WindowFixture>(kA);
+    QCOMPARE(made_->Find<QLabel>("StatusCount")->text(), QStringLiteral("1 entry"));
+    made_->Write("relayTables.dat", kA + kB);
+    QTRY_COMPARE(made_->Find<QLabel>("StatusCount")->text(), QStringLiteral("2 entries"));
+    made_->Click("Command2");
+    made_->Click("Command2");
+    QCOMPARE(made_->Find<QLabel>("StatusCount")->text(), QStringLiteral("0 entries"));
   }
 };
 

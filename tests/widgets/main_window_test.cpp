@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <QTest>
 
+#include "app/widgets/window_placement.h"
 #include "editor/widgets/curve_chart.h"
 #include "editor/widgets/curve_grid_view.h"
 #include "widgets/window_fixture.h"
@@ -234,6 +235,24 @@ class MainWindowTest : public QObject {
     QVERIFY(f.window->x() > -1000 && f.window->height() < 10000);
     QVERIFY(Checked("Check1"));
     QCOMPARE(f.Find<QLineEdit>("Text2")->text(), QString());
+  }
+
+  void TheFirstWindowLeavesRoomForFrameAndTitle() {
+    QCOMPARE(SizeOnScreen({1240, 820}, {1920, 1040}), QSize(1240, 820));
+    for (const QSize screen : {QSize(1366, 768), QSize(1366, 728), QSize(910, 512)}) {
+      const QSize size = SizeOnScreen({1240, 820}, screen);
+      QVERIFY(size.width() <= screen.width() - 16 && size.height() <= screen.height() - 40);
+      QVERIFY(size.height() >= screen.height() - 60);
+    }
+    for (const char* const language : {"", ".de", ".zh_CN"}) {
+      made_.reset();
+      made_ = std::make_unique<WindowFixture>(kLibrary);
+      QVERIFY(QFile::copy(QStringLiteral(CATALOGUES "/Zentab%1.txt").arg(language),
+                          made_->Path("Zentab.txt")));
+      made_->Open();
+      const QSize least = made_->window->minimumSizeHint();
+      QVERIFY2(least.width() <= 1350 && least.height() <= 680, language);
+    }
   }
 
   void TheCataloguesCaptionTheWindowAndSwitchTheLogOn() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QAbstractItemModelTester>
 #include <QDir>
 #include <QFile>
 #include <QListView>
@@ -101,6 +102,11 @@ class WindowFixture {
     window = std::make_unique<MainWindow>(
         MainWindowParts{session, settings, "Zentab", store, layer_, dialogs, executable});
     window->Load();
+    for (const auto* const view : window->findChildren<QAbstractItemView*>()) {
+      // Looks at the model whenever it changes, for as long as it lives.
+      new QAbstractItemModelTester(
+          view->model(), QAbstractItemModelTester::FailureReportingMode::Fatal, view->model());
+    }
     window->show();
   }
 

@@ -66,7 +66,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   new PlainTexts(this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Relay curve table editor"));
-  resize(kDesignedSize.boundedTo(screen()->availableSize()));
+  resize(SizeOnScreen(kDesignedSize, screen()->availableSize()));
   BuildPanels();
   BuildMenus();
   ConnectPanels();
@@ -152,7 +152,7 @@ void MainWindow::ConnectPanels() {
     status_->RefreshModified();
   });
   connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
-          &LibraryController::FillEntryList);
+          &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
 }
 

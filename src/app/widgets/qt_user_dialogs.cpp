@@ -37,29 +37,39 @@ QWidget* QtUserDialogs::WindowInFront() const {
   return dialog != nullptr ? dialog : parent_;
 }
 
-QString QtUserDialogs::ChooseFile(QFileDialog::AcceptMode mode) {
-  // Where table files are kept.
-  QFileDialog dialog(WindowInFront(), QString(), QString::fromStdString(session_.installFolder),
-                     QStringLiteral("Dat (*.dat)"));
+QString QtUserDialogs::ChooseFile(const QString& folder, const QString& filter,
+                                  QFileDialog::AcceptMode mode) const {
+  QFileDialog dialog(WindowInFront(), QString(), folder, filter);
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  // Choosing only: a slip must not rename or delete a file.
+  dialog.setOptions(QFileDialog::ReadOnly | QFileDialog::DontUseCustomDirectoryIcons);
   dialog.setAcceptMode(mode);
-  if (mode == QFileDialog::AcceptOpen) dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setDefaultSuffix(QStringLiteral("dat"));
-  // Entries are added to an existing file: there is nothing to be replaced.
-  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  if (mode == QFileDialog::AcceptOpen) {
+    dialog.setFileMode(QFileDialog::ExistingFile);
+  } else {
+    dialog.setDefaultSuffix(QStringLiteral("dat"));
+    // Entries are added to an existing file: there is nothing to be replaced.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  }
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-QString QtUserDialogs::ChooseTableFile() { return ChooseFile(QFileDialog::AcceptOpen); }
+// Table files are kept in the installation folder.
+QString QtUserDialogs::ChooseTableFile() {
+  return ChooseFile(QString::fromStdString(session_.installFolder), QStringLiteral("Dat (*.dat)"),
+                    QFileDialog::AcceptOpen);
+}
 
-QString QtUserDialogs::ChooseTargetFile() { return ChooseFile(QFileDialog::AcceptSave); }
+QString QtUserDialogs::ChooseTargetFile() {
+  return ChooseFile(QString::fromStdString(session_.installFolder), QStringLiteral("Dat (*.dat)"),
+                    QFileDialog::AcceptSave);
+}
 
+// Where Set GRH writes them.
 QString QtUserDialogs::ChooseGraphFile() {
-  // Where Set GRH writes them.
   const QDir installed(QString::fromStdString(session_.installFolder));
-  return QFileDialog::getOpenFileName(WindowInFront(), QString(),
-                                      installed.filePath(QStringLiteral("data")),
-                                      QStringLiteral("GRH (*.grh)"));
+  return ChooseFile(installed.filePath(QStringLiteral("data")), QStringLiteral("GRH (*.grh)"),
+                    QFileDialog::AcceptOpen);
 }
 
 }  // namespace zentab::app

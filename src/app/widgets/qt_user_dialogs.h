@@ -27,7 +27,8 @@ class QtUserDialogs : public UserDialogs {
   [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
                           const texts::MessageText& message);
   [[nodiscard]] QWidget* WindowInFront() const;
-  [[nodiscard]] QString ChooseFile(QFileDialog::AcceptMode mode);
+  [[nodiscard]] QString ChooseFile(const QString& folder, const QString& filter,
+                                   QFileDialog::AcceptMode mode) const;
 
   const Session& session_;
   QWidget* parent_ = nullptr;

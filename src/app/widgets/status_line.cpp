@@ -62,7 +62,8 @@ void StatusLine::Refresh() {
       platform::ToPath(session_.installFolder) / platform::ToPath(session_.tablePath);
   file_->setToolTip(QDir::toNativeSeparators(QString::fromStdString(platform::ToText(full))));
   const std::string count = std::to_string(session_.listing.names.size());
-  const std::string& entries = session_.texts.program.entries;
+  const texts::ProgramTexts& texts = session_.texts.program;
+  const std::string& entries = count == "1" ? texts.oneEntry : texts.entries;
   count_->setText(QString::fromStdString(Expanded(session_, entries, {count})));
   RefreshModified();
 }

@@ -14,6 +14,9 @@ constexpr int kReachable = 64;
 // A damaged setting must not ask for a window that no memory can hold.
 constexpr int kMostDesktops = 2;
 
+// At least as much as the usual desktops draw around a window.
+constexpr QSize kFrameAndTitle(16, 48);
+
 bool IsReachable(const QRect& window) {
   const QList<QScreen*> screens = QGuiApplication::screens();
   return std::any_of(screens.begin(), screens.end(), [&window](const QScreen* screen) {
@@ -24,6 +27,10 @@ bool IsReachable(const QRect& window) {
 }
 
 }  // namespace
+
+QSize SizeOnScreen(const QSize& designed, const QSize& available) {
+  return designed.boundedTo(available - kFrameAndTitle);
+}
 
 void RestorePlacement(QWidget& window, const Placement& placement) {
   QRect place(window.pos(), window.size());

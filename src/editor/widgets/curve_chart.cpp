@@ -4,13 +4,15 @@
 #include <cmath>
 #include <utility>
 
+#include "editor/widgets/chart_colours.h"
 #include "editor/widgets/log_paper_ticker.h"
+#include "editor/widgets/marked_curve.h"
 
 namespace zentab::editor {
 namespace {
 
 constexpr double kMargin = 0.06;  // of the axis, on both sides of the curve
-constexpr double kMarkerSize = 6.0;
+constexpr int kMarkSide = 13;
 
 // The axes refuse ranges near the limits of a double, and would go on showing an earlier one.
 constexpr double kLargestPower = 200.0;
@@ -30,23 +32,12 @@ QCPRange WithMargin(const Range& wanted, bool logarithmic) {
   return {low - margin, high + margin};
 }
 
-QColor Mix(const QColor& a, const QColor& b, double share) {
-  const auto channel = [share](int x, int y) { return static_cast<int>(x + (y - x) * share); };
-  return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
-}
-
-// The marker drawn once: as a picture it is put down many times faster than as a circle.
-QPixmap Marker(const QColor& line, const QColor& fill, double pixelRatio) {
-  const double side = kMarkerSize + 2.0;
-  QPixmap marker(QSizeF(side * pixelRatio, side * pixelRatio).toSize());
-  marker.setDevicePixelRatio(pixelRatio);
-  marker.fill(Qt::transparent);
-  QPainter painter(&marker);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(line, 1.5));
-  painter.setBrush(fill);
-  painter.drawEllipse(QRectF(1.0, 1.0, kMarkerSize, kMarkerSize));
-  return marker;
+// Whether a line whose ends lie outside of it passes through the area.
+bool Crosses(const QRectF& area, const QLineF& line) {
+  const QLineF falling(area.topLeft(), area.bottomRight());
+  const QLineF rising(area.bottomLeft(), area.topRight());
+  return line.intersects(falling, nullptr) == QLineF::BoundedIntersection ||
+         line.intersects(rising, nullptr) == QLineF::BoundedIntersection;
 }
 
 }  // namespace
@@ -57,8 +48,20 @@ class PointMark : public QWidget {
  public:
   explicit PointMark(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    resize(13, 13);
+    resize(kMarkSide, kMarkSide);
     hide();
+  }
+
+  void SetColour(const QColor& colour) {
+    colour_ = colour;
+    update();
+  }
+  // A window lies on whole pixels; the dot inside makes up for the rest.
+  void PlaceAt(const QPointF& place) {
+    const QPoint corner = (place - QPointF(kMarkSide, kMarkSide) / 2.0).toPoint();
+    if (middle_ != place - corner) update();
+    middle_ = place - corner;
+    move(corner);
   }
 
  protected:
@@ -66,14 +69,19 @@ class PointMark : public QWidget {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().highlight());
-    painter.drawEllipse(rect().adjusted(1, 1, -1, -1));
+    painter.setBrush(colour_);
+    constexpr double kRadius = (kMarkSide - 2) / 2.0;
+    painter.drawEllipse(middle_, kRadius, kRadius);
   }
+
+ private:
+  QColor colour_;
+  QPointF middle_;
 };
 
 CurveChart::CurveChart(QWidget* parent)
     : QCustomPlot(parent),
-      line_(new QCPCurve(xAxis, yAxis)),
+      line_(new MarkedCurve(xAxis, yAxis)),
       mark_(new PointMark(this)),
       linearTicker_(new QCPAxisTicker),
       logTicker_(new LogPaperTicker) {
@@ -107,6 +115,8 @@ CurveChart::CurveChart(QWidget* parent)
 
 void CurveChart::ShowCurve(const ChartCurve& curve) {
   if (curve == curve_ && isHidden() != curve.IsShown()) return;
+  // Who zoomed into another curve, before the chart was hidden, wanted to see that one.
+  if (isHidden()) userMovedView_ = false;
   const ChartCurve before = std::exchange(curve_, curve);
   setVisible(curve.IsShown());
   if (!curve.IsShown()) return;
@@ -114,7 +124,7 @@ void CurveChart::ShowCurve(const ChartCurve& curve) {
   const QCPRange loads = xAxis->range();
   const QCPRange times = yAxis->range();
   ApplyScaleType();
-  if (!userMovedView_) FitRanges();
+  if (!userMovedView_ || !IsInView()) FitRanges();
   // An edit changes one point and mostly no axis: only its surroundings are drawn, and straight
   // to the window. The plot's own way draws everything into a picture first.
   const bool sameAxes = loads == xAxis->range() && times == yAxis->range();
@@ -137,15 +147,30 @@ void CurveChart::SetCurveData() {
   line_->setData(places, loads, times, true);
 }
 
+QPointF CurveChart::PlaceOf(const ChartPoint& point) const {
+  return {xAxis->coordToPixel(point.load), yAxis->coordToPixel(point.time)};
+}
+
+bool CurveChart::IsInView() const {
+  const QRectF view(axisRect()->rect());
+  QPointF before;
+  for (std::size_t at = 0; at < curve_.points.size(); ++at) {
+    const QPointF place = PlaceOf(curve_.points[at]);
+    if (view.contains(place) || (at > 0 && Crosses(view, {before, place}))) return true;
+    before = place;
+  }
+  return false;
+}
+
 QRectF CurveChart::AreaAround(const ChartCurve& curve, std::size_t point) const {
   const std::size_t first = point > 0 ? point - 1 : 0;
   const std::size_t last = std::min(point + 1, curve.points.size() - 1);
   QPolygonF corners;
   for (std::size_t at = first; at <= last; ++at) {
-    corners.append(
-        {xAxis->coordToPixel(curve.points[at].load), yAxis->coordToPixel(curve.points[at].time)});
+    corners.append(PlaceOf(curve.points[at]));
   }
-  return corners.boundingRect().adjusted(-kMarkerSize, -kMarkerSize, kMarkerSize, kMarkerSize);
+  constexpr double kRoom = MarkedCurve::kMarkerSize;
+  return corners.boundingRect().adjusted(-kRoom, -kRoom, kRoom, kRoom);
 }
 
 QRect CurveChart::ChangedArea(const ChartCurve& before) const {
@@ -159,6 +184,12 @@ QRect CurveChart::ChangedArea(const ChartCurve& before) const {
 }
 
 void CurveChart::paintEvent(QPaintEvent* event) {
+  // The window may have come to a screen of another resolution.
+  if (!qFuzzyCompare(bufferDevicePixelRatio(), devicePixelRatioF())) {
+    setBufferDevicePixelRatio(devicePixelRatioF());
+    buffersFresh_ = false;
+    replot(rpQueuedReplot);
+  }
   if (buffersFresh_) {
     QCustomPlot::paintEvent(event);
     return;
@@ -212,8 +243,9 @@ void CurveChart::PlaceMark() {
                       yAxis->range().contains(marked->time);
   mark_->setVisible(inView);
   if (!inView) return;
-  const QPointF place(xAxis->coordToPixel(marked->load), yAxis->coordToPixel(marked->time));
-  mark_->move(place.toPoint() - mark_->rect().center());
+  // In the middle of a pixel, as the curve.
+  const double half = 0.5 / devicePixelRatioF();
+  mark_->PlaceAt(PlaceOf(*marked) + QPointF(half, half));
 }
 
 void CurveChart::ApplyScaleType() {
@@ -234,7 +266,7 @@ void CurveChart::ApplyPalette() {
   const QPalette& colours = palette();
   const QColor text = colours.color(QPalette::Text);
   const QColor base = colours.color(QPalette::Base);
-  const QColor accent = colours.color(QPalette::Highlight);
+  const QColor accent = AccentOn(base);
   setBackground(QBrush(base));
   for (QCPAxis* const axis : {xAxis, yAxis, xAxis2, yAxis2}) {
     const QPen pen(Mix(base, text, 0.55));
@@ -248,8 +280,8 @@ void CurveChart::ApplyPalette() {
     axis->grid()->setPen(QPen(Mix(base, text, 0.20)));
     axis->grid()->setSubGridPen(QPen(Mix(base, text, 0.08)));
   }
-  line_->setPen(QPen(accent, 2.0));
-  line_->setScatterStyle(QCPScatterStyle(Marker(accent, base, devicePixelRatioF())));
+  line_->SetColours(accent, base);
+  mark_->SetColour(accent);
   replot(rpQueuedReplot);
 }
 

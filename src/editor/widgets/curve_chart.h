@@ -6,6 +6,7 @@
 
 namespace zentab::editor {
 
+class MarkedCurve;
 class PointMark;
 
 /// The chart `MSChart1`: trip time against load level, with a line and markers. Both axes are
@@ -18,7 +19,7 @@ class CurveChart : public QCustomPlot {
   explicit CurveChart(QWidget* parent);
 
   /// Shows a curve; hides the chart when it has fewer than two rows. A part of the chart that the
-  /// user zoomed into stays in view.
+  /// user zoomed into stays in view while the chart is shown and any of the curve lies in it.
   void ShowCurve(const ChartCurve& curve);
 
   /// Brings the whole curve into view.
@@ -44,11 +45,13 @@ class CurveChart : public QCustomPlot {
   void FitRanges();
   void ApplyScaleType();
   void ApplyPalette();
+  [[nodiscard]] QPointF PlaceOf(const ChartPoint& point) const;
+  [[nodiscard]] bool IsInView() const;
   [[nodiscard]] QRect ChangedArea(const ChartCurve& before) const;
   [[nodiscard]] QRectF AreaAround(const ChartCurve& curve, std::size_t point) const;
   void PlaceMark();
 
-  QCPCurve* line_;
+  MarkedCurve* line_;
   PointMark* mark_;
   QSharedPointer<QCPAxisTicker> linearTicker_;
   QSharedPointer<QCPAxisTicker> logTicker_;

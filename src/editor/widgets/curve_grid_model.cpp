@@ -21,6 +21,7 @@ int CurveGridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant CurveGridModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
   if (role == Qt::DisplayRole) {
     const std::string& cell = grid_.Cell(index.row() + kFirstRow, index.column() + kLoadColumn);
     return QString::fromStdString(cell.substr(0, kLongestShown));
@@ -30,9 +31,11 @@ QVariant CurveGridModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant CurveGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role != Qt::DisplayRole) return {};
-  return QString::fromStdString(orientation == Qt::Horizontal ? grid_.Cell(0, section + kLoadColumn)
-                                                              : grid_.Cell(section + kFirstRow, 0));
+  const bool columns = orientation == Qt::Horizontal;
+  const int sections = columns ? columnCount() : rowCount();
+  if (role != Qt::DisplayRole || section < 0 || section >= sections) return {};
+  return QString::fromStdString(columns ? grid_.Cell(0, section + kLoadColumn)
+                                        : grid_.Cell(section + kFirstRow, 0));
 }
 
 void CurveGridModel::ShowCell(int row, int column) {

@@ -5,8 +5,10 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <optional>
@@ -48,6 +50,24 @@ bool SelectsCells(const QKeyEvent& event) {
 }
 
 bool IsEnter(const QKeyEvent& event) { return EditorKeyOf(event) == EditorKey::Enter; }
+
+struct CommandRow {
+  QKeySequence::StandardKey key;
+  CellCommand command;
+};
+
+// As in a spreadsheet.
+constexpr std::array<CommandRow, 4> kCommands = {{
+    {QKeySequence::Copy, CellCommand::Copy},
+    {QKeySequence::Cut, CellCommand::Cut},
+    {QKeySequence::Paste, CellCommand::Paste},
+    {QKeySequence::Delete, CellCommand::Clear},
+}};
+
+// The place behind the first `length` characters of a text, in bytes of its UTF-8.
+std::size_t BytesOf(const QString& text, int length) {
+  return text.left(length).toStdString().size();
+}
 
 QLineEdit* MakeCellField(QWidget* parent) {
   auto* const field = new QLineEdit(parent);
@@ -122,9 +142,15 @@ void CurveGridView::CloseEditor() {
 
 void CurveGridView::ShowAll() { model_->ShowAll(); }
 
-bool CurveGridView::IsOnlyOpened() const {
-  return cellEditor_.IsVisible() && !text11_->isModified() && !text11_->hasSelectedText() &&
-         text11_->cursorPosition() == text11_->text().size();
+bool CurveGridView::IsCellOpen() const { return cellEditor_.IsVisible(); }
+
+bool CurveGridView::IsEditingText() const {
+  return cellEditor_.IsVisible() && (text11_->isModified() || text11_->hasSelectedText() ||
+                                     text11_->cursorPosition() != text11_->text().size());
+}
+
+void CurveGridView::InsertIntoText(const QString& text) {
+  if (cellEditor_.IsVisible()) text11_->insert(text);
 }
 
 CellArea CurveGridView::SelectedArea() const {
@@ -139,17 +165,43 @@ CellArea CurveGridView::SelectedArea() const {
 }
 
 void CurveGridView::OnTextChanged(const QString& text) {
-  cellEditor_.ChangeText(text.toStdString());
+  const int caret = text11_->cursorPosition();
+  cellEditor_.ChangeText(text.toStdString(), BytesOf(text, caret));
   const QString kept = QString::fromStdString(cellEditor_.Text());
   if (kept != text) {
+    static const QRegularExpression separator(QStringLiteral("[\\r\\n\\t]"));
     const QSignalBlocker own(text11_);
     text11_->setText(kept);
+    const int end = static_cast<int>(text.indexOf(separator));
+    text11_->setCursorPosition(end < 0 ? caret : std::min(caret, end));
     // Still the user's edit, though the field takes a text that it was given for untouched.
     text11_->setModified(true);
   }
   model_->ShowCell(table_.grid.Row(), table_.grid.Col());
   model_->ShowCell(table_.grid.Row(), table_.grid.Col() + 1);
   Q_EMIT Edited();
+}
+
+// These keys are the grid's even where a menu or a button uses them.
+bool CurveGridView::KeepsKey(const QKeyEvent& event) const {
+  return CommandFor(event) || (IsCellOpen() && EditorKeyOf(event));
+}
+
+// The keys of the open cell, and those that mean the same without one, in the order of their claim.
+bool CurveGridView::OnKey(QKeyEvent* event) {
+  if (IsCellOpen() && (OnEditorKey(*event) || OnSelectingKey(event))) return true;
+  const std::optional<CellCommand> command = CommandFor(*event);
+  if (command) Q_EMIT CommandWanted(*command);
+  return command.has_value();
+}
+
+std::optional<CellCommand> CurveGridView::CommandFor(const QKeyEvent& event) const {
+  const auto* const row = std::find_if(kCommands.begin(), kCommands.end(),
+                                       [&](const CommandRow& r) { return event.matches(r.key); });
+  if (row == kCommands.end()) return std::nullopt;
+  // On a text that is being edited they work as in every text field; what is pasted may be rows.
+  if (IsEditingText() && row->command != CellCommand::Paste) return std::nullopt;
+  return row->command;
 }
 
 bool CurveGridView::OnEditorKey(const QKeyEvent& event) {
@@ -169,7 +221,7 @@ bool CurveGridView::OnEditorKey(const QKeyEvent& event) {
 }
 
 bool CurveGridView::OnSelectingKey(QKeyEvent* event) {
-  if (!SelectsCells(*event) || !IsOnlyOpened()) return false;
+  if (!SelectsCells(*event) || IsEditingText()) return false;
   CloseEditor();
   keyPressEvent(event);
   return true;
@@ -228,18 +280,33 @@ void CurveGridView::updateGeometries() {
   PlaceEditor();
 }
 
+bool CurveGridView::event(QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride || !KeepsKey(*static_cast<QKeyEvent*>(event))) {
+    return QTableView::event(event);
+  }
+  event->accept();
+  return true;
+}
+
 bool CurveGridView::eventFilter(QObject* watched, QEvent* event) {
   if (watched != text11_) return QTableView::eventFilter(watched, event);
   switch (event->type()) {
     case QEvent::ShortcutOverride:
-      // The editor's keys are its own even where a menu or button uses them.
-      if (EditorKeyOf(*static_cast<QKeyEvent*>(event))) event->accept();
+      if (KeepsKey(*static_cast<QKeyEvent*>(event))) event->accept();
       return false;
     case QEvent::KeyPress:
-      return OnEditorKey(*static_cast<QKeyEvent*>(event)) ||
-             OnSelectingKey(static_cast<QKeyEvent*>(event));
+      return OnKey(static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonPress:
+      doubleClicked_ = false;
+      return false;
+    case QEvent::MouseButtonDblClick:
+      // The click before has opened the cell; this one, or the hand that trembles after it, would
+      // select a part of its number.
+      doubleClicked_ = true;
+      GridEdit(kOpenWithText);
+      return true;
     case QEvent::MouseMove:
-      return OnDragOutOfEditor(*static_cast<QMouseEvent*>(event));
+      return OnDragOutOfEditor(*static_cast<QMouseEvent*>(event)) || doubleClicked_;
     case QEvent::FocusOut: {
       // Another program or the field's own menu in front does not end the editing.
       const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -293,6 +360,7 @@ void CurveGridView::keyPressEvent(QKeyEvent* event) {
     GridEdit(kOpenWithText);
     return;
   }
+  if (OnKey(event)) return;
   QTableView::keyPressEvent(event);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <optional>
 
 #include "editor/cell_editor.h"
 #include "editor/clipboard_text.h"
@@ -11,7 +12,12 @@ namespace zentab::editor {
 
 class CurveGridModel;
 
+/// What a key of the clipboard asks for, as in a spreadsheet.
+enum class CellCommand { Copy, Cut, Paste, Clear };
+
 /// The grid `MSFlexGrid1` with its cell editor `Text11`, a one-line field over the current cell.
+/// All keys of both are decided on here. In a cell that was only opened, as every click does, the
+/// keys of the clipboard mean the cell; once its text is being edited they act on the text.
 class CurveGridView : public QTableView {
   Q_OBJECT
 
@@ -27,9 +33,13 @@ class CurveGridView : public QTableView {
   /// The grid has new texts or headings.
   void ShowAll();
 
-  /// Whether the cell editor is open, but neither its text nor its caret has been touched: as far
-  /// as the user is concerned the cell is selected, not edited.
-  [[nodiscard]] bool IsOnlyOpened() const;
+  /// Whether the cell editor is open.
+  [[nodiscard]] bool IsCellOpen() const;
+  /// Whether it is open and its text or its caret has been touched: before that the cell is, as
+  /// far as the user is concerned, selected and not edited.
+  [[nodiscard]] bool IsEditingText() const;
+  /// Puts a text into the open cell's, in place of the selected part, as if it were typed.
+  void InsertIntoText(const QString& text);
 
   /// The selected cells; the current one where none is.
   [[nodiscard]] CellArea SelectedArea() const;
@@ -41,6 +51,8 @@ class CurveGridView : public QTableView {
   void EditingLeft();
   /// The current cell moved to another row of the grid (1..26).
   void RowChanged(int row);
+  /// A key asks for a command on the selected cells, or to paste into the text of the open one.
+  void CommandWanted(zentab::editor::CellCommand command);
 
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -54,10 +66,14 @@ class CurveGridView : public QTableView {
   void updateGeometries() override;
   /// Typing on the grid does nothing; it does not search either.
   void keyboardSearch(const QString&) override {}
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void OnTextChanged(const QString& text);
+  [[nodiscard]] bool KeepsKey(const QKeyEvent& event) const;
+  [[nodiscard]] bool OnKey(QKeyEvent* event);
+  [[nodiscard]] std::optional<CellCommand> CommandFor(const QKeyEvent& event) const;
   [[nodiscard]] bool OnEditorKey(const QKeyEvent& event);
   [[nodiscard]] bool OnSelectingKey(QKeyEvent* event);
   [[nodiscard]] bool OnDragOutOfEditor(const QMouseEvent& event);
@@ -70,6 +86,7 @@ class CurveGridView : public QTableView {
   CurveGridModel* model_;
   QLineEdit* text11_;
   QPersistentModelIndex pressed_;
+  bool doubleClicked_ = false;  // with the last press of the mouse on the cell editor
 };
 
 }  // namespace zentab::editor

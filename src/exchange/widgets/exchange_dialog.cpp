@@ -28,6 +28,7 @@ ExchangeDialog::ExchangeDialog(QAbstractItemModel& entries, QWidget* parent)
       list1(new QListView(this)),
       command1(Button("Command1", QStringLiteral("Execute"), this)),
       outcome(new QLabel(this)),
+      fileButton(Button("CommandFile", QStringLiteral("Choose file…"), this)),
       closeButton(Button("CommandClose", QStringLiteral("Close"), this)) {
   setObjectName(QStringLiteral("Form2"));
   setWindowTitle(QStringLiteral("Import/Export"));
@@ -43,18 +44,21 @@ ExchangeDialog::ExchangeDialog(QAbstractItemModel& entries, QWidget* parent)
   outcome->setWordWrap(true);
   command1->setEnabled(false);
   command1->setDefault(true);
+  fileButton->setAutoDefault(false);
   closeButton->setAutoDefault(false);
   connect(closeButton, &QPushButton::clicked, this, &QDialog::reject);
   connect(list1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &ExchangeDialog::SelectionChanged);
 
   auto* const bottom = new QHBoxLayout;
-  bottom->addWidget(outcome, 1);
+  bottom->addWidget(fileButton);
+  bottom->addStretch(1);
   bottom->addWidget(command1);
   bottom->addWidget(closeButton);
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(kMargin, kMargin, kMargin + kSpareWidth, kMargin);
   layout->addWidget(list1, 1);
+  layout->addWidget(outcome);
   layout->addLayout(bottom);
 }
 

@@ -22,8 +22,6 @@ void UsePlainStreams() {
   }
   // A reader that goes away makes writing fail, so that temporary files are still removed.
   std::signal(SIGPIPE, SIG_IGN);
-  // So does the limit of a file's size: what is being replaced stays, and the user is told.
-  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool OutputIsTerminal() { return ::isatty(STDOUT_FILENO) == 1; }

@@ -61,8 +61,8 @@ bool GroupMatters(const struct stat& status, bool hasList) {
 std::error_code CopyOwner(const std::string& list, const struct stat& status, int descriptor) {
   struct stat own {};
   if (::fstat(descriptor, &own) != 0) return LastError();
-  constexpr uid_t kSameOwner = static_cast<uid_t>(-1);
-  constexpr gid_t kSameGroup = static_cast<gid_t>(-1);
+  constexpr auto kSameOwner = static_cast<uid_t>(-1);
+  constexpr auto kSameGroup = static_cast<gid_t>(-1);
   if (own.st_gid != status.st_gid && ::fchown(descriptor, kSameOwner, status.st_gid) != 0 &&
       GroupMatters(status, !list.empty())) {
     return FileError::GroupNotKept;

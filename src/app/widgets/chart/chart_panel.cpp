@@ -26,7 +26,7 @@ QWidget* ChartPanel::BuildChartPlace() {
   place->setAutoFillBackground(true);
   place->setBackgroundRole(QPalette::Base);
   auto* const hint = new QLabel(
-      QStringLiteral("No curve to show yet.\nRead an entry of the list, or type two points."),
+      QStringLiteral("No curve to show yet.\nRead an entry of the list or enter two points."),
       place);
   hint->setObjectName(QStringLiteral("LabelChart"));
   hint->setAlignment(Qt::AlignCenter);

@@ -37,13 +37,13 @@ void ExchangeController::Import() {
   window_.setCursor(Qt::BusyCursor);
   dialog->exec();
   window_.unsetCursor();
-  Q_EMIT EntriesAdded();
+  if (activeFileGrew_) Q_EMIT EntriesAdded();
 }
 
 void ExchangeController::Export() {
   ExchangeDialog* const dialog = MakeDialog(Mode::Export);
   connect(dialog, &QDialog::finished, this, [this] {
-    if (CopiesOntoItself()) Q_EMIT EntriesAdded();
+    if (activeFileGrew_) Q_EMIT EntriesAdded();
   });
   dialog->open();
 }
@@ -51,6 +51,7 @@ void ExchangeController::Export() {
 ExchangeDialog* ExchangeController::MakeDialog(Mode mode) {
   mode_ = mode;
   fileChosen_ = false;
+  activeFileGrew_ = false;
   listing_ = {};
   entries_.Reload();
   auto* const dialog = new ExchangeDialog(entries_, &window_);
@@ -65,6 +66,7 @@ ExchangeDialog* ExchangeController::MakeDialog(Mode mode) {
   connect(dialog, &ExchangeDialog::Opened, this, [this, dialog] { ChooseFile(*dialog); });
   connect(dialog, &ExchangeDialog::SelectionChanged, this,
           [this, dialog] { ShowSelection(*dialog); });
+  connect(dialog->fileButton, &QPushButton::clicked, this, [this, dialog] { ChooseFile(*dialog); });
   connect(dialog->command1, &QPushButton::clicked, this, [this, dialog] { Execute(*dialog); });
   connect(dialog, &ExchangeDialog::Closing, this, [this, dialog] { StorePlacement(*dialog); });
   return dialog;
@@ -74,7 +76,10 @@ void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   const bool importing = mode_ == Mode::Import;
   const QString file = importing ? dialogs_.ChooseTableFile() : dialogs_.ChooseTargetFile();
   if (file.isEmpty()) {
+    // A file that was chosen before stays.
+    if (fileChosen_) return;
     dialog.outcome->setText(QString::fromStdString(session_.texts.program.noExchangeFile));
+    dialog.fileButton->setFocus();
     return;
   }
   fileChosen_ = true;
@@ -109,6 +114,7 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
     const ResponsiveFiles::Work work(files_);
     result = exchange::CopyEntries(writer_, Source(), listing_, dialog.SelectedRows(), target);
   }
+  if (result.copied > 0 && (mode_ == Mode::Import || CopiesOntoItself())) activeFileGrew_ = true;
   const bool isStale = result.error == tables::kEntryChanged;
   std::error_code listing;
   if (isStale || CopiesOntoItself()) listing = ListSource();
@@ -160,6 +166,7 @@ void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
   if (!texts.button.empty()) dialog.command1->setText(text(texts.button));
   tip(dialog.command1, texts.buttonTip);
   tip(dialog.list1, texts.listTip);
+  dialog.fileButton->setText(QString::fromStdString(session_.texts.program.chooseFile));
   dialog.closeButton->setText(QString::fromStdString(session_.texts.program.close));
 }
 

@@ -32,7 +32,7 @@ class ExchangeController : public QObject {
   void Export();
 
  Q_SIGNALS:
-  /// The dialog has closed, and the active file may have got entries.
+  /// The dialog has closed, and the active file has got entries.
   void EntriesAdded();
 
  private:
@@ -58,6 +58,7 @@ class ExchangeController : public QObject {
 
   Mode mode_ = Mode::Import;
   bool fileChosen_ = false;
+  bool activeFileGrew_ = false;
   tables::TableListing listing_;  // the entries in the dialog's list
   EntryListModel entries_{listing_.names, nullptr};
 };

@@ -37,7 +37,8 @@ QModelIndex EntryListModel::index(int row, int column, const QModelIndex& parent
 }
 
 QVariant EntryListModel::data(const QModelIndex& index, int role) const {
-  if (role != Qt::DisplayRole || index.row() >= rows_) return {};
+  // Views ask for their current row also when there is none, as Ctrl+C does in an empty list.
+  if (role != Qt::DisplayRole || !index.isValid() || index.row() >= rows_) return {};
   const std::size_t entry = EntryOf(index.row());
   if (entry >= names_.size()) return {};
   return ShownName(names_[entry]);

@@ -188,6 +188,18 @@ void LibraryController::Take(tables::TableListing fresh) {
   Q_EMIT LibraryChanged();
 }
 
+void LibraryController::ShowAddedEntries() {
+  const ResponsiveFiles::Work work(files_);
+  tables::TableListing fresh;
+  const auto file = ActiveTableFile(files_, PlaceOf(session_));
+  if (const std::error_code error = tables::ListEntries(files_, file, fresh)) {
+    Q_EMIT Failed(FailureText(session_.texts.program, session_.texts.program.listFailed, error));
+    return;
+  }
+  Take(std::move(fresh));
+  if (!session_.listing.names.empty()) panel_.Reveal(session_.listing.names.size() - 1);
+}
+
 std::optional<tables::EntryMark> LibraryController::Begin() {
   if (files_.IsAtWork()) return std::nullopt;
   Q_EMIT CommandBegun();
@@ -240,6 +252,7 @@ NameResult LibraryController::Add(const QString& name, std::error_code& error) {
     const std::size_t place = session_.listing.PlaceOf(mark);
     isLost_ = isLost_ || (selected && place == tables::kNoLine);
     panel_.ShowNames(place);
+    if (result == NameResult::Added) panel_.Reveal(session_.listing.names.size() - 1);
     Q_EMIT LibraryChanged();
   }
   return result;

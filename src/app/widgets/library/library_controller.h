@@ -37,6 +37,9 @@ class LibraryController : public QObject {
   /// Shows the list anew if the file has changed and has not changed again since the last look.
   /// The selection stays with its line; a line that is gone has none.
   void LookAtFile();
+  /// Shows the list anew if the file has changed; the selection follows its entry.
+  /// The same after entries were added to the file: a filter that hides any of them is cleared.
+  void ShowAddedEntries();
 
  Q_SIGNALS:
   /// What was said of the command before is over.

@@ -74,7 +74,7 @@ QPushButton* LibraryPanel::AddButton(QGridLayout* layout, int place, const char*
 void LibraryPanel::BuildFilter() {
   filter_->setObjectName(QStringLiteral("TextFilter"));
   filter_->setPlaceholderText(QStringLiteral("Find a name (Ctrl+F)"));
-  filter_->setToolTip(QStringLiteral("Lists only the tables whose names hold this text"));
+  filter_->setToolTip(QStringLiteral("Lists only the tables whose names contain this text"));
   filter_->setClearButtonEnabled(true);
   connect(filter_, &QLineEdit::textChanged, this, &LibraryPanel::FilterWanted);
   connect(filter_, &QLineEdit::returnPressed, list1_, [this] { list1_->setFocus(); });
@@ -103,7 +103,7 @@ void LibraryPanel::BuildButtons() {
                         QStringLiteral("Read the selected entry into the grid (Enter, Ctrl+R)"));
   command4_ =
       AddButton(grid, 1, "Command4", QStringLiteral("&Update"),
-                QStringLiteral("Replace the selected entry by the table in the grid (Ctrl+S)"));
+                QStringLiteral("Replace the selected entry with the table in the grid (Ctrl+S)"));
   command3_ = AddButton(grid, 2, "Command3", QStringLiteral("&Add New"),
                         QStringLiteral("Store the table in the grid under a new name (Ctrl+N)"));
   command2_ = AddButton(grid, 3, "Command2", QStringLiteral("Re&move"),
@@ -128,7 +128,7 @@ void LibraryPanel::BuildNameBox() {
   text1_->setMaxLength(std::numeric_limits<int>::max());
   text1_->setToolTip(QStringLiteral("The name of the new entry"));
   text1_->setPlaceholderText(QStringLiteral("Name of the new entry"));
-  auto* const hint = new QLabel(QStringLiteral("Enter stores it; empty: cancel"), page);
+  auto* const hint = new QLabel(QStringLiteral("Enter: store; empty: cancel"), page);
   hint->setObjectName(QStringLiteral("LabelText1"));
   hint->setForegroundRole(QPalette::PlaceholderText);
   column->addWidget(text1_);
@@ -160,6 +160,22 @@ void LibraryPanel::ShowAllNames() {
   filter_->clear();
   ApplyFilter({});
   SelectRow(0);
+}
+
+void LibraryPanel::Reveal(std::size_t place) {
+  const auto isShown = [this, place] {
+    const int row = model_->RowFrom(place);
+    return row < model_->rowCount() && model_->EntryOf(row) == place;
+  };
+  if (!isShown()) {
+    const std::size_t selected = SelectedIndex().value_or(tables::kNoLine);
+    const QSignalBlocker silent(filter_);
+    filter_->clear();
+    model_->SetFilter({});
+    SelectRow(model_->RowFrom(selected));
+    RefreshButtons();
+  }
+  if (isShown()) list1_->scrollTo(model_->index(model_->RowFrom(place)));
 }
 
 void LibraryPanel::ApplyFilter(const QString& text) {

@@ -33,6 +33,8 @@ class LibraryPanel : public QWidget {
   void ShowNamesFrom(std::size_t place);
   /// The names are those of another file: shows all of them and selects the first.
   void ShowAllNames();
+  /// Brings the name at a place into view, without a filter if that hides it.
+  void Reveal(std::size_t place);
   /// Lists only the names that hold a text, and keeps the selection or selects the first.
   void ApplyFilter(const QString& text);
   /// Called again and again while the names are looked through.

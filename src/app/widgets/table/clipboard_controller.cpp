@@ -2,8 +2,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
 
 #include "app/widgets/table/table_panel.h"
@@ -17,15 +15,11 @@ std::string ClipboardText() { return QGuiApplication::clipboard()->text().toStdS
 }  // namespace
 
 ClipboardController::ClipboardController(Session& session, TablePanel& panel)
-    : QObject(&panel),
-      session_(session),
-      panel_(panel),
-      text11_(panel.grid->findChild<QLineEdit*>(QStringLiteral("Text11"))) {
+    : QObject(&panel), session_(session), panel_(panel) {
   connect(panel.command7, &QPushButton::clicked, this, &ClipboardController::Import);
   connect(panel.command8, &QPushButton::clicked, this, &ClipboardController::Export);
   connect(panel.command9, &QPushButton::clicked, this, &ClipboardController::Clear);
-  panel.grid->installEventFilter(this);
-  text11_->installEventFilter(this);
+  connect(panel.grid, &editor::CurveGridView::CommandWanted, this, &ClipboardController::Run);
 }
 
 void ClipboardController::Export() const {
@@ -46,53 +40,39 @@ void ClipboardController::Clear() {
   Q_EMIT TableChanged();
 }
 
-ClipboardController::Command ClipboardController::CommandFor(const QKeyEvent& event,
-                                                             bool inEditor) const {
-  const bool inText = inEditor && !panel_.grid->IsOnlyOpened();
-  if (event.matches(QKeySequence::Paste)) {
-    const bool oneRow = inText && !editor::HasSeveralRows(ClipboardText());
-    return oneRow ? Command::PasteRow : Command::Import;
+void ClipboardController::Run(editor::CellCommand command) {
+  using editor::CellCommand;
+  if (command == CellCommand::Copy || command == CellCommand::Cut) Export();
+  if (command == CellCommand::Copy) return;
+  const bool severalRows = editor::HasSeveralRows(ClipboardText());
+  const bool pasting = command == CellCommand::Paste;
+  if (pasting && panel_.grid->IsEditingText()) {
+    PasteIntoText();
+    return;
   }
-  if (inText) return Command::None;
-  if (event.matches(QKeySequence::Copy)) return Command::Export;
-  if (event.matches(QKeySequence::Cut)) return Command::Cut;
-  return event.matches(QKeySequence::Delete) ? Command::Clear : Command::None;
-}
-
-// Several rows fill more than the open cell; of an export it notices nothing.
-bool ClipboardController::ReopensCell(Command command) const {
-  if (command == Command::Export || !panel_.grid->IsOnlyOpened()) return false;
-  return command != Command::Import || !editor::HasSeveralRows(ClipboardText());
-}
-
-void ClipboardController::Run(Command command) {
-  const bool reopens = ReopensCell(command);
-  if (command == Command::Export || command == Command::Cut) Export();
-  if (command == Command::Clear || command == Command::Cut) Clear();
-  if (command == Command::Import) Import();
-  if (command == Command::PasteRow) PasteRow();
-  // What is typed next belongs into the cell; the grid itself would not take it.
+  // What is typed next belongs into the cell; the grid itself would not take it. Several rows fill
+  // more than the open cell.
+  const bool reopens = panel_.grid->IsCellOpen() && !(pasting && severalRows);
+  if (pasting) {
+    Import();
+  } else {
+    Clear();
+  }
   if (reopens) panel_.grid->GridEdit(editor::kOpenWithText);
 }
 
-void ClipboardController::PasteRow() {
+void ClipboardController::PasteIntoText() {
   const std::string text = ClipboardText();
   if (text.empty()) return;
   const std::string_view row = editor::FirstRow(text);
-  text11_->insert(QString::fromUtf8(row.data(), static_cast<qsizetype>(row.size())));
-}
-
-bool ClipboardController::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) return false;
-  const Command command = CommandFor(*static_cast<QKeyEvent*>(event), watched == text11_);
-  if (command == Command::None) return false;
-  // The keys are the grid's even where a menu or a button uses them.
-  if (event->type() == QEvent::ShortcutOverride) {
-    event->accept();
-  } else {
-    Run(command);
-  }
-  return true;
+  panel_.grid->InsertIntoText(QString::fromUtf8(row.data(), static_cast<qsizetype>(row.size())));
+  const std::string_view below = editor::RowsBelowFirst(text);
+  if (below.empty()) return;
+  panel_.grid->CloseEditor();
+  const editor::CurveGrid& grid = session_.table.grid;
+  editor::PasteText(session_.table, {grid.Row() + 1, grid.Col(), grid.Row() + 1, grid.Col()}, below,
+                    session_.localeDecimalSeparator);
+  Q_EMIT TableChanged();
 }
 
 }  // namespace zentab::app

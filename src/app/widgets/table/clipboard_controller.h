@@ -3,9 +3,7 @@
 #include <QObject>
 
 #include "app/session.h"
-
-class QKeyEvent;
-class QLineEdit;
+#include "editor/widgets/curve_grid_view.h"
 
 namespace zentab::app {
 
@@ -13,9 +11,8 @@ class TablePanel;
 
 /// Carries out the clipboard commands under the grid, for their buttons (Import Clipboard data
 /// `Command7`, Export `Command8`, Clear `Command9`) and for the keys that mean them in a
-/// spreadsheet. In a cell that was only opened, as every click does, the keys still mean the cell,
-/// which stays open; once its text is being edited they act on the text, except that several rows
-/// go into the grid.
+/// spreadsheet. A cell that was only opened stays open. Rows pasted into a text that is being
+/// edited go on in the cells below it.
 class ClipboardController : public QObject {
   Q_OBJECT
 
@@ -34,20 +31,12 @@ class ClipboardController : public QObject {
   /// The grid holds other points.
   void TableChanged();
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
-  enum class Command { None, Export, Import, Cut, Clear, PasteRow };
-
-  [[nodiscard]] Command CommandFor(const QKeyEvent& event, bool inEditor) const;
-  [[nodiscard]] bool ReopensCell(Command command) const;
-  void Run(Command command);
-  void PasteRow();
+  void Run(editor::CellCommand command);
+  void PasteIntoText();
 
   Session& session_;
   TablePanel& panel_;
-  QLineEdit* text11_;
 };
 
 }  // namespace zentab::app

@@ -55,11 +55,11 @@ QGroupBox* TablePanel::BuildInstruments() {
 
 QWidget* TablePanel::BuildModes() {
   auto* const modes = new QWidget(this);
-  check1 =
-      Named(new QCheckBox(QStringLiteral("A&bsolute values"), modes), "Check1",
-            QStringLiteral("Load levels are amperes or volts, not multiples of the pickup value"));
+  check1 = Named(
+      new QCheckBox(QStringLiteral("A&bsolute values"), modes), "Check1",
+      QStringLiteral("Load levels are in amperes or volts, not multiples of the pickup value"));
   check2 = Named(new QCheckBox(QStringLiteral("time unit is m&S"), modes), "Check2",
-                 QStringLiteral("Trip times are milliseconds, not seconds"));
+                 QStringLiteral("Trip times are in milliseconds, not seconds"));
   text2 = Named(new QLineEdit(modes), "Text2");
   text3 = Named(new QLineEdit(modes), "Text3",
                 QStringLiteral("Every trip time is multiplied by this number"));

@@ -53,7 +53,9 @@ void ReferenceGraphController::ImportGraph() {
   Q_EMIT TableImported();
   if (outcome.skipped == 0) return;
   const std::string count = std::to_string(outcome.skipped);
-  Q_EMIT Failed(QString::fromStdString(Expanded(session_, session_.texts.graph.skipped, {count})));
+  const texts::GraphTexts& texts = session_.texts.graph;
+  const std::string& text = outcome.skipped == 1 ? texts.oneSkipped : texts.skipped;
+  Q_EMIT Failed(QString::fromStdString(Expanded(session_, text, {count})));
 }
 
 void ReferenceGraphController::ReportError(const std::string& text) const {

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QColor>
+
+namespace zentab::editor {
+
+/// How well two colours can be told apart, 1 to 21: (L1 + 0.05) / (L2 + 0.05) by their relative
+/// luminances, as the Web Content Accessibility Guidelines 2.1 define both.
+[[nodiscard]] double ContrastOf(const QColor& a, const QColor& b);
+
+/// The chart's own colour for its curve: a blue, lighter or darker as far as a contrast of 4.5 to
+/// the background takes, which every background allows.
+[[nodiscard]] QColor AccentOn(const QColor& background);
+
+/// The colour between two, at a share of 0 (the first) to 1 (the second).
+[[nodiscard]] QColor Mix(const QColor& a, const QColor& b, double share);
+
+}  // namespace zentab::editor
