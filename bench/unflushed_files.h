@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "platform/file_layer.h"
@@ -25,6 +26,13 @@ class UnflushedFile final : public platform::OutputFile {
 
 class UnflushedFiles final : public platform::FileLayer {
  public:
+  std::error_code Open(const fs::path& path, std::unique_ptr<platform::InputFile>& file) override {
+    return platform::SystemFiles().Open(path, file);
+  }
+  std::error_code StampOf(const fs::path& path,
+                          std::optional<platform::FileStamp>& stamp) override {
+    return platform::SystemFiles().StampOf(path, stamp);
+  }
   std::error_code Create(const fs::path& path, const fs::path& like,
                          std::unique_ptr<platform::OutputFile>& file) override {
     const std::error_code error = platform::SystemFiles().Create(path, like, file);
