@@ -33,7 +33,7 @@ class PlainTextsTest : public QObject {
   static QString ShownTip(QWidget& widget, const QPoint& place) {
     QHelpEvent event(QEvent::ToolTip, place, widget.mapToGlobal(place));
     QCoreApplication::sendEvent(&widget, &event);
-    const QString shown = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+    QString shown = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
     QToolTip::showText({}, {});
     return shown;
   }

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QSessionManager>
 #include <QSocketNotifier>
 #include <QThread>
 #include <QTimer>

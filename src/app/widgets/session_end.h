@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QSessionManager>
 #include <functional>
 #include <memory>
 #include <string>
@@ -11,7 +12,6 @@
 #include "platform/end_signals.h"
 #include "platform/settings_store.h"
 
-class QSessionManager;
 class QTimer;
 class QWidget;
 
