@@ -13,7 +13,7 @@
 #   ./test.sh load        the window on a library of 1,000,000 entries, and hostile expressions,
 #                         each beside its limit
 #   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
-#                         benchmarks build
+#                         benchmarks build, hardened
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
@@ -116,6 +116,7 @@ case "${1:-dev}" in
     fuzz -max_total_time=10
     need "${bench_packages[@]}"
     build bench
+    scripts/check-hardening.sh bench
     ;;
   faults) faults "${@:2}" ;;
   load) load ;;
