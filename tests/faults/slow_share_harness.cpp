@@ -150,7 +150,7 @@ class SlowShare {
  private:
   void Edit(const char* text) {
     auto* const grid = fixture_.Find<editor::CurveGridView>("MSFlexGrid1");
-    grid->GridEdit(static_cast<char32_t>(text[0]));
+    grid->GridEdit(text[0]);
     for (const char* more = text + 1; *more != 0; ++more) {
       QTest::keyClick(QApplication::focusWidget(), *more);
     }

@@ -49,7 +49,7 @@ TEST_F(LineFiles, WhatCannotBeReadToItsEndSaysSo) {
   EXPECT_EQ(ReadLines(SystemFiles(), Folder(), all), std::errc::is_a_directory);
   EXPECT_EQ(ReadLines(SystemFiles(), Folder() / "missing", all),
             std::errc::no_such_file_or_directory);
-  const auto path = Write("lines", std::string(3 * (256u << 10), '\n'));
+  const auto path = Write("lines", std::string(std::size_t{3} * (256u << 10), '\n'));
   for (std::size_t step = 0; step < 5; ++step) {
     FailingFileLayer files;
     files.failingRead = step;

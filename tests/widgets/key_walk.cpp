@@ -167,7 +167,7 @@ int main(int argc, char* argv[]) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   const auto argument = [&](int place, int otherwise) {
-    return argc > place ? std::atoi(argv[place]) : otherwise;
+    return argc > place ? static_cast<int>(std::strtol(argv[place], nullptr, 10)) : otherwise;
   };
   const int keys = argument(1, 1500);
   const int seeds = argument(2, 2);

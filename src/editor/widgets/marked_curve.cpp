@@ -52,7 +52,8 @@ void MarkedCurve::drawScatterPlot(QCPPainter* painter, const QVector<QPointF>& p
 
 // Drawn once for a screen: as a picture it is put down many times faster than as a circle.
 const QPixmap& MarkedCurve::Marker(int right, int down) const {
-  QPixmap& marker = markers_[static_cast<std::size_t>(down * kParts + right)];
+  QPixmap& marker =
+      markers_[static_cast<std::size_t>(down) * kParts + static_cast<std::size_t>(right)];
   if (!marker.isNull()) return marker;
   const int side = static_cast<int>(std::ceil(2.0 * kMiddle * pixelRatio_)) + 1;
   marker = QPixmap(side, side);

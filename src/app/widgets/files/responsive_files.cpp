@@ -128,13 +128,20 @@ class ResponsiveFiles::Mailbox {
     const std::scoped_lock guard(mutex_);
     owner_ = nullptr;
   }
-  void Send(const std::function<void()>& message) {
+  void Send(std::function<void()> message) {
     const std::scoped_lock guard(mutex_);
-    if (owner_ != nullptr) QMetaObject::invokeMethod(owner_, message, Qt::QueuedConnection);
+    if (owner_ == nullptr) return;
+    messages_.push_back(std::move(message));
+    Q_EMIT owner_->MessageArrived();
+  }
+  std::vector<std::function<void()>> TakeAll() {
+    const std::scoped_lock guard(mutex_);
+    return std::exchange(messages_, {});
   }
 
  private:
   std::mutex mutex_;
+  std::vector<std::function<void()>> messages_;
   ResponsiveFiles* owner_;
 };
 
@@ -153,7 +160,12 @@ ResponsiveFiles::Work::~Work() {
 }
 
 ResponsiveFiles::ResponsiveFiles(platform::FileLayer& files)
-    : files_(files), mailbox_(std::make_shared<Mailbox>(*this)) {}
+    : files_(files), mailbox_(std::make_shared<Mailbox>(*this)) {
+  const auto read = [this] {
+    for (const std::function<void()>& message : mailbox_->TakeAll()) message();
+  };
+  connect(this, &ResponsiveFiles::MessageArrived, this, read, Qt::QueuedConnection);
+}
 
 ResponsiveFiles::~ResponsiveFiles() {
   mailbox_->Close();

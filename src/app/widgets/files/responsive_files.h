@@ -84,6 +84,8 @@ class ResponsiveFiles final : public QObject, public platform::FileLayer {
   void Waiting(zentab::app::ResponsiveFiles::WaitsFor reason);
   /// It has ended.
   void WaitEnded();
+  /// A quiet job has something to say; emitted on the files' thread.
+  void MessageArrived();
 
  private:
   class Mailbox;
