@@ -8,6 +8,11 @@
 namespace zentab::platform {
 namespace {
 
+std::filesystem::path CurrentFolder() {
+  std::error_code unknown;
+  return std::filesystem::current_path(unknown);
+}
+
 std::string CurrentLocale() {
   const char* const name = std::setlocale(LC_ALL, nullptr);
   return name == nullptr ? std::string() : std::string(name);
@@ -15,9 +20,8 @@ std::string CurrentLocale() {
 
 }  // namespace
 
-ProcessState::ProcessState() : locale_(CurrentLocale()), restoreSystemState_(KeepSystemState()) {
-  std::error_code unknown;
-  folder_ = std::filesystem::current_path(unknown);
+ProcessState::ProcessState()
+    : folder_(CurrentFolder()), locale_(CurrentLocale()), restoreSystemState_(KeepSystemState()) {
   std::fegetenv(&arithmetic_);
 }
 

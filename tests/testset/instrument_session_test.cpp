@@ -71,6 +71,7 @@ std::string ProcessState() {
   for (const int signal : {SIGTERM, SIGINT}) {
     lastSignal = 0;
     std::raise(signal);
+    // cppcheck-suppress unreachableCode
     state += ' ' + std::to_string(lastSignal);
     // One that arrived is not listened to any more by every system.
     std::signal(signal, [](int number) { lastSignal = number; });

@@ -39,7 +39,7 @@ class IniRegistry final : public Registry {
     const std::string section =
         (root == RootKey::LocalMachine ? "HKEY_LOCAL_MACHINE\\" : "HKEY_CURRENT_USER\\") +
         std::string(keyPath);
-    std::optional<std::string> value = IniText(std::move(text)).Find(section, valueName);
+    std::optional<std::string> value = IniText(text).Find(section, valueName);
     return value ? ValueText(std::move(*value)) : std::nullopt;
   }
 

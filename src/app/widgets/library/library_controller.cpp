@@ -226,6 +226,7 @@ bool LibraryController::Run(Command command, tables::EntryMark& mark) {
   const std::size_t readings = session_.listing.readings;
   const ResponsiveFiles::Work work(files_);
   const std::error_code error = (commands_.*command)(mark);
+  // cppcheck-suppress knownConditionTrueFalse
   if (session_.listing.readings != readings) {
     isLost_ = mark.index == tables::kNoLine;
     panel_.ShowNames(mark.index);
