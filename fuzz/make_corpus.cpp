@@ -176,12 +176,26 @@ class Corpus {
     }
     std::ofstream dictionary(folder_ / "expression.dict");
     using namespace mathparser;
-    for (const FunctionFamily& family :
-         {ElementaryFunctions(), LogicFunctions(), IntegerFunctions(), RoundingFunctions(),
-          GammaFunctions(), ErrorFunctions(), IncompleteFunctions(), DistributionFunctions(),
-          BesselFunctions(), ModifiedBesselFunctions(), AiryFunctions(), EllipticFunctions(),
-          ExponentialIntegralFunctions(), SineIntegralFunctions(), FresnelFunctions(),
-          ZetaFunctions(), PolynomialFunctions(), HypergeometricFunctions(), WaveformFunctions()}) {
+    for (const FunctionFamily& family : {ElementaryFunctions(),
+                                         LogicFunctions(),
+                                         IntegerFunctions(),
+                                         RoundingFunctions(),
+                                         GammaFunctions(),
+                                         ErrorFunctions(),
+                                         IncompleteGammaFunctions(),
+                                         IncompleteBetaFunctions(),
+                                         DistributionFunctions(),
+                                         BesselFunctions(),
+                                         ModifiedBesselFunctions(),
+                                         AiryFunctions(),
+                                         EllipticFunctions(),
+                                         ExponentialIntegralFunctions(),
+                                         SineIntegralFunctions(),
+                                         FresnelFunctions(),
+                                         ZetaFunctions(),
+                                         PolynomialFunctions(),
+                                         HypergeometricFunctions(),
+                                         WaveformFunctions()}) {
       for (const FunctionEntry& entry : family) {
         std::string call(entry.keyword);
         call += '(';
