@@ -20,8 +20,8 @@ class ExchangeDialog : public QDialog {
   ExchangeDialog(QAbstractItemModel& entries, QWidget* parent);
 
   QListView* list1 = nullptr;
-  QPushButton* command1 = nullptr;  // Execute
-  QLabel* outcome = nullptr;        // how many are selected, what became of a copy
+  QPushButton* command1 = nullptr;    // Execute
+  QLabel* outcome = nullptr;          // how many are selected, what became of a copy
   QPushButton* fileButton = nullptr;  // chooses another file
   QPushButton* closeButton = nullptr;
   bool isAtWork = false;  // with files: it cannot be closed now
