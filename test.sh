@@ -27,7 +27,7 @@ check_format() {
 run() {
   need "${build_packages[@]}" "${test_packages[@]}"
   [ "$1" = no-gui ] || need "${window_packages[@]}"
-  echo "== $1"
+  stage "$1"
   build "$1"
   ctest --preset "$1" -j "$(nproc)"
 }
@@ -40,7 +40,7 @@ fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_impor
 # log, an input at fault and whatever else a target leaves stay there.
 fuzz() (
   need "${build_packages[@]}" "${fuzz_packages[@]}"
-  echo "== fuzz $1"
+  stage "fuzz $1"
   build fuzz
   # Small files are written by the million.
   TMPDIR=$(mktemp -d "$([ -w /dev/shm ] && echo /dev/shm || echo /tmp)/zentab-fuzz-XXXXXX")
@@ -71,25 +71,25 @@ faults() {
   local kills=${1:-1000} seconds=${2:-60} bin=build/no-gui/bin skipped=0
   need "${build_packages[@]}" "${test_packages[@]}"
   build no-gui
-  echo "== kills, with files on the disk"
+  stage "kills, with files on the disk"
   "$bin/kill_harness" "$kills"
   if [ -d /dev/shm ]; then
-    echo "== kills, with files in memory"
+    stage "kills, with files in memory"
     TMPDIR=/dev/shm "$bin/kill_harness" "$kills"
   fi
-  echo "== full device"
+  stage "full device"
   "$bin/full_disk_harness" || { skipped=$? && [ "$skipped" -eq 77 ]; }
-  echo "== two users in one folder"
+  stage "two users in one folder"
   [ "$(id -u)" -ne 0 ] || need "${fault_packages[@]}"
   tests/faults/shared_folder.sh "$bin" || { skipped=$? && [ "$skipped" -eq 77 ]; }
-  echo "== a share that is slow, and one that stalls"
+  stage "a share that is slow, and one that stalls"
   need "${window_packages[@]}"
   build dev
   QT_LOGGING_RULES="*.warning=false" QT_QPA_PLATFORM=offscreen build/dev/bin/slow_share_harness 100 20 100
-  echo "== processes that compete"
+  stage "processes that compete"
   "$bin/writers_harness" "$seconds" 2
   "$bin/writers_harness" "$((seconds / 3))" 4
-  echo "== random keys in the window"
+  stage "random keys in the window"
   # The offscreen platform warns of what it lacks, which is nothing that counts here.
   QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="*.warning=false" build/dev/bin/key_walk "$((5 * kills))" 10
 }
@@ -97,10 +97,10 @@ faults() {
 load() {
   need "${build_packages[@]}" "${window_packages[@]}" "${bench_packages[@]}"
   build bench
-  echo "== a library of 1,000,000 entries"
+  stage "a library of 1,000,000 entries"
   # The offscreen platform warns of what it lacks, which is nothing that counts here.
   QT_LOGGING_RULES="*.warning=false" build/bench/bin/load_bench
-  echo "== hostile expressions"
+  stage "hostile expressions"
   build/bench/bin/hostile_bench
 }
 

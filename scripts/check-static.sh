@@ -29,7 +29,7 @@ tidy() { # PRESET FILE...
     grep -qF "\"$PWD/$file\"" "build/static/$preset/compile_commands.json" && files+=("$file")
   done
   [ ${#files[@]} -eq 0 ] && return 0
-  echo "== clang-tidy, ${#files[@]} files of $preset"
+  stage "clang-tidy, ${#files[@]} files of $preset"
   printf '%s\0' "${files[@]}" |
     xargs -0 -n1 -P"$(nproc)" scripts/tidy-file.sh "build/static/$preset"
 }
@@ -42,8 +42,10 @@ else
   tidy dev "${files[@]}" || failed=1
   mapfile -t files < <(git ls-files 'bench/*.cpp')
   tidy bench "${files[@]}" || failed=1
-  echo "== cppcheck"
-  cppcheck -j2 --quiet --std=c++20 --language=c++ --library=qt,googletest \
+  stage cppcheck
+  cache=${XDG_CACHE_HOME:-$HOME/.cache}/zentab/cppcheck
+  mkdir -p "$cache"
+  cppcheck -j2 --quiet --cppcheck-build-dir="$cache" --std=c++20 --language=c++ --library=qt,googletest \
     --enable=warning,performance,portability,style --inline-suppr \
     --suppressions-list=scripts/cppcheck-suppressions.txt --error-exitcode=1 \
     -D'Q_EMIT=' -I src -I . src simulator tools bench tests || failed=1

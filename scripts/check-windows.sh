@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 need "${build_packages[@]}" "${test_packages[@]}" "${windows_packages[@]}"
 
 for preset in windows windows32; do
-  echo "== $preset"
+  stage "$preset"
   build "$preset"
 done
 

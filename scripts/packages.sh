@@ -1,4 +1,5 @@
-# Sourced by run.sh, test.sh and the other scripts here: the Debian packages the project needs, and how they get installed.
+# Sourced by run.sh, test.sh and the other scripts here: the Debian packages the project needs, how
+# they get installed, and how a build and its stages are run.
 
 # need PACKAGE...: installs those that are missing; says plainly which they are when it cannot.
 need() {
@@ -45,4 +46,9 @@ build() {
   grep -qsx "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$1/CMakeCache.txt" &&
     [ -f "build/$1/build.ninja" ] || cmake --fresh --preset "$1" >/dev/null || return 1
   cmake --build --preset "$1" -- --quiet
+}
+
+# stage NAME: a heading, with the minutes and seconds since the script began.
+stage() {
+  printf '== %s (at %d:%02d)\n' "$1" $((SECONDS / 60)) $((SECONDS % 60))
 }

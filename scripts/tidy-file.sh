@@ -19,7 +19,7 @@ preprocessed() {
   while read -r command; do
     # By the shell's rules, as the build does.
     eval "arguments=($command)"
-    clang++ "${arguments[@]:1}" -w -E -CC -dD -o -
+    clang++ "${arguments[@]:1}" -w -E -C -dD -o -
   done < <(commands)
 }
 
