@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -13,15 +14,21 @@
 
 #include "app/session_texts.h"
 #include "app/start_up.h"
+#include "app/widgets/accessible_names.h"
 #include "app/widgets/chart/chart_panel.h"
+#include "app/widgets/context_menus.h"
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_panel.h"
+#include "app/widgets/panel_walk.h"
 #include "app/widgets/plain_texts.h"
 #include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
+#include "app/widgets/table/check_marks.h"
 #include "app/widgets/table/clipboard_controller.h"
+#include "app/widgets/table/point_tools_controller.h"
+#include "app/widgets/table/point_tools_menu.h"
 #include "app/widgets/table/table_panel.h"
 #include "app/widgets/table/value_mode_binding.h"
 #include "app/widgets/testset/instrument_controller.h"
@@ -56,10 +63,12 @@ MainWindow::MainWindow(MainWindowParts parts)
       graphs_(new ReferenceGraphController(session_, files_, parts.dialogs, log_,
                                            instruments_->Instruments(), *this)),
       clipboard_(new ClipboardController(session_, *table_)),
+      tools_(new PointToolsController(session_, *table_, parts.dialogs, [](editor::EditStep) {})),
       exchange_(new ExchangeController(session_, files_, writer_, parts.dialogs, parts.store,
                                        parts.title, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())),
+      checks_(new CheckMarks(session_, *table_->grid, *statusBar())),
       end_(new SessionEnd({*this, *table_->grid, session_, parts.title, parts.store, parts.dialogs,
                            files_, log_, instruments_->Instruments()})) {
   modes_->setParent(this);
@@ -70,8 +79,11 @@ MainWindow::MainWindow(MainWindowParts parts)
   BuildPanels();
   BuildMenus();
   ConnectPanels();
+  ConnectTools();
   ConnectTimeTest();
   ConnectInstruments();
+  new ContextMenus(*this);
+  names_ = new AccessibleNames(*this);
 }
 
 void MainWindow::BuildPanels() {
@@ -113,6 +125,8 @@ void MainWindow::BuildMenus() {
   connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
           &QAction::triggered, this, &QWidget::close);
 
+  new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
+
   QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
   view->setObjectName(QStringLiteral("m_view"));
   QAction* const logarithmic =
@@ -122,6 +136,10 @@ void MainWindow::BuildMenus() {
   connect(logarithmic, &QAction::toggled, chart_->chart, &editor::CurveChart::SetLogarithmicWanted);
   connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
           &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
+  connect(logarithmic, &QAction::toggled, tools_, &PointToolsController::SetLogarithmicWanted);
+  new PanelWalk(*view, {{{library_, library_->findChild<QListView*>()},
+                         {table_, table_->grid},
+                         {chart_, chart_->chart}}});
 }
 
 void MainWindow::ConnectPanels() {
@@ -146,14 +164,20 @@ void MainWindow::ConnectPanels() {
   connect(&files_, &ResponsiveFiles::Waiting, status_, &StatusLine::ShowWaiting);
   connect(&files_, &ResponsiveFiles::WaitEnded, status_, &StatusLine::HideWaiting);
   connect(status_, &StatusLine::GivenUp, &files_, &ResponsiveFiles::GiveUp);
-  connect(clipboard_, &ClipboardController::TableChanged, this, [this, grid] {
-    grid->ShowAll();
-    RefreshChart();
-    status_->RefreshModified();
-  });
+  connect(clipboard_, &ClipboardController::TableChanged, this, &MainWindow::ShowEdits);
   connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
           &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+}
+
+void MainWindow::ConnectTools() {
+  connect(tools_, &PointToolsController::CommandBegun, status_, &StatusLine::Clear);
+  connect(tools_, &PointToolsController::TableChanged, this, &MainWindow::ShowEdits);
+  connect(tools_, &PointToolsController::ModesChanged, this, [this] {
+    modes_->Show();
+    RefreshCaptions();
+  });
+  connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectTimeTest() {
@@ -222,6 +246,12 @@ void MainWindow::ShowTable() {
   RefreshChart();
 }
 
+void MainWindow::ShowEdits() {
+  table_->grid->ShowAll();
+  RefreshChart();
+  status_->RefreshModified();
+}
+
 void MainWindow::RefreshChart() {
   const editor::ChartCurve curve =
       editor::CurveOf(session_.table.grid, session_.localeDecimalSeparator);
@@ -259,6 +289,7 @@ void MainWindow::RefreshCaptions() {
   chart_->chart->SetAxisTitles(QString::fromStdString(titles.load),
                                QString::fromStdString(titles.time));
   status_->Refresh();
+  names_->Refresh();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

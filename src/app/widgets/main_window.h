@@ -19,12 +19,15 @@ class QAction;
 
 namespace zentab::app {
 
+class AccessibleNames;
 class ChartPanel;
+class CheckMarks;
 class ClipboardController;
 class ExchangeController;
 class InstrumentController;
 class LibraryController;
 class LibraryPanel;
+class PointToolsController;
 class ReferenceGraphController;
 class SessionEnd;
 class StatusLine;
@@ -64,9 +67,11 @@ class MainWindow : public QMainWindow {
   void BuildPanels();
   void BuildMenus();
   void ConnectPanels();
+  void ConnectTools();
   void ConnectTimeTest();
   void ConnectInstruments();
   void ShowTable();
+  void ShowEdits();
   void RefreshChart();
   void ApplyCatalogue(const std::filesystem::path& file);
   void RefreshCaptions();
@@ -86,9 +91,12 @@ class MainWindow : public QMainWindow {
   InstrumentController* instruments_;
   ReferenceGraphController* graphs_;
   ClipboardController* clipboard_;
+  PointToolsController* tools_;
   ExchangeController* exchange_;
   ValueModeBinding* modes_;
   StatusLine* status_;
+  CheckMarks* checks_;
+  AccessibleNames* names_ = nullptr;  // once there is something to be named
   SessionEnd* end_;
 };
 

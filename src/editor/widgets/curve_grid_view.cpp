@@ -14,6 +14,7 @@
 #include <optional>
 
 #include "editor/widgets/curve_grid_model.h"
+#include "editor/widgets/fault_marks.h"
 
 namespace zentab::editor {
 namespace {
@@ -90,6 +91,7 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
       text11_(MakeCellField(viewport())) {
   setObjectName(QStringLiteral("MSFlexGrid1"));
   setModel(model_);
+  setItemDelegate(new FaultMarks(this));
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
   setTabKeyNavigation(false);
@@ -119,6 +121,7 @@ void CurveGridView::GridEdit(int keyAscii) {
     text11_->setText(QString::fromStdString(cellEditor_.Text()));
   }
   text11_->setCursorPosition(cellEditor_.Caret());
+  text11_->setAccessibleName(model_->FieldName(table_.grid.Row(), table_.grid.Col()));
   // One cell is being edited, whatever was selected before.
   selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
   scrollTo(currentIndex());
@@ -141,6 +144,12 @@ void CurveGridView::CloseEditor() {
 }
 
 void CurveGridView::ShowAll() { model_->ShowAll(); }
+
+void CurveGridView::SetWords(const texts::PointTexts& words) { model_->SetWords(words); }
+
+void CurveGridView::ShowFaults(std::vector<CellFault> faults) {
+  model_->ShowFaults(std::move(faults));
+}
 
 bool CurveGridView::IsCellOpen() const { return cellEditor_.IsVisible(); }
 
