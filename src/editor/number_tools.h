@@ -42,7 +42,8 @@ namespace zentab::editor {
 /// Puts `count` (from 1) points between two points; see PointsToFillBetween. Their loads are
 /// logarithmically spaced where both loads are positive, else evenly. Their times lie on the
 /// straight line between the two in the chart: on logarithmic axes, if those are wanted and every
-/// point of the table is positive, else on linear ones. Six significant digits are written. Empty
+/// point of the table is positive, else on linear ones. They are written with
+/// six or seven significant digits. Empty
 /// rows between the two are used up, then the rows below move down.
 [[nodiscard]] ToolOutcome FillBetween(WorkingTable& table, const RowSpan& rows, int count,
                                       bool logarithmicWanted,

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QRegularExpression>
+#include <QToolButton>
 
 namespace zentab::app {
 namespace {
@@ -41,7 +42,10 @@ void AccessibleNames::Refresh() {
       field->setAccessibleName(PlainCaption(label->text()));
   }
   for (auto* const button : form_.findChildren<QAbstractButton*>()) {
-    if (!button->text().isEmpty()) button->setAccessibleName(PlainCaption(button->text()));
+    // Those of the status bar say other things all the time, and what they are called with it.
+    const bool isConstant = qobject_cast<QToolButton*>(button) == nullptr;
+    if (isConstant && !button->text().isEmpty())
+      button->setAccessibleName(PlainCaption(button->text()));
   }
   for (QWidget* const control : form_.findChildren<QWidget*>()) {
     // What is said of a whole is said of the field in it, too.

@@ -14,7 +14,7 @@ struct EntryRow {
 };
 
 constexpr std::array<EntryRow, 3> kEntries = {{
-    {"m_golist", "Go to the &list", Qt::ALT | Qt::Key_1},
+    {"m_golist", "Go to the l&ist", Qt::ALT | Qt::Key_1},
     {"m_gogrid", "Go to the &points", Qt::ALT | Qt::Key_2},
     {"m_gochart", "Go to the &chart", Qt::ALT | Qt::Key_3},
 }};

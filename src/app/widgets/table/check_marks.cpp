@@ -45,8 +45,9 @@ void CheckMarks::Refresh() {
   const texts::PointTexts& words = session_.texts.points;
   const std::string count = std::to_string(cells.size());
   const std::string& text = cells.size() == 1 ? words.oneFault : words.faults;
-  button_->setText(QStringLiteral("▲ ") +
-                   QString::fromStdString(texts::ExpandTemplate(text, {}, {count})));
+  const QString said = QString::fromStdString(texts::ExpandTemplate(text, {}, {count}));
+  button_->setText(QStringLiteral("▲ ") + said);
+  button_->setAccessibleName(said);
 }
 
 void CheckMarks::GoToNext() {

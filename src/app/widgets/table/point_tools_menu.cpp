@@ -40,7 +40,7 @@ struct ToolRow {
 constexpr std::array<ToolRow, 7> kRowTools = {{
     {"m_ins", "&Insert row", EditStep::InsertRow, Qt::CTRL | Qt::Key_Plus},
     {"m_del", "&Delete rows", EditStep::DeleteRows, Qt::CTRL | Qt::Key_Minus},
-    {"m_up", "Move &up", EditStep::MoveRowsUp, Qt::ALT | Qt::Key_Up},
+    {"m_up", "&Move up", EditStep::MoveRowsUp, Qt::ALT | Qt::Key_Up},
     {"m_down", "Move d&own", EditStep::MoveRowsDown, Qt::ALT | Qt::Key_Down},
     {"m_fill", "&Fill between two points…", EditStep::FillBetween, Qt::CTRL | Qt::Key_B},
     {"m_sort", "&Sort by load", EditStep::SortByLoad},
