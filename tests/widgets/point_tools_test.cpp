@@ -116,7 +116,7 @@ class PointToolsTest : public QObject {
     QCOMPARE(Points(), QStringLiteral("1;5|1.581139;7.07107|2.5;10|3.5;15"));
     Choose("m_log");
     Choose("m_fill");
-    QCOMPARE(Points().section('|', 1, 1), QStringLiteral("1.257433;5.917167"));
+    QCOMPARE(Points().section('|', 1, 1), QStringLiteral("1.257433;5.91744"));
     f.dialogs.number = 2;
     SelectRows(1, 26);
     Choose("m_rnd");
@@ -212,6 +212,8 @@ class PointToolsTest : public QObject {
     QCOMPARE(NamesIn(*f.window), QString());
     QCOMPARE(MenuOn(f.Find<QWidget>("List1")), QStringLiteral("m_listmenu"));
     QVERIFY(!f.Find<QAction>("m_Command1")->isEnabled());
+    f.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(f.window.get()));
     // A text field keeps the commands of the clipboard for itself.
     f.Find<QLineEdit>("Text2")->setText(QStringLiteral("77"));
     f.Find<QLineEdit>("Text2")->setFocus();
@@ -247,15 +249,12 @@ class PointToolsTest : public QObject {
     WindowFixture& f = Start();
     QVERIFY(QFile::copy(QStringLiteral(CATALOGUES "/Zentab.zh_CN.txt"), f.Path("Zentab.txt")));
     for (const char* const cell : {"row 3, load 3", "第 3 行，负荷水平 3"}) {
-      // What the status bar has nothing to say of is not there.
       for (const auto* const control : f.window->findChildren<QWidget*>()) {
         const QString& name = control->objectName();
-        if (control->focusPolicy() == Qt::NoFocus || name.isEmpty() || name.startsWith("qt_") ||
-            (control->isHidden() && control->inherits("QToolButton"))) {
+        if (control->focusPolicy() == Qt::NoFocus || name.isEmpty() || control->isHidden()) {
           continue;
         }
-        QVERIFY2(name == QStringLiteral("Text11") || !control->accessibleName().isEmpty(),
-                 qPrintable(name));
+        QVERIFY2(!control->accessibleName().isEmpty(), qPrintable(name));
         QVERIFY2(!control->accessibleDescription().isEmpty(), qPrintable(name));
         QVERIFY2(!control->accessibleName().contains('&'), qPrintable(name));
       }
