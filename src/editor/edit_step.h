@@ -37,6 +37,8 @@ enum class EditStep {
   AddNew,
   Remove,
   Import,
+  // a table of a former session
+  BringBack,
 };
 
 }  // namespace zentab::editor

@@ -51,6 +51,12 @@ struct ToolField {
 struct GraphField {
   std::string GraphTexts::*field;
 };
+struct HistoryField {
+  std::string HistoryTexts::*field;
+};
+struct StepName {
+  std::size_t step;  // as of HistoryTexts
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -81,8 +87,8 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, ExchangeField, EquationSlot, ImportField, TimeoutText, SwitchOn,
-                 TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+                 GraphField, ExchangeField, EquationSlot, HistoryField, StepName, ImportField,
+                 TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place

@@ -27,8 +27,10 @@
 #include "app/widgets/status_line.h"
 #include "app/widgets/table/check_marks.h"
 #include "app/widgets/table/clipboard_controller.h"
+#include "app/widgets/table/history_controller.h"
 #include "app/widgets/table/point_tools_controller.h"
 #include "app/widgets/table/point_tools_menu.h"
+#include "app/widgets/table/recovery_keeper.h"
 #include "app/widgets/table/table_panel.h"
 #include "app/widgets/table/value_mode_binding.h"
 #include "app/widgets/testset/instrument_controller.h"
@@ -52,6 +54,7 @@ MainWindow::MainWindow(MainWindowParts parts)
       catalogues_(CatalogueCandidates(session_.installFolder, parts.executable)),
       files_(parts.files),
       writer_(files_, tables::Backups::AtFirstWrite),
+      history_(session_, writer_),
       log_(session_, files_),
       library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
@@ -63,14 +66,19 @@ MainWindow::MainWindow(MainWindowParts parts)
       graphs_(new ReferenceGraphController(session_, files_, parts.dialogs, log_,
                                            instruments_->Instruments(), *this)),
       clipboard_(new ClipboardController(session_, *table_)),
-      tools_(new PointToolsController(session_, *table_, parts.dialogs, [](editor::EditStep) {})),
+      tools_(new PointToolsController(session_, *table_, parts.dialogs,
+                                      [this](editor::EditStep step) { history_.Remember(step); })),
       exchange_(new ExchangeController(session_, files_, writer_, parts.dialogs, parts.store,
                                        parts.title, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())),
       checks_(new CheckMarks(session_, *table_->grid, *statusBar())),
+      undo_(new HistoryController(
+          {session_, history_, files_, *table_, *modes_, *libraryController_, *instruments_})),
+      recovery_(
+          new RecoveryKeeper(session_, parts.files, parts.recoveryFolder, parts.dialogs, this)),
       end_(new SessionEnd({*this, *table_->grid, session_, parts.title, parts.store, parts.dialogs,
-                           files_, log_, instruments_->Instruments()})) {
+                           files_, *recovery_, log_, instruments_->Instruments()})) {
   modes_->setParent(this);
   new PlainTexts(this);
   setObjectName(QStringLiteral("Form1"));
@@ -82,6 +90,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   ConnectTools();
   ConnectTimeTest();
   ConnectInstruments();
+  ConnectHistory();
   new ContextMenus(*this);
   names_ = new AccessibleNames(*this);
 }
@@ -125,7 +134,9 @@ void MainWindow::BuildMenus() {
   connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
           &QAction::triggered, this, &QWidget::close);
 
-  new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
+  auto* const edit = new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
+  undo_->AddTo(edit->Menu());
+  recovery_->AddTo(edit->Menu());
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
   view->setObjectName(QStringLiteral("m_view"));
@@ -177,6 +188,7 @@ void MainWindow::ConnectTools() {
     modes_->Show();
     RefreshCaptions();
   });
+  connect(tools_, &PointToolsController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
 }
 
@@ -212,6 +224,36 @@ void MainWindow::ConnectInstruments() {
   connect(graphs_, &ReferenceGraphController::Failed, status_, &StatusLine::ShowFailure);
 }
 
+void MainWindow::ConnectHistory() {
+  const auto remember = [this](editor::EditStep step) { history_.Remember(step); };
+  editor::CurveGridView* const grid = table_->grid;
+  connect(grid, &editor::CurveGridView::EditBegins, this, remember);
+  connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
+  connect(modes_, &ValueModeBinding::AboutToChange, this, remember);
+  connect(libraryController_, &LibraryController::AboutToChange, this, remember);
+  connect(exchange_, &ExchangeController::AboutToChange, this, remember);
+  connect(timeTest_, &TimeTestController::AboutToChange, this, remember);
+  connect(graphs_, &ReferenceGraphController::AboutToChange, this, remember);
+  connect(instruments_, &InstrumentController::AboutToChange, this, remember);
+  connect(recovery_, &RecoveryKeeper::AboutToChange, this, remember);
+  connect(libraryController_, &LibraryController::TableFileChosen, this,
+          [this] { history_.EndLibrary(); });
+  connect(undo_, &HistoryController::CommandBegun, status_, &StatusLine::Clear);
+  connect(undo_, &HistoryController::Failed, status_, &StatusLine::ShowFailure);
+  connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshCaptions);
+  connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshChart);
+  connect(recovery_, &RecoveryKeeper::GridNeeded, grid, &editor::CurveGridView::CloseEditor);
+  connect(recovery_, &RecoveryKeeper::BroughtBack, undo_, &HistoryController::ShowTable);
+  connect(grid, &editor::CurveGridView::Edited, recovery_, &RecoveryKeeper::Follow);
+  connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
+  connect(libraryController_, &LibraryController::LibraryChanged, recovery_,
+          &RecoveryKeeper::Follow);
+  connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
+  connect(graphs_, &ReferenceGraphController::TableImported, recovery_, &RecoveryKeeper::Follow);
+  connect(modes_, &ValueModeBinding::Changed, recovery_, &RecoveryKeeper::Follow);
+  connect(undo_, &HistoryController::TableShown, recovery_, &RecoveryKeeper::Follow);
+}
+
 void MainWindow::Load() {
   chart_->chart->SetDecimalSeparator(QString::fromStdString(session_.localeDecimalSeparator));
   for (const std::filesystem::path& catalogue : catalogues_) ApplyCatalogue(catalogue);
@@ -226,6 +268,8 @@ void MainWindow::Load() {
   RefreshChart();
   RestorePlacement(*this, settings_.window);
 }
+
+void MainWindow::OfferRecovery() { recovery_->Offer(); }
 
 void MainWindow::ListenForEnd() { end_->Listen(); }
 

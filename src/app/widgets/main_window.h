@@ -7,6 +7,7 @@
 
 #include "app/event_log.h"
 #include "app/session.h"
+#include "app/session_history.h"
 #include "app/settings.h"
 #include "app/widgets/files/responsive_files.h"
 #include "app/widgets/user_dialogs.h"
@@ -24,10 +25,12 @@ class ChartPanel;
 class CheckMarks;
 class ClipboardController;
 class ExchangeController;
+class HistoryController;
 class InstrumentController;
 class LibraryController;
 class LibraryPanel;
 class PointToolsController;
+class RecoveryKeeper;
 class ReferenceGraphController;
 class SessionEnd;
 class StatusLine;
@@ -44,6 +47,8 @@ struct MainWindowParts {
   platform::FileLayer& files;
   UserDialogs& dialogs;
   std::filesystem::path executable;  // beside which the default catalogue lies
+  std::filesystem::path recoveryFolder =
+      {};  // for tables that no library has; empty: none are kept
 };
 
 /// The window `Form1`: sets up the panels and their controllers, and follows start and end.
@@ -58,6 +63,8 @@ class MainWindow : public QMainWindow {
   /// The event loop is about to run: the end of the user's session and signals that ask the program
   /// to end are followed from now on.
   void ListenForEnd();
+  /// Offers what former sessions have left unsaved; the window is shown.
+  void OfferRecovery();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -68,6 +75,7 @@ class MainWindow : public QMainWindow {
   void BuildMenus();
   void ConnectPanels();
   void ConnectTools();
+  void ConnectHistory();
   void ConnectTimeTest();
   void ConnectInstruments();
   void ShowTable();
@@ -81,6 +89,7 @@ class MainWindow : public QMainWindow {
   std::vector<std::filesystem::path> catalogues_;  // in the order of their application
   ResponsiveFiles files_;
   tables::TableWriter writer_;
+  SessionHistory history_;
   EventLog log_;
   texts::UiFontChoice font_;
   LibraryPanel* library_;
@@ -97,6 +106,8 @@ class MainWindow : public QMainWindow {
   StatusLine* status_;
   CheckMarks* checks_;
   AccessibleNames* names_ = nullptr;  // once there is something to be named
+  HistoryController* undo_;
+  RecoveryKeeper* recovery_;
   SessionEnd* end_;
 };
 

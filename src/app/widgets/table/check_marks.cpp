@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <set>
 
+#include "editor/widgets/curve_grid_model.h"
 #include "editor/widgets/curve_grid_view.h"
 #include "texts/template_text.h"
 
@@ -28,7 +29,7 @@ CheckMarks::CheckMarks(const Session& session, editor::CurveGridView& grid, QSta
   button_->hide();
   bar.addPermanentWidget(button_);
   connect(button_, &QToolButton::clicked, this, &CheckMarks::GoToNext);
-  grid.SetWords(session.texts.points);
+  grid.Cells().SetWords(session.texts.points);
   connect(grid.model(), &QAbstractItemModel::dataChanged, this,
           [this](const QModelIndex&, const QModelIndex&, const QList<int>& roles) {
             if (roles.contains(Qt::DisplayRole)) Refresh();
@@ -37,7 +38,7 @@ CheckMarks::CheckMarks(const Session& session, editor::CurveGridView& grid, QSta
 
 void CheckMarks::Refresh() {
   faults_ = editor::FaultsOf(session_.table.grid, session_.localeDecimalSeparator);
-  grid_.ShowFaults(faults_);
+  grid_.Cells().ShowFaults(faults_);
   std::set<Place> cells;
   for (const editor::CellFault& fault : faults_) cells.insert(PlaceOf(fault));
   button_->setVisible(!cells.empty());
