@@ -82,6 +82,8 @@ PointToolsMenu::PointToolsMenu(const Session& session, QMenuBar& bar, editor::Cu
 }
 
 void PointToolsMenu::AddClipboard() {
+  // What takes back and does again goes above.
+  menu_->addSeparator();
   for (const ClipboardRow& row : kClipboard) {
     QAction* const action = menu_->addAction(QString::fromUtf8(row.caption));
     action->setObjectName(QLatin1String(row.name));
