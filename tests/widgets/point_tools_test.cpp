@@ -148,11 +148,11 @@ class PointToolsTest : public QObject {
     WindowFixture& f = Start();
     std::vector<editor::EditStep> steps;
     QString before;
-    PointToolsController tools(f.session, *f.window->findChild<TablePanel*>(), f.dialogs,
-                               [&](editor::EditStep step) {
-                                 steps.push_back(step);
-                                 before = Points();
-                               });
+    PointToolsController tools(f.session, *f.window->findChild<TablePanel*>(), f.dialogs);
+    connect(&tools, &PointToolsController::AboutToChange, this, [&](editor::EditStep step) {
+      steps.push_back(step);
+      before = Points();
+    });
     tools.setParent(nullptr);
     tools.Run(editor::EditStep::SortByLoad, {});
     tools.Run(editor::EditStep::ScaleLoads, {});
