@@ -26,19 +26,6 @@ LineMark LineMarkOf(std::uint64_t offset, std::string_view line) {
   return {offset, HashOf(line.substr(0, line.size() - kLineEnd))};
 }
 
-// Whether what stands before and behind a removed line became one line end, CR LF.
-std::error_code HasMelted(platform::FileLayer& files, const fs::path& file, std::uint64_t offset,
-                          bool& melted) {
-  melted = false;
-  if (offset == 0) return {};
-  platform::FileReader reader(files, file);
-  if (reader.Error() || offset >= reader.Size()) return reader.Error();
-  std::string bytes;
-  const std::error_code error = reader.Read(offset - 1, offset + 1, bytes);
-  melted = bytes == "\r\n";
-  return error;
-}
-
 std::error_code EndLastLine(platform::FileReader& source, platform::OutputFile& output) {
   const std::uint64_t size = source.Size();
   if (size == 0) return {};
@@ -215,12 +202,9 @@ std::error_code TableWriter::ReplaceEntry(const fs::path& file, TableListing& li
 std::error_code TableWriter::RemoveEntry(const fs::path& file, TableListing& listing,
                                          EntryMark& mark) {
   if (const std::error_code error = ChangeLine(file, listing, mark, {})) return error;
-  const std::uint64_t offset = listing.lines[mark.index].offset;
   TakeLine(listing, mark.index);
-  bool melted = false;
-  if (!listing.nameless.empty() || HasMelted(files_, file, offset, melted) || melted) {
-    ListChanged(file, listing);
-  }
+  // What stands before and behind the line may have become one line end: then the second was empty.
+  if (!listing.nameless.empty()) ListChanged(file, listing);
   return {};
 }
 

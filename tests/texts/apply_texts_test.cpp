@@ -33,10 +33,11 @@ class RecordingTarget final : public TextTarget {
 
 class ApplyTextsTest : public test::TemporaryFolder {
  protected:
-  void Apply(std::string_view bytes) {
+  static std::string InBrackets(std::string_view text) { return "<" + std::string(text) + ">"; }
+  static std::string Plain(std::string_view text) { return std::string(text); }
+  void Apply(std::string_view bytes, const TextExpander& expand = InBrackets) {
     const auto error =
-        ApplyTexts(platform::SystemFiles(), Write("catalogue.txt", bytes), target, texts,
-                   [](std::string_view text) { return "<" + std::string(text) + ">"; });
+        ApplyTexts(platform::SystemFiles(), Write("catalogue.txt", bytes), target, texts, expand);
     EXPECT_FALSE(error);
   }
   RecordingTarget target;
@@ -115,6 +116,9 @@ TEST_F(ApplyTextsTest, SwitchesAndFieldsFollowTheirTexts) {
     EXPECT_EQ(found == target.shown.end() ? std::nullopt : std::optional(found->second), c.shown)
         << c.line;
   }
+  Apply("F1.INSTRUMENTS.TEXT {  }", Plain);
+  EXPECT_FALSE(target.shown.at("Frame1"));
+  EXPECT_FALSE(target.captions.contains("Text4")) << "the switch is no text of its field";
   Apply("DIFF.TYPE { 2.5 }\nFILTER.TYPE {4}\nVALUE.MEAN.OVER {x}\nTABLE.PRINT {no}");
   EXPECT_EQ(target.captions["Text4"], "2.5");
   EXPECT_EQ(texts.import.differenceType, 2);
@@ -126,17 +130,6 @@ TEST_F(ApplyTextsTest, SwitchesAndFieldsFollowTheirTexts) {
   Apply("DIFF.TYPE {40000}\nTABLE.PRINT {0}");
   EXPECT_EQ(texts.import.differenceType, 2);
   EXPECT_FALSE(texts.import.printTable);
-}
-
-TEST(InstrumentFrame, BlanksHideIt) {
-  RecordingTarget target;
-  CatalogueTexts texts;
-  const auto file = std::filesystem::temp_directory_path() / "zentab-frame-test.txt";
-  std::ofstream(file) << "F1.INSTRUMENTS.TEXT {  }\n";
-  EXPECT_FALSE(ApplyTexts(platform::SystemFiles(), file, target, texts,
-                          [](std::string_view text) { return std::string(text); }));
-  std::filesystem::remove(file);
-  EXPECT_FALSE(target.shown.at("Frame1"));
 }
 
 TEST(ShippedCatalogues, HaveEveryKeyOnceAndNoneBehindALongerOne) {

@@ -77,6 +77,24 @@ class ExchangeTest : public QObject {
     QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|X|Y Ü"));
   }
 
+  void ASourceThatChangesBehindTheDialogIsListedAnew() {
+    WindowFixture& f = Start();
+    const QByteArray x = "{\"X\"\t(5;5) 000}\r\n", y = "{\"Y\"\t(6;6) 000}\r\n";
+    f.Write("other.dat", x + y);
+    f.dialogs.file = f.Path("other.dat");
+    InDialog("m_imp", [&](ExchangeDialog& dialog) {
+      Select(dialog, {0});
+      // Of the same size.
+      QTRY_VERIFY((f.Write("other.dat", y + x), dialog.command1->click(), true) &&
+                  NamesIn(dialog) == QStringLiteral("Y|X"));
+      QCOMPARE(dialog.outcome->text(), QString::fromStdString(f.session.texts.program.fileChanged));
+      QCOMPARE(f.Bytes(), kLibrary);
+      Select(dialog, {0});
+      dialog.command1->click();
+    });
+    QCOMPARE(f.Bytes(), kLibrary + "\r\n" + y);
+  }
+
   void TheSelectionStaysWithItsEntry() {
     WindowFixture& f = Start();
     f.Write("other.dat", "{\"X\"\t(5;5) 000}\r\n");

@@ -73,6 +73,8 @@ class MemoryStore : public platform::SettingsStore {
 /// A main window on an installation folder with the simulated instruments, thrown away at the end.
 class WindowFixture {
  public:
+  static constexpr int kLookEvery = 10;  // milliseconds
+
   /// `layer` serves in the place of `files`.
   explicit WindowFixture(const QByteArray& library, const std::string& separator = ".",
                          platform::FileLayer* layer = nullptr)
@@ -99,8 +101,8 @@ class WindowFixture {
     session.installFolder = folder_.path().toStdString();
     session.tablePath = settings.tableName;
     session.modes.absoluteValues = settings.absValues == "1";
-    window = std::make_unique<MainWindow>(
-        MainWindowParts{session, settings, "Zentab", store, layer_, dialogs, executable});
+    window = std::make_unique<MainWindow>(MainWindowParts{session, settings, "Zentab", store,
+                                                          layer_, dialogs, executable, kLookEvery});
     window->Load();
     for (const auto* const view : window->findChildren<QAbstractItemView*>()) {
       // Looks at the model whenever it changes, for as long as it lives.

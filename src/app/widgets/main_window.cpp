@@ -49,8 +49,8 @@ MainWindow::MainWindow(MainWindowParts parts)
       library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
-      libraryController_(
-          new LibraryController(session_, files_, writer_, parts.dialogs, *library_)),
+      libraryController_(new LibraryController(session_, files_, writer_, parts.dialogs, *library_,
+                                               parts.lookEvery)),
       timeTest_(new TimeTestController(session_, files_, parts.dialogs, log_, *chart_)),
       instruments_(new InstrumentController(session_, log_, parts.dialogs, *table_)),
       graphs_(new ReferenceGraphController(session_, files_, parts.dialogs, log_,

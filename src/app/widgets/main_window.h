@@ -41,6 +41,7 @@ struct MainWindowParts {
   platform::FileLayer& files;
   UserDialogs& dialogs;
   std::filesystem::path executable;  // beside which the default catalogue lies
+  int lookEvery = 500;               // milliseconds between two looks at the table file
 };
 
 /// The window `Form1`: sets up the panels and their controllers, and follows start and end.
