@@ -71,6 +71,16 @@ class MainWindowTest : public QObject {
     QVERIFY(made_->Find<QWidget>("Option3")->isHidden());
   }
 
+  void IsLaidOutAsDesigned() {
+    WindowFixture& f = Start();
+    f.window->resize(1240, 820);
+    f.Write("Zentab.txt",
+            "F1.CHECK1.TEXT {abs}\nTIME.MS.TEXT {ms}\nTIME.MULT.ENABLE {1}\nDIFF.TYPE {-}\n"
+            "FILTER.TYPE {-}\nVALUE.MEAN.OVER {-}\nF1.COMMAND6.TEXT {Import}\n");
+    f.Open();
+    QCOMPARE(Described(*f.window), Designed(QStringLiteral(WINDOWS), QStringLiteral("Form1")));
+  }
+
   void ReadsAnEntryWithItsSettings() {
     Start();
     made_->Select(1);

@@ -2,13 +2,17 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemModelTester>
+#include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QListView>
+#include <QRegularExpression>
+#include <QShortcut>
 #include <QTemporaryDir>
 #include <functional>
 #include <map>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 #include "app/library_commands.h"
@@ -52,6 +56,45 @@ inline QString NamesIn(const QWidget& window) {
     names.append(model->index(row, 0).data().toString());
   }
   return names.join('|');
+}
+
+/// What a window shows, a line for each named control in the order of reading: its name, state ("-"
+/// hidden, "!" disabled), text, placeholder, tip and keys; behind them the named actions.
+inline QStringList Described(const QWidget& window) {
+  std::map<std::tuple<int, int, QString>, QString> rows;
+  const auto add = [&rows](const QObject& object, const QPoint& place, const QString& state) {
+    QStringList fields = {object.objectName() + state};
+    for (const char* const property : {"text", "title", "placeholderText", "toolTip", "shortcut"}) {
+      QString value = object.property(property).toString();
+      value.remove(QRegularExpression(QStringLiteral("^/.*/")));  // the folder of this run
+      if (!value.isEmpty()) fields += value.replace('\n', QStringLiteral("\\n"));
+    }
+    for (const auto* const shortcut : object.findChildren<QShortcut*>()) {
+      if (shortcut->parent() == &object) fields += shortcut->key().toString();
+    }
+    rows[{place.y(), place.x(), object.objectName()}] = fields.join('\t');
+  };
+  for (const auto* const control : window.findChildren<QWidget*>()) {
+    const QString name = control->objectName();
+    if (name.isEmpty() || name.startsWith(QLatin1String("qt_"))) continue;
+    add(*control, control->mapTo(&window, QPoint()),
+        QLatin1String(control->isVisible() ? "" : "-") + (control->isEnabled() ? "" : "!"));
+  }
+  int number = 0;
+  for (const auto* const action : window.findChildren<QAction*>()) {
+    if (!action->objectName().isEmpty()) add(*action, {number++, window.height()}, {});
+  }
+  QStringList lines;
+  for (const auto& [place, line] : rows) lines += line;
+  return lines;
+}
+
+/// The rows of a file behind "[section]".
+inline QStringList Designed(const QString& path, const QString& section) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) qFatal("there is no list of controls");
+  const QString text = QString::fromUtf8(file.readAll()).section('[' + section + "]\n", 1);
+  return text.section(QStringLiteral("\n\n"), 0, 0).trimmed().split('\n');
 }
 
 class MemoryStore : public platform::SettingsStore {
