@@ -134,6 +134,11 @@ class ExchangeTest : public QObject {
     f.dialogs.file.clear();
     InDialog("m_imp", [&f](ExchangeDialog& dialog) {
       QVERIFY(!dialog.command1->isEnabled());
+      // A dialog that comes into view again asks no more.
+      QShowEvent again;
+      QCoreApplication::sendEvent(&dialog, &again);
+      QCoreApplication::processEvents();
+      QCOMPARE(f.dialogs.filesAsked, 1);
       f.dialogs.file = f.Path("other.dat");
       dialog.fileButton->click();
       QCOMPARE(NamesIn(dialog), QStringLiteral("X"));

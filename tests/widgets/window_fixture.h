@@ -29,6 +29,7 @@ class AnsweringDialogs : public UserDialogs {
  public:
   bool answer = true;
   QString file;
+  int filesAsked = 0;
   std::vector<std::string> asked;
   std::function<void()> onError;
   std::function<void()> onConfirm;
@@ -43,9 +44,9 @@ class AnsweringDialogs : public UserDialogs {
     asked.push_back(message.title + ": " + message.text);
     if (onError) onError();
   }
-  QString ChooseTableFile() override { return file; }
-  QString ChooseGraphFile() override { return file; }
-  QString ChooseTargetFile() override { return file; }
+  QString ChooseTableFile() override { return ++filesAsked, file; }
+  QString ChooseGraphFile() override { return ++filesAsked, file; }
+  QString ChooseTargetFile() override { return ++filesAsked, file; }
 };
 
 /// The names in a window's list.
