@@ -126,6 +126,56 @@ struct ProgramTexts {
   std::string cancel = "Cancel";
 };
 
+/// The steps of the history that have a name.
+inline constexpr std::size_t kEditSteps = 31;
+
+/// What the history of a session says. The names of the steps stand in the order of
+/// editor::EditStep.
+struct HistoryTexts {
+  std::string undo = "&Undo %1";  // %1: the step's name
+  std::string redo = "&Redo %1";
+  std::string recoveryHeading = "Unsaved table";
+  std::string recoveryText =
+      "The last session ended before the table in the grid was stored (table file %1, last edited "
+      "%2). Bring the table back?";
+  std::string recoveryEntryText =  // %3: the entry
+      "The last session ended before the edits of the entry \"%3\" were stored (table file %1, "
+      "last edited %2). Bring the table back?";
+  std::array<std::string, kEditSteps> steps = {{
+      "Typing",
+      "Paste",
+      "Clear",
+      "Cut",
+      "Read",
+      "Import time test",
+      "Import GRH",
+      "Pickup value",
+      "Time multiplier",
+      "Absolute values",
+      "Time unit",
+      "Instrument",
+      "Insert row",
+      "Delete rows",
+      "Move rows up",
+      "Move rows down",
+      "Sort by load",
+      "Reverse order",
+      "Scale loads",
+      "Scale times",
+      "Shift loads",
+      "Shift times",
+      "Round",
+      "Convert loads",
+      "Convert times",
+      "Fill between points",
+      "Update entry",
+      "Add new entry",
+      "Remove entry",
+      "Import entries",
+      "Bring back table",
+  }};
+};
+
 /// All texts and switches of a catalogue that are no control's own. What no catalogue supplies
 /// keeps the value it has here.
 struct CatalogueTexts {
@@ -146,6 +196,7 @@ struct CatalogueTexts {
   ImportSettings import;
   ProgramTexts program;
   GraphTexts graph;
+  HistoryTexts history;
   bool logSwitch = false;
 };
 

@@ -10,6 +10,7 @@ using M = MessageText;
 using L = LabelTexts;
 using P = ProgramTexts;
 using G = GraphTexts;
+using H = HistoryTexts;
 using X = ExchangeTexts;
 using C = CatalogueTexts;
 using S = ImportSettings;
@@ -157,6 +158,13 @@ const std::vector<KeyRow>& OwnRows() {
       {"F1.MENU.2.HEADING", Caption{"m_view"}, kExpanded},
       {"F1.MENU.2.LOGARITHMIC", Caption{"m_log"}, kExpanded},
       {"F1.MENU.2.WHOLECURVE", Caption{"m_fit"}, kExpanded},
+  };
+  return rows;
+}
+
+// What the status bar and the message boxes say that came later, too.
+const std::vector<KeyRow>& MessageRows() {
+  static const std::vector<KeyRow> rows = {
       {"STATUS.ENTRIES", ProgramField{&P::entries}},
       {"STATUS.ENTRY.ONE", ProgramField{&P::oneEntry}},
       {"STATUS.MODIFIED", ProgramField{&P::modified}},
@@ -182,6 +190,12 @@ const std::vector<KeyRow>& OwnRows() {
       {"STATUS.WRITE.FAILED", ProgramField{&P::writeFailed}},
       {"STATUS.BACKUP.FAILED", ProgramField{&P::backupFailed}},
       {"STATUS.ENTRY.CHANGED", ProgramField{&P::entryChanged}},
+  };
+  return rows;
+}
+
+const std::vector<KeyRow>& GraphAndExchangeRows() {
+  static const std::vector<KeyRow> rows = {
       {"GRH.IMPORT.HEADING", GraphField{&G::heading}},
       {"GRH.IMPORT.UNREADABLE", GraphField{&G::unreadable}},
       {"GRH.IMPORT.MALFORMED", GraphField{&G::malformed}},
@@ -211,6 +225,30 @@ const std::vector<KeyRow>& OwnRows() {
   return rows;
 }
 
+// What can be taken back.
+const std::vector<KeyRow>& HistoryRows() {
+  static const std::vector<KeyRow> rows = {
+      {"EDIT.UNDO", HistoryField{&H::undo}},
+      {"EDIT.REDO", HistoryField{&H::redo}},
+      {"EDIT.BRINGBACK", Caption{"m_back"}, kExpanded},
+      {"RECOVERY.HEAD", HistoryField{&H::recoveryHeading}},
+      {"RECOVERY.TXT", HistoryField{&H::recoveryText}},
+      {"RECOVERY.ENTRY.TXT", HistoryField{&H::recoveryEntryText}},
+  };
+  return rows;
+}
+
+constexpr std::array<const char*, kEditSteps> kStepKeys = {
+    "STEP.TYPING",        "STEP.PASTE",       "STEP.CLEAR",       "STEP.CUT",
+    "STEP.READ",          "STEP.TIMETEST",    "STEP.GRAPH",       "STEP.PICKUP",
+    "STEP.MULTIPLIER",    "STEP.ABSOLUTE",    "STEP.UNIT",        "STEP.INSTRUMENT",
+    "STEP.ROW.INSERT",    "STEP.ROW.DELETE",  "STEP.ROW.UP",      "STEP.ROW.DOWN",
+    "STEP.SORT",          "STEP.REVERSE",     "STEP.SCALE.LOADS", "STEP.SCALE.TIMES",
+    "STEP.SHIFT.LOADS",   "STEP.SHIFT.TIMES", "STEP.ROUND",       "STEP.CONVERT.LOADS",
+    "STEP.CONVERT.TIMES", "STEP.FILL",        "STEP.UPDATE",      "STEP.ADDNEW",
+    "STEP.REMOVE",        "STEP.IMPORT",      "STEP.BRINGBACK",
+};
+
 void Append(std::vector<KeyRow>& table, const std::vector<KeyRow>& rows) {
   table.insert(table.end(), rows.begin(), rows.end());
 }
@@ -233,6 +271,12 @@ std::vector<KeyRow> AllRows() {
   table.push_back({"TIMEOUT.VALUE", TimeoutText{}});
   table.push_back({"TABLE.PRINT", TraceSwitch{}});
   Append(table, OwnRows());
+  Append(table, MessageRows());
+  Append(table, GraphAndExchangeRows());
+  Append(table, HistoryRows());
+  for (std::size_t step = 0; step < kStepKeys.size(); ++step) {
+    table.push_back({kStepKeys[step], StepName{step}});
+  }
   return table;
 }
 

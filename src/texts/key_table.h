@@ -42,6 +42,12 @@ struct ProgramField {
 struct GraphField {
   std::string GraphTexts::*field;
 };
+struct HistoryField {
+  std::string HistoryTexts::*field;
+};
+struct StepName {
+  std::size_t step;  // as of HistoryTexts
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -69,10 +75,10 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
   const char* control;
 };
 
-using TextEffect =
-    std::variant<Caption, Tooltip, Placeholder, FrameCaption, NamesFromCaptions, InstrumentField,
-                 MessageField, LabelField, ProgramField, GraphField, ExchangeField, EquationSlot,
-                 ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+using TextEffect = std::variant<Caption, Tooltip, Placeholder, FrameCaption, NamesFromCaptions,
+                                InstrumentField, MessageField, LabelField, ProgramField, GraphField,
+                                ExchangeField, EquationSlot, HistoryField, StepName, ImportField,
+                                TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place

@@ -145,8 +145,8 @@ class WindowFixture {
     session.installFolder = folder_.path().toStdString();
     session.tablePath = settings.tableName;
     session.modes.absoluteValues = settings.absValues == "1";
-    window = std::make_unique<MainWindow>(MainWindowParts{session, settings, "Zentab", store,
-                                                          layer_, dialogs, executable, kLookEvery});
+    window = std::make_unique<MainWindow>(MainWindowParts{
+        session, settings, "Zentab", store, layer_, dialogs, executable, {}, kLookEvery});
     window->Load();
     for (const auto* const view : window->findChildren<QAbstractItemView*>()) {
       // Looks at the model whenever it changes, for as long as it lives.

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QTimer>
 #include <cstdlib>
 
 #include "app/settings.h"
@@ -61,12 +62,14 @@ int Run(int argc, char* argv[]) {
   NobodyToAsk nobody;
   app::UserDialogs& asked = picture.isEmpty() ? static_cast<app::UserDialogs&>(dialogs) : nobody;
   app::MainWindow window(
-      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), asked, executable});
+      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), asked, executable,
+       picture.isEmpty() ? platform::UserDataFolder() : std::filesystem::path()});
   dialogs.SetParent(&window);
   window.Load();
   window.show();
   if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
   window.ListenForEnd();
+  QTimer::singleShot(0, &window, &app::MainWindow::OfferRecovery);
   return QApplication::exec();
 }
 

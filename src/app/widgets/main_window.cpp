@@ -22,6 +22,8 @@
 #include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table/clipboard_controller.h"
+#include "app/widgets/table/history_controller.h"
+#include "app/widgets/table/recovery_keeper.h"
 #include "app/widgets/table/table_panel.h"
 #include "app/widgets/table/value_mode_binding.h"
 #include "app/widgets/testset/instrument_controller.h"
@@ -45,6 +47,7 @@ MainWindow::MainWindow(MainWindowParts parts)
       catalogues_(CatalogueCandidates(session_.installFolder, parts.executable)),
       files_(parts.files),
       writer_(files_, tables::Backups::AtFirstWrite),
+      history_(session_, writer_),
       log_(session_, files_),
       library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
@@ -60,8 +63,12 @@ MainWindow::MainWindow(MainWindowParts parts)
                                        parts.title, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())),
+      undo_(new HistoryController(
+          {session_, history_, files_, *table_, *modes_, *libraryController_, *instruments_})),
+      recovery_(
+          new RecoveryKeeper(session_, parts.files, parts.recoveryFolder, parts.dialogs, this)),
       end_(new SessionEnd({*this, *table_->grid, session_, parts.title, parts.store, parts.dialogs,
-                           files_, log_, instruments_->Instruments()})) {
+                           files_, *recovery_, log_, instruments_->Instruments()})) {
   modes_->setParent(this);
   new PlainTexts(this);
   setObjectName(QStringLiteral("Form1"));
@@ -72,6 +79,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   ConnectPanels();
   ConnectTimeTest();
   ConnectInstruments();
+  ConnectHistory();
 }
 
 void MainWindow::BuildPanels() {
@@ -112,6 +120,11 @@ void MainWindow::BuildMenus() {
   options->addSeparator();
   connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
           &QAction::triggered, this, &QWidget::close);
+
+  QMenu* const edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+  edit->setObjectName(QStringLiteral("m_edit"));
+  undo_->AddTo(*edit);
+  recovery_->AddTo(*edit);
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
   view->setObjectName(QStringLiteral("m_view"));
@@ -188,6 +201,36 @@ void MainWindow::ConnectInstruments() {
   connect(graphs_, &ReferenceGraphController::Failed, status_, &StatusLine::ShowFailure);
 }
 
+void MainWindow::ConnectHistory() {
+  const auto remember = [this](editor::EditStep step) { history_.Remember(step); };
+  editor::CurveGridView* const grid = table_->grid;
+  connect(grid, &editor::CurveGridView::EditBegins, this, remember);
+  connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
+  connect(modes_, &ValueModeBinding::AboutToChange, this, remember);
+  connect(libraryController_, &LibraryController::AboutToChange, this, remember);
+  connect(exchange_, &ExchangeController::AboutToChange, this, remember);
+  connect(timeTest_, &TimeTestController::AboutToChange, this, remember);
+  connect(graphs_, &ReferenceGraphController::AboutToChange, this, remember);
+  connect(instruments_, &InstrumentController::AboutToChange, this, remember);
+  connect(recovery_, &RecoveryKeeper::AboutToChange, this, remember);
+  connect(libraryController_, &LibraryController::TableFileChosen, this,
+          [this] { history_.EndLibrary(); });
+  connect(undo_, &HistoryController::CommandBegun, status_, &StatusLine::Clear);
+  connect(undo_, &HistoryController::Failed, status_, &StatusLine::ShowFailure);
+  connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshCaptions);
+  connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshChart);
+  connect(recovery_, &RecoveryKeeper::GridNeeded, grid, &editor::CurveGridView::CloseEditor);
+  connect(recovery_, &RecoveryKeeper::BroughtBack, undo_, &HistoryController::ShowTable);
+  connect(grid, &editor::CurveGridView::Edited, recovery_, &RecoveryKeeper::Follow);
+  connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
+  connect(libraryController_, &LibraryController::LibraryChanged, recovery_,
+          &RecoveryKeeper::Follow);
+  connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
+  connect(graphs_, &ReferenceGraphController::TableImported, recovery_, &RecoveryKeeper::Follow);
+  connect(modes_, &ValueModeBinding::Changed, recovery_, &RecoveryKeeper::Follow);
+  connect(undo_, &HistoryController::TableShown, recovery_, &RecoveryKeeper::Follow);
+}
+
 void MainWindow::Load() {
   chart_->chart->SetDecimalSeparator(QString::fromStdString(session_.localeDecimalSeparator));
   for (const std::filesystem::path& catalogue : catalogues_) ApplyCatalogue(catalogue);
@@ -202,6 +245,8 @@ void MainWindow::Load() {
   RefreshChart();
   RestorePlacement(*this, settings_.window);
 }
+
+void MainWindow::OfferRecovery() { recovery_->Offer(); }
 
 void MainWindow::ListenForEnd() { end_->Listen(); }
 

@@ -7,6 +7,7 @@
 
 #include "app/event_log.h"
 #include "app/session.h"
+#include "app/session_history.h"
 #include "app/settings.h"
 #include "app/widgets/files/responsive_files.h"
 #include "app/widgets/user_dialogs.h"
@@ -22,9 +23,11 @@ namespace zentab::app {
 class ChartPanel;
 class ClipboardController;
 class ExchangeController;
+class HistoryController;
 class InstrumentController;
 class LibraryController;
 class LibraryPanel;
+class RecoveryKeeper;
 class ReferenceGraphController;
 class SessionEnd;
 class StatusLine;
@@ -41,7 +44,9 @@ struct MainWindowParts {
   platform::FileLayer& files;
   UserDialogs& dialogs;
   std::filesystem::path executable;  // beside which the default catalogue lies
-  int lookEvery = 500;               // milliseconds between two looks at the table file
+  std::filesystem::path recoveryFolder =
+      {};               // for tables that no library has; empty: none are kept
+  int lookEvery = 500;  // milliseconds between two looks at the table file
 };
 
 /// The window `Form1`: sets up the panels and their controllers, and follows start and end.
@@ -56,6 +61,8 @@ class MainWindow : public QMainWindow {
   /// The event loop is about to run: the end of the user's session and signals that ask the program
   /// to end are followed from now on.
   void ListenForEnd();
+  /// Offers what former sessions have left unsaved; the window is shown.
+  void OfferRecovery();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -65,6 +72,7 @@ class MainWindow : public QMainWindow {
   void BuildPanels();
   void BuildMenus();
   void ConnectPanels();
+  void ConnectHistory();
   void ConnectTimeTest();
   void ConnectInstruments();
   void ShowTable();
@@ -77,6 +85,7 @@ class MainWindow : public QMainWindow {
   std::vector<std::filesystem::path> catalogues_;  // in the order of their application
   ResponsiveFiles files_;
   tables::TableWriter writer_;
+  SessionHistory history_;
   EventLog log_;
   texts::UiFontChoice font_;
   LibraryPanel* library_;
@@ -90,6 +99,8 @@ class MainWindow : public QMainWindow {
   ExchangeController* exchange_;
   ValueModeBinding* modes_;
   StatusLine* status_;
+  HistoryController* undo_;
+  RecoveryKeeper* recovery_;
   SessionEnd* end_;
 };
 

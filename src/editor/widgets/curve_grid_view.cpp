@@ -12,8 +12,10 @@
 #include <array>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "editor/widgets/curve_grid_model.h"
+#include "editor/widgets/field_undo.h"
 
 namespace zentab::editor {
 namespace {
@@ -112,6 +114,11 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
 }
 
 void CurveGridView::GridEdit(int keyAscii) {
+  const bool replaces = keyAscii < 0 || keyAscii > kOpenWithText;
+  isEdited_ = false;
+  // The cell is seen before anything goes into it.
+  scrollTo(currentIndex());
+  if (replaces) BeginEdit(EditStep::Typing);
   cellEditor_.GridEdit(keyAscii);
   text11_->setFont(font());
   {
@@ -121,11 +128,10 @@ void CurveGridView::GridEdit(int keyAscii) {
   text11_->setCursorPosition(cellEditor_.Caret());
   // One cell is being edited, whatever was selected before.
   selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
-  scrollTo(currentIndex());
   text11_->show();
   PlaceEditor();
   text11_->setFocus();
-  if (keyAscii < 0 || keyAscii > kOpenWithText) {
+  if (replaces) {
     model_->ShowCell(table_.grid.Row(), table_.grid.Col());
     Q_EMIT Edited();
   }
@@ -153,6 +159,22 @@ void CurveGridView::InsertIntoText(const QString& text) {
   if (cellEditor_.IsVisible()) text11_->insert(text);
 }
 
+void CurveGridView::ReplaceText(const QString& text, EditStep step) {
+  if (!cellEditor_.IsVisible()) return;
+  BeginEdit(step);
+  text11_->selectAll();
+  text11_->insert(text);
+}
+
+void CurveGridView::ShowCurrentCell() {
+  setCurrentIndex(model_->index(table_.grid.Row() - kFirstRow, table_.grid.Col() - kLoadColumn));
+}
+
+// All that is done to an open cell until it is left is one step.
+void CurveGridView::BeginEdit(EditStep step) {
+  if (!std::exchange(isEdited_, true)) Q_EMIT EditBegins(step);
+}
+
 CellArea CurveGridView::SelectedArea() const {
   const QItemSelection selection = selectionModel()->selection();
   if (selection.isEmpty()) {
@@ -165,6 +187,7 @@ CellArea CurveGridView::SelectedArea() const {
 }
 
 void CurveGridView::OnTextChanged(const QString& text) {
+  BeginEdit(EditStep::Typing);
   const int caret = text11_->cursorPosition();
   cellEditor_.ChangeText(text.toStdString(), BytesOf(text, caret));
   const QString kept = QString::fromStdString(cellEditor_.Text());
@@ -292,6 +315,8 @@ bool CurveGridView::eventFilter(QObject* watched, QEvent* event) {
   if (watched != text11_) return QTableView::eventFilter(watched, event);
   switch (event->type()) {
     case QEvent::ShortcutOverride:
+      // What was typed in the cell is taken back there first; then it is the history's turn.
+      if (PassesUndoOn(*text11_, *static_cast<QKeyEvent*>(event))) return true;
       if (KeepsKey(*static_cast<QKeyEvent*>(event))) event->accept();
       return false;
     case QEvent::KeyPress:
