@@ -72,6 +72,47 @@ struct GraphTexts {
   std::string noPoints = "No reference graph: row 1 has no load level or no time";
 };
 
+/// What is said of the cells of the grid. "%1" is a row's number, or a cell's text where one is
+/// quoted.
+struct PointTexts {
+  std::string loadCell = "row %1, load %2";  // "%2" is the cell's text; read out by a screen reader
+  std::string timeCell = "row %1, time %2";
+  std::string emptyCell = "empty";
+  std::string loadField = "row %1, load";
+  std::string timeField = "row %1, time";
+  std::string loadNoNumber = "the load '%1' is no number";
+  std::string timeNoNumber = "the time '%1' is no number";
+  std::string loadMissing = "the load is missing";
+  std::string timeMissing = "the time is missing";
+  std::string loadNotIncreasing = "the load does not increase";
+  std::string loadDoubled = "the load is that of point %1 as well";
+  std::string timeNotPositive = "the time is not above zero";
+  std::string gap = "the row is empty: points below it are not stored";
+  std::string faultInRow = "Row %1: %2";
+  std::string faults = "%1 cells to check";
+  std::string oneFault = "%1 cell to check";
+};
+
+/// What the tools on the points ask and say.
+struct ToolTexts {
+  std::string loadsToAbsolute = "Loads to &amperes or volts";
+  std::string loadsToRelative = "Loads to &multiples of the pickup value";
+  std::string timesToMilliseconds = "&Times to ms";
+  std::string timesToSeconds = "&Times to s";
+  std::string factor = "Factor:";
+  std::string amount = "Amount:";
+  std::string decimals = "Digits behind the point (0 to 15):";
+  std::string pointCount = "Number of new points:";
+  std::string nothingToDo = "There is nothing to change";
+  std::string noRoom = "No room: points would be pushed off the last row";
+  std::string noNumber = "None of the cells holds a number";
+  std::string noPickup = "The pickup value is not a number above zero";
+  std::string outOfRange = "A number would become too large";
+  std::string noTwoPoints = "Select two rows with points, or one with a point below it";
+  std::string notAdjacent = "There are other rows between the two points";
+  std::string sameLoad = "The two points have the same load";
+};
+
 /// What the window says apart from captions of its controls.
 struct ProgramTexts {
   std::string loadAxis = "%1";            // "%1" stands for the load caption of the value mode
@@ -197,6 +238,8 @@ struct CatalogueTexts {
   ProgramTexts program;
   GraphTexts graph;
   HistoryTexts history;
+  PointTexts points;
+  ToolTexts tools;
   bool logSwitch = false;
 };
 

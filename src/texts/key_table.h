@@ -21,6 +21,9 @@ struct Tooltip {
 struct Placeholder {
   const char* control;
 };
+struct SpokenName {  // by which a screen reader calls a control that has no caption
+  const char* control;
+};
 struct FrameCaption {  // a text of blanks hides the frame, any other shows it
   const char* control;
 };
@@ -38,6 +41,12 @@ struct LabelField {
 };
 struct ProgramField {
   std::string ProgramTexts::*field;
+};
+struct PointField {
+  std::string PointTexts::*field;
+};
+struct ToolField {
+  std::string ToolTexts::*field;
 };
 struct GraphField {
   std::string GraphTexts::*field;
@@ -75,10 +84,11 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
   const char* control;
 };
 
-using TextEffect = std::variant<Caption, Tooltip, Placeholder, FrameCaption, NamesFromCaptions,
-                                InstrumentField, MessageField, LabelField, ProgramField, GraphField,
-                                ExchangeField, EquationSlot, HistoryField, StepName, ImportField,
-                                TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+using TextEffect =
+    std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
+                 InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
+                 GraphField, ExchangeField, EquationSlot, HistoryField, StepName, ImportField,
+                 TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place

@@ -25,6 +25,7 @@ class NobodyToAsk final : public app::UserDialogs {
   bool Confirm(const texts::MessageText&) override { return false; }
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
+  std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   QString ChooseTableFile() override { return {}; }
   QString ChooseTargetFile() override { return {}; }
   QString ChooseGraphFile() override { return {}; }

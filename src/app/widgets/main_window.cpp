@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -13,16 +14,23 @@
 
 #include "app/session_texts.h"
 #include "app/start_up.h"
+#include "app/widgets/accessible_names.h"
 #include "app/widgets/chart/chart_panel.h"
+#include "app/widgets/context_menus.h"
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_panel.h"
+#include "app/widgets/panel_walk.h"
+#include "app/widgets/panel_focus.h"
 #include "app/widgets/plain_texts.h"
 #include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
+#include "app/widgets/table/check_marks.h"
 #include "app/widgets/table/clipboard_controller.h"
 #include "app/widgets/table/history_controller.h"
+#include "app/widgets/table/point_tools_controller.h"
+#include "app/widgets/table/point_tools_menu.h"
 #include "app/widgets/table/recovery_keeper.h"
 #include "app/widgets/table/table_panel.h"
 #include "app/widgets/table/value_mode_binding.h"
@@ -59,6 +67,7 @@ MainWindow::MainWindow(MainWindowParts parts)
       graphs_(new ReferenceGraphController(session_, files_, parts.dialogs, log_,
                                            instruments_->Instruments(), *this)),
       clipboard_(new ClipboardController(session_, *table_)),
+      tools_(new PointToolsController(session_, *table_, parts.dialogs)),
       exchange_(new ExchangeController(session_, files_, writer_, parts.dialogs, parts.store,
                                        parts.title, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
@@ -67,6 +76,7 @@ MainWindow::MainWindow(MainWindowParts parts)
           {session_, history_, files_, *table_, *modes_, *libraryController_, *instruments_})),
       recovery_(
           new RecoveryKeeper(session_, parts.files, parts.recoveryFolder, parts.dialogs, this)),
+      checks_(new CheckMarks(session_, *table_->grid, *statusBar())),
       end_(new SessionEnd({*this, *table_->grid, session_, parts.title, parts.store, parts.dialogs,
                            files_, *recovery_, log_, instruments_->Instruments()})) {
   modes_->setParent(this);
@@ -77,9 +87,12 @@ MainWindow::MainWindow(MainWindowParts parts)
   BuildPanels();
   BuildMenus();
   ConnectPanels();
+  ConnectTools();
   ConnectTimeTest();
   ConnectInstruments();
   ConnectHistory();
+  new ContextMenus(*this);
+  names_ = new AccessibleNames(*this);
 }
 
 void MainWindow::BuildPanels() {
@@ -98,6 +111,7 @@ void MainWindow::BuildPanels() {
   layout->setContentsMargins(kMargin, kMargin, kMargin, 0);
   layout->addWidget(splitter);
   setCentralWidget(frame);
+  new PanelFocus(frame, {library_, table_, chart_});
 }
 
 void MainWindow::BuildMenus() {
@@ -121,10 +135,10 @@ void MainWindow::BuildMenus() {
   connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
           &QAction::triggered, this, &QWidget::close);
 
-  QMenu* const edit = menuBar()->addMenu(QStringLiteral("&Edit"));
-  edit->setObjectName(QStringLiteral("m_edit"));
-  undo_->AddTo(*edit);
-  recovery_->AddTo(*edit);
+  const auto* const edit =
+      new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
+  undo_->AddTo(edit->Menu());
+  recovery_->AddTo(edit->Menu());
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
   view->setObjectName(QStringLiteral("m_view"));
@@ -135,6 +149,10 @@ void MainWindow::BuildMenus() {
   connect(logarithmic, &QAction::toggled, chart_->chart, &editor::CurveChart::SetLogarithmicWanted);
   connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
           &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
+  connect(logarithmic, &QAction::toggled, tools_, &PointToolsController::SetLogarithmicWanted);
+  new PanelWalk(*view, {{{library_, library_->findChild<QListView*>()},
+                         {table_, table_->grid},
+                         {chart_, chart_->chart}}});
 }
 
 void MainWindow::ConnectPanels() {
@@ -159,14 +177,20 @@ void MainWindow::ConnectPanels() {
   connect(&files_, &ResponsiveFiles::Waiting, status_, &StatusLine::ShowWaiting);
   connect(&files_, &ResponsiveFiles::WaitEnded, status_, &StatusLine::HideWaiting);
   connect(status_, &StatusLine::GivenUp, &files_, &ResponsiveFiles::GiveUp);
-  connect(clipboard_, &ClipboardController::TableChanged, this, [this, grid] {
-    grid->ShowAll();
-    RefreshChart();
-    status_->RefreshModified();
-  });
+  connect(clipboard_, &ClipboardController::TableChanged, this, &MainWindow::ShowEdits);
   connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
           &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+}
+
+void MainWindow::ConnectTools() {
+  connect(tools_, &PointToolsController::CommandBegun, status_, &StatusLine::Clear);
+  connect(tools_, &PointToolsController::TableChanged, this, &MainWindow::ShowEdits);
+  connect(tools_, &PointToolsController::ModesChanged, this, [this] {
+    modes_->Show();
+    RefreshCaptions();
+  });
+  connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectTimeTest() {
@@ -206,6 +230,7 @@ void MainWindow::ConnectHistory() {
   editor::CurveGridView* const grid = table_->grid;
   connect(grid, &editor::CurveGridView::EditBegins, this, remember);
   connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
+  connect(tools_, &PointToolsController::AboutToChange, this, remember);
   connect(modes_, &ValueModeBinding::AboutToChange, this, remember);
   connect(libraryController_, &LibraryController::AboutToChange, this, remember);
   connect(exchange_, &ExchangeController::AboutToChange, this, remember);
@@ -223,6 +248,7 @@ void MainWindow::ConnectHistory() {
   connect(recovery_, &RecoveryKeeper::BroughtBack, undo_, &HistoryController::ShowTable);
   connect(grid, &editor::CurveGridView::Edited, recovery_, &RecoveryKeeper::Follow);
   connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
+  connect(tools_, &PointToolsController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(libraryController_, &LibraryController::LibraryChanged, recovery_,
           &RecoveryKeeper::Follow);
   connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
@@ -267,6 +293,12 @@ void MainWindow::ShowTable() {
   RefreshChart();
 }
 
+void MainWindow::ShowEdits() {
+  table_->grid->ShowAll();
+  RefreshChart();
+  status_->RefreshModified();
+}
+
 void MainWindow::RefreshChart() {
   const editor::ChartCurve curve =
       editor::CurveOf(session_.table.grid, session_.localeDecimalSeparator);
@@ -304,6 +336,7 @@ void MainWindow::RefreshCaptions() {
   chart_->chart->SetAxisTitles(QString::fromStdString(titles.load),
                                QString::fromStdString(titles.time));
   status_->Refresh();
+  names_->Refresh();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -20,7 +20,9 @@ class QAction;
 
 namespace zentab::app {
 
+class AccessibleNames;
 class ChartPanel;
+class CheckMarks;
 class ClipboardController;
 class ExchangeController;
 class HistoryController;
@@ -28,6 +30,7 @@ class InstrumentController;
 class LibraryController;
 class LibraryPanel;
 class RecoveryKeeper;
+class PointToolsController;
 class ReferenceGraphController;
 class SessionEnd;
 class StatusLine;
@@ -73,9 +76,11 @@ class MainWindow : public QMainWindow {
   void BuildMenus();
   void ConnectPanels();
   void ConnectHistory();
+  void ConnectTools();
   void ConnectTimeTest();
   void ConnectInstruments();
   void ShowTable();
+  void ShowEdits();
   void RefreshChart();
   void ApplyCatalogue(const std::filesystem::path& file);
   void RefreshCaptions();
@@ -96,11 +101,14 @@ class MainWindow : public QMainWindow {
   InstrumentController* instruments_;
   ReferenceGraphController* graphs_;
   ClipboardController* clipboard_;
+  PointToolsController* tools_;
   ExchangeController* exchange_;
   ValueModeBinding* modes_;
   StatusLine* status_;
   HistoryController* undo_;
   RecoveryKeeper* recovery_;
+  CheckMarks* checks_;
+  AccessibleNames* names_ = nullptr;  // once there is something to be named
   SessionEnd* end_;
 };
 

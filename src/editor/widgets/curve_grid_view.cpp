@@ -10,12 +10,13 @@
 #include <QSignalBlocker>
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <optional>
 #include <utility>
 
+#include "editor/widgets/cell_field.h"
 #include "editor/widgets/curve_grid_model.h"
 #include "editor/widgets/field_undo.h"
+#include "editor/widgets/fault_marks.h"
 
 namespace zentab::editor {
 namespace {
@@ -71,17 +72,6 @@ std::size_t BytesOf(const QString& text, int length) {
   return text.left(length).toStdString().size();
 }
 
-QLineEdit* MakeCellField(QWidget* parent) {
-  auto* const field = new QLineEdit(parent);
-  field->setObjectName(QStringLiteral("Text11"));
-  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  field->setFrame(false);
-  field->setAutoFillBackground(true);
-  field->setMaxLength(std::numeric_limits<int>::max());
-  field->hide();
-  return field;
-}
-
 }  // namespace
 
 CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
@@ -89,9 +79,10 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
       table_(table),
       cellEditor_(table),
       model_(new CurveGridModel(table.grid, this)),
-      text11_(MakeCellField(viewport())) {
+      text11_(new CellField(viewport())) {
   setObjectName(QStringLiteral("MSFlexGrid1"));
   setModel(model_);
+  setItemDelegate(new FaultMarks(this));
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
   setTabKeyNavigation(false);
@@ -126,6 +117,7 @@ void CurveGridView::GridEdit(int keyAscii) {
     text11_->setText(QString::fromStdString(cellEditor_.Text()));
   }
   text11_->setCursorPosition(cellEditor_.Caret());
+  text11_->setAccessibleName(model_->FieldName(table_.grid.Row(), table_.grid.Col()));
   // One cell is being edited, whatever was selected before.
   selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
   text11_->show();
@@ -147,6 +139,12 @@ void CurveGridView::CloseEditor() {
 }
 
 void CurveGridView::ShowAll() { model_->ShowAll(); }
+
+void CurveGridView::SetWords(const texts::PointTexts& words) { model_->SetWords(words); }
+
+void CurveGridView::ShowFaults(std::vector<CellFault> faults) {
+  model_->ShowFaults(std::move(faults));
+}
 
 bool CurveGridView::IsCellOpen() const { return cellEditor_.IsVisible(); }
 

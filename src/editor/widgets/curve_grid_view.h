@@ -6,6 +6,7 @@
 #include "editor/cell_editor.h"
 #include "editor/clipboard_text.h"
 #include "editor/edit_step.h"
+#include "editor/point_checks.h"
 
 class QLineEdit;
 
@@ -33,6 +34,11 @@ class CurveGridView : public QTableView {
 
   /// The grid has new texts or headings.
   void ShowAll();
+
+  /// What cells are called and what is wrong with them, in words that outlive the view.
+  void SetWords(const texts::PointTexts& words);
+  /// Marks the cells that are at fault.
+  void ShowFaults(std::vector<CellFault> faults);
 
   /// Whether the cell editor is open.
   [[nodiscard]] bool IsCellOpen() const;
