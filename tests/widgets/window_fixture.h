@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QTemporaryDir>
+#include <cstdio>
 #include <functional>
 #include <map>
 #include <memory>
@@ -96,12 +97,15 @@ inline QStringList Described(const QWidget& window) {
   return lines;
 }
 
-/// The rows of a file behind "[section]".
-inline QStringList Designed(const QString& path, const QString& section) {
+/// Whether a window shows the rows of a file behind "[section]"; prints what it shows otherwise.
+inline bool ShowsAsDesigned(const QWidget& window, const QString& path, const QString& section) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) qFatal("there is no list of controls");
   const QString text = QString::fromUtf8(file.readAll()).section('[' + section + "]\n", 1);
-  return text.section(QStringLiteral("\n\n"), 0, 0).trimmed().split('\n');
+  const QString shown = Described(window).join('\n');
+  const bool isSame = shown == text.section(QStringLiteral("\n\n"), 0, 0).trimmed();
+  if (!isSame) std::puts(qPrintable(shown));
+  return isSame;
 }
 
 class MemoryStore : public platform::SettingsStore {
