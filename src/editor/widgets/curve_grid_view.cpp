@@ -15,8 +15,8 @@
 
 #include "editor/widgets/cell_field.h"
 #include "editor/widgets/curve_grid_model.h"
-#include "editor/widgets/field_undo.h"
 #include "editor/widgets/fault_marks.h"
+#include "editor/widgets/field_undo.h"
 
 namespace zentab::editor {
 namespace {
