@@ -12,6 +12,8 @@
 #                         processes, for 60 s
 #   ./test.sh load        the window on a library of 1,000,000 entries, and hostile expressions,
 #                         each beside its limit
+#   ./test.sh mutants [N [SEED [OPTION...]]]   makes N small faults (60), one at a time, and tells which
+#                         of them no test catches; see scripts/mutants.py --help
 #   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
 #                         benchmarks build, hardened
 set -euo pipefail
@@ -120,8 +122,12 @@ case "${1:-dev}" in
     ;;
   faults) faults "${@:2}" ;;
   load) load ;;
+  mutants)
+    need "${build_packages[@]}" "${test_packages[@]}" "${window_packages[@]}"
+    scripts/mutants.py "${@:2}"
+    ;;
   *)
-    sed -n '2,16s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,18s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

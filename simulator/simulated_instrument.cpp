@@ -38,11 +38,11 @@ std::optional<std::string> Setting(const fs::path& folder, std::string_view key)
   return std::nullopt;
 }
 
-std::chrono::milliseconds WaitIn(const fs::path& folder) {
-  const std::string text = Setting(folder, "wait").value_or("");
-  int wait = 0;
-  std::from_chars(text.data(), text.data() + text.size(), wait);
-  return std::chrono::milliseconds(wait);
+int WholeNumber(const fs::path& folder, std::string_view key, int otherwise) {
+  const std::string text = Setting(folder, key).value_or("");
+  int number = otherwise;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
 }
 
 }  // namespace
@@ -67,7 +67,7 @@ void SimulatedInstrument::LeaveChanges() const {
 std::int32_t SimulatedInstrument::OpenFiles(const char* dataFolder) {
   folder_ = PathOf(dataFolder);
   open_ = std::ifstream(TextFile(folder_)).is_open() && !Fails("open");
-  return open_ ? kDone : kRefused;
+  return open_ ? WholeNumber(folder_, "opened", kDone) : kRefused;
 }
 
 float SimulatedInstrument::GetStartUp() const {
@@ -88,7 +88,7 @@ std::int32_t SimulatedInstrument::SetRefgraph(std::int32_t graph, const char* fi
   if (!open_ || graph != 0 || Fails("refgraph")) return kRefused;
   const std::optional<std::string> bytes = ReadGraphFile(PathOf(file));
   if (!bytes) return kRefused;
-  RunWindowEvents(WaitIn(folder_));
+  RunWindowEvents(std::chrono::milliseconds(WholeNumber(folder_, "wait", 0)));
   std::ofstream reference(folder_ / "reference.grh", std::ios::binary | std::ios::trunc);
   reference << *bytes << std::flush;
   return reference ? kDone : kRefused;

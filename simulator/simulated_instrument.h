@@ -11,6 +11,7 @@ namespace simulator {
 ///
 ///     pickup = 0.5                  amperes or volts
 ///     fail = open close refgraph    operations that refuse; "pickup" reports 0
+///     opened = 2                    what a successful open returns in the place of 1
 ///     leave = folder locale         what every operation leaves changed in the process, as some
 ///                                   modules do: also "arithmetic" (exceptions trap, numbers are
 ///                                   rounded up), "signals" (those that end a program do nothing)
@@ -23,7 +24,8 @@ class SimulatedInstrument {
   static constexpr std::int32_t kDone = 1;
   static constexpr std::int32_t kRefused = 0;
 
-  /// Done when the folder has a readable instrument.txt. Names may be written with backslashes.
+  /// Done when the folder has a readable instrument.txt, unless that tells another result. Names
+  /// may be written with backslashes.
   std::int32_t OpenFiles(const char* dataFolder);
   /// 0 while nothing is open or the text file gives no number.
   [[nodiscard]] float GetStartUp() const;

@@ -227,6 +227,7 @@ std::error_code TableWriter::RemoveEntry(const fs::path& file, TableListing& lis
                                          EntryMark& mark) {
   if (const std::error_code error = ChangeLine(file, listing, mark, {})) return error;
   TakeLine(listing, mark.index);
+  // What stands before and behind the line may have become one line end: then the second was empty.
   if (!listing.nameless.empty()) ListChanged(file, listing);
   return {};
 }

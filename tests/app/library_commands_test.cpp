@@ -51,6 +51,11 @@ TEST_F(LibraryCommandsTest, ReadBringsPointsAndSettings) {
   EXPECT_TRUE(session_.modes.absoluteValues);
   EXPECT_EQ(session_.instrument, tables::Instrument::Current);
   EXPECT_TRUE(Read(2));
+  // What an entry does not tell stays.
+  EXPECT_FALSE(commands_.SetActiveTable(Write("u.dat", "{\"C\"\t(1;2)(2;3) 1x0}\r\n").string()));
+  EXPECT_FALSE(Read(0));
+  EXPECT_TRUE(session_.modes.milliseconds && session_.modes.absoluteValues);
+  EXPECT_EQ(session_.instrument, tables::Instrument::Current);
 }
 
 TEST_F(LibraryCommandsTest, NumbersStayTheirOwnInEveryLocale) {

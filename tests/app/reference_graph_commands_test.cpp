@@ -1,8 +1,11 @@
 #include "app/reference_graph_commands.h"
 
 #include <algorithm>
+#include <ctime>
 
+#include "app/session_texts.h"
 #include "platform/paths.h"
+#include "support/environment.h"
 #include "support/failing_file_layer.h"
 #include "support/simulated_modules.h"
 #include "support/temporary_folder.h"
@@ -11,11 +14,6 @@ namespace zentab::app {
 namespace {
 
 class ReferenceGraphCommandsTest : public test::TemporaryFolder {
- public:
-  ~ReferenceGraphCommandsTest() override {
-    std::filesystem::current_path(std::filesystem::temp_directory_path());
-  }
-
  protected:
   ReferenceGraphCommandsTest() {
     test::InstallSimulators(Folder());
@@ -65,6 +63,7 @@ class ReferenceGraphCommandsTest : public test::TemporaryFolder {
   }
   [[nodiscard]] std::filesystem::path Graph() const { return Folder() / "data/currtmp.grh"; }
 
+  const test::Variable locale_{"LC_ALL", "C"};
   Session session_;
   test::FailingFileLayer files_;
   EventLog log_{session_, platform::SystemFiles()};
@@ -85,6 +84,18 @@ TEST_F(ReferenceGraphCommandsTest, TheInstrumentKeepsTheCurveAndImportBringsItBa
   EXPECT_EQ(instruments_.UsablePickup(), 7.5f);
   EXPECT_EQ(Reference(), test::BytesOf(Graph()));
   EXPECT_NE(Reference().find("\r\n1.500000 10.000000 2.000000 4.250000 0.0"), std::string::npos);
+  // Midnight may have passed.
+  const auto dated = [](int daysAgo) {
+    std::tm day = LocalTime();
+    day.tm_mday -= daysAgo;
+    std::mktime(&day);
+    char month[8];
+    char year[8];
+    std::strftime(month, sizeof month, "%b", &day);
+    std::strftime(year, sizeof year, "%Y", &day);
+    return std::string("@A ") + month + ' ' + std::to_string(day.tm_mday) + ' ' + year + ' ';
+  };
+  EXPECT_TRUE(Reference().starts_with(dated(0)) || Reference().starts_with(dated(1)));
   Fill({"9", "9"});
   EXPECT_FALSE(commands_.ImportGraph(Graph()).error);
   EXPECT_EQ(Cells(), curve);

@@ -12,11 +12,8 @@ std::string Texts(const Placement& placement) {
 
 class SettingsTest : public test::TemporaryFolder {
  protected:
-  SettingsTest() {
-    test::SetFolderVariable("ZENTAB_SETTINGS_DIR", Folder());
-    store_ = platform::UserSettingsStore();
-  }
-  std::unique_ptr<platform::SettingsStore> store_;
+  const test::Variable folder_{"ZENTAB_SETTINGS_DIR", Folder().string()};
+  std::unique_ptr<platform::SettingsStore> store_ = platform::UserSettingsStore();
 };
 
 TEST_F(SettingsTest, AFirstStartHasTheDefaults) {

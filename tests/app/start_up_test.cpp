@@ -1,8 +1,8 @@
 #include "app/start_up.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/paths.h"
+#include "support/environment.h"
+#include "support/temporary_folder.h"
 
 namespace zentab::app {
 namespace {
@@ -33,6 +33,27 @@ TEST(StartUp, TheInstallationIsWhereTheRegistrySaysOrBesideTheProgram) {
     EXPECT_EQ(FindInstallFolder(FakeRegistry(value), executable),
               platform::ToText(std::filesystem::absolute(folder)))
         << value.value_or("none");
+  }
+}
+
+using StartUpFolder = test::TemporaryFolder;
+
+TEST_F(StartUpFolder, ASessionBeginsInTheInstallationWithTheSettings) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  const test::Variable locale("LC_ALL", "C");
+  const FakeRegistry registry(platform::ToText(Folder()));
+  for (const auto& [setting, absolute] :
+       {std::pair("1", true), {" 1 ", true}, {"0", false}, {"2", false}, {"x", false}}) {
+    std::filesystem::current_path(before);
+    const Session session =
+        StartSession({"my.dat", "2,5", setting, {}}, registry, "/opt/suite/Zentab2.exe");
+    EXPECT_EQ(session.baseName, "Zentab2");
+    EXPECT_EQ(session.installFolder, platform::ToText(Folder()));
+    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), Folder()));
+    EXPECT_EQ(session.localeDecimalSeparator, ".");
+    EXPECT_EQ(session.tablePath, "my.dat");
+    EXPECT_EQ(session.modes.absoluteValues, absolute) << setting;
+    EXPECT_EQ(session.modes.pickup, "2,5");
   }
 }
 

@@ -29,6 +29,7 @@ TEST(ChartCurve, FollowsTheRowsThatAreNotEmpty) {
       {"a time alone, far down", {{1, 1, "1"}, {1, 2, "1"}, {26, 2, "2"}}, 26, {1}, true, true},
       {"a text", {{1, 1, "1"}, {1, 2, "1"}, {2, 1, "x"}, {2, 2, "1"}}, 2, {1}, true, true},
       {"zero", {{1, 1, "0"}, {1, 2, "1"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true, false},
+      {"zero time", {{1, 1, "1"}, {1, 2, "0"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true, false},
       {"negative", {{1, 1, "1"}, {1, 2, "-1"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true, false},
   };
   for (const auto& c : cases) {

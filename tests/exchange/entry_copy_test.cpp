@@ -1,5 +1,9 @@
 #include "exchange/entry_copy.h"
 
+#include <chrono>
+#include <thread>
+
+#include "platform/file_reader.h"
 #include "support/listed.h"
 #include "support/table_lines.h"
 #include "support/temporary_folder.h"
@@ -20,10 +24,12 @@ CopyResult Copy(const fs::path& from, const std::vector<bool>& selected, const f
 }
 
 TEST_F(EntryCopy, AddsTheSelectedLinesByTheirPosition) {
+  // Lines are gathered into blocks, which a longer one must not overtake.
+  const std::string brief = "short", lengthy(platform::kReadBlock + 1, 'x');
   const struct {
-    std::string_view source, target;
+    std::string source, target;
     std::vector<bool> selected;
-    std::string_view after;
+    std::string after;
   } cases[] = {
       {"a\r\nb\r\nc\r\n", "x\r\n", {true, false, true}, "x\r\na\r\nc\r\n"},
       {"a\r\nb\r\nc\r\n", "", {false, true, false}, "b\r\n"},
@@ -36,6 +42,10 @@ TEST_F(EntryCopy, AddsTheSelectedLinesByTheirPosition) {
       {"a\r\n", "x", {false, true}, "x"},
       {"a\r\n", "x", {true, true, true}, "x\r\na\r\n"},
       {"", "x", {true}, "x"},
+      {brief + "\r\n" + lengthy,
+       "x\r\n",
+       {true, true},
+       "x\r\n" + brief + "\r\n" + lengthy + "\r\n"},
       {"{\"\xDC \xFF\"\t(1;2)\t \x01}}\r\n", "", {true}, "{\"\xDC \xFF\"\t(1;2)\t \x01}}\r\n"},
   };
   for (const auto& [source, target, selected, after] : cases) {
@@ -84,10 +94,16 @@ TEST_F(EntryCopy, CopiesOnlyFromTheFileThatWasListed) {
   const fs::path from = Write("source.dat", "{\"a\"\t 000}\r\n{\"b\"\t 000}\r\n");
   const fs::path to = Write("target.dat", "x\r\n");
   const tables::TableListing listed = test::Listed(from);
-  Write("source.dat", "{\"b\"\t 000}\r\n");
   tables::TableWriter writer(SystemFiles(), tables::Backups::None);
+  std::this_thread::sleep_for(std::chrono::milliseconds(10));  // the file system's clock
+  // Shorter, and of the same size.
+  for (const char* const now : {"{\"b\"\t 000}\r\n", "{\"b\"\t 000}\r\n{\"a\"\t 000}\r\n"}) {
+    Write("source.dat", now);
+    EXPECT_EQ(CopyEntries(writer, from, listed, {true}, to).error, tables::kEntryChanged);
+    EXPECT_EQ(BytesOf(to), "x\r\n");
+  }
+  fs::remove(from);
   EXPECT_EQ(CopyEntries(writer, from, listed, {true}, to).error, tables::kEntryChanged);
-  EXPECT_EQ(BytesOf(to), "x\r\n");
 }
 
 TEST_F(EntryCopy, FromTheBackupLeavesItAlone) {

@@ -1,10 +1,10 @@
 // The settings store and the registry of platforms that keep both in INI files.
-#include <cstdlib>
 #include <thread>
 
 #include "platform/posix/ini_text.h"
 #include "platform/registry.h"
 #include "platform/settings_store.h"
+#include "support/environment.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::platform {
@@ -42,21 +42,15 @@ TEST(IniText, ChangesValuesAndLeavesAllElse) {
 
 class IniFiles : public test::TemporaryFolder {
  protected:
-  IniFiles() {
-    ::setenv("ZENTAB_SETTINGS_DIR", (Folder() / "settings").c_str(), 1);
-    ::setenv("ZENTAB_REGISTRY_DIR", Folder().c_str(), 1);
-    store_ = UserSettingsStore();
-  }
-  std::unique_ptr<SettingsStore> store_;
+  const test::Variable settings_{"ZENTAB_SETTINGS_DIR", Folder() / "settings"};
+  const test::Variable registry_{"ZENTAB_REGISTRY_DIR", Folder()};
+  std::unique_ptr<SettingsStore> store_ = UserSettingsStore();
 };
 
 TEST_F(IniFiles, ARelativeFolderStaysWhereItWasAtTheStart) {
-  const fs::path before = fs::current_path();
   fs::create_directory(Folder() / "elsewhere");
   fs::current_path(Folder());
-  for (const char* const variable : {"ZENTAB_SETTINGS_DIR", "ZENTAB_REGISTRY_DIR"}) {
-    ::setenv(variable, "own", 1);
-  }
+  for (const test::Variable* const variable : {&settings_, &registry_}) variable->Set("own");
   const auto store = UserSettingsStore();
   const auto registry = SystemRegistry();
   fs::current_path(Folder() / "elsewhere");
@@ -64,7 +58,25 @@ TEST_F(IniFiles, ARelativeFolderStaysWhereItWasAtTheStart) {
   EXPECT_TRUE(fs::exists(Folder() / "own/Zentab.ini"));
   Write("own/registry.ini", "[HKEY_CURRENT_USER\\K]\nv=1\n");
   EXPECT_EQ(registry->ReadRegistryValue(RootKey::CurrentUser, "K", "v"), "1");
-  fs::current_path(before);
+}
+
+TEST_F(IniFiles, WithoutAVariableOfTheirOwnTheyLieWhereSettingsDo) {
+  settings_.Set({});
+  const test::Variable home("HOME", Folder() / "home");
+  const struct {
+    std::optional<std::string> configuration;
+    std::string_view file;
+  } cases[] = {{Folder() / "xdg", "xdg/zentab/Zentab.ini"},
+               {"relative", "home/.config/zentab/Zentab.ini"},
+               {{}, "home/.config/zentab/Zentab.ini"}};
+  for (const auto& [configuration, file] : cases) {
+    const test::Variable xdg("XDG_CONFIG_HOME", configuration);
+    EXPECT_FALSE(UserSettingsStore()->Save("Zentab", "S", {{"a", "1"}})) << file;
+    EXPECT_EQ(BytesOf(Folder() / file), "[S]\na=1\n") << file;
+    fs::remove(Folder() / file);
+  }
+  home.Set({});
+  EXPECT_TRUE(UserSettingsStore()->Save("Zentab", "S", {{"a", "1"}}));
 }
 
 TEST_F(IniFiles, SettingsComeBackWithoutRegardToCase) {

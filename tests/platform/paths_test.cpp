@@ -5,6 +5,7 @@
 #endif
 
 #include "platform/character_case.h"
+#include "platform/locale_queries.h"
 #include "platform/private_file.h"
 #include "support/environment.h"
 #include "support/temporary_folder.h"
@@ -48,7 +49,7 @@ TEST_F(Paths, FixedNamesAreFoundWithoutRegardToCase) {
 
 #ifndef _WIN32
 TEST_F(Paths, PrivateFilesAreReadByTheirUserAloneAndLeaveNothing) {
-  test::SetFolderVariable("TMPDIR", Folder());
+  const test::Variable temporary("TMPDIR", Folder());
   const mode_t usual = ::umask(0);
   std::unique_ptr<PrivateFile> file;
   EXPECT_FALSE(WritePrivateFile("secret", file));
@@ -56,11 +57,32 @@ TEST_F(Paths, PrivateFilesAreReadByTheirUserAloneAndLeaveNothing) {
   EXPECT_EQ(test::BytesOf(file->Path()), "secret");
   file.reset();
   EXPECT_TRUE(fs::is_empty(Folder()));
-  test::SetFolderVariable("TMPDIR", Folder() / "missing");
+  temporary.Set(Folder() / "missing");
   EXPECT_TRUE(WritePrivateFile("secret", file));
   EXPECT_EQ(file, nullptr);
-  ::unsetenv("TMPDIR");
   ::umask(usual);
+}
+
+// The first of the variables that is set decides.
+TEST(Locale, FollowsTheEnvironment) {
+  using Value = std::optional<std::string>;
+  const struct {
+    Value all, type, language;
+    std::uint32_t identifier;
+    std::optional<int> characterSet;
+  } cases[] = {
+      {"de_DE.UTF-8", "ja_JP", "zh_CN", 0x0407, 0}, {{}, "ja_JP.eucJP", "zh_CN", 0x0411, 128},
+      {"", "", "zh_CN@pinyin", 0x0804, 134},        {{}, {}, "pl_PL", 0x0415, 238},
+      {"tlh", "ja_JP", "zh_CN", 0x0409, {}},        {{}, {}, {}, 0x0409, {}},
+  };
+  for (const auto& [all, type, language, identifier, characterSet] : cases) {
+    const test::Variable first("LC_ALL", all), second("LC_CTYPE", type), third("LANG", language);
+    EXPECT_EQ(SystemLocaleIdentifier(), identifier) << all.value_or("none");
+    EXPECT_EQ(UserCharacterSet(), characterSet) << all.value_or("none");
+  }
+  const test::Variable plain("LC_ALL", "C");
+  EXPECT_EQ(UserDecimalSeparator(), ".");
+  EXPECT_EQ(MonthAbbreviation(1) + MonthAbbreviation(2) + MonthAbbreviation(12), "JanFebDec");
 }
 #endif
 

@@ -2,6 +2,7 @@
 
 #ifndef _WIN32
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #endif
 
 #include <algorithm>
@@ -117,6 +118,31 @@ TEST_F(SafeFileReplacement, KeepsAccessRightsAndSymbolicLinks) {
   EXPECT_EQ(BytesOf(Folder() / "made.dat"), kFresh);
   EXPECT_EQ(BytesOf(file), kFresh);
   EXPECT_EQ(fs::status(file).permissions(), kRights);
+}
+
+// Where the file system has attributes: one of the user's own, and a list that lets a user in.
+TEST_F(SafeFileReplacement, KeepsAttributesAndAccessLists) {
+  const fs::path file = Write("table.dat", kOld);
+  const std::string own = "\0 mine", name = "user.zentab", list = "system.posix_acl_access";
+  // Of the owner, of user 7, of the group, their mask, of others.
+  const std::string rights(
+      "\2\0\0\0\1\0\6\0\xFF\xFF\xFF\xFF\2\0\6\0\7\0\0\0\4\0\4\0\xFF\xFF\xFF\xFF"
+      "\x10\0\6\0\xFF\xFF\xFF\xFF\x20\0\0\0\xFF\xFF\xFF\xFF",
+      44);
+  for (const auto& [attribute, value] : {std::pair(name, own), {list, rights}}) {
+    if (::setxattr(file.c_str(), attribute.c_str(), value.data(), value.size(), 0) != 0) continue;
+    EXPECT_FALSE(ReplaceFile(SystemFiles(), file, WriteFresh)) << attribute;
+    std::string kept(100, '-');
+    const ssize_t size = ::getxattr(file.c_str(), attribute.c_str(), kept.data(), kept.size());
+    EXPECT_EQ(kept.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0))), value)
+        << attribute;
+    // A list of the folder is no matter of a file that had none.
+    ASSERT_EQ(::removexattr(file.c_str(), attribute.c_str()), 0);
+  }
+  const bool hasLists = ::setxattr(Folder().c_str(), "system.posix_acl_default", rights.data(),
+                                   rights.size(), 0) == 0;
+  EXPECT_FALSE(ReplaceFile(SystemFiles(), file, WriteFresh));
+  EXPECT_LT(::getxattr(file.c_str(), list.c_str(), nullptr, 0), 0) << hasLists;
 }
 
 // What stands under the lock's name and is no lock stays; a lock is open to everyone.

@@ -32,6 +32,9 @@ class FailingFileLayer final : public SteppedFileLayer {
   std::string failedStep;            // the name of the step that failed
   std::size_t failingRead = kNever;  // of the steps that read, which are counted apart
 
+  // There is nobody whose change could come to its end.
+  bool GoOnWaiting(std::chrono::steady_clock::duration) override { return false; }
+
  private:
   std::error_code BeforeReading(const char*) override {
     return reads_++ == failingRead ? std::make_error_code(fault.error) : std::error_code();

@@ -31,7 +31,7 @@ struct LineFile {
 };
 
 /// Files that a reader of lines may stumble over: every kind of line end, random bytes, lines and
-/// line ends that straddle the blocks in which files are read, a line of 50 MB.
+/// line ends that straddle the blocks in which files are read, a line of many blocks.
 [[nodiscard]] inline std::vector<LineFile> HostileLineFiles() {
   const std::string endings[] = {"\r\n", "\n", "\r"};
   LineFile noise{"random bytes", {}};
@@ -57,7 +57,7 @@ struct LineFile {
       files.push_back({what + ", the last", {{text, end}}});
     }
   }
-  files.push_back({"50 MB", {{"a", "\r\n"}, {std::string(50'000'000, '('), "\r\n"}, {"b", ""}}});
+  files.push_back({"5 MB", {{"a", "\r\n"}, {std::string(5'000'000, '('), "\r\n"}, {"b", ""}}});
   return files;
 }
 

@@ -13,12 +13,14 @@
 
 namespace zentab::test {
 
-/// A test with an empty folder of its own, which goes when the test ends.
+/// A test with an empty folder of its own, which goes when the test ends; the working folder is
+/// then the one it was.
 class TemporaryFolder : public ::testing::Test {
  public:
   ~TemporaryFolder() override {
-    // Windows removes neither read-only files nor what a test holds open.
     std::error_code ignored;
+    std::filesystem::current_path(workingFolder_, ignored);
+    // Windows removes neither read-only files nor what a test holds open.
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_, ignored)) {
       std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_write,
                                    std::filesystem::perm_options::add, ignored);
@@ -52,6 +54,7 @@ class TemporaryFolder : public ::testing::Test {
   }
 
  private:
+  std::filesystem::path workingFolder_ = std::filesystem::current_path();
   std::filesystem::path folder_;
 };
 

@@ -15,11 +15,6 @@ using tables::Instrument;
 using Lines = std::vector<std::string>;
 
 class InstrumentSessionTest : public test::TemporaryFolder {
- public:
-  ~InstrumentSessionTest() override {
-    std::filesystem::current_path(std::filesystem::temp_directory_path());
-  }
-
  protected:
   InstrumentSessionTest() { test::InstallSimulators(Folder()); }
 
@@ -110,6 +105,7 @@ TEST_F(InstrumentSessionTest, AFailedOpenKeepsTheLastGoodPickup) {
       {"pickup = 0.05\n", true, 1.0f},
       {"pickup = 0.1\n", true, 0.1f},
       {"pickup = 25\nfail = open\n", false, 0.1f},
+      {"pickup = 25\nopened = 2\n", false, 0.1f},
       {"pickup = nan\n", true, 1.0f},
       {"pickup = inf\n", true, 1.0f},
       {"pickup = 7\n", true, 7.0f},

@@ -97,9 +97,6 @@ TEST(ReferenceGraph, JoinsTheRowsUpToTheFirstGapAndTheExtensions) {
 }
 
 class GrhFile : public test::TemporaryFolder {
- public:
-  ~GrhFile() override { std::filesystem::current_path(std::filesystem::temp_directory_path()); }
-
  protected:
   GrhFile() { std::filesystem::create_directory(Folder() / "data"); }
 

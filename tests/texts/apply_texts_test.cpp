@@ -34,10 +34,11 @@ class RecordingTarget final : public TextTarget {
 
 class ApplyTextsTest : public test::TemporaryFolder {
  protected:
-  void Apply(std::string_view bytes) {
+  static std::string InBrackets(std::string_view text) { return "<" + std::string(text) + ">"; }
+  static std::string Plain(std::string_view text) { return std::string(text); }
+  void Apply(std::string_view bytes, const TextExpander& expand = InBrackets) {
     const auto error =
-        ApplyTexts(platform::SystemFiles(), Write("catalogue.txt", bytes), target, texts,
-                   [](std::string_view text) { return "<" + std::string(text) + ">"; });
+        ApplyTexts(platform::SystemFiles(), Write("catalogue.txt", bytes), target, texts, expand);
     EXPECT_FALSE(error);
   }
   RecordingTarget target;
@@ -82,6 +83,48 @@ TEST_F(ApplyTextsTest, KeysReachTheirControlsAndTablesInOrder) {
   EXPECT_TRUE(texts.logSwitch);
 }
 
+TEST_F(ApplyTextsTest, KeysWithANumberReachTheirOwn) {
+  std::map<std::string, std::string> text;
+  std::string all;
+  for (const std::string& key : CatalogueKeys()) {
+    text[key] = "t" + std::to_string(text.size());
+    all += key + " {" + text[key] + "}\n";
+  }
+  Apply(all, Plain);
+  for (std::size_t box = 1; box <= 6; ++box) {
+    const std::string key = "F1.MSGBOX" + std::to_string(box);
+    EXPECT_EQ(texts.messages[box].title + texts.messages[box].text,
+              text[key + ".HEAD"] + text[key + ".TXT"]);
+  }
+  for (std::size_t kind = 1; kind <= 3; ++kind) {
+    const InstrumentTexts& instrument = texts.instruments[kind];
+    const std::string number = kind == 1 ? "" : std::to_string(kind);
+    EXPECT_EQ(instrument.unit, text["F1.INSTRUMENT" + std::to_string(kind) + ".UNIT"]);
+    for (const auto& [key, field] : {std::pair("F1.COMMAND5.TEXT", instrument.setGraphCaption),
+                                     {"F1.COMMAND5.TIP", instrument.setGraphTip},
+                                     {"F1.TEXT2.TIP", instrument.pickupTip},
+                                     {"F1.PICKUP.LABEL", instrument.pickupLabel},
+                                     {"FIRST.X", instrument.firstX},
+                                     {"FIRST.Y", instrument.firstY},
+                                     {"LAST.X", instrument.lastX},
+                                     {"LAST.Y", instrument.lastY}}) {
+      EXPECT_EQ(field, text[key + number]) << key << number;
+    }
+  }
+  for (const char* const button : {"1", "2", "3", "4", "6", "7", "8", "9"}) {
+    const std::string key = std::string("F1.COMMAND") + button;
+    EXPECT_EQ(target.captions[std::string("Command") + button], text[key + ".TEXT"]);
+    EXPECT_EQ(target.tips[std::string("Command") + button], text[key + ".TIP"]);
+  }
+  const std::string_view stages[] = {"DIFF", "VALUE", "FILTER"};
+  for (std::size_t stage = 0; stage < 3; ++stage) {
+    for (std::size_t slot = 1; slot <= 10; ++slot) {
+      const std::string key = std::string(stages[stage]) + ".EQUATION." + std::to_string(slot);
+      EXPECT_EQ(texts.equations[stage][slot], text[key]) << key;
+    }
+  }
+}
+
 TEST_F(ApplyTextsTest, ALaterFileOverridesWithWhatItHas) {
   Apply("F1.COMMAND1.TEXT {a}\nF1.COMMAND2.TEXT {b}\n");
   Apply("F1.COMMAND1.TEXT {}\nF1.COMMAND2.TEXT {c}\n");
@@ -116,6 +159,9 @@ TEST_F(ApplyTextsTest, SwitchesAndFieldsFollowTheirTexts) {
     EXPECT_EQ(found == target.shown.end() ? std::nullopt : std::optional(found->second), c.shown)
         << c.line;
   }
+  Apply("F1.INSTRUMENTS.TEXT {  }", Plain);
+  EXPECT_FALSE(target.shown.at("Frame1"));
+  EXPECT_FALSE(target.captions.contains("Text4")) << "the switch is no text of its field";
   Apply("DIFF.TYPE { 2.5 }\nFILTER.TYPE {4}\nVALUE.MEAN.OVER {x}\nTABLE.PRINT {no}");
   EXPECT_EQ(target.captions["Text4"], "2.5");
   EXPECT_EQ(texts.import.differenceType, 2);
@@ -127,17 +173,6 @@ TEST_F(ApplyTextsTest, SwitchesAndFieldsFollowTheirTexts) {
   Apply("DIFF.TYPE {40000}\nTABLE.PRINT {0}");
   EXPECT_EQ(texts.import.differenceType, 2);
   EXPECT_FALSE(texts.import.printTable);
-}
-
-TEST(InstrumentFrame, BlanksHideIt) {
-  RecordingTarget target;
-  CatalogueTexts texts;
-  const auto file = std::filesystem::temp_directory_path() / "zentab-frame-test.txt";
-  std::ofstream(file) << "F1.INSTRUMENTS.TEXT {  }\n";
-  EXPECT_FALSE(ApplyTexts(platform::SystemFiles(), file, target, texts,
-                          [](std::string_view text) { return std::string(text); }));
-  std::filesystem::remove(file);
-  EXPECT_FALSE(target.shown.at("Frame1"));
 }
 
 TEST(ShippedCatalogues, HaveEveryKeyOnceAndNoneBehindALongerOne) {

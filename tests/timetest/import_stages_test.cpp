@@ -147,6 +147,10 @@ TEST(ImportStages, MeansHaveTheBitsOfPlainAdditions) {
         point.time = round % 2 == 0 ? base - bit : base * bit;
       }
     }
+    // Times that differ by the last bit of a double.
+    if (round % 11 == 0) {
+      for (MeasuredPoint& point : points) point.time = random() % 2 == 0 ? 1.0 : 1.0 + 0x1p-52;
+    }
     for (const int width : {-3, 0, 1, 2, 5, 8, 31, 100, 32767}) {
       Told told{points};
       Points result = points;

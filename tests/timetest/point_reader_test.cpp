@@ -75,6 +75,7 @@ TEST_F(PointReader, OneReadingGivesWhatTheEntriesGive) {
       "T",
       "T\n",
       "T\n2\t1\t1\t\n1\t2\t2\t\n",
+      "T\n01\t5\t6\t\n1\t1\t2\t\n",
       "T\n12\t5\t6\t\n1\t1\t2\t\n2\t3\t4\t\n",
       "T\n10\t0\t0\t\n9\t9\t9\t\n8\t8\t8\t\n7\t7\t7\t\n6\t6\t6\t\n5\t5\t5\t\n4\t4\t4\t\n3\t3\t3\t\n"
       "2\t2\t2\t\n1\t1\t1\t\n11\t11\t11\t\n",

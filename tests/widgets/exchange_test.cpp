@@ -77,6 +77,24 @@ class ExchangeTest : public QObject {
     QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|X|Y Ü"));
   }
 
+  void ASourceThatChangesBehindTheDialogIsListedAnew() {
+    WindowFixture& f = Start();
+    const QByteArray x = "{\"X\"\t(5;5) 000}\r\n", y = "{\"Y\"\t(6;6) 000}\r\n";
+    f.Write("other.dat", x + y);
+    f.dialogs.file = f.Path("other.dat");
+    InDialog("m_imp", [&](ExchangeDialog& dialog) {
+      Select(dialog, {0});
+      // Of the same size.
+      QTRY_VERIFY((f.Write("other.dat", y + x), dialog.command1->click(), true) &&
+                  NamesIn(dialog) == QStringLiteral("Y|X"));
+      QCOMPARE(dialog.outcome->text(), QString::fromStdString(f.session.texts.program.fileChanged));
+      QCOMPARE(f.Bytes(), kLibrary);
+      Select(dialog, {0});
+      dialog.command1->click();
+    });
+    QCOMPARE(f.Bytes(), kLibrary + "\r\n" + y);
+  }
+
   void TheSelectionStaysWithItsEntry() {
     WindowFixture& f = Start();
     f.Write("other.dat", "{\"X\"\t(5;5) 000}\r\n");
@@ -116,6 +134,11 @@ class ExchangeTest : public QObject {
     f.dialogs.file.clear();
     InDialog("m_imp", [&f](ExchangeDialog& dialog) {
       QVERIFY(!dialog.command1->isEnabled());
+      // A dialog that comes into view again asks no more.
+      QShowEvent again;
+      QCoreApplication::sendEvent(&dialog, &again);
+      QCoreApplication::processEvents();
+      QCOMPARE(f.dialogs.filesAsked, 1);
       f.dialogs.file = f.Path("other.dat");
       dialog.fileButton->click();
       QCOMPARE(NamesIn(dialog), QStringLiteral("X"));
@@ -252,6 +275,7 @@ class ExchangeTest : public QObject {
     f.dialogs.file = f.Path("other.dat");
     InDialog("m_exp", [](ExchangeDialog& dialog) {
       QCOMPARE(dialog.size(), QSize(618, 448));
+      QVERIFY(ShowsAsDesigned(dialog, QStringLiteral(WINDOWS), QStringLiteral("Form2")));
       const QRect before = dialog.command1->geometry();
       for (const QSize size : {QSize(700, 500), QSize(10, 10)}) {
         dialog.resize(size);

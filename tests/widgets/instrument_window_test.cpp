@@ -11,6 +11,7 @@
 
 #include "app/widgets/qt_user_dialogs.h"
 #include "editor/widgets/curve_chart.h"
+#include "editor/widgets/curve_grid_view.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -313,6 +314,7 @@ class InstrumentWindowTest : public QObject {
     QVERIFY2(f.dialogs.asked[0].find("pickup") != std::string::npos, "relative, no pickup value");
     Read(0);
     const QString curve = Cells();
+    made_->Click("Command5");
     made_->Click("Command6");
     QVERIFY(f.dialogs.asked.back().find("bad.grh could not be read") != std::string::npos);
     f.Write("bad.grh", "@A\r\n1\r\n1 2 3 x 0 0 0\r\n");
@@ -321,12 +323,20 @@ class InstrumentWindowTest : public QObject {
             std::string::npos);
     QCOMPARE(Cells(), curve);
     QVERIFY(!f.session.table.tableModified);
-    f.session.table.tableModified = true;
-    f.dialogs.answer = false;
-    const std::size_t asked = f.dialogs.asked.size();
-    made_->Click("Command6");
-    QCOMPARE(f.dialogs.asked.size(), asked + 1);
-    QCOMPARE(Cells(), curve);
+    QVERIFY(QFile::copy(f.Path("data/current/reference.grh"), f.Path("good.grh")));
+    f.dialogs.file = f.Path("good.grh");
+    auto* const grid = f.Find<editor::CurveGridView>("MSFlexGrid1");
+    grid->GridEdit('8');
+    const QString edited = Cells();
+    QVERIFY(edited != curve);
+    for (const bool answer : {false, true}) {
+      f.dialogs.answer = answer;
+      f.dialogs.asked.clear();
+      made_->Click("Command6");
+      QCOMPARE(f.dialogs.asked, std::vector<std::string>{f.session.texts.messages[1].text});
+      QCOMPARE(Cells(), answer ? curve : edited);
+      QVERIFY2(f.Find<QWidget>("Text11")->isHidden(), "its text would come over what is imported");
+    }
   }
 };
 

@@ -4,6 +4,8 @@
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
+#include <QTimer>
+#include <atomic>
 
 #include "editor/widgets/curve_grid_view.h"
 #include "widgets/window_fixture.h"
@@ -15,6 +17,18 @@ const QByteArray kA = "{\"Anna\"\t(1.5;10)(2;4) 001}\r\n";
 const QByteArray kB = "{\"Berta\"\t(2.5;10)(3;4) 001}\r\n";
 const QByteArray kC = "{\"Cäsar\"\t(3.5;10)(4;4) 001}\r\n";
 const QByteArray kForeign = "{\"foreign\"\t(7;7)(8;8) 001}\r\n";
+
+// Holds the files' thread before each step that changes something.
+class HeldFileLayer final : public test::SteppedFileLayer {
+ public:
+  std::atomic<bool> isHeld = false;
+
+ private:
+  std::error_code Before(const char*) override {
+    isHeld.wait(true);
+    return {};
+  }
+};
 
 // The library panel while the table file changes, cannot be written, or is long.
 class LibraryWindowTest : public QObject {
@@ -226,6 +240,34 @@ class LibraryWindowTest : public QObject {
     QVERIFY(Message().contains(QStringLiteral("no backup")));
     QCOMPARE(f.dialogs.asked.size(), 9u);
     QVERIFY2(!f.Bytes().isEmpty() && !QFile::exists(f.Path("relayTables.dat.new")), "left behind");
+  }
+
+  void TheWindowStaysWhileAFileIsWritten() {
+    HeldFileLayer layer;
+    made_ = std::make_unique<WindowFixture>(kA + kB, ".", &layer);
+    WindowFixture& f = *made_;
+    f.Click("Command1");
+    bool closed = true;
+    QTimer::singleShot(0, f.window.get(), [&] {
+      closed = f.window->close();
+      layer.isHeld = false;
+      layer.isHeld.notify_all();
+    });
+    layer.isHeld = true;
+    f.Click("Command2");
+    QVERIFY(!closed && f.window->isVisible());
+    QCOMPARE(f.Bytes(), kB);
+    QVERIFY(f.window->close());
+  }
+
+  void BehindTheLastEntryTheOneBeforeItIsSelected() {
+    made_ = std::make_unique<WindowFixture>(kA + kB + kC);
+    for (const int row : {1, 0, -1}) {
+      made_->Select(row + 1);
+      made_->Click("Command2");
+      QCOMPARE(made_->SelectedRow(), row);
+    }
+    QVERIFY(!made_->Find<QWidget>("Command1")->isEnabled());
   }
 
   void TheListStaysWhereItWasScrolledTo() {

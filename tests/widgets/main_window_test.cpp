@@ -71,6 +71,16 @@ class MainWindowTest : public QObject {
     QVERIFY(made_->Find<QWidget>("Option3")->isHidden());
   }
 
+  void IsLaidOutAsDesigned() {
+    WindowFixture& f = Start();
+    f.window->resize(1240, 820);
+    f.Write("Zentab.txt",
+            "F1.CHECK1.TEXT {abs}\nTIME.MS.TEXT {ms}\nTIME.MULT.ENABLE {1}\nDIFF.TYPE {-}\n"
+            "FILTER.TYPE {-}\nVALUE.MEAN.OVER {-}\nF1.COMMAND6.TEXT {Import}\n");
+    f.Open();
+    QVERIFY(ShowsAsDesigned(*f.window, QStringLiteral(WINDOWS), QStringLiteral("Form1")));
+  }
+
   void ReadsAnEntryWithItsSettings() {
     Start();
     made_->Select(1);
@@ -208,9 +218,19 @@ class MainWindowTest : public QObject {
     f.dialogs.file = f.Path("other.dat");
     choose->trigger();
     QCOMPARE(NamesIn(*made_->window), QStringLiteral("Only"));
-    QVERIFY(f.Find<QLabel>("StatusFile")->text().endsWith(QStringLiteral("other.dat")));
+    const auto* const file = f.Find<QLabel>("StatusFile");
+    QVERIFY(file->text().endsWith(QStringLiteral("other.dat")));
+    QCOMPARE(QDir(file->toolTip()), QDir(f.Path("other.dat")));
     made_->Click("Command1");
     QCOMPARE(Cell(2, 2), QStringLiteral("4"));
+    // Of a long path the end is shown.
+    for (const int length : {70, 71}) {
+      f.dialogs.file = QString(length - 6, 'x') + QStringLiteral("/t.dat");
+      choose->trigger();
+      const QString shown = file->text();
+      QCOMPARE(shown.size(), qsizetype{length});
+      QVERIFY(shown.endsWith(QStringLiteral("x/t.dat")) && (shown[0] == 'x') == (length == 70));
+    }
   }
 
   void ClosingKeepsTheSettingsAndAsksForEdits() {
@@ -228,6 +248,17 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.store.values["F1Width"], std::string("19500"));
     f.dialogs.answer = true;
     QVERIFY(f.window->close());
+    // Off every screen.
+    for (const auto& [left, top] : {std::pair("-30000", "0"), {"900000", "0"}, {"0", "-30000"}}) {
+      f.store.values["F1Left"] = left;
+      f.store.values["F1Top"] = top;
+      f.Open();
+      QVERIFY(f.window->screen()->geometry().intersects(f.window->geometry()));
+    }
+    f.store.values["F1Left"] = "1500";
+    f.store.values["F1Top"] = "750";
+    f.Open();
+    QCOMPARE(f.window->pos(), QPoint(100, 50));
     f.store.values["F1Left"] = "-5e7";
     f.store.values["F1Height"] = "1499999";
     f.Open();

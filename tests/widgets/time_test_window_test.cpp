@@ -79,7 +79,8 @@ class TimeTestWindowTest : public QObject {
     fixture.session.table.tableModified = true;
     fixture.dialogs.answer = false;
     made_->Click("Command10");
-    QCOMPARE(fixture.dialogs.asked.size(), 1u);
+    QCOMPARE(fixture.dialogs.asked,
+             std::vector<std::string>{fixture.session.texts.messages[1].text});
     QCOMPARE(Row(1), QStringLiteral("mine "));
     fixture.dialogs.answer = true;
     fixture.Find<QLineEdit>("Text5")->setText("4");
@@ -128,6 +129,15 @@ class TimeTestWindowTest : public QObject {
     QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
     QCoreApplication::sendEvent(fixture.window.get(), &event);
     QTRY_VERIFY(Offered());
+    // With a module that does not open it is of no use.
+    test::SetInstrument(fixture.session.installFolder, "current", "fail = open\n");
+    made_->Click("Option1");
+    QVERIFY(!Offered());
+    QCoreApplication::sendEvent(fixture.window.get(), &event);
+    // The files' thread does one thing after the other.
+    made_->Click("Command1");
+    QCoreApplication::processEvents();
+    QVERIFY(!Offered());
   }
 
   void ALongImportShowsHowFarItIsAndCanBeStopped() {

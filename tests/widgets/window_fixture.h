@@ -2,13 +2,18 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemModelTester>
+#include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QListView>
+#include <QRegularExpression>
+#include <QShortcut>
 #include <QTemporaryDir>
+#include <cstdio>
 #include <functional>
 #include <map>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 #include "app/library_commands.h"
@@ -25,6 +30,7 @@ class AnsweringDialogs : public UserDialogs {
  public:
   bool answer = true;
   QString file;
+  int filesAsked = 0;
   std::optional<double> number;
   std::vector<std::string> asked;
   std::function<void()> onError;
@@ -45,9 +51,9 @@ class AnsweringDialogs : public UserDialogs {
     asked.push_back(question.title.toStdString());
     return number && question.accepts(*number) ? number : std::nullopt;
   }
-  QString ChooseTableFile() override { return file; }
-  QString ChooseGraphFile() override { return file; }
-  QString ChooseTargetFile() override { return file; }
+  QString ChooseTableFile() override { return ++filesAsked, file; }
+  QString ChooseGraphFile() override { return ++filesAsked, file; }
+  QString ChooseTargetFile() override { return ++filesAsked, file; }
 };
 
 /// The names in a window's list.
@@ -58,6 +64,48 @@ inline QString NamesIn(const QWidget& window) {
     names.append(model->index(row, 0).data().toString());
   }
   return names.join('|');
+}
+
+/// What a window shows, a line for each named control in the order of reading: its name, state ("-"
+/// hidden, "!" disabled), text, placeholder, tip and keys; behind them the named actions.
+inline QStringList Described(const QWidget& window) {
+  std::map<std::tuple<int, int, QString>, QString> rows;
+  const auto add = [&rows](const QObject& object, const QPoint& place, const QString& state) {
+    QStringList fields = {object.objectName() + state};
+    for (const char* const property : {"text", "title", "placeholderText", "toolTip", "shortcut"}) {
+      QString value = object.property(property).toString();
+      value.remove(QRegularExpression(QStringLiteral("^/.*/")));  // the folder of this run
+      if (!value.isEmpty()) fields += value.replace('\n', QStringLiteral("\\n"));
+    }
+    for (const auto* const shortcut : object.findChildren<QShortcut*>()) {
+      if (shortcut->parent() == &object) fields += shortcut->key().toString();
+    }
+    rows[{place.y(), place.x(), object.objectName()}] = fields.join('\t');
+  };
+  for (const auto* const control : window.findChildren<QWidget*>()) {
+    const QString name = control->objectName();
+    if (name.isEmpty() || name.startsWith(QLatin1String("qt_"))) continue;
+    add(*control, control->mapTo(&window, QPoint()),
+        QLatin1String(control->isVisible() ? "" : "-") + (control->isEnabled() ? "" : "!"));
+  }
+  int number = 0;
+  for (const auto* const action : window.findChildren<QAction*>()) {
+    if (!action->objectName().isEmpty()) add(*action, {number++, window.height()}, {});
+  }
+  QStringList lines;
+  for (const auto& [place, line] : rows) lines += line;
+  return lines;
+}
+
+/// Whether a window shows the rows of a file behind "[section]"; prints what it shows otherwise.
+inline bool ShowsAsDesigned(const QWidget& window, const QString& path, const QString& section) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) qFatal("there is no list of controls");
+  const QString text = QString::fromUtf8(file.readAll()).section('[' + section + "]\n", 1);
+  const QString shown = Described(window).join('\n');
+  const bool isSame = shown == text.section(QStringLiteral("\n\n"), 0, 0).trimmed();
+  if (!isSame) std::puts(qPrintable(shown));
+  return isSame;
 }
 
 class MemoryStore : public platform::SettingsStore {
@@ -79,6 +127,8 @@ class MemoryStore : public platform::SettingsStore {
 /// A main window on an installation folder with the simulated instruments, thrown away at the end.
 class WindowFixture {
  public:
+  static constexpr int kLookEvery = 10;  // milliseconds
+
   /// `layer` serves in the place of `files`.
   explicit WindowFixture(const QByteArray& library, const std::string& separator = ".",
                          platform::FileLayer* layer = nullptr)
@@ -105,8 +155,9 @@ class WindowFixture {
     session.installFolder = folder_.path().toStdString();
     session.tablePath = settings.tableName;
     session.modes.absoluteValues = settings.absValues == "1";
-    window = std::make_unique<MainWindow>(MainWindowParts{
-        session, settings, "Zentab", store, layer_, dialogs, executable, recoveryFolder});
+    window = std::make_unique<MainWindow>(MainWindowParts{session, settings, "Zentab", store,
+                                                          layer_, dialogs, executable,
+                                                          recoveryFolder, kLookEvery});
     window->Load();
     for (const auto* const view : window->findChildren<QAbstractItemView*>()) {
       // Looks at the model whenever it changes, for as long as it lives.

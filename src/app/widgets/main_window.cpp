@@ -21,8 +21,8 @@
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_panel.h"
-#include "app/widgets/panel_walk.h"
 #include "app/widgets/panel_focus.h"
+#include "app/widgets/panel_walk.h"
 #include "app/widgets/plain_texts.h"
 #include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
@@ -60,8 +60,8 @@ MainWindow::MainWindow(MainWindowParts parts)
       library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
-      libraryController_(
-          new LibraryController(session_, files_, writer_, parts.dialogs, *library_)),
+      libraryController_(new LibraryController(session_, files_, writer_, parts.dialogs, *library_,
+                                               parts.lookEvery)),
       timeTest_(new TimeTestController(session_, files_, parts.dialogs, log_, *chart_)),
       instruments_(new InstrumentController(session_, log_, parts.dialogs, *table_)),
       graphs_(new ReferenceGraphController(session_, files_, parts.dialogs, log_,

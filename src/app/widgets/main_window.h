@@ -48,7 +48,8 @@ struct MainWindowParts {
   UserDialogs& dialogs;
   std::filesystem::path executable;  // beside which the default catalogue lies
   std::filesystem::path recoveryFolder =
-      {};  // for tables that no library has; empty: none are kept
+      {};               // for tables that no library has; empty: none are kept
+  int lookEvery = 500;  // milliseconds between two looks at the table file
 };
 
 /// The window `Form1`: sets up the panels and their controllers, and follows start and end.

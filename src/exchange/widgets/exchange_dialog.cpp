@@ -36,7 +36,6 @@ ExchangeDialog::ExchangeDialog(QAbstractItemModel& entries, QWidget* parent)
   list1->setObjectName(QStringLiteral("List1"));
   list1->setModel(&entries);
   list1->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  list1->setEditTriggers(QAbstractItemView::NoEditTriggers);
   list1->setUniformItemSizes(true);
   list1->setTextElideMode(Qt::ElideRight);
   list1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -89,7 +89,7 @@ double Trapezoid(double t, double period, double slope) {
 // From -1 straight up to 1 within the given share of the period, then straight down.
 double Linear(double t, double period, double share) {
   const double phase = Phase(t, period);
-  if (!IsShare(share)) return kNoNumber;
+  if (std::isnan(phase) || !IsShare(share)) return kNoNumber;
   return phase < share  ? 2.0 * phase / share - 1.0
          : share == 1.0 ? -1.0
                         : 1.0 - 2.0 * (phase - share) / (1.0 - share);
@@ -98,8 +98,9 @@ double Linear(double t, double period, double share) {
 // A staircase from 0 up to 1 with the given number of treads.
 double Steps(double t, double period, double count) {
   if (!(count >= 2.0) || !IsWholeNumber(count)) return kNoNumber;
-  const double level = std::floor(Phase(t, period) * count + kPhaseTolerance * count);
-  return std::fmin(level, count - 1.0) / (count - 1.0);
+  const double phase = Phase(t, period);
+  const double level = std::floor(phase * count + kPhaseTolerance * count);
+  return std::isnan(phase) ? phase : std::fmin(level, count - 1.0) / (count - 1.0);
 }
 
 // 1 at the start of every period, decaying with the given time constant.

@@ -9,16 +9,9 @@
 #include "app/widgets/status_line.h"
 
 namespace zentab::app {
-namespace {
-
-// Network shares tell nobody of changes that other computers make: the file has to be looked at.
-constexpr int kLookEvery = 500;  // milliseconds
-
-}  // namespace
-
 LibraryController::LibraryController(Session& session, ResponsiveFiles& files,
                                      tables::TableWriter& writer, UserDialogs& dialogs,
-                                     LibraryPanel& panel)
+                                     LibraryPanel& panel, int lookEvery)
     : QObject(&panel),
       session_(session),
       files_(files),
@@ -27,7 +20,8 @@ LibraryController::LibraryController(Session& session, ResponsiveFiles& files,
       dialogs_(dialogs),
       panel_(panel),
       watch_(new QTimer(this)) {
-  watch_->setInterval(kLookEvery);
+  // Network shares tell nobody of changes that other computers make: the file has to be looked at.
+  watch_->setInterval(lookEvery);
   connect(watch_, &QTimer::timeout, this, &LibraryController::LookAtFile);
   panel.SetKeepAlive(writer.Alive());
   connect(&panel, &LibraryPanel::FilterWanted, this, &LibraryController::Filter);

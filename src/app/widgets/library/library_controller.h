@@ -23,7 +23,7 @@ class LibraryController : public QObject {
 
  public:
   LibraryController(Session& session, ResponsiveFiles& files, tables::TableWriter& writer,
-                    UserDialogs& dialogs, LibraryPanel& panel);
+                    UserDialogs& dialogs, LibraryPanel& panel, int lookEvery);
 
   /// Lists the active table file and selects its first entry.
   void FillEntryList();

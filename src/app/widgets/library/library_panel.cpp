@@ -40,7 +40,6 @@ LibraryPanel::LibraryPanel(const std::vector<std::string>& names, QWidget* paren
   list1_->setModel(model_);
   list1_->setItemDelegate(new RoomyRows(list1_));
   list1_->setUniformItemSizes(true);
-  list1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   list1_->setTextElideMode(Qt::ElideRight);
   list1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list1_->setToolTip(QStringLiteral("The curve tables of the active table file"));
