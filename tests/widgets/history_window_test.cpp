@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "app/session_history.h"
+#include "app/widgets/session_end.h"
 #include "app/widgets/table/recovery_keeper.h"
 #include "editor/widgets/curve_grid_view.h"
 #include "exchange/widgets/exchange_dialog.h"
@@ -224,7 +225,7 @@ class HistoryWindowTest : public QObject {
     QVERIFY2(f_->dialogs.asked.empty(), "declined, it is not offered again");
     Go("m_back");
     QCOMPARE(f_->session.table.grid.Cell(1, 1), "1.57");
-    QVERIFY(f_->session.table.tableModified);
+    QVERIFY(f_->session.table.tableModified && f_->SelectedRow() == 0);
     Type(1, 2, QStringLiteral("5"));
     QTRY_VERIFY(f_->window->findChild<RecoveryKeeper*>() != nullptr && files() == 1);
     f_->window->findChild<RecoveryKeeper*>()->KeepNow();
@@ -234,6 +235,12 @@ class HistoryWindowTest : public QObject {
     Go("m_undo");
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "");
     Go("m_redo");
+    // Who must end without asking leaves what was not stored to the next start.
+    f_->window->findChild<SessionEnd*>()->EndUnasked();
+    QVERIFY(!f_->window->isVisible());
+    QCOMPARE(files(), 1);
+    crash();
+    QCOMPARE(f_->dialogs.asked.size(), 1U);
     QVERIFY(f_->window->close());
     QCOMPARE(files(), 0);
   }

@@ -250,6 +250,8 @@ void MainWindow::ConnectHistory() {
   connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshChart);
   connect(recovery_, &RecoveryKeeper::GridNeeded, grid, &editor::CurveGridView::CloseEditor);
   connect(recovery_, &RecoveryKeeper::BroughtBack, undo_, &HistoryController::ShowTable);
+  connect(recovery_, &RecoveryKeeper::BroughtBack, libraryController_,
+          &LibraryController::SelectSource);
   connect(grid, &editor::CurveGridView::Edited, recovery_, &RecoveryKeeper::Follow);
   connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(tools_, &PointToolsController::TableChanged, recovery_, &RecoveryKeeper::Follow);

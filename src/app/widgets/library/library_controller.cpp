@@ -206,6 +206,13 @@ void LibraryController::ShowChanged(const tables::EntryMark& entry) {
   Q_EMIT LibraryChanged();
 }
 
+void LibraryController::SelectSource() {
+  const std::optional<editor::EntryInGrid>& source = session_.source;
+  if (!source || source->tablePath != session_.tablePath) return;
+  const std::size_t place = session_.listing.PlaceOf({0, source->hash});
+  if (place != tables::kNoLine) panel_.ShowNames(place);
+}
+
 QString LibraryController::WriteFailureText(std::error_code error) const {
   const texts::ProgramTexts& texts = session_.texts.program;
   if (error == tables::kEntryChanged) return QString::fromStdString(texts.entryChanged);

@@ -33,6 +33,8 @@ class LibraryController : public QObject {
   /// The library was changed and listed by other means than these commands: shows it, an entry
   /// selected.
   void ShowChanged(const tables::EntryMark& entry);
+  /// Selects the entry that the grid's table comes from, where the list has it.
+  void SelectSource();
   /// Why the active table file was not changed, in one line.
   [[nodiscard]] QString WriteFailureText(std::error_code error) const;
 
