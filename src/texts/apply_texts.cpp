@@ -56,6 +56,7 @@ class Applier {
   void operator()(const LabelField& field) const { texts_.labels.*field.field = text_; }
   void operator()(const ProgramField& field) const { texts_.program.*field.field = text_; }
   void operator()(const GraphField& field) const { texts_.graph.*field.field = text_; }
+  void operator()(const CurveField& field) const { texts_.curve.*field.field = text_; }
   void operator()(const ExchangeField& field) const {
     texts_.*field.direction.*field.field = text_;
   }

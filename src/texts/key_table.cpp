@@ -10,6 +10,7 @@ using M = MessageText;
 using L = LabelTexts;
 using P = ProgramTexts;
 using G = GraphTexts;
+using V = CurveTexts;
 using X = ExchangeTexts;
 using C = CatalogueTexts;
 using S = ImportSettings;
@@ -211,6 +212,47 @@ const std::vector<KeyRow>& OwnRows() {
   return rows;
 }
 
+const std::vector<KeyRow>& CurveRows() {
+  static const std::vector<KeyRow> rows = {
+      {"FAMILY.IEC.A", CurveField{&V::iecA}},
+      {"FAMILY.IEC.B", CurveField{&V::iecB}},
+      {"FAMILY.IEC.C", CurveField{&V::iecC}},
+      {"FAMILY.IEEE.MI", CurveField{&V::ieeeModerately}},
+      {"FAMILY.IEEE.VI", CurveField{&V::ieeeVery}},
+      {"FAMILY.IEEE.EI", CurveField{&V::ieeeExtremely}},
+      {"FAMILY.LONGTIME", CurveField{&V::longTime}},
+      {"FAMILY.SHORTTIME", CurveField{&V::shortTime}},
+      {"FAMILY.RI", CurveField{&V::ri}},
+      {"FAMILY.SQUARE", CurveField{&V::i2t}},
+      {"FAMILY.DEFINITE", CurveField{&V::definite}},
+      {"FAMILY.OVERVOLTAGE", CurveField{&V::overvoltage}},
+      {"FAMILY.UNDERVOLTAGE", CurveField{&V::undervoltage}},
+      {"FAMILY.THERMAL", CurveField{&V::thermal}},
+      {"FAMILY.OWN", CurveField{&V::own}},
+      {"FAMILY.EQUATION", CurveField{&V::equation}},
+      {"CURVE.FAULT.FEW", CurveField{&V::tooFewPoints}},
+      {"CURVE.FAULT.LOAD", CurveField{&V::badLoad}},
+      {"CURVE.FAULT.TIME", CurveField{&V::badTime}},
+      {"CURVE.FAULT.EQUAL", CurveField{&V::equalLoads}},
+      {"CURVE.FAULT.LOGARITHM", CurveField{&V::logarithmOfLoad}},
+      {"CURVE.FAULT.BELOW", CurveField{&V::atOrBelowPickup}},
+      {"CURVE.FAULT.ABOVE", CurveField{&V::atOrAbovePickup}},
+      {"CURVE.FAULT.INFINITE", CurveField{&V::noFiniteTime}},
+      {"CURVE.FAULT.SETTING", CurveField{&V::badSetting}},
+      {"CURVE.FAULT.SYNTAX", CurveField{&V::badEquation}},
+      {"CURVE.FAULT.NAME", CurveField{&V::unknownName}},
+      {"CURVE.FAULT.RANGE", CurveField{&V::badRange}},
+      {"CURVE.FAULT.COUNT", CurveField{&V::badPointCount}},
+      {"CURVE.FAULT.OUTSIDE", CurveField{&V::outsideTable}},
+      {"CURVE.FAULT.APART", CurveField{&V::noCommonRange}},
+      {"CURVE.FAULT.NOFIT", CurveField{&V::cannotBeFitted}},
+      {"CURVE.FAULT.MODES", CurveField{&V::differentLoads}},
+      {"CURVE.FAULT.PICKUP", CurveField{&V::pickupNeeded}},
+      {"CURVE.FIT.OPEN", CurveField{&V::notDetermined}},
+  };
+  return rows;
+}
+
 void Append(std::vector<KeyRow>& table, const std::vector<KeyRow>& rows) {
   table.insert(table.end(), rows.begin(), rows.end());
 }
@@ -233,6 +275,7 @@ std::vector<KeyRow> AllRows() {
   table.push_back({"TIMEOUT.VALUE", TimeoutText{}});
   table.push_back({"TABLE.PRINT", TraceSwitch{}});
   Append(table, OwnRows());
+  Append(table, CurveRows());
   return table;
 }
 

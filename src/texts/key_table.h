@@ -42,6 +42,9 @@ struct ProgramField {
 struct GraphField {
   std::string GraphTexts::*field;
 };
+struct CurveField {
+  std::string CurveTexts::*field;
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -69,10 +72,10 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
   const char* control;
 };
 
-using TextEffect =
-    std::variant<Caption, Tooltip, Placeholder, FrameCaption, NamesFromCaptions, InstrumentField,
-                 MessageField, LabelField, ProgramField, GraphField, ExchangeField, EquationSlot,
-                 ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+using TextEffect = std::variant<Caption, Tooltip, Placeholder, FrameCaption, NamesFromCaptions,
+                                InstrumentField, MessageField, LabelField, ProgramField, GraphField,
+                                CurveField, ExchangeField, EquationSlot, ImportField, TimeoutText,
+                                SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
