@@ -9,15 +9,14 @@ namespace {
 
 constexpr double kMillisecondsPerSecond = 1000.0;
 
-const std::map<std::string, curves::Axes> kAxes = {{"log", curves::Axes::Logarithmic},
-                                                   {"linear", curves::Axes::Linear}};
-const std::map<std::string, curves::Spacing> kSpacings = {{"log", curves::Spacing::Logarithmic},
-                                                          {"linear", curves::Spacing::Linear},
-                                                          {"best", curves::Spacing::Best}};
+curves::Axes AxesOf(const std::string& name) {
+  if (name.empty()) return curves::Axes::Chart;
+  return name == "log" ? curves::Axes::Logarithmic : curves::Axes::Linear;
+}
 
-template <class Choice>
-CLI::Validator ChoiceOf(const std::map<std::string, Choice>& choices) {
-  return CLI::CheckedTransformer(choices, CLI::ignore_case).description("");
+curves::Spacing SpacingOf(const std::string& name) {
+  if (name == "best") return curves::Spacing::Best;
+  return name == "linear" ? curves::Spacing::Linear : curves::Spacing::Logarithmic;
 }
 
 // Where the loads of a table come from.
@@ -26,7 +25,7 @@ struct LoadOptions {
   std::string to;
   std::string points;
   std::string loads;
-  curves::Spacing spacing = curves::Spacing::Logarithmic;
+  std::string spacing;
 };
 
 void DeclareRange(CLI::App& command, LoadOptions& options, CLI::Option* points) {
@@ -44,7 +43,7 @@ void TakeRange(const LoadOptions& options, curves::Sampling& sampling) {
   if (!options.from.empty()) sampling.from = NumberOf(options.from);
   if (!options.to.empty()) sampling.to = NumberOf(options.to);
   if (!options.points.empty()) sampling.points = static_cast<std::size_t>(NumberOf(options.points));
-  sampling.spacing = options.spacing;
+  sampling.spacing = SpacingOf(options.spacing);
 }
 
 // curve
@@ -77,7 +76,7 @@ void DeclareCurve(CLI::App& command, CurveOptions& options) {
                   "log (unless given), linear, or best: the loads at which the chart's straight "
                   "lines deviate least, with a line # deviation=P, the largest deviation in per "
                   "cent of the time")
-      ->transform(ChoiceOf(kSpacings))
+      ->check(CLI::IsMember({"log", "linear", "best"}))
       ->excludes("--loads");
   command.add_flag("--ms", options.milliseconds, "Times become milliseconds, else seconds");
   command.add_flag("--absolute", options.absolute,
@@ -116,7 +115,7 @@ struct TableOptions {
   std::string file;
   std::string entry;
   LoadOptions loads;
-  curves::Axes axes = curves::Axes::Chart;
+  std::string axes;
 };
 
 void DeclareTable(CLI::App& command, TableOptions& options) {
@@ -126,7 +125,7 @@ void DeclareTable(CLI::App& command, TableOptions& options) {
       .add_option("--axes", options.axes,
                   "The axes on which lines are straight: log or linear; unless given those of the "
                   "chart, log when all loads are above 0")
-      ->transform(ChoiceOf(kAxes));
+      ->check(CLI::IsMember({"log", "linear"}));
 }
 
 void DeclareThin(CLI::App& command, TableOptions& options) {
@@ -145,10 +144,8 @@ void DeclareResample(CLI::App& command, TableOptions& options) {
                       "unless --from or --to say otherwise")
           ->check(kPointCount);
   DeclareRange(command, options.loads, points);
-  std::map<std::string, curves::Spacing> spacings = kSpacings;
-  spacings.erase("best");
   command.add_option("--spacing", options.loads.spacing, "log (unless given) or linear")
-      ->transform(ChoiceOf(spacings))
+      ->check(CLI::IsMember({"log", "linear"}))
       ->excludes("--loads");
 }
 
@@ -158,7 +155,7 @@ std::optional<curves::TableCurve> TakeTable(const TableOptions& options, std::st
   const auto entry = TakeEntry(InputFile(options.file), options.entry, console);
   if (!entry) return std::nullopt;
   name = entry->name;
-  auto curve = curves::TableCurve::Of(entry->points, options.axes);
+  auto curve = curves::TableCurve::Of(entry->points, AxesOf(options.axes));
   if (const curves::Fault* const fault = curves::FaultOf(curve)) {
     console.Warn(entry->name + ": " + Sentence(*fault));
     return std::nullopt;

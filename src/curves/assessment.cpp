@@ -11,6 +11,8 @@ constexpr double kMillisecond = 0.001;  // s
 // What decimal numbers lose as doubles must not fail a point that lies on its limit.
 constexpr double kRounding = 1e-9;
 constexpr double kTimeRounding = 1e-13;
+// A part of a time that the 15 digits of a number text do not hold.
+constexpr double kUnseen = 1e-14;
 
 std::optional<Fault> FaultOfLimits(const Reference& reference, const Limits& limits) {
   const auto isBad = [](double value) { return !std::isfinite(value) || value < 0.0; };
@@ -61,6 +63,7 @@ AssessedPoint Assessed(const Point& measured, const Reference& reference, const 
   if (!nominal) return point;
   point.nominal = *nominal;
   point.deviation = measured.time - *nominal;
+  if (std::abs(point.deviation) < kUnseen * *nominal) point.deviation = 0.0;
   point.ratio = point.deviation / *nominal;
   point.limit = LimitAround(measured.load, *nominal, reference, limits);
   const double allowed = point.limit * (1.0 + kRounding) + kTimeRounding * *nominal;

@@ -51,6 +51,9 @@ std::size_t MiddleOf(const Places& places, std::size_t from, std::size_t to) {
   return nearest;
 }
 
+// All of a short series; of a long one a place in each stretch. Stretches are even in what they
+// hold, how wide they are and how far the times fall in them, all three together, so that the steep
+// part of a curve has enough of them however the series lies over it.
 std::vector<std::size_t> CandidatesOf(const Places& places) {
   const std::size_t count = places.x.size();
   std::vector<std::size_t> candidates;
@@ -60,11 +63,21 @@ std::vector<std::size_t> CandidatesOf(const Places& places) {
     return candidates;
   }
   candidates.push_back(0);
-  const std::size_t inner = count - 2;
-  for (std::size_t stretch = 0; stretch < kStretches; ++stretch) {
-    const std::size_t from = 1 + inner * stretch / kStretches;
-    const std::size_t to = 1 + inner * (stretch + 1) / kStretches;
-    if (from < to) candidates.push_back(MiddleOf(places, from, to));
+  const auto [lowest, highest] = std::ranges::minmax(places.y);
+  const double width = 3.0 / static_cast<double>(kStretches);
+  const double height = highest > lowest ? highest - lowest : 1.0;
+  double deepest = places.y.front();
+  double next = width;
+  std::size_t from = 1;
+  for (std::size_t at = 1; at + 1 < count; ++at) {
+    deepest = std::min(deepest, places.y[at]);
+    const double way = static_cast<double>(at) / static_cast<double>(count - 1) +
+                       (places.x[at] - places.x.front()) / (places.x.back() - places.x.front()) +
+                       (places.y.front() - deepest) / height;
+    if (way < next && at + 2 < count) continue;
+    candidates.push_back(MiddleOf(places, from, at + 1));
+    from = at + 1;
+    while (next <= way) next += width;
   }
   candidates.push_back(count - 1);
   return candidates;
