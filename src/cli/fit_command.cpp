@@ -70,6 +70,19 @@ void WarnOf(const curves::FamilyFit& fit, const Console& console) {
                ": the points do not determine " + open);
 }
 
+// Which point a load belongs to, to leave it out.
+std::string HintOf(const EntryPoints& entry, const curves::Fault& fault) {
+  if (fault.kind != curves::FaultKind::AtOrBelowPickup &&
+      fault.kind != curves::FaultKind::AtOrAbovePickup) {
+    return {};
+  }
+  for (std::size_t at = 0; at < entry.points.size(); ++at) {
+    if (entry.points[at].load != fault.value) continue;
+    return "; --exclude " + std::to_string(at + 1) + " leaves it out";
+  }
+  return {};
+}
+
 bool TakeExcluded(const FitOptions& options, const EntryPoints& entry, const Console& console,
                   std::vector<std::size_t>& excluded) {
   for (const std::string& text : options.excluded) {
@@ -112,7 +125,8 @@ Exit Fit(const FitOptions& options, Console& console) {
   if (!TakeExcluded(options, *entry, console, excluded)) return Exit::Failed;
   const curves::FitResult result = curves::Fit(entry->InSeconds(), excluded, fitted);
   if (result.fits.empty()) {
-    return console.Fail(entry->name + ": " + Sentence(result.failed.front().second));
+    return console.Fail(entry->name + ": " + Sentence(result.failed.front().second) +
+                        HintOf(*entry, result.failed.front().second));
   }
   for (const curves::FamilyFit& fit : result.fits) {
     console.WriteLine(LineOf(fit, pickupUnit));

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "curves/polyline_choice.h"
+#include "texts/number_text.h"
 
 namespace zentab::curves {
 namespace {
@@ -147,6 +148,20 @@ std::vector<std::size_t> PlacesIn(const Places& places, const std::vector<double
   return found;
 }
 
+// Leaves no more decimals than matter: a thousandth of the way to the nearest neighbour. The ends
+// and a step stay what they are.
+void Shorten(std::vector<double>& loads, const std::optional<double>& jump) {
+  constexpr int kMostDecimals = 15;
+  const std::vector<double> exact = loads;
+  for (std::size_t at = 1; at + 1 < loads.size(); ++at) {
+    if (jump && exact[at] == *jump) continue;
+    const double way = std::min(exact[at] - exact[at - 1], exact[at + 1] - exact[at]);
+    const double decimals = std::ceil(3.0 - std::log10(way));
+    if (decimals > kMostDecimals) continue;
+    loads[at] = texts::RoundHalfEven(exact[at], std::max(0, static_cast<int>(decimals)));
+  }
+}
+
 }  // namespace
 
 Outcome<std::vector<double>> BestLoads(const CharacteristicCurve& curve, double from, double to,
@@ -174,6 +189,7 @@ Outcome<std::vector<double>> BestLoads(const CharacteristicCurve& curve, double 
   }
   std::vector<double> loads;
   for (const std::size_t corner : corners) loads.push_back(seen.LoadOf(places.x[corner]));
+  Shorten(loads, curve.JumpAt());
   return loads;
 }
 

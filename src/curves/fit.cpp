@@ -142,6 +142,8 @@ class FamilyFitter {
     };
     const Parameters found = {settings_.multiplier};
     FamilyFit fit = Finished({time, 1, found}, found, {FitParameter::Multiplier});
+    // One point is enough for it, however badly the others fit.
+    fit.values[0].isDetermined = true;
     if (options_.pickupFree) {
       fit.values.push_back({FitParameter::Pickup, settings_.pickup, std::nullopt, false});
     }
@@ -237,8 +239,9 @@ class FamilyFitter {
   [[nodiscard]] FamilyFit WithErrors(const Errors& errors) const {
     FamilyFit fit;
     fit.characteristic = settings_;
-    fit.rootMeanSquare = std::sqrt(errors.squares / static_cast<double>(points_.size()));
-    fit.largest = errors.largest;
+    const double mean = errors.squares / static_cast<double>(points_.size());
+    fit.rootMeanSquare = WithoutRounding(std::sqrt(mean));
+    fit.largest = WithoutRounding(errors.largest);
     return fit;
   }
 

@@ -8,7 +8,7 @@ namespace zentab::curves {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kPrecision = 1e-6;
+constexpr double kPrecision = 1e-4;
 // Deviations that rounding brings about are as good as none.
 constexpr double kLeast = 1e-13;
 
@@ -229,13 +229,16 @@ std::vector<std::size_t> ChoosePolyline(const Places& places,
                                         std::span<const std::size_t> candidates,
                                         std::size_t count) {
   if (candidates.size() <= count) return {candidates.begin(), candidates.end()};
-  const std::size_t ends[] = {candidates.front(), candidates.back()};
-  std::vector<std::size_t> chosen(std::begin(ends), std::end(ends));
+  // Where the candidates gather where the curve bends, an even choice is nearly the best.
+  std::vector<std::size_t> chosen;
+  for (std::size_t at = 0; at < count; ++at) {
+    chosen.push_back(candidates[at * (candidates.size() - 1) / (count - 1)]);
+  }
   double high = DeviationOf(places, chosen);
   double low = 0.0;
   Chooser chooser(places, candidates);
   while (high > kLeast && high > low * (1.0 + kPrecision)) {
-    const double middle = low > 0.0 ? std::sqrt(low * high) : high / 64.0;
+    const double middle = low > 0.0 ? std::sqrt(low * high) : high / 3.0;
     if (chooser.Fits(middle, count)) {
       chosen = chooser.Chosen();
       high = middle;

@@ -15,8 +15,9 @@ struct Places {
 
 /// Chooses at most `count` (from 2) of the candidates, places in increasing order with the first
 /// and the last one among them, so that straight lines between them deviate least from all places,
-/// by the largest ratio to the time. Within a millionth of the optimum for such candidates. Takes
-/// time in proportion to the places, beside a part that grows with the square of the candidates.
+/// by the largest ratio to the time. Within a ten-thousandth of the optimum for such candidates.
+/// Takes time in proportion to the places, beside a part that grows with the square of the
+/// candidates.
 [[nodiscard]] std::vector<std::size_t> ChoosePolyline(const Places& places,
                                                       std::span<const std::size_t> candidates,
                                                       std::size_t count);

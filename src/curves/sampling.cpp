@@ -118,7 +118,7 @@ double DeviationOfLines(const CharacteristicCurve& curve, std::span<const Point>
       largest = std::max(largest, std::abs(line - time) / time);
     }
   }
-  return largest;
+  return WithoutRounding(largest);
 }
 
 }  // namespace zentab::curves

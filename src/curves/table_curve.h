@@ -49,6 +49,9 @@ class TableCurve {
   bool logarithmic_;
 };
 
+/// A ratio of times, or 0 where rounding alone may have brought it about.
+[[nodiscard]] inline double WithoutRounding(double ratio) { return ratio < 1e-13 ? 0.0 : ratio; }
+
 /// The time on the straight line through two points, at a load between them.
 [[nodiscard]] double TimeBetween(const Point& from, const Point& to, double load, bool logarithmic);
 

@@ -90,7 +90,7 @@ ChosenPoints Thin(const TableCurve& curve, std::size_t count) {
   const std::vector<std::size_t> chosen = ChoosePolyline(places, CandidatesOf(places), count);
   ChosenPoints thinned;
   for (const std::size_t at : chosen) thinned.points.push_back(curve.Points()[at]);
-  thinned.deviation = DeviationOf(places, chosen);
+  thinned.deviation = WithoutRounding(DeviationOf(places, chosen));
   return thinned;
 }
 
