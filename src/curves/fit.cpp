@@ -189,7 +189,7 @@ class FamilyFitter {
     settings_.multiplier = found[0];
     settings_.pickup = found[1];
     FamilyFit fit = Finished(model, found, {FitParameter::Multiplier, FitParameter::Pickup});
-    if (z < from + kAtBound || z > to - kAtBound) fit.values[1].isDetermined = false;
+    if (z < from + kAtBound || z > to - kAtBound) LeaveOpen(fit);
     return fit;
   }
 
@@ -222,11 +222,15 @@ class FamilyFitter {
     if (!(found[1] > 0.0)) found = {q, std::exp(z), c};
     settings_.constants = {found[0] * found[1], found[1], found[2]};
     FamilyFit fit = FinishedOwn(model, found, longest);
-    if (z < from + kAtBound || z > to - kAtBound) {
-      fit.values[0].isDetermined = false;
-      fit.values[1].isDetermined = false;
-    }
+    if (z < from + kAtBound || z > to - kAtBound || !fit.values[1].isDetermined) LeaveOpen(fit);
     return fit;
+  }
+
+  static void LeaveOpen(FamilyFit& fit) {
+    for (FittedValue& value : fit.values) {
+      value.uncertainty.reset();
+      value.isDetermined = false;
+    }
   }
 
   // The variance of a relative error, as the points show it; nothing where none is left to show it.
@@ -276,7 +280,8 @@ class FamilyFitter {
     const double q = found[0];
     const double ofK = alpha * alpha * v[0][0] + 2.0 * q * alpha * v[0][1] + q * q * v[1][1];
     const double variances[] = {ofK, v[1][1], v[2][2]};
-    const double scales[] = {std::abs(k), alpha, longest};
+    // Beyond half of alpha its influence is no straight line any more.
+    const double scales[] = {std::abs(k), alpha / 2.0, longest};
     for (std::size_t i = 0; i < fit.values.size(); ++i) {
       fit.values[i].uncertainty = *expansion * std::sqrt(std::max(0.0, variances[i]));
       fit.values[i].isDetermined = *fit.values[i].uncertainty < scales[i];

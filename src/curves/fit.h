@@ -25,10 +25,13 @@ enum class FitParameter { Multiplier, Pickup, K, Alpha, C };
 struct FittedValue {
   FitParameter parameter = FitParameter::Multiplier;
   double value = 0.0;
-  /// With 99.99 % probability the true value lies this close, if the relative errors of the times
-  /// are independent and normal; from the linearised model. Nothing where the points do not tell.
+  /// With 99.999 % probability the true value lies this close, if the relative errors of the times
+  /// are independent and normal; from the linearised model. Nothing where the points do not tell,
+  /// and of own where they leave alpha open, since then that model says nothing.
   std::optional<double> uncertainty = {};
-  bool isDetermined = false;  // the uncertainty is smaller than the value or, of c, the times
+  /// Whether the uncertainty is smaller than the value; of alpha than half of it, of c than the
+  /// times.
+  bool isDetermined = false;
 };
 
 struct FamilyFit {

@@ -16,7 +16,7 @@ constexpr int kPolishing = 6;
 constexpr int kScan = 60;
 constexpr int kBits = std::numeric_limits<double>::digits / 2;
 constexpr std::uintmax_t kMostSteps = 100;
-constexpr double kOutside = 0.0001;  // of the probability, on both sides together
+constexpr double kOutside = 1e-5;  // of the probability, on both sides together
 
 using Row = std::array<double, kMostParameters>;
 

@@ -44,7 +44,7 @@ using Covariance = std::array<std::array<double, kMostParameters>, kMostParamete
 /// of a scan's.
 [[nodiscard]] double LeastPlace(const std::function<double(double)>& value, double from, double to);
 
-/// How many standard deviations cover 99.99 % with so many degrees of freedom (from 1), after
+/// How many standard deviations cover 99.999 % with so many degrees of freedom (from 1), after
 /// Student.
 [[nodiscard]] double CoverageFactor(std::size_t degreesOfFreedom);
 
