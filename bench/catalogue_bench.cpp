@@ -19,6 +19,7 @@ class NoWindow final : public TextTarget {
   void SetTooltip(std::string_view, std::string_view) override {}
   void SetShown(std::string_view, bool) override {}
   void SetPlaceholder(std::string_view, std::string_view) override {}
+  void SetSpokenName(std::string_view, std::string_view) override {}
   std::string Caption(std::string_view) const override { return {}; }
 };
 

@@ -18,6 +18,7 @@ class Captions final : public texts::TextTarget {
   void SetTooltip(std::string_view, std::string_view) override {}
   void SetShown(std::string_view, bool) override {}
   void SetPlaceholder(std::string_view, std::string_view) override {}
+  void SetSpokenName(std::string_view, std::string_view) override {}
   [[nodiscard]] std::string Caption(std::string_view control) const override {
     const auto found = captions_.find(control);
     return found == captions_.end() ? std::string() : found->second;

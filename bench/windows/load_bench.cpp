@@ -31,6 +31,7 @@ class Agreeing final : public app::UserDialogs {
   bool Confirm(const texts::MessageText&) override { return true; }
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
+  std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   QString ChooseTableFile() override { return file; }
   QString ChooseTargetFile() override { return file; }
   QString ChooseGraphFile() override { return {}; }

@@ -45,11 +45,12 @@ std::error_code LibraryCommands::ReadEntry(tables::EntryMark& mark) {
 void LibraryCommands::TakeAsSource(const tables::EntryMark& mark) {
   const std::vector<std::string>& names = session_.listing.names;
   const std::string name = mark.index < names.size() ? names[mark.index] : std::string();
-  session_.source = EntryInGrid{session_.tablePath, name, mark.hash};
+  session_.source = editor::EntryInGrid{session_.tablePath, name, mark.hash};
+  session_.stored = editor::PackPoints(session_.table.grid, session_.modes);
 }
 
 bool LibraryCommands::IsSourceGone(std::string_view name) const {
-  const std::optional<EntryInGrid>& source = session_.source;
+  const std::optional<editor::EntryInGrid>& source = session_.source;
   if (!source || source->tablePath != session_.tablePath || source->name != name) return false;
   return session_.listing.PlaceOf({0, source->hash}) == tables::kNoLine;
 }

@@ -58,6 +58,7 @@ Session StartSession(const Settings& settings, const platform::Registry& registr
   session.tablePath = settings.tableName;
   session.modes.absoluteValues = texts::WholeNumber(settings.absValues) == 1.0;
   session.modes.pickup = settings.nomLoad1;
+  session.stored = editor::PackPoints(session.table.grid, session.modes);
   return session;
 }
 

@@ -2,6 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/input_file.h"
+#include "editor/point_checks.h"
 #include "platform/character_case.h"
 #include "platform/line_reader.h"
 #include "tables/entry_line.h"
@@ -67,22 +68,15 @@ class LineCheck {
     if (!entry.points.empty() && (!entry.milliseconds || !entry.absoluteValues)) {
       Find("the settings behind the points cannot be read");
     }
-    std::optional<double> before;
-    for (std::size_t at = 0; at < entry.points.size(); ++at) {
-      const tables::CurvePoint& point = entry.points[at];
-      const std::optional<double> load = texts::WholeNumber(point.load);
-      const std::string place = "point " + std::to_string(at + 1) + ": ";
-      if (!load) Find(place + "the load '" + point.load + "' is no number");
-      if (!texts::WholeNumber(point.time)) {
-        Find(place + "the time '" + point.time + "' is no number");
-      }
-      if (load && before && !(*load > *before)) {
-        Find(place + "the load does not increase");
-      }
-      if (load) before = load;
+    for (const editor::CellFault& fault : editor::FaultsOf(entry.points)) {
+      const tables::CurvePoint& point = entry.points[static_cast<std::size_t>(fault.row) - 1];
+      const bool isLoad = fault.column == editor::kLoadColumn;
+      Find("point " + std::to_string(fault.row) + ": " +
+           editor::FaultText(words_, fault, isLoad ? point.load : point.time));
     }
   }
 
+  texts::PointTexts words_;
   std::unordered_map<std::string, std::size_t> lineOf_;  // by folded name, its first line
   std::vector<std::string> findings_;
 };

@@ -117,6 +117,7 @@ class NoWindow : public texts::TextTarget {
   void SetTooltip(std::string_view, std::string_view) override {}
   void SetShown(std::string_view, bool) override {}
   void SetPlaceholder(std::string_view, std::string_view) override {}
+  void SetSpokenName(std::string_view, std::string_view) override {}
   [[nodiscard]] std::string Caption(std::string_view) const override { return {}; }
 };
 

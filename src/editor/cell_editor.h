@@ -36,7 +36,7 @@ class CellEditor {
   /// into the current cell. What was pasted before the caret ends at its line end; the text behind
   /// the caret stays. At a tab the text is split: what follows goes into the next column, if the
   /// grid has one, and Text() keeps the part before it.
-  void ChangeText(std::string_view text, std::size_t caret);
+  void ChangeText(std::string_view typed, std::size_t caret);
 
   /// What a key without Shift, Ctrl or Alt does with the editor open on a cell.
   [[nodiscard]] static EditorMove MoveFor(EditorKey key, int row, int column);

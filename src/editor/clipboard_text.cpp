@@ -55,6 +55,10 @@ std::string_view RowsBelowFirst(std::string_view text) {
   return text;
 }
 
+bool IsOneValue(std::string_view text) {
+  return !HasSeveralRows(text) && FirstRow(text).find('\t') == std::string_view::npos;
+}
+
 bool HasSeveralRows(std::string_view text) { return !RowsBelowFirst(text).empty(); }
 
 void PasteText(WorkingTable& table, const CellArea& area, std::string_view text,

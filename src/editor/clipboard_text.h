@@ -29,6 +29,9 @@ struct CellArea {
 /// The rows of cells behind the first one.
 [[nodiscard]] std::string_view RowsBelowFirst(std::string_view text);
 
+/// Whether a text is the content of one cell, with or without a line end behind it.
+[[nodiscard]] bool IsOneValue(std::string_view text);
+
 /// Whether a text holds more than one row of cells.
 [[nodiscard]] bool HasSeveralRows(std::string_view text);
 

@@ -25,7 +25,7 @@ std::string WithoutForeignCharacters(const std::string& cell, std::string_view s
   bool slidIn = false;
   for (const char32_t character : before) {
     const bool isForeign =
-        (character < U'!' || character > U'9') && own.find(character) == own.npos;
+        (character < U'!' || character > U'9') && own.find(character) == std::u32string::npos;
     const bool removed = !slidIn && isForeign;
     slidIn = removed;
     if (!removed) kept.push_back(character);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,5 +36,10 @@ class SettingsStore {
 /// ZENTAB_SETTINGS_DIR names, else in the user's configuration folder. A relative name is that of
 /// a folder in what is the working folder now.
 [[nodiscard]] std::unique_ptr<SettingsStore> UserSettingsStore();
+
+/// The folder for what else the program keeps for its user: that of the INI files, on Windows
+/// Zentab in the user's folder for the data of local applications, unless ZENTAB_SETTINGS_DIR names
+/// another one. It need not exist; empty when the user has none.
+[[nodiscard]] std::filesystem::path UserDataFolder();
 
 }  // namespace zentab::platform

@@ -26,28 +26,33 @@ LineMark LineMarkOf(std::uint64_t offset, std::string_view line) {
   return {offset, HashOf(line.substr(0, line.size() - kLineEnd))};
 }
 
-// Whether what stands before and behind a removed line became one line end, CR LF.
-std::error_code HasMelted(platform::FileLayer& files, const fs::path& file, std::uint64_t offset,
-                          bool& melted) {
-  melted = false;
-  if (offset == 0) return {};
-  platform::FileReader reader(files, file);
-  if (reader.Error() || offset >= reader.Size()) return reader.Error();
-  std::string bytes;
-  const std::error_code error = reader.Read(offset - 1, offset + 1, bytes);
-  melted = bytes == "\r\n";
+// Whether the last line has no line end.
+std::error_code IsLastLineOpen(platform::FileReader& source, bool& isOpen) {
+  const std::uint64_t size = source.Size();
+  const std::uint64_t begin = size - std::min<std::uint64_t>(size, kByteOrderMark.size());
+  std::string last;
+  const std::error_code error = source.Read(begin, size, last);
+  isOpen = !last.empty() && !IsLineEnd(last.back()) && !(begin == 0 && last == kByteOrderMark);
   return error;
 }
 
-std::error_code EndLastLine(platform::FileReader& source, platform::OutputFile& output) {
-  const std::uint64_t size = source.Size();
-  if (size == 0) return {};
-  const std::uint64_t begin = size - std::min<std::uint64_t>(size, kByteOrderMark.size());
-  std::string last;
-  if (const std::error_code error = source.Read(begin, size, last)) return error;
-  const bool isOpen = !IsLineEnd(last.back()) && !(begin == 0 && last == kByteOrderMark);
-  return isOpen ? output.Write("\r\n") : std::error_code();
-}
+// Keeps a copy of what is written.
+class CopiedOutput final : public platform::OutputFile {
+ public:
+  CopiedOutput(platform::OutputFile& output, std::string& copy) : output_(output), copy_(copy) {}
+
+  std::error_code Write(std::string_view bytes) override {
+    copy_ += bytes;
+    return output_.Write(bytes);
+  }
+  std::error_code Flush() override { return output_.Flush(); }
+  std::error_code Stamp(platform::FileStamp& stamp) override { return output_.Stamp(stamp); }
+  std::error_code Close() override { return output_.Close(); }
+
+ private:
+  platform::OutputFile& output_;
+  std::string& copy_;
+};
 
 // One name for each file, however it is reached.
 fs::path Identity(platform::FileLayer& files, const fs::path& file) {
@@ -170,9 +175,13 @@ std::error_code TableWriter::CopyChanged(const fs::path& file, TableListing& lis
       now != line) {
     return std::make_error_code(kEntryChanged);
   }
+  change_ = ChangeOfLine(file, listing, mark.index);
+  change_.after = replacement;
+  const std::uint64_t end = listing.EndOf(mark.index);
+  if (const auto error = source.Read(begin, end, change_.before)) return error;
   if (const auto error = source.Copy(0, begin, output)) return error;
   if (const auto error = output.Write(replacement)) return error;
-  return source.Copy(listing.EndOf(mark.index), source.Size(), output);
+  return source.Copy(end, source.Size(), output);
 }
 
 std::error_code TableWriter::Rewrite(const fs::path& file, const platform::ContentWriter& write,
@@ -181,8 +190,10 @@ std::error_code TableWriter::Rewrite(const fs::path& file, const platform::Conte
   hasKeptLeftover_ = false;
   const auto keep = [this](const fs::path& leftover) { return KeepLeftover(leftover); };
   const std::error_code error = platform::ReplaceFile(files_, file, write, {&written, {}, keep});
-  if (!error) written_.insert(Identity(files_, file));
-  return error;
+  if (error) return error;
+  written_.insert(Identity(files_, file));
+  if (onChange_) onChange_(change_);
+  return {};
 }
 
 std::error_code TableWriter::ChangeLine(const fs::path& file, TableListing& listing,
@@ -215,12 +226,8 @@ std::error_code TableWriter::ReplaceEntry(const fs::path& file, TableListing& li
 std::error_code TableWriter::RemoveEntry(const fs::path& file, TableListing& listing,
                                          EntryMark& mark) {
   if (const std::error_code error = ChangeLine(file, listing, mark, {})) return error;
-  const std::uint64_t offset = listing.lines[mark.index].offset;
   TakeLine(listing, mark.index);
-  bool melted = false;
-  if (!listing.nameless.empty() || HasMelted(files_, file, offset, melted) || melted) {
-    ListChanged(file, listing);
-  }
+  if (!listing.nameless.empty()) ListChanged(file, listing);
   return {};
 }
 
@@ -231,18 +238,65 @@ std::error_code TableWriter::CopyComplete(const fs::path& file, const fs::path& 
   // Only a file that is not there has nothing to be kept.
   if (source.Error() == std::errc::no_such_file_or_directory) return {};
   if (source.Error()) return source.Error();
+  change_.offset = source.Size();
+  if (const auto error = IsLastLineOpen(source, change_.endsLine)) return error;
   if (const auto error = source.Copy(0, source.Size(), output)) return error;
-  return EndLastLine(source, output);
+  return change_.endsLine ? output.Write("\r\n") : std::error_code();
 }
 
 std::error_code TableWriter::Append(const fs::path& file, const fs::path& spared,
                                     const platform::ContentWriter& write,
                                     platform::FileStamp& written) {
   const auto writeAll = [&](platform::OutputFile& output) {
-    const std::error_code error = CopyComplete(file, spared, output);
-    return error ? error : write(output);
+    change_ = {};
+    change_.file = file;
+    if (const std::error_code error = CopyComplete(file, spared, output)) return error;
+    CopiedOutput copied(output, change_.after);
+    return write(copied);
   };
   return Rewrite(file, writeAll, written);
+}
+
+std::error_code TableWriter::CopyAround(const LineChange& change, TableListing& listing,
+                                        platform::OutputFile& output) {
+  if (const auto error = Refresh(files_, change.file, listing)) return error;
+  const std::optional<BytePlace> found = PlaceFor(change, listing);
+  if (!found) return std::make_error_code(kEntryChanged);
+  BytePlace place = *found;
+  if (const auto error = KeepBackup(change.file, {})) return error;
+  platform::FileReader source(files_, change.file);
+  const bool isMissing = source.Error() == std::errc::no_such_file_or_directory;
+  if (source.Error() && !isMissing) return source.Error();
+  const std::uint64_t size = source.Size();
+  // Someone who knows of no locks may have been quicker.
+  const bool isSame = isMissing ? !listing.stamp : source.Stamp() == listing.stamp;
+  // A byte-order mark stands in front of any lines.
+  if (listing.lines.empty()) place = {size, size};
+  if (!isSame || place.end > size) return std::make_error_code(kEntryChanged);
+  std::string text = change.after;
+  if (place.end < size && !text.empty() && !IsLineEnd(text.back())) text += "\r\n";
+  bool isOpen = false;
+  if (const auto error = IsLastLineOpen(source, isOpen)) return error;
+  if (place.begin == size && isOpen && !text.empty()) text.insert(0, "\r\n");
+  std::string lineEnd;
+  if (change.endsLine && text.empty() && place.end == size && place.begin >= 2) {
+    if (const auto error = source.Read(place.begin - 2, place.begin, lineEnd)) return error;
+    if (lineEnd == "\r\n") place.begin -= 2;
+  }
+  change_ = change;
+  if (const auto error = source.Copy(0, place.begin, output)) return error;
+  if (const auto error = output.Write(text)) return error;
+  return source.Copy(place.end, size, output);
+}
+
+std::error_code TableWriter::Make(const LineChange& change, TableListing& listing) {
+  platform::FileStamp stamp;
+  const auto write = [&](platform::OutputFile& output) {
+    return CopyAround(change, listing, output);
+  };
+  if (const auto error = Rewrite(change.file, write, stamp)) return error;
+  ListChanged(change.file, listing);
+  return {};
 }
 
 std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& listing,
@@ -269,6 +323,7 @@ std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& lis
         if (listing.readings != readings && listing.HasName(entry.name, Alive())) {
           return std::make_error_code(std::errc::file_exists);
         }
+        change_.needsFreeName = true;
         return output.Write(line);
       },
       stamp);

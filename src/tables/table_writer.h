@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include "platform/file_layer.h"
 #include "platform/safe_file_replacement.h"
 #include "tables/curve_table_entry.h"
+#include "tables/line_change.h"
 #include "tables/table_listing.h"
 
 namespace zentab::tables {
@@ -52,6 +54,14 @@ class TableWriter {
                                             const std::filesystem::path& source,
                                             const platform::ContentWriter& write);
 
+  /// Makes a change again that has been taken back, or takes it back when it is a reversed one, in
+  /// the same guarded way. Fails with kEntryChanged when the lines that it replaces no longer stand
+  /// anywhere in the file, or an entry that it puts back has got a successor of the same name.
+  [[nodiscard]] std::error_code Make(const LineChange& change, TableListing& listing);
+
+  /// From now on `tell` hears of every change of a file, once it is made.
+  void OnChange(std::function<void(const LineChange&)> tell) { onChange_ = std::move(tell); }
+
   /// Whether the last operation failed because the former file could not be kept as a backup; it
   /// is not changed without one.
   [[nodiscard]] bool LacksBackup() const { return lacksBackup_; }
@@ -80,6 +90,8 @@ class TableWriter {
                                             TableListing& listing, EntryMark& mark,
                                             std::string_view replacement,
                                             platform::OutputFile& output);
+  [[nodiscard]] std::error_code CopyAround(const LineChange& change, TableListing& listing,
+                                           platform::OutputFile& output);
   [[nodiscard]] std::error_code CopyComplete(const std::filesystem::path& file,
                                              const std::filesystem::path& spared,
                                              platform::OutputFile& output);
@@ -97,6 +109,8 @@ class TableWriter {
   platform::FileLayer& files_;
   Backups backups_;
   std::set<std::filesystem::path> written_;  // the files changed since the start
+  std::function<void(const LineChange&)> onChange_;
+  LineChange change_;  // the one that is being made
   bool lacksBackup_ = false;
   bool hasKeptLeftover_ = false;
 };

@@ -37,6 +37,7 @@ class Applier {
     if (tooltip.shows) target_.SetShown(tooltip.control, true);
   }
   void operator()(const Placeholder& field) const { target_.SetPlaceholder(field.control, text_); }
+  void operator()(const SpokenName& name) const { target_.SetSpokenName(name.control, text_); }
   void operator()(const FrameCaption& frame) const {
     target_.SetCaption(frame.control, text_);
     target_.SetShown(frame.control, !TrimBlanks(text_).empty());
@@ -55,7 +56,11 @@ class Applier {
   }
   void operator()(const LabelField& field) const { texts_.labels.*field.field = text_; }
   void operator()(const ProgramField& field) const { texts_.program.*field.field = text_; }
+  void operator()(const PointField& field) const { texts_.points.*field.field = text_; }
+  void operator()(const ToolField& field) const { texts_.tools.*field.field = text_; }
   void operator()(const GraphField& field) const { texts_.graph.*field.field = text_; }
+  void operator()(const HistoryField& field) const { texts_.history.*field.field = text_; }
+  void operator()(const StepName& name) const { texts_.history.steps[name.step] = text_; }
   void operator()(const CurveField& field) const { texts_.curve.*field.field = text_; }
   void operator()(const ExchangeField& field) const {
     texts_.*field.direction.*field.field = text_;

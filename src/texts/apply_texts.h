@@ -23,6 +23,8 @@ class TextTarget {
   virtual void SetShown(std::string_view control, bool shown) = 0;
   /// The text that an empty field shows in place of its content.
   virtual void SetPlaceholder(std::string_view control, std::string_view text) = 0;
+  /// The name by which a screen reader calls a control that has no caption.
+  virtual void SetSpokenName(std::string_view control, std::string_view text) = 0;
   [[nodiscard]] virtual std::string Caption(std::string_view control) const = 0;
 };
 

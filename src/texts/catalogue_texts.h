@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "texts/curve_texts.h"
+
 namespace zentab::texts {
 
 /// The texts that belong to one instrument.
@@ -72,47 +74,45 @@ struct GraphTexts {
   std::string noPoints = "No reference graph: row 1 has no load level or no time";
 };
 
-/// What is said of characteristics and of operations on curves: the names of the families, why
-/// there is no result ("%1" is a number or a name), and what a fit leaves open.
-struct CurveTexts {
-  std::string iecA = "IEC standard inverse (A)";
-  std::string iecB = "IEC very inverse (B)";
-  std::string iecC = "IEC extremely inverse (C)";
-  std::string ieeeModerately = "IEEE moderately inverse (IEC D)";
-  std::string ieeeVery = "IEEE very inverse (IEC E)";
-  std::string ieeeExtremely = "IEEE extremely inverse (IEC F)";
-  std::string longTime = "Long-time inverse";
-  std::string shortTime = "Short-time inverse";
-  std::string ri = "RI, electromechanical";
-  std::string i2t = "I²t";
-  std::string definite = "Definite time";
-  std::string overvoltage = "Overvoltage, inverse";
-  std::string undervoltage = "Undervoltage, inverse";
-  std::string thermal = "Thermal overload";
-  std::string own = "Own k, α and c";
-  std::string equation = "Equation";
-  std::string tooFewPoints = "At least %1 points with different loads are needed";
-  std::string badLoad = "Point %1: the load is negative or no number";
-  std::string badTime = "Point %1: the time is zero, negative or no number";
-  std::string equalLoads = "Two points have the same load, %1";
-  std::string logarithmOfLoad = "The load %1 has no place on a logarithmic axis";
-  std::string atOrBelowPickup =
-      "The load %1 is at or below the pickup value, where there is no operating time";
-  std::string atOrAbovePickup =
-      "The load %1 is not below the pickup value, where there is no operating time";
-  std::string noFiniteTime = "There is no finite operating time above zero at the load %1";
-  std::string badSetting = "The value of %1 is out of its range";
-  std::string badEquation = "The equation: %1";
-  std::string unknownName = "The equation has the name %1; it may have v, pickup and multiplier";
-  std::string badRange = "The range of loads is empty";
-  std::string badPointCount = "A table has 2 to %1 points";
-  std::string outsideTable = "The load %1 lies outside the points of the curve";
-  std::string noCommonRange = "The two curves have no load in common";
-  std::string cannotBeFitted = "The family %1 cannot be fitted";
-  std::string differentLoads =
-      "One of the two has absolute loads, the other multiples of the pickup value";
-  std::string pickupNeeded = "Absolute loads need the pickup value";
-  std::string notDetermined = "The points do not determine %1";
+/// What is said of the cells of the grid. "%1" is a row's number, or a cell's text where one is
+/// quoted.
+struct PointTexts {
+  std::string loadCell = "row %1, load %2";  // "%2" is the cell's text; read out by a screen reader
+  std::string timeCell = "row %1, time %2";
+  std::string emptyCell = "empty";
+  std::string loadField = "row %1, load";
+  std::string timeField = "row %1, time";
+  std::string loadNoNumber = "the load '%1' is no number";
+  std::string timeNoNumber = "the time '%1' is no number";
+  std::string loadMissing = "the load is missing";
+  std::string timeMissing = "the time is missing";
+  std::string loadNotIncreasing = "the load does not increase";
+  std::string loadDoubled = "the load is that of point %1 as well";
+  std::string timeNotPositive = "the time is not above zero";
+  std::string gap = "the row is empty: points below it are not stored";
+  std::string faultInRow = "Row %1: %2";
+  std::string faults = "%1 cells to check";
+  std::string oneFault = "%1 cell to check";
+};
+
+/// What the tools on the points ask and say.
+struct ToolTexts {
+  std::string loadsToAbsolute = "Loads to &amperes or volts";
+  std::string loadsToRelative = "Loads to &multiples of the pickup value";
+  std::string timesToMilliseconds = "&Times to ms";
+  std::string timesToSeconds = "&Times to s";
+  std::string factor = "Factor:";
+  std::string amount = "Amount:";
+  std::string decimals = "Digits behind the point (0 to 15):";
+  std::string pointCount = "Number of new points:";
+  std::string nothingToDo = "There is nothing to change";
+  std::string noRoom = "No room: points would be pushed off the last row";
+  std::string noNumber = "None of the cells holds a number";
+  std::string noPickup = "The pickup value is not a number above zero";
+  std::string outOfRange = "A number would become too large";
+  std::string noTwoPoints = "Select two rows with points, or one with a point below it";
+  std::string notAdjacent = "There are other rows between the two points";
+  std::string sameLoad = "The two points have the same load";
 };
 
 /// What the window says apart from captions of its controls.
@@ -169,6 +169,56 @@ struct ProgramTexts {
   std::string cancel = "Cancel";
 };
 
+/// The steps of the history that have a name.
+inline constexpr std::size_t kEditSteps = 31;
+
+/// What the history of a session says. The names of the steps stand in the order of
+/// editor::EditStep.
+struct HistoryTexts {
+  std::string undo = "&Undo %1";  // %1: the step's name
+  std::string redo = "&Redo %1";
+  std::string recoveryHeading = "Unsaved table";
+  std::string recoveryText =
+      "The last session ended before the table in the grid was stored (table file %1, last edited "
+      "%2). Bring the table back?";
+  std::string recoveryEntryText =  // %3: the entry
+      "The last session ended before the edits of the entry \"%3\" were stored (table file %1, "
+      "last edited %2). Bring the table back?";
+  std::array<std::string, kEditSteps> steps = {{
+      "Typing",
+      "Paste",
+      "Clear",
+      "Cut",
+      "Read",
+      "Import time test",
+      "Import GRH",
+      "Pickup value",
+      "Time multiplier",
+      "Absolute values",
+      "Time unit",
+      "Instrument",
+      "Insert row",
+      "Delete rows",
+      "Move rows up",
+      "Move rows down",
+      "Sort by load",
+      "Reverse order",
+      "Scale loads",
+      "Scale times",
+      "Shift loads",
+      "Shift times",
+      "Round",
+      "Convert loads",
+      "Convert times",
+      "Fill between points",
+      "Update entry",
+      "Add new entry",
+      "Remove entry",
+      "Import entries",
+      "Bring back table",
+  }};
+};
+
 /// All texts and switches of a catalogue that are no control's own. What no catalogue supplies
 /// keeps the value it has here.
 struct CatalogueTexts {
@@ -190,6 +240,9 @@ struct CatalogueTexts {
   ProgramTexts program;
   GraphTexts graph;
   CurveTexts curve;
+  HistoryTexts history;
+  PointTexts points;
+  ToolTexts tools;
   bool logSwitch = false;
 };
 

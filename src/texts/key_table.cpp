@@ -10,7 +10,9 @@ using M = MessageText;
 using L = LabelTexts;
 using P = ProgramTexts;
 using G = GraphTexts;
-using V = CurveTexts;
+using H = HistoryTexts;
+using Q = PointTexts;
+using T = ToolTexts;
 using X = ExchangeTexts;
 using C = CatalogueTexts;
 using S = ImportSettings;
@@ -158,6 +160,13 @@ const std::vector<KeyRow>& OwnRows() {
       {"F1.MENU.2.HEADING", Caption{"m_view"}, kExpanded},
       {"F1.MENU.2.LOGARITHMIC", Caption{"m_log"}, kExpanded},
       {"F1.MENU.2.WHOLECURVE", Caption{"m_fit"}, kExpanded},
+  };
+  return rows;
+}
+
+// What the status bar and the message boxes say that came later, too.
+const std::vector<KeyRow>& MessageRows() {
+  static const std::vector<KeyRow> rows = {
       {"STATUS.ENTRIES", ProgramField{&P::entries}},
       {"STATUS.ENTRY.ONE", ProgramField{&P::oneEntry}},
       {"STATUS.MODIFIED", ProgramField{&P::modified}},
@@ -183,6 +192,12 @@ const std::vector<KeyRow>& OwnRows() {
       {"STATUS.WRITE.FAILED", ProgramField{&P::writeFailed}},
       {"STATUS.BACKUP.FAILED", ProgramField{&P::backupFailed}},
       {"STATUS.ENTRY.CHANGED", ProgramField{&P::entryChanged}},
+  };
+  return rows;
+}
+
+const std::vector<KeyRow>& GraphAndExchangeRows() {
+  static const std::vector<KeyRow> rows = {
       {"GRH.IMPORT.HEADING", GraphField{&G::heading}},
       {"GRH.IMPORT.UNREADABLE", GraphField{&G::unreadable}},
       {"GRH.IMPORT.MALFORMED", GraphField{&G::malformed}},
@@ -212,43 +227,100 @@ const std::vector<KeyRow>& OwnRows() {
   return rows;
 }
 
-const std::vector<KeyRow>& CurveRows() {
+// What can be taken back.
+const std::vector<KeyRow>& HistoryRows() {
   static const std::vector<KeyRow> rows = {
-      {"FAMILY.IEC.A", CurveField{&V::iecA}},
-      {"FAMILY.IEC.B", CurveField{&V::iecB}},
-      {"FAMILY.IEC.C", CurveField{&V::iecC}},
-      {"FAMILY.IEEE.MI", CurveField{&V::ieeeModerately}},
-      {"FAMILY.IEEE.VI", CurveField{&V::ieeeVery}},
-      {"FAMILY.IEEE.EI", CurveField{&V::ieeeExtremely}},
-      {"FAMILY.LONGTIME", CurveField{&V::longTime}},
-      {"FAMILY.SHORTTIME", CurveField{&V::shortTime}},
-      {"FAMILY.RI", CurveField{&V::ri}},
-      {"FAMILY.SQUARE", CurveField{&V::i2t}},
-      {"FAMILY.DEFINITE", CurveField{&V::definite}},
-      {"FAMILY.OVERVOLTAGE", CurveField{&V::overvoltage}},
-      {"FAMILY.UNDERVOLTAGE", CurveField{&V::undervoltage}},
-      {"FAMILY.THERMAL", CurveField{&V::thermal}},
-      {"FAMILY.OWN", CurveField{&V::own}},
-      {"FAMILY.EQUATION", CurveField{&V::equation}},
-      {"CURVE.FAULT.FEW", CurveField{&V::tooFewPoints}},
-      {"CURVE.FAULT.LOAD", CurveField{&V::badLoad}},
-      {"CURVE.FAULT.TIME", CurveField{&V::badTime}},
-      {"CURVE.FAULT.EQUAL", CurveField{&V::equalLoads}},
-      {"CURVE.FAULT.LOGARITHM", CurveField{&V::logarithmOfLoad}},
-      {"CURVE.FAULT.BELOW", CurveField{&V::atOrBelowPickup}},
-      {"CURVE.FAULT.ABOVE", CurveField{&V::atOrAbovePickup}},
-      {"CURVE.FAULT.INFINITE", CurveField{&V::noFiniteTime}},
-      {"CURVE.FAULT.SETTING", CurveField{&V::badSetting}},
-      {"CURVE.FAULT.SYNTAX", CurveField{&V::badEquation}},
-      {"CURVE.FAULT.NAME", CurveField{&V::unknownName}},
-      {"CURVE.FAULT.RANGE", CurveField{&V::badRange}},
-      {"CURVE.FAULT.COUNT", CurveField{&V::badPointCount}},
-      {"CURVE.FAULT.OUTSIDE", CurveField{&V::outsideTable}},
-      {"CURVE.FAULT.APART", CurveField{&V::noCommonRange}},
-      {"CURVE.FAULT.NOFIT", CurveField{&V::cannotBeFitted}},
-      {"CURVE.FAULT.MODES", CurveField{&V::differentLoads}},
-      {"CURVE.FAULT.PICKUP", CurveField{&V::pickupNeeded}},
-      {"CURVE.FIT.OPEN", CurveField{&V::notDetermined}},
+      {"EDIT.UNDO", HistoryField{&H::undo}},
+      {"EDIT.REDO", HistoryField{&H::redo}},
+      {"EDIT.BRINGBACK", Caption{"m_back"}, kExpanded},
+      {"RECOVERY.HEAD", HistoryField{&H::recoveryHeading}},
+      {"RECOVERY.TXT", HistoryField{&H::recoveryText}},
+      {"RECOVERY.ENTRY.TXT", HistoryField{&H::recoveryEntryText}},
+  };
+  return rows;
+}
+
+// The menus of editing and of the panels, and the names that only screen readers say.
+const std::vector<KeyRow>& MenuRows() {
+  static const std::vector<KeyRow> rows = {
+      {"F1.MENU.3.HEADING", Caption{"m_edit"}, kExpanded},
+      {"F1.MENU.3.CUT", Caption{"m_cut"}, kExpanded},
+      {"F1.MENU.3.COPY", Caption{"m_copy"}, kExpanded},
+      {"F1.MENU.3.PASTE", Caption{"m_paste"}, kExpanded},
+      {"F1.MENU.3.CLEAR", Caption{"m_clear"}, kExpanded},
+      {"F1.MENU.3.INSERT", Caption{"m_ins"}, kExpanded},
+      {"F1.MENU.3.DELETE", Caption{"m_del"}, kExpanded},
+      {"F1.MENU.3.UP", Caption{"m_up"}, kExpanded},
+      {"F1.MENU.3.DOWN", Caption{"m_down"}, kExpanded},
+      {"F1.MENU.3.FILL", Caption{"m_fill"}, kExpanded},
+      {"F1.MENU.3.SORT", Caption{"m_sort"}, kExpanded},
+      {"F1.MENU.3.REVERSE", Caption{"m_rev"}, kExpanded},
+      {"F1.MENU.3.CALCULATE", Caption{"m_calc"}, kExpanded},
+      {"F1.MENU.3.SCALE.LOADS", Caption{"m_scl"}, kExpanded},
+      {"F1.MENU.3.SCALE.TIMES", Caption{"m_sct"}, kExpanded},
+      {"F1.MENU.3.SHIFT.LOADS", Caption{"m_shl"}, kExpanded},
+      {"F1.MENU.3.SHIFT.TIMES", Caption{"m_sht"}, kExpanded},
+      {"F1.MENU.3.ROUND", Caption{"m_rnd"}, kExpanded},
+      {"F1.MENU.3.NEXT", Caption{"m_next"}, kExpanded},
+      {"F1.MENU.2.GO.LIST", Caption{"m_golist"}, kExpanded},
+      {"F1.MENU.2.GO.GRID", Caption{"m_gogrid"}, kExpanded},
+      {"F1.MENU.2.GO.CHART", Caption{"m_gochart"}, kExpanded},
+      {"F1.MENU.2.NEXTPANEL", Caption{"m_panel"}, kExpanded},
+      {"F1.GRID.SPOKEN", SpokenName{"MSFlexGrid1"}, kExpanded},
+      {"F1.CHART.SPOKEN", SpokenName{"MSChart1"}, kExpanded},
+      {"F1.FILTER.SPOKEN", SpokenName{"TextFilter"}, kExpanded},
+      {"F1.NEWNAME.SPOKEN", SpokenName{"Text1"}, kExpanded},
+  };
+  return rows;
+}
+
+constexpr std::array<const char*, kEditSteps> kStepKeys = {
+    "STEP.TYPING",        "STEP.PASTE",       "STEP.CLEAR",       "STEP.CUT",
+    "STEP.READ",          "STEP.TIMETEST",    "STEP.GRAPH",       "STEP.PICKUP",
+    "STEP.MULTIPLIER",    "STEP.ABSOLUTE",    "STEP.UNIT",        "STEP.INSTRUMENT",
+    "STEP.ROW.INSERT",    "STEP.ROW.DELETE",  "STEP.ROW.UP",      "STEP.ROW.DOWN",
+    "STEP.SORT",          "STEP.REVERSE",     "STEP.SCALE.LOADS", "STEP.SCALE.TIMES",
+    "STEP.SHIFT.LOADS",   "STEP.SHIFT.TIMES", "STEP.ROUND",       "STEP.CONVERT.LOADS",
+    "STEP.CONVERT.TIMES", "STEP.FILL",        "STEP.UPDATE",      "STEP.ADDNEW",
+    "STEP.REMOVE",        "STEP.IMPORT",      "STEP.BRINGBACK",
+};
+
+// What is said of the points and asked by the tools on them.
+const std::vector<KeyRow>& PointRows() {
+  static const std::vector<KeyRow> rows = {
+      {"CELL.LOAD.SPOKEN", PointField{&Q::loadCell}},
+      {"CELL.TIME.SPOKEN", PointField{&Q::timeCell}},
+      {"CELL.EMPTY.SPOKEN", PointField{&Q::emptyCell}},
+      {"CELL.LOAD.FIELD", PointField{&Q::loadField}},
+      {"CELL.TIME.FIELD", PointField{&Q::timeField}},
+      {"CHECK.LOAD.NUMBER", PointField{&Q::loadNoNumber}},
+      {"CHECK.TIME.NUMBER", PointField{&Q::timeNoNumber}},
+      {"CHECK.LOAD.MISSING", PointField{&Q::loadMissing}},
+      {"CHECK.TIME.MISSING", PointField{&Q::timeMissing}},
+      {"CHECK.LOAD.ORDER", PointField{&Q::loadNotIncreasing}},
+      {"CHECK.LOAD.DOUBLED", PointField{&Q::loadDoubled}},
+      {"CHECK.TIME.ZERO", PointField{&Q::timeNotPositive}},
+      {"CHECK.ROW.EMPTY", PointField{&Q::gap}},
+      {"STATUS.CHECK.ROW", PointField{&Q::faultInRow}},
+      {"STATUS.CHECK.CELLS", PointField{&Q::faults}},
+      {"STATUS.CHECK.ONE", PointField{&Q::oneFault}},
+      {"STATUS.CHECK.TIP", Tooltip{"StatusCheck"}, kExpanded},
+      {"TOOL.LOADS.ABSOLUTE", ToolField{&T::loadsToAbsolute}},
+      {"TOOL.LOADS.RELATIVE", ToolField{&T::loadsToRelative}},
+      {"TOOL.TIMES.MS", ToolField{&T::timesToMilliseconds}},
+      {"TOOL.TIMES.SECONDS", ToolField{&T::timesToSeconds}},
+      {"TOOL.ASK.FACTOR", ToolField{&T::factor}},
+      {"TOOL.ASK.AMOUNT", ToolField{&T::amount}},
+      {"TOOL.ASK.DECIMALS", ToolField{&T::decimals}},
+      {"TOOL.ASK.COUNT", ToolField{&T::pointCount}},
+      {"TOOL.NOTHING", ToolField{&T::nothingToDo}},
+      {"TOOL.NO.ROOM", ToolField{&T::noRoom}},
+      {"TOOL.NO.NUMBER", ToolField{&T::noNumber}},
+      {"TOOL.NO.PICKUP", ToolField{&T::noPickup}},
+      {"TOOL.OUT.OF.RANGE", ToolField{&T::outOfRange}},
+      {"TOOL.NO.POINTS", ToolField{&T::noTwoPoints}},
+      {"TOOL.NOT.ADJACENT", ToolField{&T::notAdjacent}},
+      {"TOOL.SAME.LOAD", ToolField{&T::sameLoad}},
   };
   return rows;
 }
@@ -276,6 +348,14 @@ std::vector<KeyRow> AllRows() {
   table.push_back({"TABLE.PRINT", TraceSwitch{}});
   Append(table, OwnRows());
   Append(table, CurveRows());
+  Append(table, MessageRows());
+  Append(table, GraphAndExchangeRows());
+  Append(table, HistoryRows());
+  for (std::size_t step = 0; step < kStepKeys.size(); ++step) {
+    table.push_back({kStepKeys[step], StepName{step}});
+  }
+  Append(table, MenuRows());
+  Append(table, PointRows());
   return table;
 }
 

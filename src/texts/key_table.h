@@ -21,6 +21,9 @@ struct Tooltip {
 struct Placeholder {
   const char* control;
 };
+struct SpokenName {  // by which a screen reader calls a control that has no caption
+  const char* control;
+};
 struct FrameCaption {  // a text of blanks hides the frame, any other shows it
   const char* control;
 };
@@ -39,8 +42,20 @@ struct LabelField {
 struct ProgramField {
   std::string ProgramTexts::*field;
 };
+struct PointField {
+  std::string PointTexts::*field;
+};
+struct ToolField {
+  std::string ToolTexts::*field;
+};
 struct GraphField {
   std::string GraphTexts::*field;
+};
+struct HistoryField {
+  std::string HistoryTexts::*field;
+};
+struct StepName {
+  std::size_t step;  // as of HistoryTexts
 };
 struct CurveField {
   std::string CurveTexts::*field;
@@ -72,16 +87,20 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
   const char* control;
 };
 
-using TextEffect = std::variant<Caption, Tooltip, Placeholder, FrameCaption, NamesFromCaptions,
-                                InstrumentField, MessageField, LabelField, ProgramField, GraphField,
-                                CurveField, ExchangeField, EquationSlot, ImportField, TimeoutText,
-                                SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+using TextEffect =
+    std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
+                 InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
+                 GraphField, CurveField, ExchangeField, EquationSlot, HistoryField, StepName,
+                 ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
   TextEffect effect;
   bool expanded = false;
 };
+
+/// The keys of the texts about characteristics and operations on curves.
+[[nodiscard]] const std::vector<KeyRow>& CurveRows();
 
 /// Every key of a catalogue with its effect, in the order in which they are applied.
 [[nodiscard]] const std::vector<KeyRow>& KeyTable();

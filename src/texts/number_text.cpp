@@ -104,22 +104,47 @@ struct DecimalForm {
   int exponent;
 };
 
-DecimalForm DecimalFormOf(double number) {
+DecimalForm DecimalFormOf(double number, int significantDigits = kSignificantDigits) {
   // d.dddddddddddddde+XX, from which the digits and the exponent are taken.
   std::array<char, 32> buffer{};
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
-                                 std::chars_format::scientific, kSignificantDigits - 1)
+                                 std::chars_format::scientific, significantDigits - 1)
                        .ptr;
   const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
   const std::size_t mark = text.find('e');
   std::string digits(1, text[0]);
-  digits += text.substr(2, mark - 2);
+  if (mark > 2) digits += text.substr(2, mark - 2);
   digits.erase(std::max<std::size_t>(digits.find_last_not_of('0') + 1, 1));
   std::string_view exponent = text.substr(mark + 1);
   if (exponent.starts_with('+')) exponent.remove_prefix(1);
   int power = 0;
   std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
   return {std::move(digits), power};
+}
+
+// As the grid shows it.
+std::string GridForm(bool negative, DecimalForm form, std::string_view decimalSeparator) {
+  auto& [digits, exponent] = form;
+  std::string result = negative ? "-" : "";
+  const auto withPoint = [&result, &decimalSeparator, &digits = form.digits](std::size_t whole) {
+    result += digits.substr(0, whole);
+    if (digits.size() > whole) result.append(decimalSeparator).append(digits.substr(whole));
+  };
+  if (exponent >= kSignificantDigits || exponent < -4) {
+    withPoint(1);
+    result += exponent < 0 ? "E-" : "E+";
+    const std::string power = std::to_string(std::abs(exponent));
+    if (power.size() < 2) result += '0';
+    result += power;
+  } else if (exponent < 0) {
+    digits.insert(0, static_cast<std::size_t>(-exponent), '0');
+    withPoint(1);
+  } else {
+    const auto whole = static_cast<std::size_t>(exponent) + 1;
+    if (digits.size() < whole) digits.resize(whole, '0');
+    withPoint(whole);
+  }
+  return result;
 }
 
 // Adds one to the last digit of a row of digits, which may grow by one in front.
@@ -178,28 +203,22 @@ std::optional<std::int16_t> ShortInteger(std::string_view text) {
 std::string NumberText(double number, std::string_view decimalSeparator) {
   if (!std::isfinite(number)) return std::isnan(number) ? "NaN" : number > 0 ? "INF" : "-INF";
   if (number == 0.0) return "0";
-  auto [digits, exponent] = DecimalFormOf(number);
+  return GridForm(number < 0, DecimalFormOf(number), decimalSeparator);
+}
 
-  std::string result = number < 0 ? "-" : "";
-  const auto withPoint = [&result, &decimalSeparator, &digits = digits](std::size_t whole) {
-    result += digits.substr(0, whole);
-    if (digits.size() > whole) result.append(decimalSeparator).append(digits.substr(whole));
-  };
-  if (exponent >= kSignificantDigits || exponent < -4) {
-    withPoint(1);
-    result += exponent < 0 ? "E-" : "E+";
-    const std::string power = std::to_string(std::abs(exponent));
-    if (power.size() < 2) result += '0';
-    result += power;
-  } else if (exponent < 0) {
-    digits.insert(0, static_cast<std::size_t>(-exponent), '0');
-    withPoint(1);
-  } else {
-    const auto whole = static_cast<std::size_t>(exponent) + 1;
-    if (digits.size() < whole) digits.resize(whole, '0');
-    withPoint(whole);
+std::string ShortText(double number, double tolerance, std::string_view decimalSeparator) {
+  constexpr int kExactDigits = 17;
+  if (!std::isfinite(number) || std::abs(number) <= tolerance) {
+    return NumberText(std::isfinite(number) ? 0.0 : number, decimalSeparator);
   }
-  return result;
+  for (int digits = 1; digits < kExactDigits; ++digits) {
+    std::string text = GridForm(number < 0, DecimalFormOf(number, digits), ".");
+    const std::optional<double> shown = LeadingNumber(text);
+    if (shown && std::abs(*shown - number) <= tolerance) {
+      return SetDecimalSeparator(text, decimalSeparator);
+    }
+  }
+  return GridForm(number < 0, DecimalFormOf(number, kExactDigits), decimalSeparator);
 }
 
 std::string FixedText(double number, int decimals) {

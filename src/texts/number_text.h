@@ -41,6 +41,13 @@ namespace zentab::texts {
 /// given decimal separator; 1E-05 or 1.5E+20 below 0.0001 and from 1E+15 up.
 [[nodiscard]] std::string NumberText(double number, std::string_view decimalSeparator);
 
+/// The number with the fewest significant digits, as NumberText writes it, that lies within
+/// `tolerance` (from 0) of a finite one; with none so near, the 17 digits that tell it from every
+/// other. So what arithmetic made of decimal numbers shows none of its noise: 1.1 * 1.1 with a
+/// tolerance of 1E-15 gives 1.21.
+[[nodiscard]] std::string ShortText(double number, double tolerance,
+                                    std::string_view decimalSeparator);
+
 /// A 32-bit number with the 7 significant digits that it has, so that 0.1f gives 0.1.
 [[nodiscard]] double ShownValue(float number);
 

@@ -25,6 +25,7 @@ class RecordingTarget final : public TextTarget {
     shown[std::string(control)] = visible;
   }
   void SetPlaceholder(std::string_view, std::string_view) override {}
+  void SetSpokenName(std::string_view, std::string_view) override {}
   std::string Caption(std::string_view control) const override {
     const auto found = captions.find(control);
     return found == captions.end() ? "" : found->second;

@@ -165,19 +165,26 @@ class ClipboardTest : public QObject {
   }
 
   void InACellThatWasOnlyOpenedTheKeysMeanTheCell() {
-    Start();
+    WindowFixture& f = Start();
     ClickCell(2, 1);
     Keys(QKeySequence::Copy);
     QCOMPARE(Clip(), QStringLiteral("2"));
-    for (const char* const text : {"7", "1,23456\t50\r\n", "1,23456\t50\r\n"}) {
-      Put(QLatin1String(text));
+    for (int round = 0; round < 2; ++round) {
+      Put(QStringLiteral("1,23456\t50\r\n"));
       Keys(QKeySequence::Paste);
       QVERIFY(EditorOpen());
     }
     QCOMPARE(Rows(2, 3), QStringLiteral("1.235\t50\r3\t30"));
     QVERIFY2(!Modified(), "a paste counts as no edit");
+    // One value goes into the cell as if it were typed, and no other cell is tidied.
+    f.session.table.grid.SetCell(1, 2, "10.12345");
+    Put(QStringLiteral("7.12345\r\n"));
+    Keys(QKeySequence::Paste);
+    QCOMPARE(Rows(1, 2), QStringLiteral("1\t10.12345\r7.12345\t50"));
+    QVERIFY(Modified() && EditorOpen());
     ClickCell(3, 2);
     Key(Qt::Key_Delete);
+    QCOMPARE(Rows(1, 3), QStringLiteral("1\t10.12345\r7.12345\t50\r3\t"));
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("9"));
     ClickCell(4, 1);
     Keys(QKeySequence::Cut);

@@ -25,6 +25,7 @@ class AnsweringDialogs : public UserDialogs {
  public:
   bool answer = true;
   QString file;
+  std::optional<double> number;
   std::vector<std::string> asked;
   std::function<void()> onError;
   std::function<void()> onConfirm;
@@ -38,6 +39,11 @@ class AnsweringDialogs : public UserDialogs {
   void ReportError(const texts::MessageText& message) override {
     asked.push_back(message.title + ": " + message.text);
     if (onError) onError();
+  }
+  /// Gives `number` where the question takes it for an answer.
+  std::optional<double> AskNumber(const NumberQuestion& question) override {
+    asked.push_back(question.title.toStdString());
+    return number && question.accepts(*number) ? number : std::nullopt;
   }
   QString ChooseTableFile() override { return file; }
   QString ChooseGraphFile() override { return file; }

@@ -52,6 +52,10 @@ void FormTexts::SetPlaceholder(std::string_view control, std::string_view text) 
   SetProperty(control, "placeholderText", ToQt(text));
 }
 
+void FormTexts::SetSpokenName(std::string_view control, std::string_view text) {
+  SetProperty(control, "accessibleName", ToQt(text));
+}
+
 std::string FormTexts::Caption(std::string_view control) const {
   const QObject* const found = Find(control);
   return found == nullptr ? std::string()

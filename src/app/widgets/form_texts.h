@@ -17,6 +17,7 @@ class FormTexts : public texts::TextTarget {
   void SetTooltip(std::string_view control, std::string_view text) override;
   void SetShown(std::string_view control, bool shown) override;
   void SetPlaceholder(std::string_view control, std::string_view text) override;
+  void SetSpokenName(std::string_view control, std::string_view text) override;
   [[nodiscard]] std::string Caption(std::string_view control) const override;
 
  private:

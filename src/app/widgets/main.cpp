@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QTimer>
 #include <cstdlib>
 
 #include "app/settings.h"
@@ -24,6 +25,7 @@ class NobodyToAsk final : public app::UserDialogs {
   bool Confirm(const texts::MessageText&) override { return false; }
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
+  std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   QString ChooseTableFile() override { return {}; }
   QString ChooseTargetFile() override { return {}; }
   QString ChooseGraphFile() override { return {}; }
@@ -61,12 +63,14 @@ int Run(int argc, char* argv[]) {
   NobodyToAsk nobody;
   app::UserDialogs& asked = picture.isEmpty() ? static_cast<app::UserDialogs&>(dialogs) : nobody;
   app::MainWindow window(
-      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), asked, executable});
+      {session, std::move(settings), kTitle, *store, platform::SystemFiles(), asked, executable,
+       picture.isEmpty() ? platform::UserDataFolder() : std::filesystem::path()});
   dialogs.SetParent(&window);
   window.Load();
   window.show();
   if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
   window.ListenForEnd();
+  QTimer::singleShot(0, &window, &app::MainWindow::OfferRecovery);
   return QApplication::exec();
 }
 

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -13,15 +14,24 @@
 
 #include "app/session_texts.h"
 #include "app/start_up.h"
+#include "app/widgets/accessible_names.h"
 #include "app/widgets/chart/chart_panel.h"
+#include "app/widgets/context_menus.h"
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_panel.h"
+#include "app/widgets/panel_walk.h"
+#include "app/widgets/panel_focus.h"
 #include "app/widgets/plain_texts.h"
 #include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
+#include "app/widgets/table/check_marks.h"
 #include "app/widgets/table/clipboard_controller.h"
+#include "app/widgets/table/history_controller.h"
+#include "app/widgets/table/point_tools_controller.h"
+#include "app/widgets/table/point_tools_menu.h"
+#include "app/widgets/table/recovery_keeper.h"
 #include "app/widgets/table/table_panel.h"
 #include "app/widgets/table/value_mode_binding.h"
 #include "app/widgets/testset/instrument_controller.h"
@@ -45,6 +55,7 @@ MainWindow::MainWindow(MainWindowParts parts)
       catalogues_(CatalogueCandidates(session_.installFolder, parts.executable)),
       files_(parts.files),
       writer_(files_, tables::Backups::AtFirstWrite),
+      history_(session_, writer_),
       log_(session_, files_),
       library_(new LibraryPanel(session_.listing.names, this)),
       table_(new TablePanel(session_.table, this)),
@@ -56,12 +67,18 @@ MainWindow::MainWindow(MainWindowParts parts)
       graphs_(new ReferenceGraphController(session_, files_, parts.dialogs, log_,
                                            instruments_->Instruments(), *this)),
       clipboard_(new ClipboardController(session_, *table_)),
+      tools_(new PointToolsController(session_, *table_, parts.dialogs)),
       exchange_(new ExchangeController(session_, files_, writer_, parts.dialogs, parts.store,
                                        parts.title, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
       status_(new StatusLine(session_, statusBar())),
+      undo_(new HistoryController(
+          {session_, history_, files_, *table_, *modes_, *libraryController_, *instruments_})),
+      recovery_(
+          new RecoveryKeeper(session_, parts.files, parts.recoveryFolder, parts.dialogs, this)),
+      checks_(new CheckMarks(session_, *table_->grid, *statusBar())),
       end_(new SessionEnd({*this, *table_->grid, session_, parts.title, parts.store, parts.dialogs,
-                           files_, log_, instruments_->Instruments()})) {
+                           files_, *recovery_, log_, instruments_->Instruments()})) {
   modes_->setParent(this);
   new PlainTexts(this);
   setObjectName(QStringLiteral("Form1"));
@@ -70,8 +87,12 @@ MainWindow::MainWindow(MainWindowParts parts)
   BuildPanels();
   BuildMenus();
   ConnectPanels();
+  ConnectTools();
   ConnectTimeTest();
   ConnectInstruments();
+  ConnectHistory();
+  new ContextMenus(*this);
+  names_ = new AccessibleNames(*this);
 }
 
 void MainWindow::BuildPanels() {
@@ -90,6 +111,7 @@ void MainWindow::BuildPanels() {
   layout->setContentsMargins(kMargin, kMargin, kMargin, 0);
   layout->addWidget(splitter);
   setCentralWidget(frame);
+  new PanelFocus(frame, {library_, table_, chart_});
 }
 
 void MainWindow::BuildMenus() {
@@ -113,6 +135,11 @@ void MainWindow::BuildMenus() {
   connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
           &QAction::triggered, this, &QWidget::close);
 
+  const auto* const edit =
+      new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
+  undo_->AddTo(edit->Menu());
+  recovery_->AddTo(edit->Menu());
+
   QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
   view->setObjectName(QStringLiteral("m_view"));
   QAction* const logarithmic =
@@ -122,6 +149,10 @@ void MainWindow::BuildMenus() {
   connect(logarithmic, &QAction::toggled, chart_->chart, &editor::CurveChart::SetLogarithmicWanted);
   connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
           &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
+  connect(logarithmic, &QAction::toggled, tools_, &PointToolsController::SetLogarithmicWanted);
+  new PanelWalk(*view, {{{library_, library_->findChild<QListView*>()},
+                         {table_, table_->grid},
+                         {chart_, chart_->chart}}});
 }
 
 void MainWindow::ConnectPanels() {
@@ -146,14 +177,20 @@ void MainWindow::ConnectPanels() {
   connect(&files_, &ResponsiveFiles::Waiting, status_, &StatusLine::ShowWaiting);
   connect(&files_, &ResponsiveFiles::WaitEnded, status_, &StatusLine::HideWaiting);
   connect(status_, &StatusLine::GivenUp, &files_, &ResponsiveFiles::GiveUp);
-  connect(clipboard_, &ClipboardController::TableChanged, this, [this, grid] {
-    grid->ShowAll();
-    RefreshChart();
-    status_->RefreshModified();
-  });
+  connect(clipboard_, &ClipboardController::TableChanged, this, &MainWindow::ShowEdits);
   connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
           &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+}
+
+void MainWindow::ConnectTools() {
+  connect(tools_, &PointToolsController::CommandBegun, status_, &StatusLine::Clear);
+  connect(tools_, &PointToolsController::TableChanged, this, &MainWindow::ShowEdits);
+  connect(tools_, &PointToolsController::ModesChanged, this, [this] {
+    modes_->Show();
+    RefreshCaptions();
+  });
+  connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectTimeTest() {
@@ -188,6 +225,38 @@ void MainWindow::ConnectInstruments() {
   connect(graphs_, &ReferenceGraphController::Failed, status_, &StatusLine::ShowFailure);
 }
 
+void MainWindow::ConnectHistory() {
+  const auto remember = [this](editor::EditStep step) { history_.Remember(step); };
+  editor::CurveGridView* const grid = table_->grid;
+  connect(grid, &editor::CurveGridView::EditBegins, this, remember);
+  connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
+  connect(tools_, &PointToolsController::AboutToChange, this, remember);
+  connect(modes_, &ValueModeBinding::AboutToChange, this, remember);
+  connect(libraryController_, &LibraryController::AboutToChange, this, remember);
+  connect(exchange_, &ExchangeController::AboutToChange, this, remember);
+  connect(timeTest_, &TimeTestController::AboutToChange, this, remember);
+  connect(graphs_, &ReferenceGraphController::AboutToChange, this, remember);
+  connect(instruments_, &InstrumentController::AboutToChange, this, remember);
+  connect(recovery_, &RecoveryKeeper::AboutToChange, this, remember);
+  connect(libraryController_, &LibraryController::TableFileChosen, this,
+          [this] { history_.EndLibrary(); });
+  connect(undo_, &HistoryController::CommandBegun, status_, &StatusLine::Clear);
+  connect(undo_, &HistoryController::Failed, status_, &StatusLine::ShowFailure);
+  connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshCaptions);
+  connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshChart);
+  connect(recovery_, &RecoveryKeeper::GridNeeded, grid, &editor::CurveGridView::CloseEditor);
+  connect(recovery_, &RecoveryKeeper::BroughtBack, undo_, &HistoryController::ShowTable);
+  connect(grid, &editor::CurveGridView::Edited, recovery_, &RecoveryKeeper::Follow);
+  connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
+  connect(tools_, &PointToolsController::TableChanged, recovery_, &RecoveryKeeper::Follow);
+  connect(libraryController_, &LibraryController::LibraryChanged, recovery_,
+          &RecoveryKeeper::Follow);
+  connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
+  connect(graphs_, &ReferenceGraphController::TableImported, recovery_, &RecoveryKeeper::Follow);
+  connect(modes_, &ValueModeBinding::Changed, recovery_, &RecoveryKeeper::Follow);
+  connect(undo_, &HistoryController::TableShown, recovery_, &RecoveryKeeper::Follow);
+}
+
 void MainWindow::Load() {
   chart_->chart->SetDecimalSeparator(QString::fromStdString(session_.localeDecimalSeparator));
   for (const std::filesystem::path& catalogue : catalogues_) ApplyCatalogue(catalogue);
@@ -202,6 +271,8 @@ void MainWindow::Load() {
   RefreshChart();
   RestorePlacement(*this, settings_.window);
 }
+
+void MainWindow::OfferRecovery() { recovery_->Offer(); }
 
 void MainWindow::ListenForEnd() { end_->Listen(); }
 
@@ -220,6 +291,12 @@ void MainWindow::ShowTable() {
   chart_->chart->Fit();
   RefreshCaptions();
   RefreshChart();
+}
+
+void MainWindow::ShowEdits() {
+  table_->grid->ShowAll();
+  RefreshChart();
+  status_->RefreshModified();
 }
 
 void MainWindow::RefreshChart() {
@@ -259,6 +336,7 @@ void MainWindow::RefreshCaptions() {
   chart_->chart->SetAxisTitles(QString::fromStdString(titles.load),
                                QString::fromStdString(titles.time));
   status_->Refresh();
+  names_->Refresh();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -7,6 +7,7 @@
 
 #include "app/event_log.h"
 #include "app/session.h"
+#include "app/session_history.h"
 #include "app/settings.h"
 #include "app/widgets/files/responsive_files.h"
 #include "app/widgets/user_dialogs.h"
@@ -19,12 +20,17 @@ class QAction;
 
 namespace zentab::app {
 
+class AccessibleNames;
 class ChartPanel;
+class CheckMarks;
 class ClipboardController;
 class ExchangeController;
+class HistoryController;
 class InstrumentController;
 class LibraryController;
 class LibraryPanel;
+class RecoveryKeeper;
+class PointToolsController;
 class ReferenceGraphController;
 class SessionEnd;
 class StatusLine;
@@ -41,6 +47,8 @@ struct MainWindowParts {
   platform::FileLayer& files;
   UserDialogs& dialogs;
   std::filesystem::path executable;  // beside which the default catalogue lies
+  std::filesystem::path recoveryFolder =
+      {};  // for tables that no library has; empty: none are kept
 };
 
 /// The window `Form1`: sets up the panels and their controllers, and follows start and end.
@@ -55,6 +63,8 @@ class MainWindow : public QMainWindow {
   /// The event loop is about to run: the end of the user's session and signals that ask the program
   /// to end are followed from now on.
   void ListenForEnd();
+  /// Offers what former sessions have left unsaved; the window is shown.
+  void OfferRecovery();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -64,9 +74,12 @@ class MainWindow : public QMainWindow {
   void BuildPanels();
   void BuildMenus();
   void ConnectPanels();
+  void ConnectHistory();
+  void ConnectTools();
   void ConnectTimeTest();
   void ConnectInstruments();
   void ShowTable();
+  void ShowEdits();
   void RefreshChart();
   void ApplyCatalogue(const std::filesystem::path& file);
   void RefreshCaptions();
@@ -76,6 +89,7 @@ class MainWindow : public QMainWindow {
   std::vector<std::filesystem::path> catalogues_;  // in the order of their application
   ResponsiveFiles files_;
   tables::TableWriter writer_;
+  SessionHistory history_;
   EventLog log_;
   texts::UiFontChoice font_;
   LibraryPanel* library_;
@@ -86,9 +100,14 @@ class MainWindow : public QMainWindow {
   InstrumentController* instruments_;
   ReferenceGraphController* graphs_;
   ClipboardController* clipboard_;
+  PointToolsController* tools_;
   ExchangeController* exchange_;
   ValueModeBinding* modes_;
   StatusLine* status_;
+  HistoryController* undo_;
+  RecoveryKeeper* recovery_;
+  CheckMarks* checks_;
+  AccessibleNames* names_ = nullptr;  // once there is something to be named
   SessionEnd* end_;
 };
 

@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QDir>
 
+#include "app/widgets/table/number_dialog.h"
+
 namespace zentab::app {
 
 bool QtUserDialogs::Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
@@ -29,6 +31,11 @@ void QtUserDialogs::Inform(const texts::MessageText& message) {
 
 void QtUserDialogs::ReportError(const texts::MessageText& message) {
   [[maybe_unused]] const bool dropped = Show(QMessageBox::Critical, QMessageBox::Ok, message);
+}
+
+std::optional<double> QtUserDialogs::AskNumber(const NumberQuestion& question) {
+  NumberDialog dialog(question, session_, WindowInFront());
+  return dialog.exec() == QDialog::Accepted ? dialog.Number() : std::nullopt;
 }
 
 // Asked from a dialog of the main window, a question belongs in front of that dialog.

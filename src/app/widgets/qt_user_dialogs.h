@@ -19,6 +19,7 @@ class QtUserDialogs : public UserDialogs {
   bool Confirm(const texts::MessageText& message) override;
   void Inform(const texts::MessageText& message) override;
   void ReportError(const texts::MessageText& message) override;
+  std::optional<double> AskNumber(const NumberQuestion& question) override;
   QString ChooseTableFile() override;
   QString ChooseGraphFile() override;
   QString ChooseTargetFile() override;

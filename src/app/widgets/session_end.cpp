@@ -9,6 +9,7 @@
 #include "app/session_texts.h"
 #include "app/settings.h"
 #include "app/widgets/files/responsive_files.h"
+#include "app/widgets/table/recovery_keeper.h"
 #include "app/widgets/testset/busy_window.h"
 #include "app/widgets/user_dialogs.h"
 #include "app/widgets/window_placement.h"
@@ -52,6 +53,8 @@ bool SessionEnd::MayClose() {
   parts_.grid.CloseEditor();
   StoreSettings();
   if (!unasked_ && !MayDiscardEdits()) return false;
+  // What nobody was asked about is not discarded.
+  parts_.recovery.End(!unasked_);
   Unload();
   ended_ = true;
   return true;
@@ -59,6 +62,8 @@ bool SessionEnd::MayClose() {
 
 bool SessionEnd::MaySessionEnd(const std::function<bool()>& mayAsk) {
   StoreSettings();
+  // Whatever ends the session now may not wait for anything more.
+  parts_.recovery.KeepNow();
   return !parts_.session.table.tableModified || !mayAsk() || MayDiscardEdits();
 }
 

@@ -24,6 +24,7 @@ class InstrumentSession;
 
 namespace zentab::app {
 
+class RecoveryKeeper;
 class ResponsiveFiles;
 class UserDialogs;
 
@@ -36,6 +37,7 @@ struct SessionEndParts {
   platform::SettingsStore& store;
   UserDialogs& dialogs;
   ResponsiveFiles& files;
+  RecoveryKeeper& recovery;
   const EventLog& log;
   testset::InstrumentSession& instruments;
 };

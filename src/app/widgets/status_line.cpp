@@ -82,6 +82,8 @@ void StatusLine::ShowWaiting(ResponsiveFiles::WaitsFor reason) {
   const bool isWriter = reason == ResponsiveFiles::WaitsFor::Writer;
   waiting_->setText(QString::fromStdString(isWriter ? texts.waitsForWriter : texts.waitsForFile));
   giveUp_->setText(QString::fromStdString(texts.giveUp));
+  giveUp_->setAccessibleName(giveUp_->text());
+  giveUp_->setAccessibleDescription(waiting_->text());
   waiting_->show();
   giveUp_->show();
 }

@@ -1,10 +1,22 @@
 #pragma once
 
 #include <QString>
+#include <functional>
+#include <optional>
 
 #include "texts/catalogue_texts.h"
 
 namespace zentab::app {
+
+/// The question for one number.
+struct NumberQuestion {
+  using Rule = std::function<bool(double)>;
+
+  QString title;
+  QString label;
+  double number;  // offered as the answer
+  Rule accepts;   // which finite numbers are an answer
+};
 
 /// What the main window asks the user, so that a test can give the answers.
 class UserDialogs {
@@ -17,6 +29,8 @@ class UserDialogs {
   virtual void Inform(const texts::MessageText& message) = 0;
   /// Tells of a failure, with the icon of a critical error; there is only OK.
   virtual void ReportError(const texts::MessageText& message) = 0;
+  /// Asks for a number; nothing when cancelled.
+  [[nodiscard]] virtual std::optional<double> AskNumber(const NumberQuestion& question) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
   /// Lets the user choose an existing reference graph file; empty when cancelled.

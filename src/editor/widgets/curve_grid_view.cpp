@@ -10,10 +10,13 @@
 #include <QSignalBlocker>
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <optional>
+#include <utility>
 
+#include "editor/widgets/cell_field.h"
 #include "editor/widgets/curve_grid_model.h"
+#include "editor/widgets/field_undo.h"
+#include "editor/widgets/fault_marks.h"
 
 namespace zentab::editor {
 namespace {
@@ -69,17 +72,6 @@ std::size_t BytesOf(const QString& text, int length) {
   return text.left(length).toStdString().size();
 }
 
-QLineEdit* MakeCellField(QWidget* parent) {
-  auto* const field = new QLineEdit(parent);
-  field->setObjectName(QStringLiteral("Text11"));
-  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  field->setFrame(false);
-  field->setAutoFillBackground(true);
-  field->setMaxLength(std::numeric_limits<int>::max());
-  field->hide();
-  return field;
-}
-
 }  // namespace
 
 CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
@@ -87,9 +79,10 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
       table_(table),
       cellEditor_(table),
       model_(new CurveGridModel(table.grid, this)),
-      text11_(MakeCellField(viewport())) {
+      text11_(new CellField(viewport())) {
   setObjectName(QStringLiteral("MSFlexGrid1"));
   setModel(model_);
+  setItemDelegate(new FaultMarks(this));
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
   setTabKeyNavigation(false);
@@ -112,6 +105,11 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
 }
 
 void CurveGridView::GridEdit(int keyAscii) {
+  const bool replaces = keyAscii < 0 || keyAscii > kOpenWithText;
+  isEdited_ = false;
+  // The cell is seen before anything goes into it.
+  scrollTo(currentIndex());
+  if (replaces) BeginEdit(EditStep::Typing);
   cellEditor_.GridEdit(keyAscii);
   text11_->setFont(font());
   {
@@ -119,13 +117,13 @@ void CurveGridView::GridEdit(int keyAscii) {
     text11_->setText(QString::fromStdString(cellEditor_.Text()));
   }
   text11_->setCursorPosition(cellEditor_.Caret());
+  text11_->setAccessibleName(model_->FieldName(table_.grid.Row(), table_.grid.Col()));
   // One cell is being edited, whatever was selected before.
   selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
-  scrollTo(currentIndex());
   text11_->show();
   PlaceEditor();
   text11_->setFocus();
-  if (keyAscii < 0 || keyAscii > kOpenWithText) {
+  if (replaces) {
     model_->ShowCell(table_.grid.Row(), table_.grid.Col());
     Q_EMIT Edited();
   }
@@ -142,6 +140,12 @@ void CurveGridView::CloseEditor() {
 
 void CurveGridView::ShowAll() { model_->ShowAll(); }
 
+void CurveGridView::SetWords(const texts::PointTexts& words) { model_->SetWords(words); }
+
+void CurveGridView::ShowFaults(std::vector<CellFault> faults) {
+  model_->ShowFaults(std::move(faults));
+}
+
 bool CurveGridView::IsCellOpen() const { return cellEditor_.IsVisible(); }
 
 bool CurveGridView::IsEditingText() const {
@@ -151,6 +155,22 @@ bool CurveGridView::IsEditingText() const {
 
 void CurveGridView::InsertIntoText(const QString& text) {
   if (cellEditor_.IsVisible()) text11_->insert(text);
+}
+
+void CurveGridView::ReplaceText(const QString& text, EditStep step) {
+  if (!cellEditor_.IsVisible()) return;
+  BeginEdit(step);
+  text11_->selectAll();
+  text11_->insert(text);
+}
+
+void CurveGridView::ShowCurrentCell() {
+  setCurrentIndex(model_->index(table_.grid.Row() - kFirstRow, table_.grid.Col() - kLoadColumn));
+}
+
+// All that is done to an open cell until it is left is one step.
+void CurveGridView::BeginEdit(EditStep step) {
+  if (!std::exchange(isEdited_, true)) Q_EMIT EditBegins(step);
 }
 
 CellArea CurveGridView::SelectedArea() const {
@@ -165,6 +185,7 @@ CellArea CurveGridView::SelectedArea() const {
 }
 
 void CurveGridView::OnTextChanged(const QString& text) {
+  BeginEdit(EditStep::Typing);
   const int caret = text11_->cursorPosition();
   cellEditor_.ChangeText(text.toStdString(), BytesOf(text, caret));
   const QString kept = QString::fromStdString(cellEditor_.Text());
@@ -292,6 +313,8 @@ bool CurveGridView::eventFilter(QObject* watched, QEvent* event) {
   if (watched != text11_) return QTableView::eventFilter(watched, event);
   switch (event->type()) {
     case QEvent::ShortcutOverride:
+      // What was typed in the cell is taken back there first; then it is the history's turn.
+      if (PassesUndoOn(*text11_, *static_cast<QKeyEvent*>(event))) return true;
       if (KeepsKey(*static_cast<QKeyEvent*>(event))) event->accept();
       return false;
     case QEvent::KeyPress:

@@ -5,6 +5,8 @@
 
 #include "editor/cell_editor.h"
 #include "editor/clipboard_text.h"
+#include "editor/edit_step.h"
+#include "editor/point_checks.h"
 
 class QLineEdit;
 
@@ -33,6 +35,11 @@ class CurveGridView : public QTableView {
   /// The grid has new texts or headings.
   void ShowAll();
 
+  /// What cells are called and what is wrong with them, in words that outlive the view.
+  void SetWords(const texts::PointTexts& words);
+  /// Marks the cells that are at fault.
+  void ShowFaults(std::vector<CellFault> faults);
+
   /// Whether the cell editor is open.
   [[nodiscard]] bool IsCellOpen() const;
   /// Whether it is open and its text or its caret has been touched: before that the cell is, as
@@ -40,11 +47,19 @@ class CurveGridView : public QTableView {
   [[nodiscard]] bool IsEditingText() const;
   /// Puts a text into the open cell's, in place of the selected part, as if it were typed.
   void InsertIntoText(const QString& text);
+  /// Puts a text in the place of the open cell's, as if it were typed; `step` is what the user
+  /// calls that.
+  void ReplaceText(const QString& text, EditStep step);
+
+  /// The grid's current cell has moved without the user.
+  void ShowCurrentCell();
 
   /// The selected cells; the current one where none is.
   [[nodiscard]] CellArea SelectedArea() const;
 
  Q_SIGNALS:
+  /// The user is about to change the open cell for the first time since it was opened.
+  void EditBegins(zentab::editor::EditStep step);
   /// The user changed a cell.
   void Edited();
   /// The cell editor closed: what shows the grid's points has to follow.
@@ -70,6 +85,7 @@ class CurveGridView : public QTableView {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void BeginEdit(EditStep step);
   void OnTextChanged(const QString& text);
   [[nodiscard]] bool KeepsKey(const QKeyEvent& event) const;
   [[nodiscard]] bool OnKey(QKeyEvent* event);
@@ -86,6 +102,7 @@ class CurveGridView : public QTableView {
   CurveGridModel* model_;
   QLineEdit* text11_;
   QPersistentModelIndex pressed_;
+  bool isEdited_ = false;       // the open cell, since it was opened
   bool doubleClicked_ = false;  // with the last press of the mouse on the cell editor
 };
 

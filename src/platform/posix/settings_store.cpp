@@ -72,4 +72,6 @@ class IniSettingsStore final : public SettingsStore {
 
 std::unique_ptr<SettingsStore> UserSettingsStore() { return std::make_unique<IniSettingsStore>(); }
 
+fs::path UserDataFolder() { return ConfigurationFolder("ZENTAB_SETTINGS_DIR"); }
+
 }  // namespace zentab::platform

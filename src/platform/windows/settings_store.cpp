@@ -1,5 +1,7 @@
 #include "platform/settings_store.h"
 
+#include <cstdlib>
+
 #include "platform/windows/wide_text.h"
 
 namespace zentab::platform {
@@ -52,6 +54,15 @@ class RegistrySettingsStore final : public SettingsStore {
 
 std::unique_ptr<SettingsStore> UserSettingsStore() {
   return std::make_unique<RegistrySettingsStore>();
+}
+
+std::filesystem::path UserDataFolder() {
+  std::error_code error;
+  if (const wchar_t* const named = _wgetenv(L"ZENTAB_SETTINGS_DIR")) {
+    return std::filesystem::absolute(named, error);
+  }
+  const wchar_t* const data = _wgetenv(L"LOCALAPPDATA");
+  return data == nullptr ? std::filesystem::path() : std::filesystem::path(data) / L"Zentab";
 }
 
 }  // namespace zentab::platform

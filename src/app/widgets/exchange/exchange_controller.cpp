@@ -111,6 +111,7 @@ void ExchangeController::Execute(ExchangeDialog& dialog) {
                                            : platform::ToPath(session_.exchangeFile);
   exchange::CopyResult result;
   {
+    Q_EMIT AboutToChange(editor::EditStep::Import);
     const ResponsiveFiles::Work work(files_);
     result = exchange::CopyEntries(writer_, Source(), listing_, dialog.SelectedRows(), target);
   }

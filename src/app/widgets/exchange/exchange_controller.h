@@ -6,6 +6,7 @@
 #include "app/session.h"
 #include "app/widgets/library/entry_list_model.h"
 #include "app/widgets/user_dialogs.h"
+#include "editor/edit_step.h"
 #include "exchange/widgets/exchange_dialog.h"
 #include "platform/settings_store.h"
 #include "tables/table_writer.h"
@@ -32,6 +33,8 @@ class ExchangeController : public QObject {
   void Export();
 
  Q_SIGNALS:
+  /// Table or library are about to change, in one step of the user's.
+  void AboutToChange(zentab::editor::EditStep step);
   /// The dialog has closed, and the active file has got entries.
   void EntriesAdded();
 

@@ -62,6 +62,7 @@ void LibraryController::Read() {
   if (!mark) return;
   Q_EMIT GridNeeded();
   if (session_.table.tableModified && !Agreed(MessageBox::DiscardEdits, *mark)) return;
+  Q_EMIT AboutToChange(editor::EditStep::Read);
   if (!Run(&LibraryCommands::ReadEntry, *mark)) return;
   Q_EMIT TableRead();
   Q_EMIT LibraryChanged();
@@ -70,6 +71,7 @@ void LibraryController::Read() {
 void LibraryController::Remove() {
   std::optional<tables::EntryMark> mark = Begin();
   if (!mark || !Agreed(MessageBox::ConfirmRemoval, *mark)) return;
+  Q_EMIT AboutToChange(editor::EditStep::Remove);
   if (!Run(&LibraryCommands::RemoveEntry, *mark)) return;
   // The entry that moved up is the next one to look at; behind the last one it is the one before.
   panel_.ShowNamesFrom(mark->index);
@@ -87,6 +89,7 @@ void LibraryController::Update() {
   if (!mark) return;
   Q_EMIT GridNeeded();
   if (!Agreed(MessageBox::ConfirmUpdate, *mark)) return;
+  Q_EMIT AboutToChange(editor::EditStep::Update);
   if (!Run(&LibraryCommands::UpdateEntry, *mark)) return;
   Q_EMIT LibraryChanged();
 }
@@ -96,6 +99,7 @@ void LibraryController::EnterName(const QString& name) {
   Q_EMIT CommandBegun();
   if (!name.trimmed().isEmpty() && TakesLeftover()) return;
   std::error_code error;
+  Q_EMIT AboutToChange(editor::EditStep::AddNew);
   switch (Add(name, error)) {
     case NameResult::Added:
       if (writer_.HasKeptLeftover()) {
@@ -175,17 +179,13 @@ void LibraryController::ListQuietly() {
 }
 
 void LibraryController::Take(tables::TableListing fresh) {
-  const std::optional<std::size_t> selected = panel_.SelectedIndex();
-  const tables::EntryMark mark = session_.listing.MarkOf(selected.value_or(tables::kNoLine));
+  const tables::EntryMark mark = SelectedMark();
   fresh.readings += session_.listing.readings;
   // To free a million names takes longer than to show them.
   auto former = std::make_shared<tables::TableListing>(std::move(session_.listing));
   session_.listing = std::move(fresh);
   files_.Post([former = std::move(former)]() mutable { former.reset(); });
-  const std::size_t place = session_.listing.PlaceOf(mark);
-  isLost_ = isLost_ || (selected && place == tables::kNoLine);
-  panel_.ShowNames(place);
-  Q_EMIT LibraryChanged();
+  ShowChanged(mark);
 }
 
 void LibraryController::ShowAddedEntries() {
@@ -198,6 +198,24 @@ void LibraryController::ShowAddedEntries() {
   }
   Take(std::move(fresh));
   if (!session_.listing.names.empty()) panel_.Reveal(session_.listing.names.size() - 1);
+}
+
+tables::EntryMark LibraryController::SelectedMark() const {
+  return session_.listing.MarkOf(panel_.SelectedIndex().value_or(tables::kNoLine));
+}
+
+void LibraryController::ShowChanged(const tables::EntryMark& entry) {
+  const bool wasSelected = entry.index != tables::kNoLine;
+  const std::size_t place = session_.listing.PlaceOf(entry);
+  isLost_ = isLost_ || (wasSelected && place == tables::kNoLine);
+  panel_.ShowNames(place);
+  Q_EMIT LibraryChanged();
+}
+
+QString LibraryController::WriteFailureText(std::error_code error) const {
+  const texts::ProgramTexts& texts = session_.texts.program;
+  if (error == tables::kEntryChanged) return QString::fromStdString(texts.entryChanged);
+  return FailureText(texts, WriteFailure(), error);
 }
 
 std::optional<tables::EntryMark> LibraryController::Begin() {
@@ -232,29 +250,23 @@ bool LibraryController::Run(Command command, tables::EntryMark& mark) {
     panel_.ShowNames(mark.index);
     Q_EMIT LibraryChanged();
   }
-  if (error == tables::kEntryChanged) {
-    Q_EMIT Failed(QString::fromStdString(session_.texts.program.entryChanged));
-  } else if (error) {
-    const bool reads = command == &LibraryCommands::ReadEntry;
-    Q_EMIT Failed(FailureText(session_.texts.program,
-                              reads ? session_.texts.program.readFailed : WriteFailure(), error));
-  }
-  return !error;
+  if (!error) return true;
+  const bool reads = command == &LibraryCommands::ReadEntry && error != tables::kEntryChanged;
+  Q_EMIT Failed(reads
+                    ? FailureText(session_.texts.program, session_.texts.program.readFailed, error)
+                    : WriteFailureText(error));
+  return false;
 }
 
 NameResult LibraryController::Add(const QString& name, std::error_code& error) {
   const std::size_t readings = session_.listing.readings;
   const ResponsiveFiles::Work work(files_);
-  const std::optional<std::size_t> selected = panel_.SelectedIndex();
-  const tables::EntryMark mark = session_.listing.MarkOf(selected.value_or(tables::kNoLine));
+  const tables::EntryMark mark = SelectedMark();
   const NameResult result = commands_.EnterName(name.toStdString(), error);
   if (result == NameResult::Added || session_.listing.readings != readings) {
     // The new entry is not selected.
-    const std::size_t place = session_.listing.PlaceOf(mark);
-    isLost_ = isLost_ || (selected && place == tables::kNoLine);
-    panel_.ShowNames(place);
+    ShowChanged(mark);
     if (result == NameResult::Added) panel_.Reveal(session_.listing.names.size() - 1);
-    Q_EMIT LibraryChanged();
   }
   return result;
 }

@@ -6,6 +6,7 @@
 #include "app/library_commands.h"
 #include "app/session_texts.h"
 #include "app/widgets/user_dialogs.h"
+#include "editor/edit_step.h"
 
 class QTimer;
 
@@ -27,6 +28,14 @@ class LibraryController : public QObject {
   /// Lists the active table file and selects its first entry.
   void FillEntryList();
 
+  /// The entry that is selected; one that is nowhere when none is.
+  [[nodiscard]] tables::EntryMark SelectedMark() const;
+  /// The library was changed and listed by other means than these commands: shows it, an entry
+  /// selected.
+  void ShowChanged(const tables::EntryMark& entry);
+  /// Why the active table file was not changed, in one line.
+  [[nodiscard]] QString WriteFailureText(std::error_code error) const;
+
  public Q_SLOTS:
   void Read();
   void Remove();
@@ -42,6 +51,8 @@ class LibraryController : public QObject {
   void ShowAddedEntries();
 
  Q_SIGNALS:
+  /// Table or library are about to change, in one step of the user's.
+  void AboutToChange(zentab::editor::EditStep step);
   /// What was said of the command before is over.
   void CommandBegun();
   /// A command is about to use the grid: an open cell editor closes.

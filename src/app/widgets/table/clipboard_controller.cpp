@@ -12,7 +12,14 @@ namespace {
 
 std::string ClipboardText() { return QGuiApplication::clipboard()->text().toStdString(); }
 
+QString Shown(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 }  // namespace
+
+using editor::CellCommand;
+using editor::EditStep;
 
 ClipboardController::ClipboardController(Session& session, TablePanel& panel)
     : QObject(&panel), session_(session), panel_(panel) {
@@ -29,46 +36,58 @@ void ClipboardController::Export() const {
 
 void ClipboardController::Import() {
   panel_.grid->CloseEditor();
+  Q_EMIT AboutToChange(EditStep::Paste);
   editor::PasteText(session_.table, panel_.grid->SelectedArea(), ClipboardText(),
                     session_.localeDecimalSeparator);
   Q_EMIT TableChanged();
 }
 
-void ClipboardController::Clear() {
+void ClipboardController::Clear() { ClearArea(EditStep::Clear); }
+
+void ClipboardController::ClearArea(EditStep step) {
   panel_.grid->CloseEditor();
+  Q_EMIT AboutToChange(step);
   editor::ClearArea(session_.table, panel_.grid->SelectedArea(), session_.localeDecimalSeparator);
   Q_EMIT TableChanged();
 }
 
-void ClipboardController::Run(editor::CellCommand command) {
-  using editor::CellCommand;
+void ClipboardController::Run(CellCommand command) {
   if (command == CellCommand::Copy || command == CellCommand::Cut) Export();
   if (command == CellCommand::Copy) return;
-  const bool severalRows = editor::HasSeveralRows(ClipboardText());
-  const bool pasting = command == CellCommand::Paste;
-  if (pasting && panel_.grid->IsEditingText()) {
-    PasteIntoText();
-    return;
-  }
-  // What is typed next belongs into the cell; the grid itself would not take it. Several rows fill
-  // more than the open cell.
-  const bool reopens = panel_.grid->IsCellOpen() && !(pasting && severalRows);
-  if (pasting) {
+  if (panel_.grid->IsCellOpen()) {
+    RunOnOpenCell(command);
+  } else if (command == CellCommand::Paste) {
     Import();
   } else {
-    Clear();
+    ClearArea(command == CellCommand::Cut ? EditStep::Cut : EditStep::Clear);
   }
-  if (reopens) panel_.grid->GridEdit(editor::kOpenWithText);
 }
 
-void ClipboardController::PasteIntoText() {
+void ClipboardController::RunOnOpenCell(CellCommand command) {
+  if (command != CellCommand::Paste) {
+    panel_.grid->ReplaceText({}, command == CellCommand::Cut ? EditStep::Cut : EditStep::Clear);
+    return;
+  }
   const std::string text = ClipboardText();
   if (text.empty()) return;
-  const std::string_view row = editor::FirstRow(text);
-  panel_.grid->InsertIntoText(QString::fromUtf8(row.data(), static_cast<qsizetype>(row.size())));
+  if (panel_.grid->IsEditingText()) {
+    PasteIntoText(text);
+  } else if (editor::IsOneValue(text)) {
+    panel_.grid->ReplaceText(Shown(editor::FirstRow(text)), EditStep::Paste);
+  } else {
+    // Several rows fill more than the open cell.
+    const bool reopens = !editor::HasSeveralRows(text);
+    Import();
+    if (reopens) panel_.grid->GridEdit(editor::kOpenWithText);
+  }
+}
+
+void ClipboardController::PasteIntoText(const std::string& text) {
+  panel_.grid->InsertIntoText(Shown(editor::FirstRow(text)));
   const std::string_view below = editor::RowsBelowFirst(text);
   if (below.empty()) return;
   panel_.grid->CloseEditor();
+  Q_EMIT AboutToChange(EditStep::Paste);
   const editor::CurveGrid& grid = session_.table.grid;
   editor::PasteText(session_.table, {grid.Row() + 1, grid.Col(), grid.Row() + 1, grid.Col()}, below,
                     session_.localeDecimalSeparator);

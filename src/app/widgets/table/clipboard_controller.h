@@ -3,6 +3,7 @@
 #include <QObject>
 
 #include "app/session.h"
+#include "editor/edit_step.h"
 #include "editor/widgets/curve_grid_view.h"
 
 namespace zentab::app {
@@ -11,8 +12,9 @@ class TablePanel;
 
 /// Carries out the clipboard commands under the grid, for their buttons (Import Clipboard data
 /// `Command7`, Export `Command8`, Clear `Command9`) and for the keys that mean them in a
-/// spreadsheet. A cell that was only opened stays open. Rows pasted into a text that is being
-/// edited go on in the cells below it.
+/// spreadsheet. In a cell that was only opened, the keys act on that cell as typing would; several
+/// rows or columns are pasted as by the button. Rows pasted into a text that is being edited go on
+/// in the cells below it.
 class ClipboardController : public QObject {
   Q_OBJECT
 
@@ -28,12 +30,16 @@ class ClipboardController : public QObject {
   void Clear();
 
  Q_SIGNALS:
+  /// Table or library are about to change, in one step of the user's.
+  void AboutToChange(zentab::editor::EditStep step);
   /// The grid holds other points.
   void TableChanged();
 
  private:
   void Run(editor::CellCommand command);
-  void PasteIntoText();
+  void RunOnOpenCell(editor::CellCommand command);
+  void ClearArea(editor::EditStep step);
+  void PasteIntoText(const std::string& text);
 
   Session& session_;
   TablePanel& panel_;

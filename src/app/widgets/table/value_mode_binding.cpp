@@ -1,19 +1,44 @@
 #include "app/widgets/table/value_mode_binding.h"
 
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <utility>
 
 #include "app/widgets/table/table_panel.h"
+#include "editor/widgets/field_undo.h"
 
 namespace zentab::app {
 
 ValueModeBinding::ValueModeBinding(Session& session, TablePanel& panel)
     : session_(session), panel_(panel) {
-  connect(panel.check1, &QCheckBox::toggled, this, &ValueModeBinding::Take);
-  connect(panel.check2, &QCheckBox::toggled, this, &ValueModeBinding::Take);
+  const auto follow = [this](QCheckBox* box, editor::EditStep step) {
+    connect(box, &QCheckBox::toggled, this, [this, step] {
+      if (!showing_) Q_EMIT AboutToChange(step);
+      Take();
+    });
+  };
+  follow(panel.check1, editor::EditStep::AbsoluteValues);
+  follow(panel.check2, editor::EditStep::TimeUnit);
+  FollowField(panel.text2, editor::EditStep::Pickup);
+  FollowField(panel.text3, editor::EditStep::Multiplier);
   connect(panel.text2, &QLineEdit::textChanged, this, &ValueModeBinding::Take);
   connect(panel.text3, &QLineEdit::textChanged, this, &ValueModeBinding::TakeMultiplier);
   connect(panel.text3, &QLineEdit::editingFinished, this, &ValueModeBinding::LeaveMultiplier);
+}
+
+// What is typed before a field is left is one step. Its own undo comes first.
+void ValueModeBinding::FollowField(QLineEdit* field, editor::EditStep step) {
+  connect(field, &QLineEdit::textEdited, this, [this, step] {
+    if (std::exchange(typing_, step) != step) Q_EMIT AboutToChange(step);
+  });
+  connect(field, &QLineEdit::editingFinished, this, [this] { typing_.reset(); });
+  field->installEventFilter(this);
+}
+
+bool ValueModeBinding::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride) return QObject::eventFilter(watched, event);
+  return editor::PassesUndoOn(*static_cast<QLineEdit*>(watched), *static_cast<QKeyEvent*>(event));
 }
 
 void ValueModeBinding::LeaveMultiplier() const {

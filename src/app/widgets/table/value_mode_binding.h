@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
 
 #include "app/session.h"
+#include "editor/edit_step.h"
+
+class QLineEdit;
 
 namespace zentab::app {
 
@@ -24,16 +28,23 @@ class ValueModeBinding : public QObject {
   void LeaveMultiplier() const;
 
  Q_SIGNALS:
+  /// One of them is about to change by the user's hand, in one step.
+  void AboutToChange(zentab::editor::EditStep step);
   /// The user changed one of them.
   void Changed();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void Take();
   void TakeMultiplier();
+  void FollowField(QLineEdit* field, editor::EditStep step);
 
   Session& session_;
   TablePanel& panel_;
   bool showing_ = false;
+  std::optional<editor::EditStep> typing_;  // in a field that has not been left since
 };
 
 }  // namespace zentab::app

@@ -23,7 +23,10 @@ InstrumentController::InstrumentController(Session& session, const EventLog& log
           {[&log](std::string_view line) { log.WriteLogLine(line); }, [this] { LetEventsRun(); }}) {
   // A click on the choice that is already made closes its module and opens it again.
   const auto choose = [this](QRadioButton* option, tables::Instrument kind) {
-    connect(option, &QRadioButton::clicked, this, [this, kind] { Choose(kind); });
+    connect(option, &QRadioButton::clicked, this, [this, kind] {
+      Q_EMIT AboutToChange(editor::EditStep::Instrument);
+      Choose(kind);
+    });
   };
   choose(panel.option1, tables::Instrument::Current);
   choose(panel.option2, tables::Instrument::Voltage);
@@ -31,7 +34,26 @@ InstrumentController::InstrumentController(Session& session, const EventLog& log
 }
 
 void InstrumentController::FollowSession() {
-  if (session_.instrument != instruments_.Kind()) Choose(session_.instrument);
+  if (session_.instrument == instruments_.Kind()) return;
+  if (session_.instrument == tables::Instrument::None) {
+    ChooseNone();
+  } else {
+    Choose(session_.instrument);
+  }
+}
+
+// As before the first choice, which no click leads back to.
+void InstrumentController::ChooseNone() {
+  const BusyWindow busy(*panel_.window());
+  instruments_.Choose(tables::Instrument::None);
+  for (QRadioButton* const option : {panel_.option1, panel_.option2, panel_.option3}) {
+    option->setAutoExclusive(false);
+    option->setChecked(false);
+    option->setAutoExclusive(true);
+  }
+  Q_EMIT InstrumentChosen();
+  Q_EMIT ResultsWanted();
+  Q_EMIT Chosen();
 }
 
 void InstrumentController::Choose(tables::Instrument kind) {

@@ -5,6 +5,7 @@
 #include "app/event_log.h"
 #include "app/session.h"
 #include "app/widgets/user_dialogs.h"
+#include "editor/edit_step.h"
 #include "testset/instrument_session.h"
 
 class QRadioButton;
@@ -30,6 +31,8 @@ class InstrumentController : public QObject {
   void Choose(tables::Instrument kind);
 
  Q_SIGNALS:
+  /// Table or library are about to change, in one step of the user's.
+  void AboutToChange(zentab::editor::EditStep step);
   /// Another instrument is in use; its module is not open yet.
   void InstrumentChosen();
   /// The instrument's time test may be looked at.
@@ -42,6 +45,7 @@ class InstrumentController : public QObject {
   void Failed(const QString& text);
 
  private:
+  void ChooseNone();
   void Open();
   void LetEventsRun() const;
   void TellOpenFailed(const std::string& reason);

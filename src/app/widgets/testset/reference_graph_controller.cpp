@@ -45,6 +45,7 @@ void ReferenceGraphController::ImportGraph() {
   }
   const QString file = dialogs_.ChooseGraphFile();
   if (file.isEmpty()) return;
+  Q_EMIT AboutToChange(editor::EditStep::GraphImport);
   const ImportGraphOutcome outcome = commands_.ImportGraph(platform::ToPath(file.toStdString()));
   if (outcome.error) {
     ReportError(*outcome.error, file);

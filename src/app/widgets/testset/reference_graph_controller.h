@@ -4,6 +4,7 @@
 
 #include "app/reference_graph_commands.h"
 #include "app/widgets/user_dialogs.h"
+#include "editor/edit_step.h"
 
 namespace zentab::app {
 
@@ -24,6 +25,8 @@ class ReferenceGraphController : public QObject {
   void ImportGraph();
 
  Q_SIGNALS:
+  /// Table or library are about to change, in one step of the user's.
+  void AboutToChange(zentab::editor::EditStep step);
   /// A command is about to use the grid and its value modes: open editors close.
   void GridNeeded();
   /// The grid holds another table.

@@ -56,6 +56,7 @@ void TimeTestController::ImportTimeTest() {
                                panel_.text5->text().toStdString(),
                                panel_.text6->text().toStdString()};
   const ResponsiveFiles::Work work(files_);
+  Q_EMIT AboutToChange(editor::EditStep::TimeTest);
   ImportProgress progress(&panel_, session_.texts.program);
   Report(commands_.ImportTimeTest(
       fields, [&progress](double fraction) { return progress.Report(fraction); }));

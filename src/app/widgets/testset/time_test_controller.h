@@ -5,6 +5,7 @@
 #include "app/event_log.h"
 #include "app/time_test_commands.h"
 #include "app/widgets/user_dialogs.h"
+#include "editor/edit_step.h"
 
 namespace zentab::app {
 
@@ -29,6 +30,8 @@ class TimeTestController : public QObject {
   void ImportTimeTest();
 
  Q_SIGNALS:
+  /// Table or library are about to change, in one step of the user's.
+  void AboutToChange(zentab::editor::EditStep step);
   /// The command is about to use the grid: an open cell editor closes.
   void GridNeeded();
   /// The grid holds another table.

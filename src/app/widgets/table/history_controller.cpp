@@ -1,0 +1,95 @@
+#include "app/widgets/table/history_controller.h"
+
+#include <QAction>
+#include <QMenu>
+
+#include "app/session_texts.h"
+#include "app/widgets/files/responsive_files.h"
+#include "app/widgets/library/library_controller.h"
+#include "app/widgets/status_line.h"
+#include "app/widgets/table/table_panel.h"
+#include "app/widgets/table/value_mode_binding.h"
+#include "app/widgets/testset/instrument_controller.h"
+
+namespace zentab::app {
+namespace {
+
+static_assert(static_cast<std::size_t>(editor::EditStep::BringBack) + 1 == texts::kEditSteps);
+
+QString Caption(const Session& session, const std::string& text,
+                std::optional<editor::EditStep> step) {
+  const std::string name =
+      step ? session.texts.history.steps[static_cast<std::size_t>(*step)] : std::string();
+  return QString::fromStdString(Expanded(session, text, {name})).trimmed();
+}
+
+}  // namespace
+
+HistoryController::HistoryController(Parts parts) : QObject(&parts.table), parts_(parts) {}
+
+void HistoryController::AddTo(QMenu& menu) {
+  auto* const undo = new QAction(&menu);
+  auto* const redo = new QAction(&menu);
+  undo->setObjectName(QStringLiteral("m_undo"));
+  redo->setObjectName(QStringLiteral("m_redo"));
+  undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+  redo->setShortcuts(
+      {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  connect(undo, &QAction::triggered, this, &HistoryController::Undo);
+  connect(redo, &QAction::triggered, this, &HistoryController::Redo);
+  menu.insertActions(menu.actions().value(0), {undo, redo});
+  connect(&menu, &QMenu::aboutToShow, this, [this, undo, redo] { ShowCaptions(undo, redo); });
+  // The keys look for a step themselves.
+  connect(&menu, &QMenu::aboutToHide, undo, [undo, redo] {
+    undo->setEnabled(true);
+    redo->setEnabled(true);
+  });
+}
+
+void HistoryController::ShowCaptions(QAction* undo, QAction* redo) {
+  const texts::HistoryTexts& texts = parts_.session.texts.history;
+  const std::optional<editor::EditStep> done = parts_.history.UndoStep();
+  const std::optional<editor::EditStep> undone = parts_.history.RedoStep();
+  undo->setText(Caption(parts_.session, texts.undo, done));
+  undo->setEnabled(done.has_value());
+  redo->setText(Caption(parts_.session, texts.redo, undone));
+  redo->setEnabled(undone.has_value());
+}
+
+void HistoryController::Undo() { Go(&SessionHistory::Undo); }
+
+void HistoryController::Redo() { Go(&SessionHistory::Redo); }
+
+void HistoryController::Go(HistoryOutcome (SessionHistory::*step)()) {
+  // A module is just at work, or a file.
+  if (!parts_.table.window()->isEnabled() || parts_.files.IsAtWork()) return;
+  Q_EMIT CommandBegun();
+  // What is typed next belongs into a cell, as before.
+  const bool reopens = parts_.table.grid->IsCellOpen();
+  parts_.table.grid->CloseEditor();
+  const tables::EntryMark selected = parts_.library.SelectedMark();
+  HistoryOutcome outcome;
+  {
+    const ResponsiveFiles::Work work(parts_.files);
+    outcome = (parts_.history.*step)();
+    if (outcome.changedLibrary) parts_.library.ShowChanged(outcome.entry.value_or(selected));
+  }
+  if (outcome.error) {
+    Q_EMIT Failed(parts_.library.WriteFailureText(outcome.error));
+  } else if (outcome.step) {
+    ShowTable();
+    if (reopens) parts_.table.grid->GridEdit(editor::kOpenWithText);
+  }
+}
+
+void HistoryController::ShowTable() {
+  // The choice of an instrument shows its module's pickup value.
+  const editor::ValueModes modes = parts_.session.modes;
+  parts_.instruments.FollowSession();
+  parts_.session.modes = modes;
+  parts_.modes.Show();
+  parts_.table.grid->ShowCurrentCell();
+  Q_EMIT TableShown();
+}
+
+}  // namespace zentab::app

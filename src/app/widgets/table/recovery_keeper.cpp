@@ -1,0 +1,158 @@
+#include "app/widgets/table/recovery_keeper.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QMenu>
+#include <QTimer>
+
+#include "app/session_history.h"
+#include "app/session_texts.h"
+#include "editor/chart_curve.h"
+
+namespace zentab::app {
+namespace {
+
+constexpr int kBehind = 500;                         // milliseconds
+constexpr std::chrono::milliseconds kLongest(2000);  // that anyone waits for the file
+
+}  // namespace
+
+RecoveryKeeper::RecoveryKeeper(Session& session, platform::FileLayer& files,
+                               const std::filesystem::path& folder, UserDialogs& dialogs,
+                               QObject* parent)
+    : QObject(parent),
+      session_(session),
+      dialogs_(dialogs),
+      recovery_(std::make_shared<RecoveryFiles>(files, folder)),
+      timer_(new QTimer(this)) {
+  timer_->setSingleShot(true);
+  timer_->setInterval(kBehind);
+  connect(timer_, &QTimer::timeout, this, &RecoveryKeeper::Write);
+}
+
+RecoveryKeeper::~RecoveryKeeper() = default;
+
+bool RecoveryKeeper::IsUnsaved() const {
+  return session_.table.tableModified || StateOf(session_).DiffersFromStored();
+}
+
+// Not put off by what is typed meanwhile: the file is never further behind than that.
+void RecoveryKeeper::Follow() {
+  if (!timer_->isActive()) timer_->start();
+}
+
+KeptTable RecoveryKeeper::TableNow() const {
+  KeptTable kept;
+  kept.editedAt = QDateTime::currentSecsSinceEpoch();
+  kept.tablePath = session_.tablePath;
+  kept.state = StateOf(session_);
+  return kept;
+}
+
+void RecoveryKeeper::Call(std::function<void(RecoveryFiles&)> call) {
+  call_ = thread_.Start([recovery = recovery_, call = std::move(call)] { call(*recovery); });
+}
+
+void RecoveryKeeper::WaitForCalls() {
+  // What takes longer goes on by itself.
+  [[maybe_unused]] const bool dropped = !call_ || call_->WaitFor(kLongest);
+}
+
+void RecoveryKeeper::Write() {
+  KeptTable kept = TableNow();
+  const bool keeps = IsUnsaved();
+  const std::string now = keeps ? kept.state.table : std::string();
+  if (now == written_) return;
+  written_ = now;
+  if (keeps) {
+    std::erase_if(found_, [](const FoundTable& found) {
+      return found.kept.kind == KeptTable::Kind::PutAside;
+    });
+  }
+  Call([kept = std::move(kept), keeps](RecoveryFiles& recovery) {
+    // Nobody can be told while he types; the next edit tries again.
+    [[maybe_unused]] const std::error_code dropped =
+        keeps ? recovery.Keep(kept) : recovery.Forget();
+  });
+}
+
+void RecoveryKeeper::KeepNow() {
+  timer_->stop();
+  Write();
+  WaitForCalls();
+}
+
+void RecoveryKeeper::End(bool discarded) {
+  timer_->stop();
+  KeptTable kept = TableNow();
+  const bool isEdited = session_.table.tableModified;
+  const bool hasPoints =
+      !editor::CurveOf(session_.table.grid, session_.localeDecimalSeparator).points.empty();
+  const bool keeps = isEdited ? !discarded : hasPoints && kept.state.DiffersFromStored();
+  if (!isEdited) kept.kind = KeptTable::Kind::PutAside;
+  Call([kept = std::move(kept), keeps](RecoveryFiles& recovery) {
+    // The program ends whether or not its last table is remembered.
+    [[maybe_unused]] const std::error_code dropped =
+        keeps ? recovery.Keep(kept) : recovery.Forget();
+  });
+  WaitForCalls();
+}
+
+void RecoveryKeeper::Offer() {
+  const auto found = std::make_shared<std::vector<FoundTable>>();
+  Call([found](RecoveryFiles& recovery) { *found = recovery.Look(); });
+  // A folder that does not answer has nothing to offer.
+  if (!call_->WaitFor(kLongest)) return;
+  found_ = std::move(*found);
+  for (std::size_t index = 0; index < found_.size(); ++index) {
+    if (found_[index].kept.kind == KeptTable::Kind::PutAside) continue;
+    if (dialogs_.Confirm(Question(found_[index].kept))) {
+      Take(index);
+      return;
+    }
+    found_[index].kept.kind = KeptTable::Kind::PutAside;
+    Call([file = found_[index].file](RecoveryFiles& recovery) {
+      // One that cannot be marked is offered again.
+      [[maybe_unused]] const std::error_code dropped = recovery.PutAside(file);
+    });
+  }
+}
+
+texts::MessageText RecoveryKeeper::Question(const KeptTable& kept) const {
+  const texts::HistoryTexts& texts = session_.texts.history;
+  const QDateTime edited = QDateTime::fromSecsSinceEpoch(kept.editedAt);
+  const std::string when = QLocale().toString(edited, QLocale::ShortFormat).toStdString();
+  const std::optional<editor::EntryInGrid>& source = kept.state.origin->source;
+  const std::string& text = source ? texts.recoveryEntryText : texts.recoveryText;
+  const std::string name = source ? source->name : std::string();
+  return {texts.recoveryHeading, Expanded(session_, text, {kept.tablePath, when, name})};
+}
+
+void RecoveryKeeper::AddTo(QMenu& menu) {
+  menu.addSeparator();
+  QAction* const action = menu.addAction(QStringLiteral("&Bring back the last table"));
+  action->setObjectName(QStringLiteral("m_back"));
+  connect(action, &QAction::triggered, this, &RecoveryKeeper::BringBack);
+  connect(&menu, &QMenu::aboutToShow, action, [this, action] { action->setEnabled(HasTable()); });
+}
+
+void RecoveryKeeper::BringBack() {
+  if (HasTable()) Take(0);
+}
+
+void RecoveryKeeper::Take(std::size_t index) {
+  Q_EMIT GridNeeded();
+  Q_EMIT AboutToChange(editor::EditStep::BringBack);
+  const FoundTable table = found_[index];
+  found_.erase(found_.begin() + static_cast<std::ptrdiff_t>(index));
+  editor::TableState state = table.kept.state;
+  // What is stored is not what was stored when the table was left.
+  state.origin = std::make_shared<editor::TableOrigin>(
+      editor::TableOrigin{state.origin->source, session_.stored});
+  Restore(state, session_);
+  Call([file = table.file](RecoveryFiles& recovery) { recovery.Adopt(file); });
+  written_ = state.table;
+  Q_EMIT BroughtBack();
+}
+
+}  // namespace zentab::app

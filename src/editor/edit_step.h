@@ -1,0 +1,44 @@
+#pragma once
+
+namespace zentab::editor {
+
+/// What a user does to the grid, its value modes or the library, in one step of the history.
+enum class EditStep {
+  // the grid and the value modes
+  Typing,
+  Paste,
+  Clear,
+  Cut,
+  Read,
+  TimeTest,
+  GraphImport,
+  Pickup,
+  Multiplier,
+  AbsoluteValues,
+  TimeUnit,
+  Instrument,
+  // the point tools
+  InsertRow,
+  DeleteRows,
+  MoveRowsUp,
+  MoveRowsDown,
+  SortByLoad,
+  Reverse,
+  ScaleLoads,
+  ScaleTimes,
+  ShiftLoads,
+  ShiftTimes,
+  RoundNumbers,
+  ConvertLoads,  // between multiples of the pickup value and amperes or volts
+  ConvertTimes,  // between s and ms
+  FillBetween,
+  // the library
+  Update,
+  AddNew,
+  Remove,
+  Import,
+  // a table of a former session
+  BringBack,
+};
+
+}  // namespace zentab::editor

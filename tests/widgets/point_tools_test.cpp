@@ -1,0 +1,297 @@
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include "app/widgets/qt_user_dialogs.h"
+#include "app/widgets/table/point_tools_controller.h"
+#include "app/widgets/table/table_panel.h"
+#include "editor/widgets/curve_grid_view.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kLibrary = "{\"Three\"\t(1;10)(2;20)(3;30) 001}\r\n";
+
+class PointToolsTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start(const QByteArray& library = kLibrary) {
+    made_ = std::make_unique<WindowFixture>(library);
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Click("Command1");
+    Grid().setFocus();
+    return *made_;
+  }
+  [[nodiscard]] editor::CurveGridView& Grid() const {
+    return *made_->Find<editor::CurveGridView>("MSFlexGrid1");
+  }
+  [[nodiscard]] bool EditorOpen() const { return made_->Find<QWidget>("Text11")->isVisible(); }
+  [[nodiscard]] QString Focus() const { return QApplication::focusWidget()->objectName(); }
+  [[nodiscard]] QString Said() const { return made_->window->statusBar()->currentMessage(); }
+  [[nodiscard]] QString Marked() const {
+    const auto* const button = made_->Find<QToolButton>("StatusCheck");
+    return button->isVisible() ? button->text() : QString();
+  }
+  [[nodiscard]] QString Points() const {
+    QString rows = QString::fromStdString(
+        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
+    while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
+    return rows.replace('\t', ';').replace('\r', '|');
+  }
+  void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+  }
+  void Choose(const char* action) { made_->Find<QAction>(action)->trigger(); }
+  void SelectRows(int from, int to) {
+    Grid().CloseEditor();
+    Grid().setCurrentIndex(Grid().model()->index(from - 1, 0));
+    Grid().selectionModel()->select(
+        QItemSelection(Grid().model()->index(from - 1, 0), Grid().model()->index(to - 1, 1)),
+        QItemSelectionModel::ClearAndSelect);
+  }
+  // What asks for a context menu on a control shows this one.
+  [[nodiscard]] QString MenuOn(QWidget* control) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, control->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(control, &event);
+    QWidget* const menu = QApplication::activePopupWidget();
+    if (menu == nullptr) return {};
+    const QString name = menu->objectName();
+    menu->close();
+    return name;
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void KeysMoveRowsAndTheOpenCellGoesAlong() {
+    WindowFixture& f = Start();
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(Points(), QStringLiteral("2;20|1;10|3;30"));
+    QVERIFY(f.session.table.tableModified && EditorOpen());
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("5"));
+    QCOMPARE(Points(), QStringLiteral("2;20|15;10|3;30"));
+    Key(Qt::Key_Up, Qt::AltModifier);
+    Key(Qt::Key_Plus, Qt::ControlModifier);
+    QCOMPARE(Points(), QStringLiteral(";|15;10|2;20|3;30"));
+    Key(Qt::Key_Minus, Qt::ControlModifier);
+    SelectRows(1, 2);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(Points(), QStringLiteral("3;30|15;10|2;20"));
+    QCOMPARE(Grid().SelectedArea().top * 100 + Grid().SelectedArea().bottom, 203);
+    Choose("m_sort");
+    QCOMPARE(Points(), QStringLiteral("3;30|2;20|15;10"));
+    Choose("m_rev");
+    Key(Qt::Key_Minus, Qt::ControlModifier);
+    QCOMPARE(Points(), QStringLiteral("3;30"));
+    QVERIFY(f.Find<QWidget>("MSChart1")->isHidden());
+  }
+
+  void NumbersAreAskedForAndOutcomesTold() {
+    WindowFixture& f = Start();
+    Choose("m_sct");
+    QCOMPARE(Points(), QStringLiteral("1;10|2;20|3;30"));
+    QCOMPARE(f.dialogs.asked, std::vector<std::string>{"Scale times"});
+    f.dialogs.number = 0.5;
+    Choose("m_sct");
+    SelectRows(2, 3);
+    Choose("m_shl");
+    QCOMPARE(Points(), QStringLiteral("1;5|2.5;10|3.5;15"));
+    f.dialogs.number = 1;
+    SelectRows(1, 2);
+    Key(Qt::Key_B, Qt::ControlModifier);
+    QCOMPARE(Points(), QStringLiteral("1;5|1.581139;7.07107|2.5;10|3.5;15"));
+    Choose("m_log");
+    Choose("m_fill");
+    QCOMPARE(Points().section('|', 1, 1), QStringLiteral("1.257433;5.91744"));
+    f.dialogs.number = 2;
+    SelectRows(1, 26);
+    Choose("m_rnd");
+    QCOMPARE(Points().section('|', 1, 1), QStringLiteral("1.26;5.92"));
+    const std::size_t asked = f.dialogs.asked.size();
+    SelectRows(20, 21);
+    Choose("m_fill");
+    QCOMPARE(f.dialogs.asked.size(), asked);
+    QVERIFY(Said().startsWith(QStringLiteral("Select two rows")));
+  }
+
+  void ConversionsChangeNumbersAndModesTogether() {
+    WindowFixture& f = Start();
+    f.Find<QLineEdit>("Text2")->clear();
+    Choose("m_cvl");
+    QVERIFY(Said().startsWith(QStringLiteral("The pickup value")));
+    f.Find<QLineEdit>("Text2")->setText(QStringLiteral("5"));
+    Choose("m_cvl");
+    Choose("m_cvt");
+    QCOMPARE(Points(), QStringLiteral("5;10000|10;20000|15;30000"));
+    QVERIFY(f.Find<QCheckBox>("Check1")->isChecked() && f.Find<QCheckBox>("Check2")->isChecked());
+    QCOMPARE(f.Find<QLabel>("Label2")->text(), QStringLiteral("Trip time (ms)"));
+    QVERIFY(f.session.modes.absoluteValues && f.session.modes.milliseconds);
+    f.Find<QCheckBox>("Check2")->click();
+    QCOMPARE(Points(), QStringLiteral("5;10000|10;20000|15;30000"));
+  }
+
+  void WhatComesIsRememberedBeforeItHappens() {
+    WindowFixture& f = Start();
+    std::vector<editor::EditStep> steps;
+    QString before;
+    PointToolsController tools(f.session, *f.window->findChild<TablePanel*>(), f.dialogs,
+                               [&](editor::EditStep step) {
+                                 steps.push_back(step);
+                                 before = Points();
+                               });
+    tools.setParent(nullptr);
+    tools.Run(editor::EditStep::SortByLoad, {});
+    tools.Run(editor::EditStep::ScaleLoads, {});
+    QVERIFY2(steps.empty(), "nothing changed, and nothing answered");
+    tools.Run(editor::EditStep::Reverse, {});
+    QVERIFY(steps == std::vector{editor::EditStep::Reverse});
+    QCOMPARE(before, QStringLiteral("1;10|2;20|3;30"));
+  }
+
+  void FaultsAreMarkedCountedAndVisited() {
+    WindowFixture& f = Start("{\"Bad\"\t(2;10)(1;0)(3;30) 001}\r\n");
+    QCOMPARE(Marked(), QStringLiteral("▲ 2 cells to check"));
+    const auto words = [this](int row, int column) {
+      return Grid().model()->index(row - 1, column - 1).data(Qt::ToolTipRole).toString();
+    };
+    QCOMPARE(words(2, 1), QStringLiteral("the load does not increase"));
+    QCOMPARE(words(1, 1), QString());
+    Key(Qt::Key_Return);
+    for (const char* const place : {"2,1", "2,2", "2,1"}) {
+      Key(Qt::Key_F8);
+      const editor::CurveGrid& grid = f.session.table.grid;
+      QCOMPARE(QStringLiteral("%1,%2").arg(grid.Row()).arg(grid.Col()), QLatin1String(place));
+    }
+    QCOMPARE(Said(), QStringLiteral("Row 2: the load does not increase"));
+    Key(Qt::Key_Return);
+    f.Find<QLineEdit>("Text11")->setText(QStringLiteral("2"));
+    QCOMPARE(words(2, 1),
+             QStringLiteral("the load does not increase\nthe load is that of point 1 as well"));
+    f.Find<QLineEdit>("Text11")->setText(QStringLiteral("2.5"));
+    QCOMPARE(Marked(), QStringLiteral("▲ 1 cell to check"));
+    const QImage marked =
+        Grid().viewport()->grab(Grid().visualRect(Grid().model()->index(1, 1))).toImage();
+    Key(Qt::Key_Right);
+    f.Find<QLineEdit>("Text11")->setText(QStringLiteral("20"));
+    Key(Qt::Key_Escape);
+    QCOMPARE(Marked(), QString());
+    QVERIFY(marked !=
+            Grid().viewport()->grab(Grid().visualRect(Grid().model()->index(1, 1))).toImage());
+    Key(Qt::Key_F8);
+    QVERIFY(f.dialogs.asked.empty());
+  }
+
+  void ContextMenusHoldWhatAppliesThere() {
+    WindowFixture& f = Start();
+    QCOMPARE(MenuOn(Grid().viewport()), QStringLiteral("m_edit"));
+    Key(Qt::Key_Return);
+    QCOMPARE(MenuOn(f.Find<QWidget>("Text11")), QStringLiteral("m_edit"));
+    Choose("m_copy");
+    Choose("m_clear");
+    QCOMPARE(Points(), QStringLiteral(";10|2;20|3;30"));
+    QVERIFY(EditorOpen());
+    Choose("m_paste");
+    QCOMPARE(Points(), QStringLiteral("1;10|2;20|3;30"));
+    QCOMPARE(MenuOn(f.Find<QWidget>("MSChart1")), QStringLiteral("m_chartmenu"));
+    QCOMPARE(MenuOn(f.Find<QAbstractItemView>("List1")->viewport()), QStringLiteral("m_listmenu"));
+    Choose("m_Command2");
+    QCOMPARE(NamesIn(*f.window), QString());
+    QCOMPARE(MenuOn(f.Find<QWidget>("List1")), QStringLiteral("m_listmenu"));
+    QVERIFY(!f.Find<QAction>("m_Command1")->isEnabled());
+    f.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(f.window.get()));
+    // A text field keeps the commands of the clipboard for itself.
+    f.Find<QLineEdit>("Text2")->setText(QStringLiteral("77"));
+    f.Find<QLineEdit>("Text2")->setFocus();
+    f.Find<QLineEdit>("Text2")->selectAll();
+    Choose("m_cut");
+    QCOMPARE(f.Find<QLineEdit>("Text2")->text() + '/' + Points(),
+             QStringLiteral("/1;10|2;20|3;30"));
+  }
+
+  void KeysLeadFromPanelToPanel() {
+    WindowFixture& f = Start();
+    for (const char* const name : {"MSChart1", "List1", "MSFlexGrid1"}) {
+      Key(Qt::Key_F6);
+      QCOMPARE(Focus(), QLatin1String(name));
+    }
+    Key(Qt::Key_Return);
+    Key(Qt::Key_F6, Qt::ShiftModifier);
+    QCOMPARE(Focus(), QStringLiteral("List1"));
+    Key(Qt::Key_3, Qt::AltModifier);
+    QCOMPARE(Focus(), QStringLiteral("MSChart1"));
+    Key(Qt::Key_2, Qt::AltModifier);
+    QCOMPARE(Focus(), QStringLiteral("MSFlexGrid1"));
+    SelectRows(1, 26);
+    Key(Qt::Key_Delete);
+    f.Find<QWidget>("Command10")->setEnabled(true);
+    Key(Qt::Key_F6);
+    QCOMPARE(Focus(), QStringLiteral("Command10"));
+    Key(Qt::Key_1, Qt::AltModifier);
+    QCOMPARE(Focus(), QStringLiteral("List1"));
+  }
+
+  void ScreenReadersHearEveryControlAndCell() {
+    WindowFixture& f = Start();
+    QVERIFY(QFile::copy(QStringLiteral(CATALOGUES "/Zentab.zh_CN.txt"), f.Path("Zentab.txt")));
+    for (const char* const cell : {"row 3, load 3", "第 3 行，负荷水平 3"}) {
+      for (const auto* const control : f.window->findChildren<QWidget*>()) {
+        const QString& name = control->objectName();
+        if (control->focusPolicy() == Qt::NoFocus || name.isEmpty() || control->isHidden()) {
+          continue;
+        }
+        QVERIFY2(!control->accessibleName().isEmpty(), qPrintable(name));
+        QVERIFY2(!control->accessibleDescription().isEmpty(), qPrintable(name));
+        QVERIFY2(!control->accessibleName().contains('&'), qPrintable(name));
+      }
+      const QModelIndex place = Grid().model()->index(2, 0);
+      QCOMPARE(place.data(Qt::AccessibleTextRole).toString(), QString::fromUtf8(cell));
+      f.Open();
+      f.Click("Command1");
+    }
+    QCOMPARE(f.Find<QWidget>("Command2")->accessibleName(), QStringLiteral("删除"));
+    Grid().GridEdit('"');
+    QCOMPARE(f.Find<QWidget>("Text11")->accessibleName(), QStringLiteral("第 1 行，负荷水平"));
+  }
+
+  void TheQuestionForANumberTakesNothingElse() {
+    WindowFixture& f = Start();
+    QtUserDialogs dialogs(f.session);
+    dialogs.SetParent(f.window.get());
+    QTimer::singleShot(0, this, [] {
+      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      auto* const field = dialog->findChild<QLineEdit*>(QStringLiteral("TextNumber"));
+      QCOMPARE(field->text(), QStringLiteral("1.5"));
+      for (const char* const text : {"", "x", "0", "1 2"}) {
+        field->setText(QLatin1String(text));
+        QTest::keyClick(field, Qt::Key_Return);
+        QVERIFY2(dialog->isVisible(), text);
+      }
+      field->setText(QStringLiteral(" 2,5"));
+      QTest::keyClick(field, Qt::Key_Return);
+    });
+    const NumberQuestion question{QStringLiteral("Scale"), QStringLiteral("Factor:"), 1.5,
+                                  [](double number) { return number != 0.0; }};
+    QCOMPARE(dialogs.AskNumber(question), std::optional(2.5));
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::PointToolsTest)
+#include "point_tools_test.moc"
