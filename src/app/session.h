@@ -22,9 +22,10 @@ struct Session {
   editor::ValueModes modes;
   tables::Instrument instrument = tables::Instrument::None;
   texts::CatalogueTexts texts;
-  std::optional<editor::EntryInGrid>
-      source;                    // where the grid's table comes from, if from a library
-  std::string stored;            // the table that was read or stored last, as of editor::PackPoints
+  // Where the grid's table comes from, if from a library.
+  std::optional<editor::EntryInGrid> source;
+  // The table that was read or stored last, as of editor::PackPoints.
+  std::string stored = editor::PackPoints({}, {});
   std::string exchangeFile;      // the file chosen last for copying entries
   tables::TableListing listing;  // of the active table file, as List1 shows it
 };

@@ -41,6 +41,10 @@ editor::TableState SessionHistory::Now() {
   return state;
 }
 
+void SessionHistory::FollowField() {
+  session_.table.tableModified = history_.MarkBefore(Now()).value_or(session_.table.tableModified);
+}
+
 std::optional<editor::EditStep> SessionHistory::UndoStep() {
   const editor::HistoryStep* const step = history_.ToUndo(Now());
   return step != nullptr ? std::optional(step->kind) : std::nullopt;

@@ -32,6 +32,9 @@ class SessionHistory {
   /// A command is about to change the table or the library.
   void Remember(editor::EditStep kind) { history_.Remember(kind, Now()); }
 
+  /// The field of an open cell has taken back what was typed: the modified mark follows.
+  void FollowField();
+
   /// What Undo and Redo would take back or make again.
   [[nodiscard]] std::optional<editor::EditStep> UndoStep();
   [[nodiscard]] std::optional<editor::EditStep> RedoStep();

@@ -28,7 +28,7 @@ class Seen {
     const double before = TripsBelow(curve.Settings().family) ? *jump * (1.0 + kJumpWidth)
                                                               : *jump * (1.0 - kJumpWidth);
     for (const double load : {*jump, before}) {
-      if (load > from && load < to) fixed_.push_back(XOf(load));
+      if (load >= from && load <= to) fixed_.push_back(XOf(load));
     }
   }
 

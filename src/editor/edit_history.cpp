@@ -57,6 +57,11 @@ void EditHistory::Attach(tables::LineChange change, const TableState& now) {
   Add(std::move(step));
 }
 
+std::optional<bool> EditHistory::MarkBefore(const TableState& now) const {
+  if (!pending_ || pending_->table.table != now.table) return std::nullopt;
+  return pending_->table.modified;
+}
+
 const HistoryStep* EditHistory::ToUndo(const TableState& now) {
   Settle(now);
   return done_.empty() ? nullptr : &done_.back();

@@ -31,6 +31,10 @@ class EditHistory {
   /// nothing was remembered.
   void Attach(tables::LineChange change, const TableState& now);
 
+  /// What has been done since the last step was remembered has been taken back by other means: the
+  /// modified mark that `now` had before. Nothing when it has not.
+  [[nodiscard]] std::optional<bool> MarkBefore(const TableState& now) const;
+
   /// The step that Undo would take back from `now`, or Redo make again; nothing when there is none.
   [[nodiscard]] const HistoryStep* ToUndo(const TableState& now);
   [[nodiscard]] const HistoryStep* ToRedo(const TableState& now);

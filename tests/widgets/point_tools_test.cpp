@@ -144,24 +144,6 @@ class PointToolsTest : public QObject {
     QCOMPARE(Points(), QStringLiteral("5;10000|10;20000|15;30000"));
   }
 
-  void WhatComesIsRememberedBeforeItHappens() {
-    WindowFixture& f = Start();
-    std::vector<editor::EditStep> steps;
-    QString before;
-    PointToolsController tools(f.session, *f.window->findChild<TablePanel*>(), f.dialogs,
-                               [&](editor::EditStep step) {
-                                 steps.push_back(step);
-                                 before = Points();
-                               });
-    tools.setParent(nullptr);
-    tools.Run(editor::EditStep::SortByLoad, {});
-    tools.Run(editor::EditStep::ScaleLoads, {});
-    QVERIFY2(steps.empty(), "nothing changed, and nothing answered");
-    tools.Run(editor::EditStep::Reverse, {});
-    QVERIFY(steps == std::vector{editor::EditStep::Reverse});
-    QCOMPARE(before, QStringLiteral("1;10|2;20|3;30"));
-  }
-
   void FaultsAreMarkedCountedAndVisited() {
     WindowFixture& f = Start("{\"Bad\"\t(2;10)(1;0)(3;30) 001}\r\n");
     QCOMPARE(Marked(), QStringLiteral("▲ 2 cells to check"));

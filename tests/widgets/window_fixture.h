@@ -105,8 +105,8 @@ class WindowFixture {
     session.installFolder = folder_.path().toStdString();
     session.tablePath = settings.tableName;
     session.modes.absoluteValues = settings.absValues == "1";
-    window = std::make_unique<MainWindow>(
-        MainWindowParts{session, settings, "Zentab", store, layer_, dialogs, executable});
+    window = std::make_unique<MainWindow>(MainWindowParts{
+        session, settings, "Zentab", store, layer_, dialogs, executable, recoveryFolder});
     window->Load();
     for (const auto* const view : window->findChildren<QAbstractItemView*>()) {
       // Looks at the model whenever it changes, for as long as it lives.
@@ -145,7 +145,8 @@ class WindowFixture {
   MemoryStore store;
   AnsweringDialogs dialogs;
   test::FailingFileLayer files;
-  std::filesystem::path executable;  // in the folder, with the default catalogue beside it
+  std::filesystem::path recoveryFolder;  // none unless a test gives one before it opens
+  std::filesystem::path executable;      // in the folder, with the default catalogue beside it
   std::unique_ptr<MainWindow> window;
 
  private:

@@ -229,6 +229,10 @@ void MainWindow::ConnectHistory() {
   const auto remember = [this](editor::EditStep step) { history_.Remember(step); };
   editor::CurveGridView* const grid = table_->grid;
   connect(grid, &editor::CurveGridView::EditBegins, this, remember);
+  connect(grid, &editor::CurveGridView::TypingUndone, this, [this] {
+    history_.FollowField();
+    status_->RefreshModified();
+  });
   connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
   connect(tools_, &PointToolsController::AboutToChange, this, remember);
   connect(modes_, &ValueModeBinding::AboutToChange, this, remember);

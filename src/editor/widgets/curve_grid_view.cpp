@@ -15,8 +15,8 @@
 
 #include "editor/widgets/cell_field.h"
 #include "editor/widgets/curve_grid_model.h"
-#include "editor/widgets/field_undo.h"
 #include "editor/widgets/fault_marks.h"
+#include "editor/widgets/field_undo.h"
 
 namespace zentab::editor {
 namespace {
@@ -210,6 +210,11 @@ bool CurveGridView::KeepsKey(const QKeyEvent& event) const {
 
 // The keys of the open cell, and those that mean the same without one, in the order of their claim.
 bool CurveGridView::OnKey(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Undo) && text11_->isUndoAvailable()) {
+    text11_->undo();
+    Q_EMIT TypingUndone();
+    return true;
+  }
   if (IsCellOpen() && (OnEditorKey(*event) || OnSelectingKey(event))) return true;
   const std::optional<CellCommand> command = CommandFor(*event);
   if (command) Q_EMIT CommandWanted(*command);

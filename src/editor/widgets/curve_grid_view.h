@@ -62,6 +62,8 @@ class CurveGridView : public QTableView {
   void EditBegins(zentab::editor::EditStep step);
   /// The user changed a cell.
   void Edited();
+  /// The open cell has taken back what was typed in it.
+  void TypingUndone();
   /// The cell editor closed: what shows the grid's points has to follow.
   void EditingLeft();
   /// The current cell moved to another row of the grid (1..26).

@@ -18,7 +18,7 @@ using editor::ToolOutcome;
 constexpr int kMostDecimals = 15;
 constexpr int kUsualDecimals = 3;
 
-// Rows behind the last one in use are nobody's: a tool for all rows does not take them along.
+// Who has only gone to a cell has not chosen it from among the others.
 CellArea WorkedOn(const CellArea& selected) {
   if (!selected.IsOneCell()) return selected;
   return {editor::kFirstRow, editor::kLoadColumn, editor::kLastRow, editor::kTimeColumn};
