@@ -188,6 +188,7 @@ Outcome<std::vector<double>> BestLoads(const CharacteristicCurve& curve, double 
     corners = ChoosePolyline(places, PlacesIn(places, finer), count);
   }
   std::vector<double> loads;
+  loads.reserve(corners.size());
   for (const std::size_t corner : corners) loads.push_back(seen.LoadOf(places.x[corner]));
   Shorten(loads, curve.JumpAt());
   return loads;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "curves/family.h"
 #include "curves/fault.h"
@@ -63,7 +64,7 @@ class CharacteristicCurve {
   [[nodiscard]] double Unit() const { return settings_.absoluteLoads ? settings_.pickup : 1.0; }
 
  private:
-  explicit CharacteristicCurve(const Characteristic& settings) : settings_(settings) {}
+  explicit CharacteristicCurve(Characteristic settings) : settings_(std::move(settings)) {}
   [[nodiscard]] std::optional<Fault> Compile();
   [[nodiscard]] double EquationAt(double load) const;
 
