@@ -47,7 +47,7 @@ Sampling UsualSampling(const Characteristic& characteristic) {
 Outcome<std::vector<double>> SpacedLoads(const Sampling& sampling) {
   if (const std::optional<Fault> fault = FaultOfSampling(sampling)) return *fault;
   std::vector<double> loads;
-  const double lines = static_cast<double>(sampling.points - 1);
+  const auto lines = static_cast<double>(sampling.points - 1);
   for (std::size_t at = 0; at < sampling.points; ++at) {
     const double part = static_cast<double>(at) / lines;
     loads.push_back(sampling.spacing == Spacing::Linear
