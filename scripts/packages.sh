@@ -31,7 +31,8 @@ need() {
   }
 }
 
-build_packages=(g++ cmake ninja-build ccache libutfcpp-dev libcli11-dev nlohmann-json3-dev)
+build_packages=(g++ cmake ninja-build ccache libutfcpp-dev libcli11-dev nlohmann-json3-dev
+  libboost-math-dev)
 window_packages=(qt6-base-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
   fonts-dejavu-core fonts-noto-cjk)
 test_packages=(libgtest-dev)
@@ -39,7 +40,7 @@ windows_packages=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 wine64)
 static_packages=(clang clang-tidy cppcheck)
 fuzz_packages=(clang libclang-rt-dev llvm)
 fault_packages=(acl attr)
-bench_packages=(libbenchmark-dev libmuparser-dev libboost-math-dev)
+bench_packages=(libbenchmark-dev libmuparser-dev)
 
 # build PRESET: configures once (again in a checkout that was moved), then builds what changed.
 build() {

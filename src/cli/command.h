@@ -33,6 +33,9 @@ void AddCheckCommand(Commands& commands);      // check
 void AddTextCommands(Commands& commands);      // text, expand
 void AddTimeTestCommands(Commands& commands);  // entry, import
 void AddGraphCommands(Commands& commands);     // grh, grh-read
+void AddCurveCommands(Commands& commands);     // curve, thin, resample, margin
+void AddFitCommand(Commands& commands);        // fit
+void AddAssessCommand(Commands& commands);     // assess
 void AddCleanCommand(Commands& commands);      // clean
 void AddEvalCommand(Commands& commands);       // eval
 

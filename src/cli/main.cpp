@@ -63,6 +63,9 @@ Exit Run(const std::vector<std::string>& given) {
   AddTextCommands(commands);
   AddTimeTestCommands(commands);
   AddGraphCommands(commands);
+  AddCurveCommands(commands);
+  AddFitCommand(commands);
+  AddAssessCommand(commands);
   AddCleanCommand(commands);
   AddEvalCommand(commands);
   AddCheckCommand(commands);

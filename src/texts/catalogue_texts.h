@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "texts/curve_texts.h"
+
 namespace zentab::texts {
 
 /// The texts that belong to one instrument.
@@ -237,6 +239,7 @@ struct CatalogueTexts {
   ImportSettings import;
   ProgramTexts program;
   GraphTexts graph;
+  CurveTexts curve;
   HistoryTexts history;
   PointTexts points;
   ToolTexts tools;

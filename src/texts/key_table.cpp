@@ -347,6 +347,7 @@ std::vector<KeyRow> AllRows() {
   table.push_back({"TIMEOUT.VALUE", TimeoutText{}});
   table.push_back({"TABLE.PRINT", TraceSwitch{}});
   Append(table, OwnRows());
+  Append(table, CurveRows());
   Append(table, MessageRows());
   Append(table, GraphAndExchangeRows());
   Append(table, HistoryRows());

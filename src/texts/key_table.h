@@ -57,6 +57,9 @@ struct HistoryField {
 struct StepName {
   std::size_t step;  // as of HistoryTexts
 };
+struct CurveField {
+  std::string CurveTexts::*field;
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -87,14 +90,17 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, ExchangeField, EquationSlot, HistoryField, StepName, ImportField,
-                 TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+                 GraphField, CurveField, ExchangeField, EquationSlot, HistoryField, StepName,
+                 ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
   TextEffect effect;
   bool expanded = false;
 };
+
+/// The keys of the texts about characteristics and operations on curves.
+[[nodiscard]] const std::vector<KeyRow>& CurveRows();
 
 /// Every key of a catalogue with its effect, in the order in which they are applied.
 [[nodiscard]] const std::vector<KeyRow>& KeyTable();

@@ -49,14 +49,16 @@ TEST_F(CommandLine, TimeTests) {
   RunCases("time tests");
 }
 TEST_F(CommandLine, Graphs) { RunCases("graphs"); }
+TEST_F(CommandLine, Curves) { RunCases("curves"); }
 TEST_F(CommandLine, Clean) { RunCases("clean"); }
 TEST_F(CommandLine, Eval) { RunCases("eval"); }
 TEST_F(CommandLine, Usage) {
   RunCases("usage");
   // What the help of the program lists, every command explains.
   for (const char* const command :
-       {"list", "show", "add", "update", "remove", "copy", "text", "expand", "entry", "import",
-        "grh", "grh-read", "clean", "eval", "check"}) {
+       {"list",   "show",     "add",    "update", "remove",   "copy",  "text",
+        "expand", "entry",    "import", "grh",    "grh-read", "curve", "fit",
+        "thin",   "resample", "assess", "margin", "clean",    "eval",  "check"}) {
     ASSERT_EQ(Run("\"" PROGRAM "\" --help >out"), 0);
     EXPECT_NE(BytesOf(Folder() / "out").find(string("\n  ") + command), string::npos) << command;
     ASSERT_EQ(Run("\"" PROGRAM "\" " + string(command) + " --help >out"), 0);
@@ -78,8 +80,8 @@ TEST_F(CommandLine, AWriteThatIsRefusedLeavesTheFile) {
 }
 
 #ifndef _WIN32
-// The script that the documentation shows, on the demo installation.
-TEST_F(CommandLine, TheScriptOfTheDocumentationRuns) {
+// The scripts that the documentation shows, on the demo installation.
+TEST_F(CommandLine, TheScriptsOfTheDocumentationRun) {
   fs::copy(DEMO_INSTALLATION, Folder(), fs::copy_options::recursive);
   const string path = fs::path(PROGRAM).parent_path().string();
   ASSERT_EQ(Run("PATH=\"" + path + ":$PATH\" sh \"" NIGHT_TEST_SCRIPT "\" . >out 2>err"), 0)
@@ -89,6 +91,12 @@ TEST_F(CommandLine, TheScriptOfTheDocumentationRuns) {
   ASSERT_EQ(Run("\"" PROGRAM "\" show night.dat \"Feeder 12\" >out"), 0);
   EXPECT_TRUE(
       BytesOf(Folder() / "out").starts_with("# Feeder 12\tms=0\tabsolute=0\tinstrument=1\n"));
+  ASSERT_EQ(Run("PATH=\"" + path + ":$PATH\" sh \"" RELAY_CHECK_SCRIPT "\" . >out 2>err"), 0)
+      << BytesOf(Folder() / "err");
+  const string check = BytesOf(Folder() / "out");
+  EXPECT_NE(check.find("ten.tsv:# deviation=4.2"), string::npos) << check;
+  EXPECT_NE(check.find("\niec-a\t0.1998"), string::npos) << check;
+  EXPECT_NE(check.find("\tpassed\n"), string::npos) << check;
 }
 
 TEST_F(CommandLine, ALimitOfTheFileSizeFailsTheWrite) {

@@ -1,0 +1,132 @@
+// Operations on curves beside their limits:
+//   a fit of 26 points against all families, to stay below 20 ms
+//   the best loads for 26 points of each family, the slowest of them below 50 ms
+//   thinning 1,000,000 measured points beside the import's own reading of them
+// "x read" is a ratio of medians, "target" what it (or, without one, the time in ms) is to stay
+// below.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "bench/in_turns.h"
+#include "curves/fit.h"
+#include "curves/sampling.h"
+#include "curves/thinning.h"
+#include "timetest/point_reader.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace zentab;
+using bench::InTurns;
+using bench::Require;
+
+constexpr int kPoints = 1'000'000;
+
+curves::CharacteristicCurve CurveOf(const curves::FamilyRow& row) {
+  curves::Characteristic settings;
+  settings.family = row.family;
+  settings.constants = row.constants;
+  settings.equation = "multiplier*0.14/((v/pickup)^0.02-1)";
+  return std::get<curves::CharacteristicCurve>(curves::CharacteristicCurve::Of(settings));
+}
+
+std::vector<curves::Point> Noisy(const curves::FamilyRow& row) {
+  const auto curve = CurveOf(row);
+  auto sampled = std::get<curves::ChosenPoints>(
+      curves::Sample(curve, curves::UsualSampling(curve.Settings())));
+  std::mt19937 random(1);
+  std::normal_distribution<double> noise(1.0, 0.01);
+  for (curves::Point& point : sampled.points) point.time *= noise(random);
+  return sampled.points;
+}
+
+void FitAllFamilies(benchmark::State& state) {
+  const auto points = Noisy(curves::RowOf(curves::Family::IeeeVery));
+  curves::FitOptions options;
+  options.pickupFree = state.range(0) != 0;
+  for (auto _ : state) {
+    const curves::FitResult result = curves::Fit(points, {}, options);
+    Require(result.fits.size() >= 10);
+  }
+  state.counters["target"] = 20.0;
+}
+
+void BestLoads(benchmark::State& state) {
+  const curves::FamilyRow& row = curves::Families()[static_cast<std::size_t>(state.range(0))];
+  const auto curve = CurveOf(row);
+  curves::Sampling sampling = curves::UsualSampling(curve.Settings());
+  sampling.spacing = curves::Spacing::Best;
+  for (auto _ : state) {
+    const auto best = curves::Sample(curve, sampling);
+    Require(curves::FaultOf(best) == nullptr);
+  }
+  state.SetLabel(std::string(row.id));
+  state.counters["target"] = 50.0;
+}
+
+class ResultFile {
+ public:
+  ResultFile()
+      : path_(fs::temp_directory_path() / ("zentab-curves-bench-" + std::to_string(::getpid()))) {
+    std::ofstream file(path_, std::ios::binary);
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> noise(0.99, 1.01);
+    file << "Time test\r\n";
+    for (int point = 1; point <= kPoints; ++point) {
+      const double load = 1.05 + 19.0 * point / kPoints;
+      const double time = 140.0 / (std::pow(load, 0.02) - 1.0) * noise(random);
+      char line[80];
+      const int length =
+          std::snprintf(line, sizeof line, "%d\t%.6f\t%.1f\t\r\n", point, load, time);
+      file.write(line, length);
+    }
+    Require(static_cast<bool>(file.flush()));
+  }
+  ~ResultFile() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+  }
+  ResultFile(const ResultFile&) = delete;
+  ResultFile& operator=(const ResultFile&) = delete;
+
+  [[nodiscard]] timetest::ReadPoints Read() const {
+    timetest::ReadPoints read;
+    const timetest::ProgressReport silent;
+    Require(!timetest::ReadTimeTest(platform::SystemFiles(), {path_, "Time test"}, {},
+                                    timetest::ProgressMeter(silent, 0.0, 1.0), read));
+    Require(read.points.size() == kPoints);
+    return read;
+  }
+
+ private:
+  fs::path path_;
+};
+
+// From the points as they were read: looking at them and sorting out the curve belongs to it.
+void ThinAMillion(benchmark::State& state) {
+  const ResultFile file;
+  std::vector<curves::Point> points;
+  for (const timetest::MeasuredPoint& point : file.Read().points) {
+    points.push_back({point.load, point.time});
+  }
+  double deviation = 0.0;
+  const auto thin = [&] {
+    const auto curve = curves::TableCurve::Of(points, curves::Axes::Chart);
+    deviation = curves::Thin(std::get<curves::TableCurve>(curve), 26).deviation;
+  };
+  InTurns(state, thin, {{"read", [&file] { benchmark::DoNotOptimize(file.Read()); }}}, 2.0);
+  state.counters["deviation %"] = deviation * 100.0;
+}
+
+BENCHMARK(FitAllFamilies)->Arg(0)->Arg(1)->ArgName("pickup free")->Unit(benchmark::kMillisecond);
+BENCHMARK(BestLoads)->DenseRange(0, 15)->Unit(benchmark::kMillisecond);
+BENCHMARK(ThinAMillion)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+
+}  // namespace
+
+BENCHMARK_MAIN();
