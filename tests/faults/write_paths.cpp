@@ -122,6 +122,14 @@ bool Workplace::Remove(string_view name) {
   return !library.RemoveEntry(mark);
 }
 
+// As undoing a removal does.
+bool Workplace::PutBack(string_view name, string_view inFrontOf) {
+  const fs::path file = folder_ / kLibrary;
+  tables::LineChange change = tables::ChangeOfLine(file, session.listing, IndexOf(inFrontOf));
+  change.after = CurveLine(name, kGridTime);
+  return !writer.Make(change, session.listing);
+}
+
 bool Workplace::Copy(string_view source, string_view target) {
   const fs::path from = folder_ / source;
   return !exchange::CopyEntries(writer, from, Listed(from), kEveryThird, folder_ / target).error;
@@ -198,6 +206,13 @@ const std::vector<WritePath>& WritePaths() {
        true, true},
       {"remove", string(kLibrary), [](Workplace& place) { return place.Remove(kChanged); },
        [](const Files& before) { return Replaced(before, kChangedBytes, ""); }},
+      {"put back", string(kLibrary),
+       [](Workplace& place) { return place.PutBack("Back", kChanged); },
+       [](const Files& before) {
+         const string& bytes = before.at(string(kLibrary));
+         const std::size_t begin = bytes.find("{\"" + string(kChangedBytes));
+         return string(bytes).insert(begin, CurveLine("Back", kGridTime));
+       }},
       {"import", string(kLibrary), [](Workplace& place) { return place.Copy(kOther, kLibrary); },
        [](const Files& before) { return WithCopies(before, kOther, kLibrary); }},
       {"export", string(kOther), [](Workplace& place) { return place.Copy(kLibrary, kOther); },

@@ -21,6 +21,7 @@ class Workplace {
   [[nodiscard]] bool Update(std::string_view name);
   [[nodiscard]] bool Remove(std::string_view name);
   /// Copies every third entry.
+  [[nodiscard]] bool PutBack(std::string_view name, std::string_view inFrontOf);
   [[nodiscard]] bool Copy(std::string_view source, std::string_view target);
   [[nodiscard]] bool WriteGraph();
 
