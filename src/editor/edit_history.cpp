@@ -72,21 +72,19 @@ const HistoryStep* EditHistory::ToRedo(const TableState& now) {
   return undone_.empty() ? nullptr : &undone_.back();
 }
 
-TableState EditHistory::Undo(TableState now) {
-  HistoryStep step = Pop(done_);
-  TableState former = std::exchange(step.table, std::move(now));
+// On either side a step holds what leads to the other one.
+TableState EditHistory::Move(std::deque<HistoryStep>& from, std::deque<HistoryStep>& to,
+                             TableState now) {
+  HistoryStep step = Pop(from);
+  TableState other = std::exchange(step.table, std::move(now));
   if (step.change) step.change = step.change->Reversed();
-  Push(undone_, std::move(step));
-  return former;
+  Push(to, std::move(step));
+  return other;
 }
 
-TableState EditHistory::Redo(TableState now) {
-  HistoryStep step = Pop(undone_);
-  TableState later = std::exchange(step.table, std::move(now));
-  if (step.change) step.change = step.change->Reversed();
-  Push(done_, std::move(step));
-  return later;
-}
+TableState EditHistory::Undo(TableState now) { return Move(done_, undone_, std::move(now)); }
+
+TableState EditHistory::Redo(TableState now) { return Move(undone_, done_, std::move(now)); }
 
 void EditHistory::DropUndo() { Pop(done_); }
 

@@ -55,6 +55,8 @@ class EditHistory {
   [[nodiscard]] std::size_t Bytes() const { return bytes_; }
 
  private:
+  [[nodiscard]] TableState Move(std::deque<HistoryStep>& from, std::deque<HistoryStep>& to,
+                                TableState now);
   void Settle(const TableState& now);
   void Add(HistoryStep step);
   void Push(std::deque<HistoryStep>& steps, HistoryStep step);

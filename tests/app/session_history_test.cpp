@@ -124,7 +124,10 @@ TEST_F(SessionHistoryTest, EveryWalkGoesBackAndForth) {
           session_.modes.milliseconds = !session_.modes.milliseconds;
           return false;
         },
-        [&] { return Read(below(4)) && false; },
+        [&] {
+          static_cast<void>(Read(below(4)));
+          return false;
+        },
         [&] { return !Update(below(4)); },
         [&] { return !Remove(below(4)); },
         [&] {
