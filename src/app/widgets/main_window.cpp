@@ -135,10 +135,9 @@ void MainWindow::BuildMenus() {
   connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
           &QAction::triggered, this, &QWidget::close);
 
-  const auto* const edit =
-      new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
-  undo_->AddTo(edit->Menu());
-  recovery_->AddTo(edit->Menu());
+  edit_ = new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
+  undo_->AddTo(edit_->Menu());
+  recovery_->AddTo(edit_->Menu());
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
   view->setObjectName(QStringLiteral("m_view"));

@@ -31,6 +31,7 @@ class LibraryController;
 class LibraryPanel;
 class RecoveryKeeper;
 class PointToolsController;
+class PointToolsMenu;
 class ReferenceGraphController;
 class SessionEnd;
 class StatusLine;
@@ -108,6 +109,7 @@ class MainWindow : public QMainWindow {
   HistoryController* undo_;
   RecoveryKeeper* recovery_;
   CheckMarks* checks_;
+  PointToolsMenu* edit_ = nullptr;    // once there is a menu bar
   AccessibleNames* names_ = nullptr;  // once there is something to be named
   SessionEnd* end_;
 };
