@@ -116,35 +116,45 @@ std::vector<RecoveryFiles::FoundTable> RecoveryFiles::Look() {
     std::string text;
     if (platform::ReadWholeFile(files_, file, kLargestFile, text)) continue;
     auto kept = ReadRecoveryText(text);
-    if (kept) found_.push_back({file, std::move(lock), *std::move(kept)});
+    if (kept) found_.push_back({file, std::move(lock), *std::move(kept), 0, true});
   }
   std::stable_sort(found_.begin(), found_.end(), [](const Slot& one, const Slot& other) {
     return one.kept.editedAt > other.kept.editedAt;
   });
   std::vector<FoundTable> tables;
-  for (const Slot& slot : found_) tables.push_back({slot.file, slot.kept});
+  for (Slot& slot : found_) {
+    slot.number = static_cast<int>(tables.size());
+    tables.push_back({slot.number, slot.kept});
+  }
   return tables;
 }
 
-std::vector<RecoveryFiles::Slot>::iterator RecoveryFiles::SlotOf(const fs::path& file) {
+std::vector<RecoveryFiles::Slot>::iterator RecoveryFiles::SlotOf(int number) {
   return std::find_if(found_.begin(), found_.end(),
-                      [&file](const Slot& slot) { return slot.file == file; });
+                      [number](const Slot& slot) { return slot.number == number; });
 }
 
-void RecoveryFiles::Adopt(const fs::path& file) {
-  const auto slot = SlotOf(file);
+void RecoveryFiles::Adopt(int number) {
+  const auto slot = SlotOf(number);
   if (slot == found_.end()) return;
-  // The own table stands for what was in the grid, which the found one takes the place of.
-  [[maybe_unused]] const std::error_code dropped = Forget();
   own_ = std::move(*slot);
   found_.erase(slot);
 }
 
-std::error_code RecoveryFiles::PutAside(const fs::path& file) {
-  const auto slot = SlotOf(file);
+std::error_code RecoveryFiles::PutAside(int number) {
+  const auto slot = SlotOf(number);
   if (slot == found_.end()) return std::make_error_code(std::errc::no_such_file_or_directory);
   slot->kept.kind = KeptTable::Kind::PutAside;
   return Write(slot->file, slot->kept);
+}
+
+std::error_code RecoveryFiles::PutOwnAside(int number) {
+  if (!own_) return {};
+  own_->number = number;
+  own_->isFormer = false;
+  found_.push_back(std::move(*own_));
+  own_.reset();
+  return PutAside(number);
 }
 
 std::error_code RecoveryFiles::TakeOwn() {
@@ -155,7 +165,7 @@ std::error_code RecoveryFiles::TakeOwn() {
   constexpr int kMostEditors = 1000;
   for (int number = 1; number <= kMostEditors; ++number) {
     const fs::path name = folder_ / (std::string(kPrefix) + std::to_string(number));
-    Slot slot{fs::path(name) += kSuffix, nullptr, {}};
+    Slot slot{fs::path(name) += kSuffix, nullptr, {}, 0, false};
     if ((error = files_.TryLock(name, slot.lock))) continue;
     // One that was left waits to be looked at.
     if (fs::exists(slot.file, error) || error) continue;
@@ -175,10 +185,12 @@ std::error_code RecoveryFiles::Keep(const KeptTable& kept) {
   if (folder_.empty()) return {};
   if (const std::error_code error = TakeOwn()) return error;
   if (const std::error_code error = Write(own_->file, kept)) return error;
+  own_->kept = kept;
   if (kept.kind == KeptTable::Kind::PutAside) return {};
   std::erase_if(found_, [this](const Slot& slot) {
     // One that cannot be removed is put aside still.
-    return slot.kept.kind == KeptTable::Kind::PutAside && !files_.Remove(slot.file);
+    return slot.isFormer && slot.kept.kind == KeptTable::Kind::PutAside &&
+           !files_.Remove(slot.file);
   });
   return {};
 }

@@ -38,23 +38,25 @@ class RecoveryFiles {
   RecoveryFiles(platform::FileLayer& files, std::filesystem::path folder)
       : files_(files), folder_(std::move(folder)) {}
 
-  /// A table that nobody has any more, under the name of its file.
+  /// A table that nobody has any more, with a number by which this editor knows it.
   struct FoundTable {
-    std::filesystem::path file;
+    int number;
     KeptTable kept;
   };
 
-  /// Looks for such tables; the one edited last is the first. From now on no other editor finds
-  /// them. Files that are none of this program are left alone.
+  /// Looks for such tables; the one edited last is the first, and number 0. From now on no other
+  /// editor finds them. Files that are none of this program are left alone.
   [[nodiscard]] std::vector<FoundTable> Look();
 
   /// A found table is this editor's own from now on.
-  void Adopt(const std::filesystem::path& file);
+  void Adopt(int number);
   /// A found table is put aside.
-  [[nodiscard]] std::error_code PutAside(const std::filesystem::path& file);
+  [[nodiscard]] std::error_code PutAside(int number);
+  /// The editor's own table, if there is one, is put aside under a new number.
+  [[nodiscard]] std::error_code PutOwnAside(int number);
 
   /// Keeps a table as the editor's own, in place of the one before. When it is an unsaved one,
-  /// those put aside before it go.
+  /// those that were put aside by former editors go.
   [[nodiscard]] std::error_code Keep(const KeptTable& kept);
   /// There is nothing to be kept.
   [[nodiscard]] std::error_code Forget();
@@ -64,10 +66,12 @@ class RecoveryFiles {
     std::filesystem::path file;
     std::unique_ptr<platform::FileLock> lock;
     KeptTable kept;
+    int number = 0;
+    bool isFormer = false;  // of a former editor
   };
 
   [[nodiscard]] std::error_code TakeOwn();
-  [[nodiscard]] std::vector<Slot>::iterator SlotOf(const std::filesystem::path& file);
+  [[nodiscard]] std::vector<Slot>::iterator SlotOf(int number);
   [[nodiscard]] std::error_code Write(const std::filesystem::path& file, const KeptTable& kept);
 
   platform::FileLayer& files_;

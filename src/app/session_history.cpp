@@ -27,10 +27,16 @@ SessionHistory::SessionHistory(Session& session, tables::TableWriter& writer)
   writer.OnChange([this](const tables::LineChange& change) {
     if (isMaking_) return;
     // What was copied into another file is not the library's.
-    if (change.file == ActiveTableFile(writer_.Files(), PlaceOf(session_))) {
-      history_.Attach(change, Now());
-    }
+    if (IsLibrary(change.file)) history_.Attach(change, Now());
   });
+}
+
+bool SessionHistory::IsLibrary(const std::filesystem::path& file) const {
+  const auto ask = [file, active = ActiveTableFile(writer_.Files(), PlaceOf(session_))] {
+    std::error_code unknown;
+    return file == active || std::filesystem::equivalent(file, active, unknown);
+  };
+  return platform::AskFor(writer_.Files(), ask).value_or(false);
 }
 
 // Steps in a row mostly have one origin, which is kept once.
@@ -43,16 +49,6 @@ editor::TableState SessionHistory::Now() {
 
 void SessionHistory::FollowField() {
   session_.table.tableModified = history_.MarkBefore(Now()).value_or(session_.table.tableModified);
-}
-
-std::optional<editor::EditStep> SessionHistory::UndoStep() {
-  const editor::HistoryStep* const step = history_.ToUndo(Now());
-  return step != nullptr ? std::optional(step->kind) : std::nullopt;
-}
-
-std::optional<editor::EditStep> SessionHistory::RedoStep() {
-  const editor::HistoryStep* const step = history_.ToRedo(Now());
-  return step != nullptr ? std::optional(step->kind) : std::nullopt;
 }
 
 std::error_code SessionHistory::Make(const tables::LineChange& change, HistoryOutcome& outcome) {

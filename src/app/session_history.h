@@ -36,8 +36,8 @@ class SessionHistory {
   void FollowField();
 
   /// What Undo and Redo would take back or make again.
-  [[nodiscard]] std::optional<editor::EditStep> UndoStep();
-  [[nodiscard]] std::optional<editor::EditStep> RedoStep();
+  [[nodiscard]] std::optional<editor::EditStep> UndoStep() { return history_.NextUndo(Now()); }
+  [[nodiscard]] std::optional<editor::EditStep> RedoStep() { return history_.NextRedo(Now()); }
 
   /// A step whose entry someone else has changed is left out of the history, and the error is
   /// tables::kEntryChanged. After any other error it can be tried again.
@@ -52,6 +52,7 @@ class SessionHistory {
   using Drop = void (editor::EditHistory::*)();
 
   [[nodiscard]] editor::TableState Now();
+  [[nodiscard]] bool IsLibrary(const std::filesystem::path& file) const;
   [[nodiscard]] HistoryOutcome Go(const editor::HistoryStep* step, Move move, Drop drop);
   [[nodiscard]] std::error_code Make(const tables::LineChange& change, HistoryOutcome& outcome);
 

@@ -25,7 +25,7 @@ Places PlacesOf(const TableCurve& curve) {
 
 // The place nearest to the line of least squares through a stretch.
 std::size_t MiddleOf(const Places& places, std::size_t from, std::size_t to) {
-  const double count = static_cast<double>(to - from);
+  const auto count = static_cast<double>(to - from);
   double x = 0.0;
   double y = 0.0;
   for (std::size_t at = from; at < to; ++at) {

@@ -12,6 +12,12 @@ std::size_t BytesOf(const HistoryStep& step) {
   return bytes;
 }
 
+// What was stored by a step that is no longer there, or never will be, no file has any more.
+void LeaveUnstored(EditStep dropped, std::deque<HistoryStep>& others) {
+  if (dropped != EditStep::Update) return;
+  for (HistoryStep& step : others) step.table.modified = true;
+}
+
 }  // namespace
 
 void EditHistory::Push(std::deque<HistoryStep>& steps, HistoryStep step) {
@@ -62,6 +68,16 @@ std::optional<bool> EditHistory::MarkBefore(const TableState& now) const {
   return pending_->table.modified;
 }
 
+std::optional<EditStep> EditHistory::NextUndo(const TableState& now) const {
+  if (pending_ && pending_->table.table != now.table) return pending_->kind;
+  return done_.empty() ? std::nullopt : std::optional(done_.back().kind);
+}
+
+std::optional<EditStep> EditHistory::NextRedo(const TableState& now) const {
+  if (undone_.empty() || (pending_ && pending_->table.table != now.table)) return std::nullopt;
+  return undone_.back().kind;
+}
+
 const HistoryStep* EditHistory::ToUndo(const TableState& now) {
   Settle(now);
   return done_.empty() ? nullptr : &done_.back();
@@ -86,9 +102,9 @@ TableState EditHistory::Undo(TableState now) { return Move(done_, undone_, std::
 
 TableState EditHistory::Redo(TableState now) { return Move(undone_, done_, std::move(now)); }
 
-void EditHistory::DropUndo() { Pop(done_); }
+void EditHistory::DropUndo() { LeaveUnstored(Pop(done_).kind, done_); }
 
-void EditHistory::DropRedo() { Pop(undone_); }
+void EditHistory::DropRedo() { LeaveUnstored(Pop(undone_).kind, undone_); }
 
 void EditHistory::EndLibrary() {
   // What follows a change of the library in the row of undone steps builds on it.

@@ -35,6 +35,10 @@ class EditHistory {
   /// modified mark that `now` had before. Nothing when it has not.
   [[nodiscard]] std::optional<bool> MarkBefore(const TableState& now) const;
 
+  /// What Undo or Redo would do. The step being made goes on.
+  [[nodiscard]] std::optional<EditStep> NextUndo(const TableState& now) const;
+  [[nodiscard]] std::optional<EditStep> NextRedo(const TableState& now) const;
+
   /// The step that Undo would take back from `now`, or Redo make again; nothing when there is none.
   [[nodiscard]] const HistoryStep* ToUndo(const TableState& now);
   [[nodiscard]] const HistoryStep* ToRedo(const TableState& now);

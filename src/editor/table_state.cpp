@@ -69,13 +69,13 @@ PackedTable Pack(const CurveGrid& grid, const ValueModes& modes, tables::Instrum
 void Unpack(const PackedTable& table, CurveGrid& grid, ValueModes& modes,
             tables::Instrument& instrument) {
   Reader reader(table);
-  const int flags = reader.Byte();
+  const auto flags = static_cast<unsigned char>(reader.Byte());
   modes.milliseconds = (flags & kMilliseconds) != 0;
   modes.absoluteValues = (flags & kAbsoluteValues) != 0;
   for (int row = kFirstRow; row <= kLastRow; ++row) {
     for (const int column : {kLoadColumn, kTimeColumn}) grid.SetCell(row, column, reader.Text());
   }
-  instrument = static_cast<tables::Instrument>(reader.Byte());
+  instrument = static_cast<tables::Instrument>(static_cast<unsigned char>(reader.Byte()));
   modes.pickup = reader.Text();
   modes.multiplier = reader.Text();
 }

@@ -1,6 +1,7 @@
 #include "tables/table_writer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/file_errors.h"
 #include "platform/file_reader.h"
@@ -192,7 +193,7 @@ std::error_code TableWriter::Rewrite(const fs::path& file, const platform::Conte
   const std::error_code error = platform::ReplaceFile(files_, file, write, {&written, {}, keep});
   if (error) return error;
   written_.insert(Identity(files_, file));
-  if (onChange_) onChange_(change_);
+  if (onChange_) onChange_(std::exchange(change_, {}));
   return {};
 }
 
@@ -260,6 +261,12 @@ std::error_code TableWriter::Append(const fs::path& file, const fs::path& spared
 
 std::error_code TableWriter::CopyAround(const LineChange& change, TableListing& listing,
                                         platform::OutputFile& output) {
+  // Entries that are shown are not taken for gone because someone just replaces their file.
+  bool isThere = false;
+  if (const auto error = platform::WaitForFile(files_, change.file, isThere)) return error;
+  if (!isThere && listing.stamp) {
+    return std::make_error_code(std::errc::no_such_file_or_directory);
+  }
   if (const auto error = Refresh(files_, change.file, listing)) return error;
   const std::optional<BytePlace> found = PlaceFor(change, listing);
   if (!found) return std::make_error_code(kEntryChanged);

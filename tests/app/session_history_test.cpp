@@ -222,6 +222,15 @@ TEST_F(SessionHistoryTest, UndoingMeetsWhatOthersHaveWritten) {
   }
 }
 
+TEST_F(SessionHistoryTest, AFileThatIsGoneForAMomentCostsNoStep) {
+  EXPECT_FALSE(Remove(0));
+  std::filesystem::rename(Folder() / "t.dat", Folder() / "away.dat");
+  EXPECT_EQ(history_->Undo().error, std::errc::no_such_file_or_directory);
+  std::filesystem::rename(Folder() / "away.dat", Folder() / "t.dat");
+  EXPECT_FALSE(history_->Undo().error);
+  EXPECT_TRUE(File().starts_with("{\"A\""));
+}
+
 TEST_F(SessionHistoryTest, TheModifiedMarkFollowsWhatIsStored) {
   Open("{\"A\"\t(1;1) 001}\r\n");
   EXPECT_FALSE(Read(0));

@@ -147,6 +147,9 @@ class HistoryWindowTest : public QObject {
     QCOMPARE(cell(), "1.542");
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(cell(), "1.5");
+    QTest::keyClick(field, Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(cell(), "1.542");
+    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(Grid()->IsCellOpen());
     QVERIFY2(f_->Find<QLabel>("StatusModified")->text().isEmpty(), "as it was before");
     // The field has no more to take back: now it is the command before, Read.
@@ -159,6 +162,9 @@ class HistoryWindowTest : public QObject {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Y, Qt::ControlModifier);
     QCOMPARE(cell(), "1.5");
     QVERIFY2(!f_->session.table.tableModified, "as it was after Read");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Y, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("9"));
+    QCOMPARE(cell(), "1.59");
   }
 
   void WhatSomeoneElseHasChangedStaysAsItIs() {
@@ -173,6 +179,7 @@ class HistoryWindowTest : public QObject {
              QString::fromStdString(f_->session.texts.program.entryChanged));
     Go("m_undo");
     QCOMPARE(f_->session.table.grid.Cell(1, 1), "1.5");
+    QVERIFY2(f_->session.table.tableModified, "no file has this table");
   }
 
   void AnotherTableFileEndsTheHistoryOfTheLibraryOnly() {
@@ -187,6 +194,21 @@ class HistoryWindowTest : public QObject {
     QCOMPARE(f_->Bytes(), stored);
     QCOMPARE(f_->session.table.grid.Cell(1, 1), "1.5");
     QVERIFY2(f_->session.table.tableModified, "the file has the other table");
+  }
+
+  void TypingInAFieldIsAStepOfItsOwn() {
+    Type(1, 1, QStringLiteral("7"));
+    TypeInField("Text2", QStringLiteral("5"));
+    auto* const field = f_->Find<QLineEdit>("Text2");
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(field->text(), QString());
+    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(f_->session.table.grid.Cell(1, 1), "");
+    QTest::keyClicks(field, QStringLiteral("8"));
+    Go("m_redo");
+    QCOMPARE(field->text(), QStringLiteral("8"));
+    QCOMPARE(f_->session.table.grid.Cell(1, 1), "");
   }
 
   // By destroying the window instead of closing it the session ends as by a crash.
@@ -223,6 +245,12 @@ class HistoryWindowTest : public QObject {
     f_->dialogs.answer = true;
     crash();
     QVERIFY2(f_->dialogs.asked.empty(), "declined, it is not offered again");
+    f_->Find<QCheckBox>("Check1")->click();
+    f_->Click("Command9");
+    f_->window->findChild<RecoveryKeeper*>()->KeepNow();
+    QCOMPARE(files(), 1);
+    Go("m_undo");
+    Go("m_undo");
     Go("m_back");
     QCOMPARE(f_->session.table.grid.Cell(1, 1), "1.57");
     QVERIFY(f_->session.table.tableModified && f_->SelectedRow() == 0);
@@ -234,15 +262,24 @@ class HistoryWindowTest : public QObject {
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "105");
     Go("m_undo");
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "");
+    f_->window->findChild<RecoveryKeeper*>()->KeepNow();
+    QVERIFY(files() == 1 && f_->window->findChild<RecoveryKeeper*>()->HasTable());
     Go("m_redo");
+    f_->window->findChild<RecoveryKeeper*>()->KeepNow();
+    QCOMPARE(files(), 2);
     // Who must end without asking leaves what was not stored to the next start.
     f_->window->findChild<SessionEnd*>()->EndUnasked();
     QVERIFY(!f_->window->isVisible());
-    QCOMPARE(files(), 1);
+    // Whom the end meets in front of the offer has declined nothing.
+    f_->dialogs.answer = false;
+    f_->dialogs.onConfirm = [this] { f_->window->findChild<SessionEnd*>()->EndUnasked(); };
+    crash();
+    f_->dialogs.onConfirm = nullptr;
+    f_->dialogs.answer = true;
     crash();
     QCOMPARE(f_->dialogs.asked.size(), 1U);
+    QCOMPARE(f_->session.table.grid.Cell(1, 2), "105");
     QVERIFY(f_->window->close());
-    QCOMPARE(files(), 0);
   }
 
   void AnEndWithoutAQuestionKeepsTheTable() {
@@ -250,7 +287,7 @@ class HistoryWindowTest : public QObject {
     f_->recoveryFolder = kept.path().toStdString();
     f_->window.reset();
     f_->Open();
-    QGuiApplication::clipboard()->setText(QStringLiteral("9\t8\r\n7\t6\r\n"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("9\r\n7\r\n"));
     f_->Click("Command7");
     QVERIFY(f_->window->close());
     QVERIFY2(f_->dialogs.asked.empty(), "a paste is no edit");
@@ -264,7 +301,7 @@ class HistoryWindowTest : public QObject {
     QCOMPARE(QDir(kept.path()).entryList({QStringLiteral("*.json")}).join('|'),
              QStringLiteral("recovery-1.json|recovery-2.json"));
     Go("m_back");
-    QCOMPARE(f_->session.table.grid.Cell(2, 2), "6");
+    QCOMPARE(f_->session.table.grid.Cell(2, 1), "7");
     f_->Click("Command9");
   }
 };

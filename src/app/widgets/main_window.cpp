@@ -225,7 +225,11 @@ void MainWindow::ConnectInstruments() {
 }
 
 void MainWindow::ConnectHistory() {
-  const auto remember = [this](editor::EditStep step) { history_.Remember(step); };
+  const auto remember = [this](editor::EditStep step) {
+    history_.Remember(step);
+    const bool isField = step == editor::EditStep::Pickup || step == editor::EditStep::Multiplier;
+    if (!isField) modes_->EndTyping();
+  };
   editor::CurveGridView* const grid = table_->grid;
   connect(grid, &editor::CurveGridView::EditBegins, this, remember);
   connect(grid, &editor::CurveGridView::TypingUndone, this, [this] {
@@ -259,6 +263,7 @@ void MainWindow::ConnectHistory() {
   connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
   connect(graphs_, &ReferenceGraphController::TableImported, recovery_, &RecoveryKeeper::Follow);
   connect(modes_, &ValueModeBinding::Changed, recovery_, &RecoveryKeeper::Follow);
+  connect(instruments_, &InstrumentController::Chosen, recovery_, &RecoveryKeeper::Follow);
   connect(undo_, &HistoryController::TableShown, recovery_, &RecoveryKeeper::Follow);
 }
 

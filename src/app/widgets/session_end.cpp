@@ -6,6 +6,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include "app/session_history.h"
 #include "app/session_texts.h"
 #include "app/settings.h"
 #include "app/widgets/files/responsive_files.h"
@@ -54,22 +55,30 @@ bool SessionEnd::MayClose() {
   StoreSettings();
   if (!unasked_ && !MayDiscardEdits()) return false;
   // What nobody was asked about is not discarded.
-  parts_.recovery.End(!unasked_);
+  const bool isDiscarded = !unasked_ || discarded_ == StateOf(parts_.session).table;
+  parts_.recovery.End(isDiscarded);
   Unload();
   ended_ = true;
   return true;
 }
 
 bool SessionEnd::MaySessionEnd(const std::function<bool()>& mayAsk) {
-  StoreSettings();
   // Whatever ends the session now may not wait for anything more.
   parts_.recovery.KeepNow();
-  return !parts_.session.table.tableModified || !mayAsk() || MayDiscardEdits();
+  StoreSettings();
+  if (!parts_.session.table.tableModified || !mayAsk()) return true;
+  const bool mayDiscard = MayDiscardEdits();
+  if (mayDiscard) discarded_ = StateOf(parts_.session).table;
+  return mayDiscard;
 }
 
 void SessionEnd::EndUnasked() {
   if (ended_) return;
-  if (!std::exchange(unasked_, true)) waited_.start();
+  if (!std::exchange(unasked_, true)) {
+    waited_.start();
+    parts_.recovery.StopAsking();
+    parts_.recovery.KeepNow();
+  }
   // Before anything else: a file that is waited for below may never answer.
   retry_->start();
   CancelDialogs();

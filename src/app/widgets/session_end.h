@@ -82,6 +82,7 @@ class SessionEnd : public QObject {
   std::unique_ptr<platform::EndSignals> signals_;
   QTimer* retry_;
   QElapsedTimer waited_;
+  editor::PackedTable discarded_;  // that the user gave up at the end of his session
   bool unasked_ = false;
   bool ended_ = false;
 };

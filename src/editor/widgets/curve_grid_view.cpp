@@ -200,6 +200,7 @@ void CurveGridView::OnTextChanged(const QString& text) {
   }
   model_->ShowCell(table_.grid.Row(), table_.grid.Col());
   model_->ShowCell(table_.grid.Row(), table_.grid.Col() + 1);
+  if (!text11_->isUndoAvailable()) Q_EMIT TypingUndone();
   Q_EMIT Edited();
 }
 
@@ -210,11 +211,6 @@ bool CurveGridView::KeepsKey(const QKeyEvent& event) const {
 
 // The keys of the open cell, and those that mean the same without one, in the order of their claim.
 bool CurveGridView::OnKey(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Undo) && text11_->isUndoAvailable()) {
-    text11_->undo();
-    Q_EMIT TypingUndone();
-    return true;
-  }
   if (IsCellOpen() && (OnEditorKey(*event) || OnSelectingKey(event))) return true;
   const std::optional<CellCommand> command = CommandFor(*event);
   if (command) Q_EMIT CommandWanted(*command);
@@ -316,10 +312,9 @@ bool CurveGridView::event(QEvent* event) {
 
 bool CurveGridView::eventFilter(QObject* watched, QEvent* event) {
   if (watched != text11_) return QTableView::eventFilter(watched, event);
+  if (TakesUndoKey(*text11_, *event)) return true;
   switch (event->type()) {
     case QEvent::ShortcutOverride:
-      // What was typed in the cell is taken back there first; then it is the history's turn.
-      if (PassesUndoOn(*text11_, *static_cast<QKeyEvent*>(event))) return true;
       if (KeepsKey(*static_cast<QKeyEvent*>(event))) event->accept();
       return false;
     case QEvent::KeyPress:

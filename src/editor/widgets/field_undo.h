@@ -1,12 +1,13 @@
 #pragma once
 
-class QKeyEvent;
+class QEvent;
 class QLineEdit;
 
 namespace zentab::editor {
 
-/// Of a key that is about to come to a field: whether it asks to undo or redo what the field has no
-/// step of. The key is then refused on the field's behalf, so that it goes to the window's history.
-[[nodiscard]] bool PassesUndoOn(const QLineEdit& field, QKeyEvent& event);
+/// Of an event that is about to come to a field: whether it was a key for undo or redo, which is
+/// dealt with. The field takes its own typing back, or makes it again, by Ctrl+Y as well; what it
+/// has no step of goes to the window's history.
+[[nodiscard]] bool TakesUndoKey(QLineEdit& field, QEvent& event);
 
 }  // namespace zentab::editor

@@ -23,6 +23,17 @@ QString Caption(const Session& session, const std::string& text,
   return QString::fromStdString(Expanded(session, text, {name})).trimmed();
 }
 
+// Those of the program first, as the menu shows them, then the system's.
+QList<QKeySequence> Keys(std::initializer_list<QKeyCombination> own,
+                         QKeySequence::StandardKey standard) {
+  QList<QKeySequence> keys;
+  for (const QKeyCombination key : own) keys.append(QKeySequence(key));
+  for (const QKeySequence& key : QKeySequence::keyBindings(standard)) {
+    if (!keys.contains(key)) keys.append(key);
+  }
+  return keys;
+}
+
 }  // namespace
 
 HistoryController::HistoryController(Parts parts) : QObject(&parts.table), parts_(parts) {}
@@ -32,9 +43,9 @@ void HistoryController::AddTo(QMenu& menu) {
   auto* const redo = new QAction(&menu);
   undo->setObjectName(QStringLiteral("m_undo"));
   redo->setObjectName(QStringLiteral("m_redo"));
-  undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+  undo->setShortcuts(Keys({Qt::CTRL | Qt::Key_Z}, QKeySequence::Undo));
   redo->setShortcuts(
-      {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+      Keys({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z}, QKeySequence::Redo));
   connect(undo, &QAction::triggered, this, &HistoryController::Undo);
   connect(redo, &QAction::triggered, this, &HistoryController::Redo);
   menu.insertActions(menu.actions().value(0), {undo, redo});
@@ -63,6 +74,8 @@ void HistoryController::Redo() { Go(&SessionHistory::Redo); }
 void HistoryController::Go(HistoryOutcome (SessionHistory::*step)()) {
   // A module is just at work, or a file.
   if (!parts_.table.window()->isEnabled() || parts_.files.IsAtWork()) return;
+  const bool undoes = step == &SessionHistory::Undo;
+  if (!(undoes ? parts_.history.UndoStep() : parts_.history.RedoStep())) return;
   Q_EMIT CommandBegun();
   // What is typed next belongs into a cell, as before.
   const bool reopens = parts_.table.grid->IsCellOpen();
@@ -76,10 +89,10 @@ void HistoryController::Go(HistoryOutcome (SessionHistory::*step)()) {
   }
   if (outcome.error) {
     Q_EMIT Failed(parts_.library.WriteFailureText(outcome.error));
-  } else if (outcome.step) {
+  } else {
     ShowTable();
-    if (reopens) parts_.table.grid->GridEdit(editor::kOpenWithText);
   }
+  if (reopens) parts_.table.grid->GridEdit(editor::kOpenWithText);
 }
 
 void HistoryController::ShowTable() {

@@ -4,10 +4,11 @@
 #include <QLocale>
 #include <QMenu>
 #include <QTimer>
+#include <utility>
 
 #include "app/session_history.h"
 #include "app/session_texts.h"
-#include "editor/chart_curve.h"
+#include "editor/row_tools.h"
 
 namespace zentab::app {
 namespace {
@@ -24,6 +25,7 @@ RecoveryKeeper::RecoveryKeeper(Session& session, platform::FileLayer& files,
       session_(session),
       dialogs_(dialogs),
       recovery_(std::make_shared<RecoveryFiles>(files, folder)),
+      failed_(std::make_shared<std::atomic<bool>>(false)),
       timer_(new QTimer(this)) {
   timer_->setSingleShot(true);
   timer_->setInterval(kBehind);
@@ -32,13 +34,15 @@ RecoveryKeeper::RecoveryKeeper(Session& session, platform::FileLayer& files,
 
 RecoveryKeeper::~RecoveryKeeper() = default;
 
+// An empty table is nothing that anybody would miss.
 bool RecoveryKeeper::IsUnsaved() const {
-  return session_.table.tableModified || StateOf(session_).DiffersFromStored();
+  return editor::LastUsedRow(session_.table.grid) > 0 &&
+         (session_.table.tableModified || StateOf(session_).DiffersFromStored());
 }
 
 // Not put off by what is typed meanwhile: the file is never further behind than that.
 void RecoveryKeeper::Follow() {
-  if (!timer_->isActive()) timer_->start();
+  if (!timer_->isActive() && !hasEnded_) timer_->start();
 }
 
 KeptTable RecoveryKeeper::TableNow() const {
@@ -59,20 +63,40 @@ void RecoveryKeeper::WaitForCalls() {
 }
 
 void RecoveryKeeper::Write() {
+  if (hasEnded_) return;
   KeptTable kept = TableNow();
   const bool keeps = IsUnsaved();
-  const std::string now = keeps ? kept.state.table : std::string();
-  if (now == written_) return;
-  written_ = now;
+  if (!keeps) kept = {};
+  const bool isNew =
+      kept.state.table != written_.state.table || kept.tablePath != written_.tablePath;
+  if (!isNew && !failed_->exchange(false)) return;
+  // A table that was brought back is not lost by taking that back.
+  const bool putsAside = !keeps && std::exchange(isBroughtBack_, keeps) &&
+                         !written_.state.table.starts_with(session_.stored);
+  if (putsAside) {
+    PutOwnAside();
+    return;
+  }
+  written_ = kept;
   if (keeps) {
-    std::erase_if(found_, [](const FoundTable& found) {
-      return found.kept.kind == KeptTable::Kind::PutAside;
+    std::erase_if(found_, [this](const FoundTable& found) {
+      return found.number < former_ && found.kept.kind == KeptTable::Kind::PutAside;
     });
   }
-  Call([kept = std::move(kept), keeps](RecoveryFiles& recovery) {
+  Call([kept = std::move(kept), keeps, failed = failed_](RecoveryFiles& recovery) {
     // Nobody can be told while he types; the next edit tries again.
-    [[maybe_unused]] const std::error_code dropped =
-        keeps ? recovery.Keep(kept) : recovery.Forget();
+    if (keeps ? recovery.Keep(kept) : recovery.Forget()) *failed = true;
+  });
+}
+
+void RecoveryKeeper::PutOwnAside() {
+  if (written_.state.table.empty()) return;
+  written_.kind = KeptTable::Kind::PutAside;
+  const int number = numbers_++;
+  found_.insert(found_.begin(), {number, std::exchange(written_, {})});
+  Call([number](RecoveryFiles& recovery) {
+    // What cannot be marked is offered at the next start.
+    [[maybe_unused]] const std::error_code dropped = recovery.PutOwnAside(number);
   });
 }
 
@@ -84,11 +108,10 @@ void RecoveryKeeper::KeepNow() {
 
 void RecoveryKeeper::End(bool discarded) {
   timer_->stop();
+  hasEnded_ = true;
   KeptTable kept = TableNow();
   const bool isEdited = session_.table.tableModified;
-  const bool hasPoints =
-      !editor::CurveOf(session_.table.grid, session_.localeDecimalSeparator).points.empty();
-  const bool keeps = isEdited ? !discarded : hasPoints && kept.state.DiffersFromStored();
+  const bool keeps = IsUnsaved() && !(isEdited && discarded);
   if (!isEdited) kept.kind = KeptTable::Kind::PutAside;
   Call([kept = std::move(kept), keeps](RecoveryFiles& recovery) {
     // The program ends whether or not its last table is remembered.
@@ -104,16 +127,18 @@ void RecoveryKeeper::Offer() {
   // A folder that does not answer has nothing to offer.
   if (!call_->WaitFor(kLongest)) return;
   found_ = std::move(*found);
+  former_ = numbers_ = static_cast<int>(found_.size());
   for (std::size_t index = 0; index < found_.size(); ++index) {
     if (found_[index].kept.kind == KeptTable::Kind::PutAside) continue;
     if (dialogs_.Confirm(Question(found_[index].kept))) {
       Take(index);
       return;
     }
+    if (isStopped_) return;
     found_[index].kept.kind = KeptTable::Kind::PutAside;
-    Call([file = found_[index].file](RecoveryFiles& recovery) {
+    Call([number = found_[index].number](RecoveryFiles& recovery) {
       // One that cannot be marked is offered again.
-      [[maybe_unused]] const std::error_code dropped = recovery.PutAside(file);
+      [[maybe_unused]] const std::error_code dropped = recovery.PutAside(number);
     });
   }
 }
@@ -145,13 +170,17 @@ void RecoveryKeeper::Take(std::size_t index) {
   Q_EMIT AboutToChange(editor::EditStep::BringBack);
   const FoundTable table = found_[index];
   found_.erase(found_.begin() + static_cast<std::ptrdiff_t>(index));
+  PutOwnAside();
   editor::TableState state = table.kept.state;
   // What is stored is not what was stored when the table was left.
   state.origin = std::make_shared<editor::TableOrigin>(
       editor::TableOrigin{state.origin->source, session_.stored});
   Restore(state, session_);
-  Call([file = table.file](RecoveryFiles& recovery) { recovery.Adopt(file); });
-  written_ = state.table;
+  Call([number = table.number](RecoveryFiles& recovery) { recovery.Adopt(number); });
+  isBroughtBack_ = true;
+  written_ = table.kept;
+  // The file may still say that the table was put aside.
+  *failed_ = true;
   Q_EMIT BroughtBack();
 }
 

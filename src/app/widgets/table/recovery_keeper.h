@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <atomic>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -40,6 +41,9 @@ class RecoveryKeeper : public QObject {
   /// stored last can be brought back by command.
   void End(bool discarded);
 
+  /// Nobody can answer any more: what was just offered will be offered again.
+  void StopAsking() { isStopped_ = true; }
+
   /// Offers the tables that were left unsaved, the last one first.
   void Offer();
   /// Whether there is a table that BringBack would bring back.
@@ -64,6 +68,7 @@ class RecoveryKeeper : public QObject {
   void Take(std::size_t index);
   void Call(std::function<void(RecoveryFiles&)> call);
   void WaitForCalls();
+  void PutOwnAside();
   [[nodiscard]] KeptTable TableNow() const;
   [[nodiscard]] bool IsUnsaved() const;
   [[nodiscard]] texts::MessageText Question(const KeptTable& kept) const;
@@ -72,11 +77,17 @@ class RecoveryKeeper : public QObject {
   UserDialogs& dialogs_;
   // Used by the calls on the thread only, which may outlive this.
   std::shared_ptr<RecoveryFiles> recovery_;
+  std::shared_ptr<std::atomic<bool>> failed_;  // at the last try
   std::vector<FoundTable> found_;
   platform::FileThread thread_;
   std::shared_ptr<platform::FileThread::Call> call_;  // the last one
   QTimer* timer_;
-  std::string written_;  // the table that the file holds
+  KeptTable written_;           // what the file holds; an empty table: there is none
+  int numbers_ = 0;             // of the tables found or put aside so far
+  int former_ = 0;              // how many of them former editors have left
+  bool isBroughtBack_ = false;  // the table, and not stored since
+  bool isStopped_ = false;
+  bool hasEnded_ = false;
 };
 
 }  // namespace zentab::app

@@ -1,8 +1,8 @@
 #include "app/widgets/table/value_mode_binding.h"
 
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <utility>
 
 #include "app/widgets/table/table_panel.h"
@@ -32,13 +32,18 @@ void ValueModeBinding::FollowField(QLineEdit* field, editor::EditStep step) {
   connect(field, &QLineEdit::textEdited, this, [this, step] {
     if (std::exchange(typing_, step) != step) Q_EMIT AboutToChange(step);
   });
-  connect(field, &QLineEdit::editingFinished, this, [this] { typing_.reset(); });
+  connect(field, &QLineEdit::editingFinished, this, [this, field] {
+    typing_.reset();
+    // Its own undo does not reach behind what has been done since: a text that is set has none.
+    const QSignalBlocker own(field);
+    field->setText(field->text());
+  });
   field->installEventFilter(this);
 }
 
 bool ValueModeBinding::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::ShortcutOverride) return QObject::eventFilter(watched, event);
-  return editor::PassesUndoOn(*static_cast<QLineEdit*>(watched), *static_cast<QKeyEvent*>(event));
+  return editor::TakesUndoKey(*static_cast<QLineEdit*>(watched), *event) ||
+         QObject::eventFilter(watched, event);
 }
 
 void ValueModeBinding::LeaveMultiplier() const {
@@ -54,6 +59,7 @@ void ValueModeBinding::Show() {
   panel_.text2->setText(QString::fromStdString(session_.modes.pickup));
   panel_.text3->setText(QString::fromStdString(session_.modes.multiplier));
   showing_ = false;
+  typing_.reset();
 }
 
 void ValueModeBinding::Take() {
@@ -68,6 +74,7 @@ void ValueModeBinding::TakeMultiplier() {
   const std::string text = panel_.text3->text().toStdString();
   session_.modes.multiplier = editor::MultiplierWhileTyping(text, session_.localeDecimalSeparator);
   if (session_.modes.multiplier.empty() && !text.empty()) panel_.text3->clear();
+  if (!showing_) Q_EMIT Changed();
 }
 
 }  // namespace zentab::app

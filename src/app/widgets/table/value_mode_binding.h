@@ -23,6 +23,8 @@ class ValueModeBinding : public QObject {
   void Show();
 
  public Q_SLOTS:
+  /// Another step has begun: what is typed from now on is one of its own.
+  void EndTyping() { typing_.reset(); }
   /// The multiplier is left, or used while it is still being typed: a button's access key leaves
   /// the focus where it is.
   void LeaveMultiplier() const;
