@@ -151,8 +151,8 @@ TEST(Tables, AreStraightBetweenTheirPoints) {
 }
 
 // The least deviation that any choice of `count` points has, by trying all.
-double LeastDeviation(const TableCurve& curve, std::size_t count, std::vector<Point> chosen = {},
-                      std::size_t next = 0) {
+double LeastDeviation(const TableCurve& curve, std::size_t count,
+                      const std::vector<Point>& chosen = {}, std::size_t next = 0) {
   const std::vector<Point>& points = curve.Points();
   double least = INFINITY;
   for (std::size_t at = next; at < points.size() && (next > 0 || at == 0); ++at) {
