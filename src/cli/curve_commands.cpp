@@ -181,7 +181,7 @@ Exit Resample(const TableOptions& options, Console& console) {
   std::string name;
   const auto curve = TakeTable(options, name, console);
   if (!curve) return Exit::Failed;
-  curves::Outcome<std::vector<double>> loads = std::vector<double>();
+  curves::Outcome<std::vector<double>> loads;
   if (options.loads.loads.empty()) {
     curves::Sampling sampling = {curve->From(), curve->To()};
     TakeRange(options.loads, sampling);

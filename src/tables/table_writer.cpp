@@ -286,8 +286,8 @@ std::error_code TableWriter::CopyAround(const LineChange& change, TableListing& 
   bool isOpen = false;
   if (const auto error = IsLastLineOpen(source, isOpen)) return error;
   if (place.begin == size && isOpen && !text.empty()) text.insert(0, "\r\n");
-  std::string lineEnd;
   if (change.endsLine && text.empty() && place.end == size && place.begin >= 2) {
+    std::string lineEnd;
     if (const auto error = source.Read(place.begin - 2, place.begin, lineEnd)) return error;
     if (lineEnd == "\r\n") place.begin -= 2;
   }

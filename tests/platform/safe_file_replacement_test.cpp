@@ -123,7 +123,7 @@ TEST_F(SafeFileReplacement, KeepsAccessRightsAndSymbolicLinks) {
 // Where the file system has attributes: one of the user's own, and a list that lets a user in.
 TEST_F(SafeFileReplacement, KeepsAttributesAndAccessLists) {
   const fs::path file = Write("table.dat", kOld);
-  const std::string own = "\0 mine", name = "user.zentab", list = "system.posix_acl_access";
+  const std::string own("\0 mine", 6), name = "user.zentab", list = "system.posix_acl_access";
   // Of the owner, of user 7, of the group, their mask, of others.
   const std::string rights(
       "\2\0\0\0\1\0\6\0\xFF\xFF\xFF\xFF\2\0\6\0\7\0\0\0\4\0\4\0\xFF\xFF\xFF\xFF"

@@ -25,7 +25,7 @@ TEST(NumberText, ReadsTheNearestDouble) {
   std::mt19937_64 random(5);
   for (int round = 0; round < 20'000; ++round) {
     std::string text = std::to_string(random() >> (random() % 64));
-    text.insert(random() % (text.size() + 1), ".");
+    text.insert(static_cast<std::size_t>(random() % (text.size() + 1)), ".");
     if (round % 5 == 0) text.insert(0, "-000");
     ASSERT_EQ(WholeNumber(text), Number(text)) << text;
     ASSERT_EQ(LeadingNumber(text + "E+x"), Number(text)) << text;

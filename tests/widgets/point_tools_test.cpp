@@ -68,7 +68,7 @@ class PointToolsTest : public QObject {
     QCoreApplication::sendEvent(control, &event);
     QWidget* const menu = QApplication::activePopupWidget();
     if (menu == nullptr) return {};
-    const QString name = menu->objectName();
+    QString name = menu->objectName();
     menu->close();
     return name;
   }

@@ -264,6 +264,7 @@ NameResult LibraryController::Add(const QString& name, std::error_code& error) {
   const ResponsiveFiles::Work work(files_);
   const tables::EntryMark mark = SelectedMark();
   const NameResult result = commands_.EnterName(name.toStdString(), error);
+  // cppcheck-suppress knownConditionTrueFalse
   if (result == NameResult::Added || session_.listing.readings != readings) {
     // The new entry is not selected.
     ShowChanged(mark);
