@@ -27,6 +27,7 @@ class HistoryWindowTest : public QObject {
   Q_OBJECT
 
  private:
+  std::unique_ptr<QTemporaryDir> kept_;
   std::unique_ptr<WindowFixture> f_;
 
   editor::CurveGridView* Grid() const { return f_->Find<editor::CurveGridView>("MSFlexGrid1"); }
@@ -48,6 +49,26 @@ class HistoryWindowTest : public QObject {
     f_->Click("Command3");
     f_->Find<QLineEdit>("Text1")->setText(name);
     QTest::keyClick(f_->Find<QLineEdit>("Text1"), Qt::Key_Return);
+  }
+  // Opens the window anew, with a folder for recovery files.
+  void KeepTables() {
+    kept_ = std::make_unique<QTemporaryDir>();
+    f_->recoveryFolder = kept_->path().toStdString();
+    f_->window.reset();
+    f_->Open();
+  }
+  qsizetype Kept() const {
+    return QDir(kept_->path()).entryList({QStringLiteral("*.json")}).size();
+  }
+  RecoveryKeeper& Keeper() const { return *f_->window->findChild<RecoveryKeeper*>(); }
+  // By destroying the window instead of closing it the session ends as by a crash.
+  void Crash() {
+    f_->window.reset();
+    f_->session = Session();
+    f_->session.localeDecimalSeparator = ".";
+    f_->dialogs.asked.clear();
+    f_->Open();
+    f_->window->OfferRecovery();
   }
   // Everything the user sees that a step may change.
   QByteArray Seen() const {
@@ -212,82 +233,70 @@ class HistoryWindowTest : public QObject {
     QCOMPARE(f_->session.table.grid.Cell(1, 1), "");
   }
 
-  // By destroying the window instead of closing it the session ends as by a crash.
   void WhatWasTypedOutlivesACrash() {
-    QTemporaryDir kept;
-    f_->recoveryFolder = kept.path().toStdString();
-    f_->window.reset();
-    f_->Open();
-    const auto files = [&kept] {
-      return QDir(kept.path()).entryList({QStringLiteral("*.json")}).size();
-    };
+    KeepTables();
     f_->Click("Command1");
     QTest::qWait(700);
-    QCOMPARE(files(), 0);
+    QCOMPARE(Kept(), 0);
     Type(1, 1, QStringLiteral("7"));
-    QTRY_COMPARE(files(), 1);
+    QTRY_COMPARE(Kept(), 1);
     Go("m_undo");
-    QTRY_COMPARE(files(), 0);
+    QTRY_COMPARE(Kept(), 0);
     Go("m_redo");
-    QTRY_COMPARE(files(), 1);
-    const auto crash = [this] {
-      f_->window.reset();
-      f_->session = Session();
-      f_->session.localeDecimalSeparator = ".";
-      f_->dialogs.asked.clear();
-      f_->Open();
-      f_->window->OfferRecovery();
-    };
+    QTRY_COMPARE(Kept(), 1);
     f_->dialogs.answer = false;
-    crash();
+    Crash();
     QCOMPARE(f_->dialogs.asked.size(), 1U);
     QVERIFY(f_->dialogs.asked[0].find("\"SI\"") != std::string::npos);
     QVERIFY(f_->dialogs.asked[0].find("relayTables.dat") != std::string::npos);
     f_->dialogs.answer = true;
-    crash();
+    Crash();
     QVERIFY2(f_->dialogs.asked.empty(), "declined, it is not offered again");
     f_->Find<QCheckBox>("Check1")->click();
     f_->Click("Command9");
-    f_->window->findChild<RecoveryKeeper*>()->KeepNow();
-    QCOMPARE(files(), 1);
+    Keeper().KeepNow();
+    QCOMPARE(Kept(), 1);
     Go("m_undo");
     Go("m_undo");
     Go("m_back");
     QCOMPARE(f_->session.table.grid.Cell(1, 1), "1.57");
     QVERIFY(f_->session.table.tableModified && f_->SelectedRow() == 0);
+    Keeper().KeepNow();
+    Crash();
+    QVERIFY2(f_->dialogs.asked.size() == 1, "once brought back it is unsaved as before");
+  }
+
+  void ATableThatIsOfferedStaysUntilItIsStored() {
+    KeepTables();
+    f_->Click("Command1");
     Type(1, 2, QStringLiteral("5"));
-    QTRY_VERIFY(f_->window->findChild<RecoveryKeeper*>() != nullptr && files() == 1);
-    f_->window->findChild<RecoveryKeeper*>()->KeepNow();
-    crash();
-    QCOMPARE(f_->dialogs.asked.size(), 1U);
+    Keeper().KeepNow();
+    Crash();
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "105");
     Go("m_undo");
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "");
-    f_->window->findChild<RecoveryKeeper*>()->KeepNow();
-    QVERIFY(files() == 1 && f_->window->findChild<RecoveryKeeper*>()->HasTable());
+    Keeper().KeepNow();
+    QVERIFY(Kept() == 1 && Keeper().HasTable());
     Go("m_redo");
-    f_->window->findChild<RecoveryKeeper*>()->KeepNow();
-    QCOMPARE(files(), 2);
+    Keeper().KeepNow();
+    QCOMPARE(Kept(), 2);
     // Who must end without asking leaves what was not stored to the next start.
     f_->window->findChild<SessionEnd*>()->EndUnasked();
     QVERIFY(!f_->window->isVisible());
     // Whom the end meets in front of the offer has declined nothing.
     f_->dialogs.answer = false;
     f_->dialogs.onConfirm = [this] { f_->window->findChild<SessionEnd*>()->EndUnasked(); };
-    crash();
+    Crash();
     f_->dialogs.onConfirm = nullptr;
     f_->dialogs.answer = true;
-    crash();
+    Crash();
     QCOMPARE(f_->dialogs.asked.size(), 1U);
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "105");
     QVERIFY(f_->window->close());
   }
 
   void AnEndWithoutAQuestionKeepsTheTable() {
-    QTemporaryDir kept;
-    f_->recoveryFolder = kept.path().toStdString();
-    f_->window.reset();
-    f_->Open();
+    KeepTables();
     QGuiApplication::clipboard()->setText(QStringLiteral("9\r\n7\r\n"));
     f_->Click("Command7");
     QVERIFY(f_->window->close());
@@ -299,8 +308,7 @@ class HistoryWindowTest : public QObject {
     RecoveryFiles second(platform::SystemFiles(), f_->recoveryFolder);
     QVERIFY(second.Look().empty());
     QVERIFY(!second.Keep({KeptTable::Kind::Unsaved, 1, "x", StateOf(f_->session)}));
-    QCOMPARE(QDir(kept.path()).entryList({QStringLiteral("*.json")}).join('|'),
-             QStringLiteral("recovery-1.json|recovery-2.json"));
+    QCOMPARE(Kept(), 2);
     Go("m_back");
     QCOMPARE(f_->session.table.grid.Cell(2, 1), "7");
     f_->Click("Command9");
