@@ -5,14 +5,11 @@
 // "x read" is a ratio of medians, "target" what it (or, without one, the time in ms) is to stay
 // below.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
-#include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <random>
 
 #include "bench/in_turns.h"
+#include "bench/result_file.h"
 #include "curves/fit.h"
 #include "curves/sampling.h"
 #include "curves/thinning.h"
@@ -20,7 +17,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace zentab;
 using bench::InTurns;
 using bench::Require;
@@ -69,49 +65,23 @@ void BestLoads(benchmark::State& state) {
   state.counters["target"] = 50.0;
 }
 
-class ResultFile {
- public:
-  ResultFile()
-      : path_(fs::temp_directory_path() / ("zentab-curves-bench-" + std::to_string(::getpid()))) {
-    std::ofstream file(path_, std::ios::binary);
-    std::mt19937 random(1);
-    std::uniform_real_distribution<double> noise(0.99, 1.01);
-    file << "Time test\r\n";
-    for (int point = 1; point <= kPoints; ++point) {
-      const double load = 1.05 + 19.0 * point / kPoints;
-      const double time = 140.0 / (std::pow(load, 0.02) - 1.0) * noise(random);
-      char line[80];
-      const int length =
-          std::snprintf(line, sizeof line, "%d\t%.6f\t%.1f\t\r\n", point, load, time);
-      file.write(line, length);
-    }
-    Require(static_cast<bool>(file.flush()));
-  }
-  ~ResultFile() {
-    std::error_code ignored;
-    fs::remove(path_, ignored);
-  }
-  ResultFile(const ResultFile&) = delete;
-  ResultFile& operator=(const ResultFile&) = delete;
-
-  [[nodiscard]] timetest::ReadPoints Read() const {
-    timetest::ReadPoints read;
-    const timetest::ProgressReport silent;
-    Require(!timetest::ReadTimeTest(platform::SystemFiles(), {path_, "Time test"}, {},
-                                    timetest::ProgressMeter(silent, 0.0, 1.0), read));
-    Require(read.points.size() == kPoints);
-    return read;
-  }
-
- private:
-  fs::path path_;
-};
+timetest::ReadPoints Read(const timetest::ResultSource& source) {
+  timetest::ReadPoints read;
+  const timetest::ProgressReport silent;
+  Require(!timetest::ReadTimeTest(platform::SystemFiles(), source, {},
+                                  timetest::ProgressMeter(silent, 0.0, 1.0), read));
+  Require(read.points.size() == kPoints);
+  return read;
+}
 
 // From the points as they were read: looking at them and sorting out the curve belongs to it.
 void ThinAMillion(benchmark::State& state) {
-  const ResultFile file;
+  std::mt19937 random(1);
+  std::uniform_real_distribution<double> noise(0.99, 1.01);
+  const bench::ResultFile file(kPoints, 6,
+                               [&](int /*point*/, double time) { return time * noise(random); });
   std::vector<curves::Point> points;
-  for (const timetest::MeasuredPoint& point : file.Read().points) {
+  for (const timetest::MeasuredPoint& point : Read(file.Source()).points) {
     points.push_back({point.load, point.time});
   }
   double deviation = 0.0;
@@ -119,7 +89,7 @@ void ThinAMillion(benchmark::State& state) {
     const auto curve = curves::TableCurve::Of(points, curves::Axes::Chart);
     deviation = curves::Thin(std::get<curves::TableCurve>(curve), 26).deviation;
   };
-  InTurns(state, thin, {{"read", [&file] { benchmark::DoNotOptimize(file.Read()); }}}, 2.0);
+  InTurns(state, thin, {{"read", [&file] { benchmark::DoNotOptimize(Read(file.Source())); }}}, 2.0);
   state.counters["deviation %"] = deviation * 100.0;
 }
 

@@ -12,14 +12,13 @@
 #include <unistd.h>
 
 #include <charconv>
-#include <cmath>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <utility>
 
 #include "bench/in_turns.h"
+#include "bench/result_file.h"
 #include "timetest/import_pipeline.h"
 
 namespace {
@@ -28,48 +27,21 @@ namespace fs = std::filesystem;
 using namespace zentab;
 using bench::InTurns;
 using bench::Require;
+using bench::ResultFile;
 
 constexpr int kPoints = 1'000'000;
 
-class ResultFile {
- public:
-  explicit ResultFile(int points)
-      : path_(fs::temp_directory_path() /
-              ("zentab-result-" + std::to_string(::getpid()) + "-" + std::to_string(points))) {
-    std::ofstream file(path_, std::ios::binary);
-    file << "Time test\r\n";
-    for (int point = 1; point <= points; ++point) {
-      const double load = 1.05 + 19.0 * point / points;
-      const double time =
-          140.0 / (std::pow(load, 0.02) - 1.0) + (point % 1000 * 7919 % 1000) / 100.0;
-      char line[80];
-      const int length =
-          std::snprintf(line, sizeof line, "%d\t%.3f\t%.1f\t\r\n", point, load, time);
-      file.write(line, length);
-    }
-    Require(static_cast<bool>(file.flush()));
-  }
-  ~ResultFile() {
-    std::error_code ignored;
-    fs::remove(path_, ignored);
-  }
-  ResultFile(const ResultFile&) = delete;
-  ResultFile& operator=(const ResultFile&) = delete;
-
-  [[nodiscard]] timetest::ResultSource Source() const { return {path_, "Time test"}; }
-
- private:
-  fs::path path_;
-};
+// Times that scatter like those of a relay.
+double Scattered(int point, double time) { return time + (point % 1000 * 7919 % 1000) / 100.0; }
 
 const timetest::ResultSource& Single() {
-  static const ResultFile file(kPoints);
+  static const ResultFile file(kPoints, 3, Scattered);
   static const timetest::ResultSource source = file.Source();
   return source;
 }
 
 const timetest::ResultSource& Twice() {
-  static const ResultFile file(2 * kPoints);
+  static const ResultFile file(2 * kPoints, 3, Scattered);
   static const timetest::ResultSource source = file.Source();
   return source;
 }

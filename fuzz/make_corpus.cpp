@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "mathparser/special/special_functions.h"
+#include "mathparser/function_catalogue.h"
 #include "tables/entry_line.h"
 #include "testset/reference_graph_writer.h"
 
@@ -175,36 +175,13 @@ class Corpus {
       Add("expression", line.substr(begin + 3, end - begin - 3) + "\n");
     }
     std::ofstream dictionary(folder_ / "expression.dict");
-    using namespace mathparser;
-    for (const FunctionFamily& family : {ElementaryFunctions(),
-                                         LogicFunctions(),
-                                         IntegerFunctions(),
-                                         RoundingFunctions(),
-                                         GammaFunctions(),
-                                         ErrorFunctions(),
-                                         IncompleteGammaFunctions(),
-                                         IncompleteBetaFunctions(),
-                                         DistributionFunctions(),
-                                         BesselFunctions(),
-                                         ModifiedBesselFunctions(),
-                                         AiryFunctions(),
-                                         EllipticFunctions(),
-                                         ExponentialIntegralFunctions(),
-                                         SineIntegralFunctions(),
-                                         FresnelFunctions(),
-                                         ZetaFunctions(),
-                                         PolynomialFunctions(),
-                                         HypergeometricFunctions(),
-                                         WaveformFunctions()}) {
-      for (const FunctionEntry& entry : family) {
-        std::string call(entry.keyword);
-        call += '(';
-        for (int argument = 0; argument < entry.arguments; ++argument) {
-          call +=
-              (argument == 0 ? "" : ",") + std::string(1, static_cast<char>('x' + argument % 3));
-        }
-        dictionary << '"' << call << ")\"\n";
+    for (const mathparser::FunctionEntry* const entry : mathparser::StandardCatalogue().Entries()) {
+      std::string call(entry->keyword);
+      call += '(';
+      for (int argument = 0; argument < entry->arguments; ++argument) {
+        call += (argument == 0 ? "" : ",") + std::string(1, static_cast<char>('x' + argument % 3));
       }
+      dictionary << '"' << call << ")\"\n";
     }
     for (const char* const sign : {"(x>0)*", "<=", "<>", "1E-300", "1E300", "pi", "-|x|", "[{x}]",
                                    "^2", "!", "%", "\\\\", "30d5m", "'", "\\xC2\\xB0"}) {

@@ -25,6 +25,9 @@ class FunctionCatalogue {
   /// at most kLongestKeyword.
   [[nodiscard]] const FunctionEntry* Find(std::string_view name) const;
 
+  /// All entries, in the order of their families.
+  [[nodiscard]] std::span<const FunctionEntry* const> Entries() const { return entries_; }
+
  private:
   static constexpr std::size_t kBuckets = 512;
 

@@ -83,10 +83,12 @@ LineChange ChangeOfLine(const std::filesystem::path& file, const TableListing& l
   change.offset = listing.lines[index].offset;
   if (index > 0) change.inFront = listing.lines[index - 1].hash;
   if (index + 1 < listing.lines.size()) change.behind = listing.lines[index + 1].hash;
-  const std::vector<std::string>& names = listing.names;
-  change.needsFreeName =
-      index < names.size() && std::count(names.begin(), names.end(), names[index]) == 1;
   return change;
+}
+
+bool IsOnlyOneOfItsName(const TableListing& listing, std::size_t index) {
+  const std::vector<std::string>& names = listing.names;
+  return index < names.size() && std::count(names.begin(), names.end(), names[index]) == 1;
 }
 
 std::optional<BytePlace> PlaceFor(const LineChange& change, const TableListing& listing) {

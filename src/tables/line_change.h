@@ -47,6 +47,9 @@ struct BytePlace {
 [[nodiscard]] LineChange ChangeOfLine(const std::filesystem::path& file,
                                       const TableListing& listing, std::size_t index);
 
+/// Whether no other entry has exactly this one's name. Takes time in proportion to the names.
+[[nodiscard]] bool IsOnlyOneOfItsName(const TableListing& listing, std::size_t index);
+
 /// Where the lines of `before` stand now, or those of `after` belong; nothing when they are no
 /// longer there, or the name that is needed is taken.
 [[nodiscard]] std::optional<BytePlace> PlaceFor(const LineChange& change,

@@ -170,16 +170,17 @@ std::error_code TableWriter::CopyChanged(const fs::path& file, TableListing& lis
   platform::FileReader source(files_, file);
   if (source.Error()) return source.Error();
   const std::uint64_t begin = listing.lines[mark.index].offset;
-  std::string now;
+  const std::uint64_t end = listing.EndOf(mark.index);
+  std::string former;
   // Someone who knows of no locks may have been quicker.
-  if (source.Stamp() != listing.stamp || source.Read(begin, begin + line.size(), now) ||
-      now != line) {
+  if (source.Stamp() != listing.stamp || source.Read(begin, end, former) ||
+      !former.starts_with(line)) {
     return std::make_error_code(kEntryChanged);
   }
   change_ = ChangeOfLine(file, listing, mark.index);
+  change_.before = std::move(former);
   change_.after = replacement;
-  const std::uint64_t end = listing.EndOf(mark.index);
-  if (const auto error = source.Read(begin, end, change_.before)) return error;
+  change_.needsFreeName = replacement.empty() && IsOnlyOneOfItsName(listing, mark.index);
   if (const auto error = source.Copy(0, begin, output)) return error;
   if (const auto error = output.Write(replacement)) return error;
   return source.Copy(end, source.Size(), output);

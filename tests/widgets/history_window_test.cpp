@@ -68,7 +68,11 @@ class HistoryWindowTest : public QObject {
     f_->session.localeDecimalSeparator = ".";
     f_->dialogs.asked.clear();
     f_->Open();
+    Offer();
+  }
+  void Offer() {
     f_->window->OfferRecovery();
+    if (!QTest::qWaitFor([this] { return !Keeper().IsLooking(); })) qFatal("no end of looking");
   }
   // Everything the user sees that a step may change.
   QByteArray Seen() const {
@@ -302,7 +306,7 @@ class HistoryWindowTest : public QObject {
     QVERIFY(f_->window->close());
     QVERIFY2(f_->dialogs.asked.empty(), "a paste is no edit");
     f_->Open();
-    f_->window->OfferRecovery();
+    Offer();
     QVERIFY(f_->dialogs.asked.empty() && f_->session.table.grid.Cell(1, 1).empty());
     // A second editor beside this one has a file of its own, and finds nothing.
     RecoveryFiles second(platform::SystemFiles(), f_->recoveryFolder);

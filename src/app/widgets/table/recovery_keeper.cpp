@@ -13,7 +13,8 @@
 namespace zentab::app {
 namespace {
 
-constexpr int kBehind = 500;                         // milliseconds
+constexpr int kBehind = 500;  // milliseconds
+constexpr std::chrono::milliseconds kLookAgain(20);
 constexpr std::chrono::milliseconds kLongest(2000);  // that anyone waits for the file
 
 }  // namespace
@@ -35,9 +36,9 @@ RecoveryKeeper::RecoveryKeeper(Session& session, platform::FileLayer& files,
 RecoveryKeeper::~RecoveryKeeper() = default;
 
 // An empty table is nothing that anybody would miss.
-bool RecoveryKeeper::IsUnsaved() const {
+bool RecoveryKeeper::IsUnsaved(const editor::TableState& state) const {
   return editor::LastUsedRow(session_.table.grid) > 0 &&
-         (session_.table.tableModified || StateOf(session_).DiffersFromStored());
+         (state.modified || state.DiffersFromStored());
 }
 
 // Not put off by what is typed meanwhile: the file is never further behind than that.
@@ -65,17 +66,18 @@ void RecoveryKeeper::WaitForCalls() {
 void RecoveryKeeper::Write() {
   if (hasEnded_) return;
   KeptTable kept = TableNow();
-  const bool keeps = IsUnsaved();
+  const bool keeps = IsUnsaved(kept.state);
   if (!keeps) kept = {};
   const bool isNew =
       kept.state.table != written_.state.table || kept.tablePath != written_.tablePath;
   if (!isNew && !failed_->exchange(false)) return;
-  // A table that was brought back is not lost by taking that back.
-  const bool putsAside = !keeps && std::exchange(isBroughtBack_, keeps) &&
-                         !written_.state.table.starts_with(session_.stored);
-  if (putsAside) {
-    PutOwnAside();
-    return;
+  if (!keeps && isBroughtBack_) {
+    isBroughtBack_ = false;
+    // A table that was brought back is not lost by taking that back.
+    if (!written_.state.table.starts_with(session_.stored)) {
+      PutOwnAside();
+      return;
+    }
   }
   written_ = kept;
   if (keeps) {
@@ -84,9 +86,10 @@ void RecoveryKeeper::Write() {
     });
   }
   Call([kept = std::move(kept), keeps, failed = failed_](RecoveryFiles& recovery) {
-    // Nobody can be told while he types; the next edit tries again.
+    // Nobody can be told while he types; the next look tries again.
     if (keeps ? recovery.Keep(kept) : recovery.Forget()) *failed = true;
   });
+  Follow();
 }
 
 void RecoveryKeeper::PutOwnAside() {
@@ -101,7 +104,6 @@ void RecoveryKeeper::PutOwnAside() {
 }
 
 void RecoveryKeeper::KeepNow() {
-  timer_->stop();
   Write();
   WaitForCalls();
 }
@@ -111,7 +113,7 @@ void RecoveryKeeper::End(bool discarded) {
   hasEnded_ = true;
   KeptTable kept = TableNow();
   const bool isEdited = session_.table.tableModified;
-  const bool keeps = IsUnsaved() && !(isEdited && discarded);
+  const bool keeps = IsUnsaved(kept.state) && !(isEdited && discarded);
   if (!isEdited) kept.kind = KeptTable::Kind::PutAside;
   Call([kept = std::move(kept), keeps](RecoveryFiles& recovery) {
     // The program ends whether or not its last table is remembered.
@@ -124,8 +126,18 @@ void RecoveryKeeper::End(bool discarded) {
 void RecoveryKeeper::Offer() {
   const auto found = std::make_shared<std::vector<FoundTable>>();
   Call([found](RecoveryFiles& recovery) { *found = recovery.Look(); });
-  // A folder that does not answer has nothing to offer.
-  if (!call_->WaitFor(kLongest)) return;
+  looking_ = call_;
+  OfferWhenFound(found);
+}
+
+// The window does not wait for the folder.
+void RecoveryKeeper::OfferWhenFound(const std::shared_ptr<std::vector<FoundTable>>& found) {
+  if (!looking_->WaitFor(std::chrono::milliseconds(0))) {
+    QTimer::singleShot(kLookAgain, this, [this, found] { OfferWhenFound(found); });
+    return;
+  }
+  looking_.reset();
+  if (isStopped_) return;
   found_ = std::move(*found);
   former_ = numbers_ = static_cast<int>(found_.size());
   for (std::size_t index = 0; index < found_.size(); ++index) {

@@ -44,8 +44,10 @@ class RecoveryKeeper : public QObject {
   /// Nobody can answer any more: what was just offered will be offered again.
   void StopAsking() { isStopped_ = true; }
 
-  /// Offers the tables that were left unsaved, the last one first.
+  /// Looks for the tables that were left unsaved, and offers them, the last one first.
   void Offer();
+  /// Whether it is still looking.
+  [[nodiscard]] bool IsLooking() const { return looking_ != nullptr; }
   /// Whether there is a table that BringBack would bring back.
   [[nodiscard]] bool HasTable() const { return !found_.empty(); }
   /// Puts that command at the end of a menu.
@@ -70,7 +72,8 @@ class RecoveryKeeper : public QObject {
   void WaitForCalls();
   void PutOwnAside();
   [[nodiscard]] KeptTable TableNow() const;
-  [[nodiscard]] bool IsUnsaved() const;
+  void OfferWhenFound(const std::shared_ptr<std::vector<FoundTable>>& found);
+  [[nodiscard]] bool IsUnsaved(const editor::TableState& state) const;
   [[nodiscard]] texts::MessageText Question(const KeptTable& kept) const;
 
   Session& session_;
@@ -81,6 +84,7 @@ class RecoveryKeeper : public QObject {
   std::vector<FoundTable> found_;
   platform::FileThread thread_;
   std::shared_ptr<platform::FileThread::Call> call_;  // the last one
+  std::shared_ptr<platform::FileThread::Call> looking_;
   QTimer* timer_;
   KeptTable written_;           // what the file holds; an empty table: there is none
   int numbers_ = 0;             // of the tables found or put aside so far
