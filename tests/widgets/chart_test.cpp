@@ -1,8 +1,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include "editor/widgets/chart_colours.h"
-#include "editor/widgets/curve_chart.h"
+#include "editor/widgets/chart/chart_colours.h"
+#include "editor/widgets/chart/curve_chart.h"
 
 namespace zentab::editor {
 namespace {

@@ -10,7 +10,7 @@
 #include <QTimer>
 
 #include "app/widgets/qt_user_dialogs.h"
-#include "editor/widgets/curve_chart.h"
+#include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/curve_grid_view.h"
 #include "widgets/window_fixture.h"
 

@@ -9,7 +9,7 @@
 #include <QTest>
 
 #include "app/widgets/window_placement.h"
-#include "editor/widgets/curve_chart.h"
+#include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/curve_grid_view.h"
 #include "widgets/window_fixture.h"
 

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "editor/widgets/chart_colours.h"
+#include "editor/widgets/chart/chart_colours.h"
 
 namespace zentab::app {
 namespace {

@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <limits>
 
-#include "editor/widgets/chart_colours.h"
+#include "editor/widgets/chart/chart_colours.h"
 
 namespace zentab::editor {
 namespace {

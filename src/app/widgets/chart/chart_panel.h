@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "editor/widgets/curve_chart.h"
+#include "editor/widgets/chart/curve_chart.h"
 
 class QLineEdit;
 class QPushButton;

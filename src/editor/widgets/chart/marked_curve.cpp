@@ -1,4 +1,4 @@
-#include "editor/widgets/marked_curve.h"
+#include "editor/widgets/chart/marked_curve.h"
 
 #include <cmath>
 

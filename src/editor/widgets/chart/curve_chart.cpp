@@ -1,18 +1,18 @@
-#include "editor/widgets/curve_chart.h"
+#include "editor/widgets/chart/curve_chart.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "editor/widgets/chart_colours.h"
-#include "editor/widgets/log_paper_ticker.h"
-#include "editor/widgets/marked_curve.h"
+#include "editor/widgets/chart/chart_colours.h"
+#include "editor/widgets/chart/log_paper_ticker.h"
+#include "editor/widgets/chart/marked_curve.h"
+#include "editor/widgets/chart/point_mark.h"
 
 namespace zentab::editor {
 namespace {
 
 constexpr double kMargin = 0.06;  // of the axis, on both sides of the curve
-constexpr int kMarkSide = 13;
 
 // The axes refuse ranges near the limits of a double, and would go on showing an earlier one.
 constexpr double kLargestPower = 200.0;
@@ -41,43 +41,6 @@ bool Crosses(const QRectF& area, const QLineF& line) {
 }
 
 }  // namespace
-
-// The dot on the grid's current point: a small window of its own, so that moving it draws nothing
-// but its surroundings.
-class PointMark : public QWidget {
- public:
-  explicit PointMark(QWidget* parent) : QWidget(parent) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-    resize(kMarkSide, kMarkSide);
-    hide();
-  }
-
-  void SetColour(const QColor& colour) {
-    colour_ = colour;
-    update();
-  }
-  // A window lies on whole pixels; the dot inside makes up for the rest.
-  void PlaceAt(const QPointF& place) {
-    const QPoint corner = (place - QPointF(kMarkSide, kMarkSide) / 2.0).toPoint();
-    if (middle_ != place - corner) update();
-    middle_ = place - corner;
-    move(corner);
-  }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour_);
-    constexpr double kRadius = (kMarkSide - 2) / 2.0;
-    painter.drawEllipse(middle_, kRadius, kRadius);
-  }
-
- private:
-  QColor colour_;
-  QPointF middle_;
-};
 
 CurveChart::CurveChart(QWidget* parent)
     : QCustomPlot(parent),
@@ -114,12 +77,17 @@ CurveChart::CurveChart(QWidget* parent)
 }
 
 void CurveChart::ShowCurve(const ChartCurve& curve) {
-  if (curve == curve_ && isHidden() != curve.IsShown()) return;
+  const bool hasContent = curve.IsShown() || !extents_.empty();
+  if (curve == curve_ && isHidden() != hasContent) return;
   // Who zoomed into another curve, before the chart was hidden, wanted to see that one.
   if (isHidden()) userMovedView_ = false;
   const ChartCurve before = std::exchange(curve_, curve);
-  setVisible(curve.IsShown());
-  if (!curve.IsShown()) return;
+  setVisible(hasContent);
+  if (hasContent) ShowChange(before);
+  Q_EMIT CurveShown();
+}
+
+void CurveChart::ShowChange(const ChartCurve& before) {
   SetCurveData();
   const QCPRange loads = xAxis->range();
   const QCPRange times = yAxis->range();
@@ -132,6 +100,34 @@ void CurveChart::ShowCurve(const ChartCurve& curve) {
   if (!sameAxes) updateLayout();
   PlaceMark();
   update(sameAxes ? ChangedArea(before) : rect());
+}
+
+void CurveChart::SetExtent(const QObject* drawn, const std::optional<Extent>& extent) {
+  if (extent) {
+    extents_[drawn] = *extent;
+  } else {
+    extents_.erase(drawn);
+  }
+  if (isHidden()) userMovedView_ = false;
+  setVisible(curve_.IsShown() || !extents_.empty());
+  ApplyScaleType();
+  if (!userMovedView_) FitRanges();
+  replot(rpQueuedReplot);
+}
+
+std::optional<Extent> CurveChart::WholeExtent() const {
+  std::optional<Extent> whole;
+  const auto widen = [](Range& range, const Range& by) {
+    range.minimum = std::min(range.minimum, by.minimum);
+    range.maximum = std::max(range.maximum, by.maximum);
+  };
+  if (!curve_.points.empty()) whole = Extent{curve_.load, curve_.time};
+  for (const auto& [drawn, extent] : extents_) {
+    if (!whole) whole = extent;
+    widen(whole->load, extent.load);
+    widen(whole->time, extent.time);
+  }
+  return whole;
 }
 
 void CurveChart::SetCurveData() {
@@ -201,10 +197,10 @@ void CurveChart::paintEvent(QPaintEvent* event) {
 
 void CurveChart::FitRanges() {
   userMovedView_ = false;
-  if (curve_.points.empty()) return;
-  const bool logarithmic = xAxis->scaleType() == QCPAxis::stLogarithmic;
-  xAxis->setRange(WithMargin(curve_.load, logarithmic));
-  yAxis->setRange(WithMargin(curve_.time, logarithmic));
+  const std::optional<Extent> whole = WholeExtent();
+  if (!whole) return;
+  xAxis->setRange(WithMargin(whole->load, IsLogarithmic()));
+  yAxis->setRange(WithMargin(whole->time, IsLogarithmic()));
 }
 
 void CurveChart::Fit() {
@@ -249,7 +245,9 @@ void CurveChart::PlaceMark() {
 }
 
 void CurveChart::ApplyScaleType() {
-  const bool logarithmic = logarithmicWanted_ && curve_.IsPositive();
+  const std::optional<Extent> whole = WholeExtent();
+  const bool isPositive = whole && whole->load.minimum > 0.0 && whole->time.minimum > 0.0;
+  const bool logarithmic = logarithmicWanted_ && isPositive;
   const auto type = logarithmic ? QCPAxis::stLogarithmic : QCPAxis::stLinear;
   if (xAxis->scaleType() == type && xAxis->ticker() == (logarithmic ? logTicker_ : linearTicker_)) {
     return;
@@ -282,6 +280,7 @@ void CurveChart::ApplyPalette() {
   }
   line_->SetColours(accent, base);
   mark_->SetColour(accent);
+  Q_EMIT PaletteChanged();
   replot(rpQueuedReplot);
 }
 

@@ -1,4 +1,4 @@
-#include "editor/widgets/log_paper_ticker.h"
+#include "editor/widgets/chart/log_paper_ticker.h"
 
 #include <cmath>
 #include <initializer_list>

@@ -2,12 +2,23 @@
 
 #include <qcustomplot.h>
 
+#include <map>
+#include <optional>
+
 #include "editor/chart_curve.h"
 
 namespace zentab::editor {
 
 class MarkedCurve;
 class PointMark;
+
+/// The loads and times that something takes up in the chart.
+struct Extent {
+  Range load;
+  Range time;
+
+  friend bool operator==(const Extent&, const Extent&) = default;
+};
 
 /// The chart `MSChart1`: trip time against load level, with a line and markers. Both axes are
 /// logarithmic when that is wanted and every point is positive. The wheel zooms, dragging moves,
@@ -22,8 +33,16 @@ class CurveChart : public QCustomPlot {
   /// user zoomed into stays in view while the chart is shown and any of the curve lies in it.
   void ShowCurve(const ChartCurve& curve);
 
-  /// Brings the whole curve into view.
+  /// What else is drawn here and belongs into the view of the whole: its extent, nothing once it is
+  /// gone. The chart is shown as long as it has anything to show.
+  void SetExtent(const QObject* drawn, const std::optional<Extent>& extent);
+
+  /// Brings the whole curve into view, and what else is drawn.
   void Fit();
+
+  [[nodiscard]] const ChartCurve& Curve() const { return curve_; }
+  /// Whether the axes are logarithmic.
+  [[nodiscard]] bool IsLogarithmic() const { return xAxis->scaleType() == QCPAxis::stLogarithmic; }
 
   void SetAxisTitles(const QString& load, const QString& time);
   void SetLogarithmicWanted(bool wanted);
@@ -33,6 +52,12 @@ class CurveChart : public QCustomPlot {
   /// Fills the dot of a grid row's point, where the curve has one.
   void MarkRow(int row);
 
+ Q_SIGNALS:
+  /// The colours of what is drawn are to be chosen anew.
+  void PaletteChanged();
+  /// Curve() is another, and drawn on its axes.
+  void CurveShown();
+
  protected:
   void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
@@ -41,7 +66,9 @@ class CurveChart : public QCustomPlot {
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
+  void ShowChange(const ChartCurve& before);
   void SetCurveData();
+  [[nodiscard]] std::optional<Extent> WholeExtent() const;
   void FitRanges();
   void ApplyScaleType();
   void ApplyPalette();
@@ -56,6 +83,7 @@ class CurveChart : public QCustomPlot {
   QSharedPointer<QCPAxisTicker> linearTicker_;
   QSharedPointer<QCPAxisTicker> logTicker_;
   ChartCurve curve_;
+  std::map<const QObject*, Extent> extents_;  // of what else is drawn
   int markedRow_ = 1;
   bool logarithmicWanted_ = true;
   bool userMovedView_ = false;

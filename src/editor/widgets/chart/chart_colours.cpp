@@ -1,4 +1,4 @@
-#include "editor/widgets/chart_colours.h"
+#include "editor/widgets/chart/chart_colours.h"
 
 #include <algorithm>
 #include <cmath>
