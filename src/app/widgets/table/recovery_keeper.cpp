@@ -27,10 +27,13 @@ RecoveryKeeper::RecoveryKeeper(Session& session, platform::FileLayer& files,
       dialogs_(dialogs),
       recovery_(std::make_shared<RecoveryFiles>(files, folder)),
       failed_(std::make_shared<std::atomic<bool>>(false)),
-      timer_(new QTimer(this)) {
+      timer_(new QTimer(this)),
+      lookAgain_(new QTimer(this)) {
   timer_->setSingleShot(true);
   timer_->setInterval(kBehind);
   connect(timer_, &QTimer::timeout, this, &RecoveryKeeper::Write);
+  lookAgain_->setSingleShot(true);
+  connect(lookAgain_, &QTimer::timeout, this, &RecoveryKeeper::OfferWhenFound);
 }
 
 RecoveryKeeper::~RecoveryKeeper() = default;
@@ -127,18 +130,19 @@ void RecoveryKeeper::Offer() {
   const auto found = std::make_shared<std::vector<FoundTable>>();
   Call([found](RecoveryFiles& recovery) { *found = recovery.Look(); });
   looking_ = call_;
-  OfferWhenFound(found);
+  looked_ = found;
+  OfferWhenFound();
 }
 
 // The window does not wait for the folder.
-void RecoveryKeeper::OfferWhenFound(const std::shared_ptr<std::vector<FoundTable>>& found) {
+void RecoveryKeeper::OfferWhenFound() {
   if (!looking_->WaitFor(std::chrono::milliseconds(0))) {
-    QTimer::singleShot(kLookAgain, this, [this, found] { OfferWhenFound(found); });
+    lookAgain_->start(kLookAgain);
     return;
   }
   looking_.reset();
   if (isStopped_) return;
-  found_ = std::move(*found);
+  found_ = std::move(*looked_);
   former_ = numbers_ = static_cast<int>(found_.size());
   for (std::size_t index = 0; index < found_.size(); ++index) {
     if (found_[index].kept.kind == KeptTable::Kind::PutAside) continue;

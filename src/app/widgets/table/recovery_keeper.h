@@ -72,7 +72,7 @@ class RecoveryKeeper : public QObject {
   void WaitForCalls();
   void PutOwnAside();
   [[nodiscard]] KeptTable TableNow() const;
-  void OfferWhenFound(const std::shared_ptr<std::vector<FoundTable>>& found);
+  void OfferWhenFound();
   [[nodiscard]] bool IsUnsaved(const editor::TableState& state) const;
   [[nodiscard]] texts::MessageText Question(const KeptTable& kept) const;
 
@@ -85,7 +85,9 @@ class RecoveryKeeper : public QObject {
   platform::FileThread thread_;
   std::shared_ptr<platform::FileThread::Call> call_;  // the last one
   std::shared_ptr<platform::FileThread::Call> looking_;
+  std::shared_ptr<std::vector<FoundTable>> looked_;  // what it finds
   QTimer* timer_;
+  QTimer* lookAgain_;
   KeptTable written_;           // what the file holds; an empty table: there is none
   int numbers_ = 0;             // of the tables found or put aside so far
   int former_ = 0;              // how many of them former editors have left
