@@ -10,7 +10,7 @@ namespace zentab::cli {
 namespace {
 
 constexpr double kPercent = 100.0;
-constexpr double kMillisecondsPerSecond = 1000.0;
+using curves::kMillisecondsPerSecond;
 
 struct AssessOptions {
   std::string file;
@@ -112,7 +112,7 @@ void WriteLines(const std::vector<Cells>& rows, bool isCsv, Console& console) {
   }
 }
 
-void WriteJson(const EntryPoints& entry, const std::vector<Cells>& rows,
+void WriteJson(const NamedPoints& entry, const std::vector<Cells>& rows,
                const curves::Assessment& assessment, Console& console) {
   nlohmann::ordered_json points = nlohmann::ordered_json::array();
   for (const Cells& row : rows) {
@@ -138,30 +138,23 @@ std::optional<double> Given(const std::string& text) {
 }
 
 // The other entry as a reference for loads in this one's unit.
-Exit TakeTable(const AssessOptions& options, const EntryPoints& entry, const EntryPoints& other,
+Exit TakeTable(const AssessOptions& options, const NamedPoints& entry, const NamedPoints& other,
                const Console& console, curves::Reference& reference) {
   const auto pickup = Given(options.characteristic.pickup);
-  if (pickup && !(*pickup > 0.0)) {
-    return console.Fail("assess: " + Sentence({curves::FaultKind::BadSetting, 0.0, "pickup"}));
+  auto made = curves::ReferenceOf(other, entry.absolute, pickup);
+  const curves::Fault* const fault = curves::FaultOf(made);
+  if (fault == nullptr) {
+    reference = std::get<curves::Reference>(std::move(made));
+    return Exit::Done;
   }
-  if (entry.absolute != other.absolute && !pickup) {
+  if (fault->kind == curves::FaultKind::PickupNeeded) {
     return console.Misused("assess: absolute loads against multiples need --pickup");
   }
-  auto curve = curves::TableCurve::Of(other.InSeconds(), curves::Axes::Chart);
-  if (const curves::Fault* const fault = curves::FaultOf(curve)) {
-    return console.Fail(other.name + ": " + Sentence(*fault));
-  }
-  double factor = 1.0;
-  if (entry.absolute && !other.absolute) factor = 1.0 / *pickup;
-  if (!entry.absolute && other.absolute) factor = *pickup;
-  reference.time = [factor, table = std::get<curves::TableCurve>(std::move(curve))](double load) {
-    return table.Time(load * factor);
-  };
-  reference.pickup = entry.absolute ? pickup : std::optional(1.0);
-  return Exit::Done;
+  const bool isPickup = fault->kind == curves::FaultKind::BadSetting;
+  return console.Fail((isPickup ? "assess" : other.name) + ": " + Sentence(*fault));
 }
 
-Exit TakeReference(const AssessOptions& options, const InputFile& file, const EntryPoints& entry,
+Exit TakeReference(const AssessOptions& options, const InputFile& file, const NamedPoints& entry,
                    const Console& console, curves::Reference& reference) {
   if (!options.against.empty()) {
     // Standard input can be read once, for both.

@@ -156,15 +156,7 @@ bool TakeCharacteristic(const CharacteristicOptions& options, bool absoluteLoads
   return true;
 }
 
-std::vector<curves::Point> EntryPoints::InSeconds() const {
-  constexpr double kMillisecondsPerSecond = 1000.0;
-  std::vector<curves::Point> seconds = points;
-  if (!milliseconds) return seconds;
-  for (curves::Point& point : seconds) point.time /= kMillisecondsPerSecond;
-  return seconds;
-}
-
-std::optional<EntryPoints> TakeEntry(const InputFile& file, const std::string& entry,
+std::optional<NamedPoints> TakeEntry(const InputFile& file, const std::string& entry,
                                      const Console& console) {
   std::optional<EntryLine> read;
   std::error_code error = file.Error();
@@ -177,17 +169,7 @@ std::optional<EntryPoints> TakeEntry(const InputFile& file, const std::string& e
     console.Warn(file.Name() + ": no entry '" + entry + "'");
     return std::nullopt;
   }
-  const tables::ParsedEntry parsed = tables::ParseEntryLine(read->line);
-  EntryPoints result = {read->name,
-                        {},
-                        parsed.milliseconds.value_or(false),
-                        parsed.absoluteValues.value_or(false),
-                        parsed.instrument.value_or(tables::Instrument::None)};
-  for (const tables::CurvePoint& point : parsed.points) {
-    result.points.push_back({texts::LeadingNumber(point.load).value_or(0.0),
-                             texts::LeadingNumber(point.time).value_or(0.0)});
-  }
-  return result;
+  return NamedPoints{curves::PointsOf(tables::ParseEntryLine(read->line)), read->name};
 }
 
 std::string Sentence(const curves::Fault& fault) {

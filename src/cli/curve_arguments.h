@@ -9,7 +9,7 @@
 #include "cli/console.h"
 #include "cli/input_file.h"
 #include "curves/characteristic.h"
-#include "curves/table_curve.h"
+#include "curves/entry_points.h"
 
 namespace zentab::cli {
 
@@ -49,20 +49,13 @@ extern const CLI::Validator kNumberList;
 /// A number of points that a table can have, from 2.
 extern const CLI::Validator kPointCount;
 
-/// An entry's numbers as the grid takes them.
-struct EntryPoints {
+/// An entry's numbers, with its name.
+struct NamedPoints : curves::EntryPoints {
   std::string name;
-  std::vector<curves::Point> points;  // times as they are stored
-  bool milliseconds = false;
-  bool absolute = false;
-  tables::Instrument instrument = tables::Instrument::None;
-
-  /// The points with their times in s.
-  [[nodiscard]] std::vector<curves::Point> InSeconds() const;
 };
 
 /// Reads an entry; nothing when it cannot, which was said.
-[[nodiscard]] std::optional<EntryPoints> TakeEntry(const InputFile& file, const std::string& entry,
+[[nodiscard]] std::optional<NamedPoints> TakeEntry(const InputFile& file, const std::string& entry,
                                                    const Console& console);
 
 /// What a fault says, in English, to go behind a name.

@@ -7,7 +7,7 @@
 namespace zentab::cli {
 namespace {
 
-constexpr double kMillisecondsPerSecond = 1000.0;
+using curves::kMillisecondsPerSecond;
 
 curves::Axes AxesOf(const std::string& name) {
   if (name.empty()) return curves::Axes::Chart;

@@ -71,7 +71,7 @@ void WarnOf(const curves::FamilyFit& fit, const Console& console) {
 }
 
 // Which point a load belongs to, to leave it out.
-std::string HintOf(const EntryPoints& entry, const curves::Fault& fault) {
+std::string HintOf(const NamedPoints& entry, const curves::Fault& fault) {
   if (fault.kind != curves::FaultKind::AtOrBelowPickup &&
       fault.kind != curves::FaultKind::AtOrAbovePickup) {
     return {};
@@ -83,7 +83,7 @@ std::string HintOf(const EntryPoints& entry, const curves::Fault& fault) {
   return {};
 }
 
-bool TakeExcluded(const FitOptions& options, const EntryPoints& entry, const Console& console,
+bool TakeExcluded(const FitOptions& options, const NamedPoints& entry, const Console& console,
                   std::vector<std::size_t>& excluded) {
   for (const std::string& text : options.excluded) {
     const double number = NumberOf(text);

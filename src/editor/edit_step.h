@@ -32,6 +32,11 @@ enum class EditStep {
   ConvertLoads,  // between multiples of the pickup value and amperes or volts
   ConvertTimes,  // between s and ms
   FillBetween,
+  // the curve as a whole
+  StandardCurve,
+  FitCurve,
+  ThinOut,
+  Resample,
   // the library
   Update,
   AddNew,

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
 
 namespace zentab::texts {
@@ -170,7 +171,7 @@ struct ProgramTexts {
 };
 
 /// The steps of the history that have a name.
-inline constexpr std::size_t kEditSteps = 31;
+inline constexpr std::size_t kEditSteps = 35;
 
 /// What the history of a session says. The names of the steps stand in the order of
 /// editor::EditStep.
@@ -211,6 +212,10 @@ struct HistoryTexts {
       "Convert loads",
       "Convert times",
       "Fill between points",
+      "Standard curve",
+      "Fit",
+      "Thin out",
+      "Resample",
       "Update entry",
       "Add new entry",
       "Remove entry",
@@ -240,6 +245,7 @@ struct CatalogueTexts {
   ProgramTexts program;
   GraphTexts graph;
   CurveTexts curve;
+  CurveDialogTexts curveDialogs;
   HistoryTexts history;
   PointTexts points;
   ToolTexts tools;

@@ -281,7 +281,8 @@ constexpr std::array<const char*, kEditSteps> kStepKeys = {
     "STEP.ROW.INSERT",    "STEP.ROW.DELETE",  "STEP.ROW.UP",      "STEP.ROW.DOWN",
     "STEP.SORT",          "STEP.REVERSE",     "STEP.SCALE.LOADS", "STEP.SCALE.TIMES",
     "STEP.SHIFT.LOADS",   "STEP.SHIFT.TIMES", "STEP.ROUND",       "STEP.CONVERT.LOADS",
-    "STEP.CONVERT.TIMES", "STEP.FILL",        "STEP.UPDATE",      "STEP.ADDNEW",
+    "STEP.CONVERT.TIMES", "STEP.FILL",        "STEP.CURVE",       "STEP.FIT",
+    "STEP.THIN",          "STEP.RESAMPLE",    "STEP.UPDATE",      "STEP.ADDNEW",
     "STEP.REMOVE",        "STEP.IMPORT",      "STEP.BRINGBACK",
 };
 
@@ -348,6 +349,7 @@ std::vector<KeyRow> AllRows() {
   table.push_back({"TABLE.PRINT", TraceSwitch{}});
   Append(table, OwnRows());
   Append(table, CurveRows());
+  Append(table, CurveDialogRows());
   Append(table, MessageRows());
   Append(table, GraphAndExchangeRows());
   Append(table, HistoryRows());

@@ -60,6 +60,9 @@ struct StepName {
 struct CurveField {
   std::string CurveTexts::*field;
 };
+struct CurveDialogField {
+  std::string CurveDialogTexts::*field;
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -90,8 +93,9 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, CurveField, ExchangeField, EquationSlot, HistoryField, StepName,
-                 ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+                 GraphField, CurveField, CurveDialogField, ExchangeField, EquationSlot,
+                 HistoryField, StepName, ImportField, TimeoutText, SwitchOn, TraceSwitch,
+                 ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
@@ -101,6 +105,9 @@ struct KeyRow {
 
 /// The keys of the texts about characteristics and operations on curves.
 [[nodiscard]] const std::vector<KeyRow>& CurveRows();
+
+/// The keys of the menu for curves, its dialogs and the assessment.
+[[nodiscard]] const std::vector<KeyRow>& CurveDialogRows();
 
 /// Every key of a catalogue with its effect, in the order in which they are applied.
 [[nodiscard]] const std::vector<KeyRow>& KeyTable();

@@ -28,6 +28,11 @@ QString PlainCaption(QString caption) {
   return caption.remove(behind).remove('&');
 }
 
+QString PlainTitle(const QString& caption) {
+  const QString plain = PlainCaption(caption);
+  return plain.endsWith(QChar(0x2026)) ? plain.chopped(1) : plain;
+}
+
 AccessibleNames::AccessibleNames(QMainWindow& form) : QObject(&form), form_(form) {
   for (const NameRow& row : kNames) {
     if (auto* const control = form.findChild<QWidget*>(QLatin1String(row.control))) {

@@ -17,6 +17,8 @@
 #include "app/widgets/accessible_names.h"
 #include "app/widgets/chart/chart_panel.h"
 #include "app/widgets/context_menus.h"
+#include "app/widgets/curve/assessment_controller.h"
+#include "app/widgets/curve/curve_controller.h"
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library/library_controller.h"
@@ -77,6 +79,10 @@ MainWindow::MainWindow(MainWindowParts parts)
       recovery_(
           new RecoveryKeeper(session_, parts.files, parts.recoveryFolder, parts.dialogs, this)),
       checks_(new CheckMarks(session_, *table_->grid, *statusBar())),
+      curves_(new CurveController(session_, parts.store, parts.title, *chart_->chart, *this)),
+      assessment_(
+          new AssessmentController({session_, files_, parts.store, parts.title, *chart_, *curves_,
+                                    [this] { return library_->SelectedIndex(); }})),
       end_(new SessionEnd({*this, *table_->grid, session_, parts.title, parts.store, parts.dialogs,
                            files_, *recovery_, log_, instruments_->Instruments()})) {
   modes_->setParent(this);
@@ -88,6 +94,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   BuildMenus();
   ConnectPanels();
   ConnectTools();
+  ConnectCurves();
   ConnectTimeTest();
   ConnectInstruments();
   ConnectHistory();
@@ -139,7 +146,9 @@ void MainWindow::BuildMenus() {
   undo_->AddTo(edit_->Menu());
   recovery_->AddTo(edit_->Menu());
 
-  QMenu* const view = menuBar()->addMenu(QStringLiteral("&View"));
+  assessment_->AddTo(*curves_->AddMenu(*menuBar()));
+
+  QMenu* const view = menuBar()->addMenu(QStringLiteral("Vie&w"));
   view->setObjectName(QStringLiteral("m_view"));
   QAction* const logarithmic =
       add(view, "m_log", QStringLiteral("&Logarithmic axes"), QKeySequence(Qt::CTRL | Qt::Key_L));
@@ -192,6 +201,17 @@ void MainWindow::ConnectTools() {
   connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
 }
 
+void MainWindow::ConnectCurves() {
+  editor::CurveGridView* const grid = table_->grid;
+  connect(curves_, &CurveController::CommandBegun, status_, &StatusLine::Clear);
+  connect(curves_, &CurveController::CommandBegun, grid, &editor::CurveGridView::CloseEditor);
+  connect(curves_, &CurveController::TableChanged, this, &MainWindow::ShowEdits);
+  connect(assessment_, &AssessmentController::Failed, status_, &StatusLine::ShowFailure);
+  connect(assessment_, &AssessmentController::RowChosen, chart_->chart,
+          &editor::CurveChart::MarkRow);
+  connect(modes_, &ValueModeBinding::Changed, assessment_, &AssessmentController::Refresh);
+}
+
 void MainWindow::ConnectTimeTest() {
   connect(timeTest_, &TimeTestController::GridNeeded, table_->grid,
           &editor::CurveGridView::CloseEditor);
@@ -238,6 +258,7 @@ void MainWindow::ConnectHistory() {
   });
   connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
   connect(tools_, &PointToolsController::AboutToChange, this, remember);
+  connect(curves_, &CurveController::AboutToChange, this, remember);
   connect(modes_, &ValueModeBinding::AboutToChange, this, remember);
   connect(libraryController_, &LibraryController::AboutToChange, this, remember);
   connect(exchange_, &ExchangeController::AboutToChange, this, remember);
@@ -258,6 +279,7 @@ void MainWindow::ConnectHistory() {
   connect(grid, &editor::CurveGridView::Edited, recovery_, &RecoveryKeeper::Follow);
   connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(tools_, &PointToolsController::TableChanged, recovery_, &RecoveryKeeper::Follow);
+  connect(curves_, &CurveController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(libraryController_, &LibraryController::LibraryChanged, recovery_,
           &RecoveryKeeper::Follow);
   connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
@@ -347,6 +369,7 @@ void MainWindow::RefreshCaptions() {
                                QString::fromStdString(titles.time));
   status_->Refresh();
   names_->Refresh();
+  assessment_->RefreshTexts();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -21,9 +21,11 @@ class QAction;
 namespace zentab::app {
 
 class AccessibleNames;
+class AssessmentController;
 class ChartPanel;
 class CheckMarks;
 class ClipboardController;
+class CurveController;
 class ExchangeController;
 class HistoryController;
 class InstrumentController;
@@ -78,6 +80,7 @@ class MainWindow : public QMainWindow {
   void ConnectPanels();
   void ConnectHistory();
   void ConnectTools();
+  void ConnectCurves();
   void ConnectTimeTest();
   void ConnectInstruments();
   void ShowTable();
@@ -109,6 +112,8 @@ class MainWindow : public QMainWindow {
   HistoryController* undo_;
   RecoveryKeeper* recovery_;
   CheckMarks* checks_;
+  CurveController* curves_;
+  AssessmentController* assessment_;
   PointToolsMenu* edit_ = nullptr;    // once there is a menu bar
   AccessibleNames* names_ = nullptr;  // once there is something to be named
   SessionEnd* end_;

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSplitter>
 
 namespace zentab::app {
 namespace {
@@ -13,11 +14,20 @@ constexpr int kFieldWidth = 64;
 
 }  // namespace
 
-ChartPanel::ChartPanel(QWidget* parent) : QWidget(parent) {
+ChartPanel::ChartPanel(QWidget* parent)
+    : QWidget(parent), split_(new QSplitter(Qt::Vertical, this)) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(BuildChartPlace(), 1);
+  split_->setChildrenCollapsible(false);
+  split_->addWidget(BuildChartPlace());
+  split_->setStretchFactor(0, 1);
+  layout->addWidget(split_, 1);
   layout->addWidget(BuildStrip());
+}
+
+void ChartPanel::AddBelowChart(QWidget* panel) {
+  split_->addWidget(panel);
+  split_->setStretchFactor(split_->indexOf(panel), 0);
 }
 
 QWidget* ChartPanel::BuildChartPlace() {

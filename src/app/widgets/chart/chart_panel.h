@@ -6,6 +6,7 @@
 
 class QLineEdit;
 class QPushButton;
+class QSplitter;
 
 namespace zentab::app {
 
@@ -16,6 +17,9 @@ class ChartPanel : public QWidget {
 
  public:
   explicit ChartPanel(QWidget* parent);
+
+  /// Puts a panel between the chart and the strip.
+  void AddBelowChart(QWidget* panel);
 
   editor::CurveChart* chart = nullptr;
   QPushButton* command5 = nullptr;   // Set GRH
@@ -28,6 +32,8 @@ class ChartPanel : public QWidget {
  private:
   [[nodiscard]] QWidget* BuildChartPlace();
   [[nodiscard]] QWidget* BuildStrip();
+
+  QSplitter* split_;
 };
 
 }  // namespace zentab::app

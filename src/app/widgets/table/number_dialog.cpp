@@ -1,11 +1,11 @@
 #include "app/widgets/table/number_dialog.h"
 
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/widgets/dialog_buttons.h"
 #include "texts/number_text.h"
 
 namespace zentab::app {
@@ -22,13 +22,8 @@ NumberDialog::NumberDialog(const NumberQuestion& question, const Session& sessio
   field_->setText(
       QString::fromStdString(texts::NumberText(question.number, session.localeDecimalSeparator)));
   field_->selectAll();
-  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  QDialogButtonBox* const buttons = MakeDialogButtons(session, *this);
   QPushButton* const ok = buttons->button(QDialogButtonBox::Ok);
-  ok->setText(QString::fromStdString(session.texts.program.ok));
-  buttons->button(QDialogButtonBox::Cancel)
-      ->setText(QString::fromStdString(session.texts.program.cancel));
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(field_, &QLineEdit::textChanged, this,
           [this, ok] { ok->setEnabled(Number().has_value()); });
   auto* const layout = new QVBoxLayout(this);

@@ -55,12 +55,6 @@ constexpr std::array<ToolRow, 5> kNumberTools = {{
     {"m_rnd", "&Round…", EditStep::RoundNumbers},
 }};
 
-// As the title of a window has it.
-QString TitleOf(const QAction& action) {
-  const QString plain = PlainCaption(action.text());
-  return plain.endsWith(QChar(0x2026)) ? plain.chopped(1) : plain;
-}
-
 // The field outside the grid that the user is writing into.
 QLineEdit* OtherField(const QWidget& grid) {
   auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -123,7 +117,7 @@ QAction* PointToolsMenu::AddTool(QMenu& menu, const char* name, const QString& c
   QAction* const action = menu.addAction(caption);
   action->setObjectName(QLatin1String(name));
   connect(action, &QAction::triggered, this,
-          [this, action, tool] { tools_.Run(tool, TitleOf(*action)); });
+          [this, action, tool] { tools_.Run(tool, PlainTitle(action->text())); });
   return action;
 }
 

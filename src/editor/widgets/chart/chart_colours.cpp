@@ -25,13 +25,24 @@ double ContrastOf(const QColor& a, const QColor& b) {
 }
 
 QColor AccentOn(const QColor& background) {
-  const QColor own(0x1F, 0x6F, 0xC4);
+  return ReadableOn(QColor(0x1F, 0x6F, 0xC4), background);
+}
+
+QColor ProposalOn(const QColor& background) {
+  return ReadableOn(QColor(0xC7, 0x5B, 0x12), background);
+}
+
+QColor FailureOn(const QColor& background) {
+  return ReadableOn(QColor(0xC6, 0x28, 0x28), background);
+}
+
+QColor ReadableOn(const QColor& wanted, const QColor& background) {
   const bool lighter = ContrastOf(Qt::white, background) > ContrastOf(Qt::black, background);
-  QColor accent = own;
-  for (int step = 1; step <= kSteps && ContrastOf(accent, background) < kContrast; ++step) {
-    accent = Mix(own, lighter ? Qt::white : Qt::black, static_cast<double>(step) / kSteps);
+  QColor readable = wanted;
+  for (int step = 1; step <= kSteps && ContrastOf(readable, background) < kContrast; ++step) {
+    readable = Mix(wanted, lighter ? Qt::white : Qt::black, static_cast<double>(step) / kSteps);
   }
-  return accent;
+  return readable;
 }
 
 QColor Mix(const QColor& a, const QColor& b, double share) {

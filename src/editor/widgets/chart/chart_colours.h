@@ -11,6 +11,12 @@ namespace zentab::editor {
 /// The chart's own colour for its curve: a blue, lighter or darker as far as a contrast of 4.5 to
 /// the background takes, which every background allows.
 [[nodiscard]] QColor AccentOn(const QColor& background);
+/// The same for a curve that is only proposed, an orange, and for what is wrong, a red.
+[[nodiscard]] QColor ProposalOn(const QColor& background);
+[[nodiscard]] QColor FailureOn(const QColor& background);
+
+/// A colour, made lighter or darker as far as that contrast takes.
+[[nodiscard]] QColor ReadableOn(const QColor& wanted, const QColor& background);
 
 /// The colour between two, at a share of 0 (the first) to 1 (the second).
 [[nodiscard]] QColor Mix(const QColor& a, const QColor& b, double share);

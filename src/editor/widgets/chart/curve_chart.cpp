@@ -42,6 +42,13 @@ bool Crosses(const QRectF& area, const QLineF& line) {
 
 }  // namespace
 
+std::optional<Extent> ExtentOf(const std::vector<QPointF>& points) {
+  if (points.empty()) return std::nullopt;
+  const auto [left, right] = std::ranges::minmax_element(points, {}, &QPointF::x);
+  const auto [low, high] = std::ranges::minmax_element(points, {}, &QPointF::y);
+  return Extent{{left->x(), right->x()}, {low->y(), high->y()}};
+}
+
 CurveChart::CurveChart(QWidget* parent)
     : QCustomPlot(parent),
       line_(new MarkedCurve(xAxis, yAxis)),
@@ -110,6 +117,7 @@ void CurveChart::SetExtent(const QObject* drawn, const std::optional<Extent>& ex
   }
   if (isHidden()) userMovedView_ = false;
   setVisible(curve_.IsShown() || !extents_.empty());
+  SetCurveData();
   ApplyScaleType();
   if (!userMovedView_) FitRanges();
   replot(rpQueuedReplot);

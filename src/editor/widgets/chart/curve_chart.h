@@ -20,6 +20,9 @@ struct Extent {
   friend bool operator==(const Extent&, const Extent&) = default;
 };
 
+/// The extent of points of load and time; nothing without points.
+[[nodiscard]] std::optional<Extent> ExtentOf(const std::vector<QPointF>& points);
+
 /// The chart `MSChart1`: trip time against load level, with a line and markers. Both axes are
 /// logarithmic when that is wanted and every point is positive. The wheel zooms, dragging moves,
 /// a double-click shows the whole curve again.

@@ -15,8 +15,8 @@ MarkedCurve::MarkedCurve(QCPAxis* keyAxis, QCPAxis* valueAxis) : QCPCurve(keyAxi
   setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, kMarkerSize));
 }
 
-void MarkedCurve::SetColours(const QColor& line, const QColor& fill) {
-  setPen(QPen(line, 2.0));
+void MarkedCurve::SetColours(const QColor& line, const QColor& fill, Qt::PenStyle style) {
+  setPen(QPen(line, 2.0, style));
   ring_ = line;
   fill_ = fill;
   markers_ = {};

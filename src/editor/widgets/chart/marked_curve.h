@@ -16,7 +16,7 @@ class MarkedCurve : public QCPCurve {
 
   MarkedCurve(QCPAxis* keyAxis, QCPAxis* valueAxis);
 
-  void SetColours(const QColor& line, const QColor& fill);
+  void SetColours(const QColor& line, const QColor& fill, Qt::PenStyle style = Qt::SolidLine);
 
  protected:
   void draw(QCPPainter* painter) override;

@@ -1,0 +1,48 @@
+#include "app/grid_curve.h"
+
+#include "editor/chart_curve.h"
+#include "texts/number_text.h"
+
+namespace zentab::app {
+
+GridCurve CurveInGrid(const Session& session) {
+  GridCurve result;
+  result.table.milliseconds = session.modes.milliseconds;
+  result.table.absolute = session.modes.absoluteValues;
+  result.table.instrument = session.instrument;
+  const editor::ChartCurve curve =
+      editor::CurveOf(session.table.grid, session.localeDecimalSeparator);
+  for (const editor::ChartPoint& point : curve.points) {
+    result.table.points.push_back({point.load, point.time});
+    result.rows.push_back(point.row);
+  }
+  return result;
+}
+
+std::optional<double> PickupOf(const Session& session) {
+  const std::optional<double> pickup =
+      texts::WholeNumber(texts::FileNumber(session.modes.pickup, session.localeDecimalSeparator));
+  return pickup && *pickup > 0.0 ? pickup : std::nullopt;
+}
+
+void PutIntoGrid(const std::vector<curves::Point>& points, Session& session) {
+  editor::CurveGrid& grid = session.table.grid;
+  grid.ClearPoints();
+  int row = editor::kFirstRow;
+  for (const curves::Point& point : points) {
+    grid.SetCell(row, editor::kLoadColumn,
+                 texts::NumberText(point.load, session.localeDecimalSeparator));
+    grid.SetCell(row, editor::kTimeColumn,
+                 texts::NumberText(point.time, session.localeDecimalSeparator));
+    ++row;
+  }
+  session.table.tableModified = true;
+}
+
+std::vector<curves::Point> InGridModes(std::vector<curves::Point> seconds, const Session& session) {
+  if (!session.modes.milliseconds) return seconds;
+  for (curves::Point& point : seconds) point.time *= curves::kMillisecondsPerSecond;
+  return seconds;
+}
+
+}  // namespace zentab::app

@@ -1,0 +1,93 @@
+#include "app/widgets/curve/curve_dialog.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "app/session_texts.h"
+#include "app/widgets/dialog_buttons.h"
+#include "editor/widgets/chart/preview_curve.h"
+#include "texts/number_text.h"
+
+namespace zentab::app {
+namespace {
+
+constexpr int kGap = 12;
+constexpr int kWidth = 380;
+constexpr double kPercent = 100.0;
+
+}  // namespace
+
+CurveDialog::CurveDialog(const char* name, const Session& session, editor::PreviewCurve& preview,
+                         QWidget* parent)
+    : QDialog(parent),
+      session_(session),
+      preview_(preview),
+      content_(new QVBoxLayout),
+      outcome_(new QLabel(this)) {
+  setObjectName(QLatin1String(name));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setFont(parent->font());
+  setWindowModality(Qt::WindowModal);
+  outcome_->setObjectName(QStringLiteral("LabelOutcome"));
+  outcome_->setWordWrap(true);
+  // Two lines always: a message does not move the buttons.
+  outcome_->setMinimumHeight(2 * fontMetrics().lineSpacing());
+  outcome_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  QDialogButtonBox* const buttons = MakeDialogButtons(session, *this);
+  ok_ = buttons->button(QDialogButtonBox::Ok);
+  connect(this, &QDialog::finished, this, [this] { preview_.Hide(); });
+  auto* const layout = new QVBoxLayout(this);
+  layout->addLayout(content_, 1);
+  layout->addWidget(outcome_);
+  layout->addWidget(buttons);
+  setMinimumWidth(kWidth);
+}
+
+void CurveDialog::OpenBeside(const QWidget& chart) {
+  Refresh();
+  if (!testAttribute(Qt::WA_Resized)) adjustSize();
+  const QPoint corner = chart.mapToGlobal(QPoint(0, 0));
+  const QRect screen = chart.screen()->availableGeometry();
+  const int left = std::max(corner.x() - kGap - width(), screen.left());
+  const int top = std::clamp(corner.y(), screen.top(), std::max(screen.bottom() - height(), 0));
+  move(left, top);
+  open();
+}
+
+QLabel* CurveDialog::PlaceFor(const FormFault&) { return nullptr; }
+
+std::string CurveDialog::Number(double number, int decimals) const {
+  return texts::SetDecimalSeparator(texts::FixedText(number, decimals),
+                                    session_.localeDecimalSeparator);
+}
+
+std::string CurveDialog::Describe(const CurveProposal& proposal) const {
+  const texts::CurveDialogTexts& texts = session_.texts.curveDialogs;
+  const std::string count = std::to_string(proposal.points.size());
+  if (!proposal.deviation) return Expanded(session_, texts.count, {count});
+  return Expanded(session_, texts.deviation, {count, Number(*proposal.deviation * kPercent, 2)});
+}
+
+void CurveDialog::Refresh() {
+  Proposed proposed = Propose();
+  const auto* const fault = std::get_if<FormFault>(&proposed);
+  proposal_ = fault ? CurveProposal() : std::get<CurveProposal>(std::move(proposed));
+  std::vector<QPointF> points;
+  for (const curves::Point& point : proposal_.points) points.emplace_back(point.load, point.time);
+  preview_.Show(points);
+  ok_->setEnabled(!proposal_.points.empty());
+  std::string text;
+  if (fault == nullptr) text = Describe(proposal_);
+  QLabel* const place = fault ? PlaceFor(*fault) : nullptr;
+  if (place != nullptr) {
+    place->setText(QString::fromStdString(fault->text));
+  } else if (fault != nullptr) {
+    text = fault->text;
+  }
+  outcome_->setText(QString::fromStdString(text));
+}
+
+}  // namespace zentab::app

@@ -1,0 +1,338 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProcess>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QTest>
+#include <cmath>
+
+#include "editor/clipboard_text.h"
+#include "editor/widgets/chart/chart_colours.h"
+#include "editor/widgets/chart/curve_chart.h"
+#include "editor/widgets/curve_grid_view.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+// An IEC A curve of T = 0.2 between 1.3 and 20 times the pickup value, but for point 5 (8 % late),
+// with a first point below it.
+const QByteArray kLibrary =
+    "{\"Measured\"\t(1.3;5.3223)(1.5;3.4388)(2;2.0059)(3;1.2603)(4;1.0757)(6;0.76735)(8;0.65935)"
+    "(10;0.59412)(12;0.54955)(14;0.5166)(17;0.48032)(20;0.45351) 001}\r\n"
+    "{\"Reference\"\t(1.5;3.439)(2;2.006)(5;0.856)(10;0.594)(20;0.4535) 001}\r\n";
+
+class CurveDialogsTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start() {
+    made_ = std::make_unique<WindowFixture>(kLibrary);
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Click("Command1");
+    return *made_;
+  }
+  template <typename Control>
+  [[nodiscard]] Control* Find(const char* name) const {
+    return made_->Find<Control>(name);
+  }
+  [[nodiscard]] QStringList Points() const {
+    QString rows = QString::fromStdString(
+        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
+    while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
+    return rows.split('\r');
+  }
+  // What the companion prints, without its remarks.
+  [[nodiscard]] QStringList Printed(const QStringList& arguments, QString* remark = nullptr) const {
+    QProcess process;
+    process.start(QStringLiteral(COMPANION), arguments);
+    if (!process.waitForFinished()) qFatal("the companion does not end");
+    QStringList lines = QString::fromUtf8(process.readAllStandardOutput()).trimmed().split('\n');
+    if (lines.last().startsWith('#')) {
+      const QString last = lines.takeLast();
+      if (remark != nullptr) *remark = last.section('=', 1);
+    }
+    return lines;
+  }
+  [[nodiscard]] QString Library() const { return made_->Path(QStringLiteral("relayTables.dat")); }
+  [[nodiscard]] QDialog* Opened(const char* action) {
+    Find<QAction>(action)->trigger();
+    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) qFatal("no dialog opens");
+    return dialog;
+  }
+  // "field=text field=text …", choices by their identifiers.
+  static void Fill(const QDialog& dialog, const QString& fields) {
+    for (const QString& pair : fields.split(' ', Qt::SkipEmptyParts)) {
+      const QString name = QStringLiteral("Field_") + pair.section('=', 0, 0);
+      const QString text = pair.section('=', 1);
+      if (auto* const choice = dialog.findChild<QComboBox*>(name)) {
+        choice->setCurrentIndex(choice->findData(text));
+      } else if (auto* const number = dialog.findChild<QSpinBox*>(name)) {
+        number->setValue(text.toInt());
+      } else {
+        dialog.findChild<QLineEdit*>(name)->setText(text);
+      }
+    }
+  }
+  [[nodiscard]] static QString Said(const QDialog& dialog, const char* label = "LabelOutcome") {
+    return dialog.findChild<QLabel*>(QLatin1String(label))->text();
+  }
+  [[nodiscard]] bool ShowsProposal() const {
+    auto* const chart = Find<editor::CurveChart>("MSChart1");
+    for (int at = 0; at < chart->plottableCount(); ++at) {
+      const QCPAbstractPlottable* const drawn = chart->plottable(at);
+      if (drawn->pen().style() == Qt::DashLine && drawn->realVisibility() &&
+          qobject_cast<const QCPCurve*>(drawn) != nullptr) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void DialogsGiveWhatTheCompanionPrints_data() {
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("fields");
+    QTest::addColumn<QString>("arguments");
+    const auto row = [](const char* name, const char* action, const char* fields,
+                        const char* arguments) {
+      QTest::newRow(name) << action << fields << arguments;
+    };
+    row("best", "m_standard", "family=iec-b tms=0.3 spacing=best points=12",
+        "curve iec-b --tms 0.3 --spacing best --points 12");
+    row("given", "m_standard", "family=thermal tau=30 previous=0.5 spacing=given loads=1.2;2;5,7",
+        "curve thermal --tau 30 --previous 0.5 --loads 1.2,2,5,7");
+    row("relay", "m_standard",
+        "family=ieee-ei min=0.2 max=9 step=8 steptime=0.05 start=1.1 from=1.2 spacing=linear",
+        "curve ieee-ei --min-time 0.2 --max-time 9 --step 8,0.05 --start 1.1 --from 1.2 --spacing "
+        "linear");
+    row("below", "m_standard", "family=undervoltage k=2 points=5",
+        "curve undervoltage --k 2 --points 5");
+    row("equation", "m_standard", "family=equation equation=multiplier*13.5/(v-1) tms=2",
+        "curve equation --equation multiplier*13.5/(v-1) --tms 2");
+    row("thin", "m_thin", "points=6", "thin FILE Measured --points 6");
+    row("resample", "m_resample", "spacing=linear points=7 from=2",
+        "resample FILE Measured --points 7 --from 2 --spacing linear");
+    row("loads", "m_resample", "spacing=given loads=1.5;3;19",
+        "resample FILE Measured --loads 1.5,3,19");
+  }
+  void DialogsGiveWhatTheCompanionPrints() {
+    QFETCH(QString, action);
+    QFETCH(QString, fields);
+    QFETCH(QString, arguments);
+    const WindowFixture& f = Start();
+    const QStringList before = Points();
+    QString remark;
+    const QStringList printed =
+        Printed(arguments.replace(QStringLiteral("FILE"), Library()).split(' '), &remark);
+    QDialog* dialog = Opened(action.toUtf8().constData());
+    Fill(*dialog, fields);
+    QVERIFY(ShowsProposal());
+    if (!remark.isEmpty()) {
+      const QString deviation = QString::number(remark.toDouble(), 'f', 2);
+      QVERIFY2(Said(*dialog).contains(deviation), qPrintable(Said(*dialog)));
+    }
+    dialog->reject();
+    QCOMPARE(Points(), before);
+    QVERIFY(!ShowsProposal() && !f.session.table.tableModified);
+    dialog = Opened(action.toUtf8().constData());
+    Fill(*dialog, fields);
+    dialog->accept();
+    QCOMPARE(Points(), printed);
+    QVERIFY(f.session.table.tableModified && !ShowsProposal());
+    Find<QAction>("m_undo")->trigger();
+    QCOMPARE(Points(), before);
+    // The next one begins where this one ended.
+    dialog = Opened(action.toUtf8().constData());
+    if (action != QLatin1String("m_resample")) dialog->accept();
+    if (action == QLatin1String("m_standard")) QCOMPARE(Points(), printed);
+  }
+
+  void WhatCannotBeIsSaid_data() {
+    QTest::addColumn<QString>("fields");
+    QTest::addColumn<QString>("said");
+    const auto row = [](const char* fields, const char* said) {
+      QTest::newRow(fields) << fields << said;
+    };
+    row("tms=0", "The value of Time multiplier is out of its range");
+    row("tms=x", "Time multiplier: a number is needed");
+    row("from=1", "The load 1 is at or below the pickup value");
+    row("from=30", "The range of loads is empty");
+    row("points=27", "A table has 2 to 26 points");
+    row("points=1", "A table has 2 to 26 points");
+    row("step=3", "Its time (s): a number is needed");
+    row("max=0.1 min=0.2", "The value of Maximum time (s) is out of its range");
+    row("spacing=given loads=", "Loads (× pickup): numbers are needed");
+    row("spacing=given loads=2;2", "Two points have the same load, 2");
+    row("family=own alpha=0", "The value of α is out of its range");
+    row("family=equation equation=v)", "Too many closing brackets at pos: 2");
+    row("family=equation equation=w", "The equation has the name w");
+    row("family=equation equation=-v", "There is no finite operating time");
+  }
+  void WhatCannotBeIsSaid() {
+    QFETCH(QString, fields);
+    QFETCH(QString, said);
+    Start();
+    QDialog* const dialog = Opened("m_standard");
+    Fill(*dialog, fields);
+    const bool isEquation = said.contains(QStringLiteral("pos")) || said.contains(" w");
+    const QString told = Said(*dialog, isEquation ? "LabelEquation" : "LabelOutcome");
+    QVERIFY2(told.contains(said), qPrintable(told));
+    QVERIFY(!dialog->findChild<QPushButton*>()->isEnabled() || !ShowsProposal());
+    QTest::keyClick(dialog, Qt::Key_Return);
+    QVERIFY(dialog->isVisible());
+  }
+
+  void ByKeyboardFromAnEmptyTable() {
+    WindowFixture& f = Start();
+    f.session.table.grid.ClearPoints();
+    Q_EMIT Find<editor::CurveGridView>("MSFlexGrid1")->EditingLeft();
+    QVERIFY(Find<QWidget>("MSChart1")->isHidden());
+    QTest::keyClick(f.window.get(), Qt::Key_K, Qt::ControlModifier);
+    QWidget* const dialog = QApplication::activeModalWidget();
+    QVERIFY(dialog != nullptr);
+    QTRY_COMPARE(QApplication::activeWindow(), dialog);
+    QVERIFY(Find<QWidget>("MSChart1")->isVisible());
+    QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Field_family"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("0.5"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(Points(), Printed({QStringLiteral("curve"), QStringLiteral("iec-b"),
+                                QStringLiteral("--tms"), QStringLiteral("0.5")}));
+  }
+
+  void LoadsAndTimesComeOutInTheGridsModes() {
+    const WindowFixture& f = Start();
+    f.Click("Check1");
+    f.Click("Check2");
+    Find<QLineEdit>("Text2")->clear();
+    QVERIFY(Said(*Opened("m_standard")).startsWith(QStringLiteral("Absolute loads need")));
+    qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+    Find<QLineEdit>("Text2")->setText(QStringLiteral("5"));
+    QDialog* const dialog = Opened("m_standard");
+    Fill(*dialog, QStringLiteral("points=4"));
+    dialog->accept();
+    QCOMPARE(Points(), Printed(QStringLiteral("curve iec-a --absolute --pickup 5 --ms --from 5.25 "
+                                              "--to 100 --points 4")
+                                   .split(' ')));
+  }
+
+  void OwnConstantsAreKeptUnderTheirNames() {
+    Start();
+    QDialog* dialog = Opened("m_standard");
+    Fill(*dialog, QStringLiteral("family=own k=0.7 alpha=0.5 c=0.1"));
+    auto* const name = dialog->findChild<QComboBox*>(QStringLiteral("Field_name"));
+    name->setEditText(QStringLiteral("Feeder 7"));
+    dialog->findChild<QPushButton*>(QStringLiteral("CommandKeep"))->click();
+    dialog->reject();
+    dialog = Opened("m_standard");
+    Fill(*dialog, QStringLiteral("family=own"));
+    auto* const again = dialog->findChild<QComboBox*>(QStringLiteral("Field_name"));
+    QCOMPARE(again->itemText(0), QStringLiteral("Feeder 7"));
+    Q_EMIT again->activated(0);
+    dialog->accept();
+    QCOMPARE(Points(), Printed(QStringLiteral("curve own --k 0.7 --alpha 0.5 --c 0.1").split(' ')));
+  }
+
+  void TheFitRanksAndLeavesOutWhatTheUserDoes() {
+    Start();
+    QDialog* const dialog = Opened("m_fitcurve");
+    auto* const fits = dialog->findChild<QTableWidget*>();
+    const auto isAsPrinted = [&](const QStringList& printed) {
+      for (int row = 1; row < fits->rowCount(); ++row) {
+        const QStringList cells = printed.at(row).split('\t');
+        const double multiplier = fits->item(row, 1)->text().toDouble();
+        const bool isSame =
+            std::abs(multiplier / cells.at(1).toDouble() - 1.0) < 1.1e-5 &&
+            std::abs(fits->item(row, 3)->text().toDouble() - cells.at(3).toDouble()) < 0.0051;
+        if (!isSame) return false;
+      }
+      return fits->rowCount() == printed.size();
+    };
+    QStringList fit = {QStringLiteral("fit"), Library(), QStringLiteral("Measured")};
+    QVERIFY(isAsPrinted(Printed(fit)));
+    QCOMPARE(fits->item(1, 0)->text(), QStringLiteral("IEC standard inverse (A)"));
+    dialog->findChild<QListWidget*>()->item(4)->setCheckState(Qt::Unchecked);
+    QVERIFY(isAsPrinted(Printed(fit << QStringLiteral("--exclude") << QStringLiteral("5"))));
+    fits->selectRow(1);
+    dialog->accept();
+    QVERIFY(std::abs(Points().at(4).section('\t', 1).toDouble() - 0.99603) < 2e-4);
+    Find<QAction>("m_undo")->trigger();
+    QCOMPARE(Points().at(4), QStringLiteral("4\t1.0757"));
+  }
+
+  void TheAssessmentFollowsTheGrid() {
+    WindowFixture& f = Start();
+    f.Select(1);
+    Find<QAction>("m_assess")->setChecked(true);
+    const auto verdict = [this] { return Find<QLabel>("LabelVerdict")->text(); };
+    auto* const table = Find<QTableWidget>("TableAssessment");
+    QCOMPARE(Find<QLabel>("LabelReference")->text(), QStringLiteral("Reference"));
+    QCOMPARE(verdict(), QStringLiteral("Not passed: 10 passed, 1 failed, 1 outside the reference"));
+    QCOMPARE(table->item(0, 7)->text(), QStringLiteral("outside"));
+    Find<QLineEdit>("Limit_percent")->setText(QStringLiteral("-1"));
+    QVERIFY(verdict().contains(QStringLiteral("from 0 up")));
+    Find<QLineEdit>("Limit_percent")->clear();
+    Find<QLineEdit>("Limit_class")->setText(QStringLiteral("5"));
+    f.Click("CommandUseCurve");
+    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    Fill(*dialog, QStringLiteral("family=iec-a tms=0.2"));
+    dialog->accept();
+    const QStringList rows =
+        Printed(QStringLiteral("assess|%1|Measured|--family|iec-a|--tms|0.2|--class|5")
+                    .arg(Library())
+                    .split('|'));
+    QCOMPARE(table->rowCount(), rows.size());
+    for (int row = 0; row < table->rowCount(); ++row) {
+      const QStringList cells = rows.at(row).split('\t');
+      for (const int column : {3, 4, 5, 6}) {
+        const double shown = table->item(row, column)->text().toDouble();
+        QVERIFY2(std::abs(shown - cells.at(column).toDouble()) < 0.051, qPrintable(rows.at(row)));
+      }
+      QCOMPARE(table->item(row, 7)->text(), cells.at(7));
+    }
+    QVERIFY(verdict().startsWith(QStringLiteral("Passed: all 12")));
+    f.Click("CommandCopyAssessment");
+    QCOMPARE(QApplication::clipboard()->text().count('\n'), 15);
+    // The point that is out of its limits is marked in the chart, and no longer once it is mended.
+    auto* const chart = Find<editor::CurveChart>("MSChart1");
+    const auto isMarked = [&] {
+      const QImage picture = chart->grab().toImage();
+      const QPoint place(static_cast<int>(chart->xAxis->coordToPixel(4)),
+                         static_cast<int>(chart->yAxis->coordToPixel(1.3)));
+      const QColor wanted = editor::FailureOn(chart->palette().color(QPalette::Base));
+      for (int x = -9; x <= 9; ++x) {
+        const QColor found = picture.pixelColor(place + QPoint(x, 0));
+        if (std::abs(found.red() - wanted.red()) + std::abs(found.green() - wanted.green()) < 40) {
+          return true;
+        }
+      }
+      return false;
+    };
+    f.session.table.grid.SetCell(5, 2, "1.3");
+    Q_EMIT Find<editor::CurveGridView>("MSFlexGrid1")->EditingLeft();
+    QVERIFY(verdict().startsWith(QStringLiteral("Not passed: 11 passed, 1 failed")));
+    QVERIFY(isMarked());
+    f.Click("CommandCloseAssessment");
+    QVERIFY(Find<QWidget>("PanelAssessment")->isHidden() && !isMarked());
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::CurveDialogsTest)
+#include "curve_dialogs_test.moc"
