@@ -15,7 +15,7 @@ using curves::kMillisecondsPerSecond;
 
 constexpr double kPercent = 100.0;
 constexpr int kBandPoints = 240;
-constexpr double kShownExactly = 1e-9;  // as a ratio: none of the noise of arithmetic
+constexpr double kShownExactly = 5e-7;  // as a ratio: six digits or seven
 
 struct LimitField {
   std::string_view name;

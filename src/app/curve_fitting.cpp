@@ -84,7 +84,7 @@ FitRow RowOf(const curves::FamilyFit& fit, const Session& session) {
   row.family = session.texts.curve.*curves::RowOf(found.family).name;
   if (found.family == curves::Family::Own) {
     const auto& [k, alpha, c] = found.constants;
-    row.multiplier =
+    row.constants =
         "k " + Shown(k, session) + ", α " + Shown(alpha, session) + ", c " + Shown(c, session);
   } else {
     row.multiplier = Shown(found.multiplier, session);

@@ -19,7 +19,8 @@ namespace zentab::app {
 /// A fit as the user sees it, numbers in his notation.
 struct FitRow {
   std::string family;
-  std::string multiplier;  // of own k, alpha and c
+  std::string multiplier;  // empty for own k, alpha and c
+  std::string constants;   // for those alone
   std::string pickup;
   std::string rootMeanSquare;  // per cent
   std::string largest;         // per cent

@@ -31,8 +31,7 @@ AssessmentController::AssessmentController(Parts parts)
   panel_->hide();
   parts_.chart.AddBelowChart(panel_);
   connect(panel_, &AssessmentPanel::LimitsChanged, this, [this] {
-    // Limits that cannot be kept begin anew the next time.
-    (void)SaveForm(parts_.store, parts_.title, kLimitsForm, panel_->Limits());
+    Keep(kLimitsForm, panel_->Limits());
     Refresh();
   });
   connect(panel_, &AssessmentPanel::EntryWanted, this, &AssessmentController::UseSelectedEntry);
@@ -80,10 +79,16 @@ void AssessmentController::Begin() {
   }
 }
 
+void AssessmentController::Keep(const char* form, const FormValues& values) {
+  // The panel begins with other values the next time.
+  [[maybe_unused]] const std::error_code dropped =
+      SaveForm(parts_.store, parts_.title, form, values);
+}
+
 void AssessmentController::UseCurve(const FormValues& values) {
   FormValues kept = values;
   kept["kind"] = kIsCurve;
-  (void)SaveForm(parts_.store, parts_.title, kReferenceForm, kept);
+  Keep(kReferenceForm, kept);
   reference_ = ChosenReference{{}, kept};
   Refresh();
 }
@@ -102,7 +107,7 @@ void AssessmentController::UseSelectedEntry() {
     Q_EMIT Failed(FailureText(session.texts.program, session.texts.program.listFailed, error));
     return;
   }
-  (void)SaveForm(parts_.store, parts_.title, kReferenceForm, {{"kind", "entry"}});
+  Keep(kReferenceForm, {{"kind", "entry"}});
   reference_ = ChosenReference{session.listing.names[*index],
                                curves::PointsOf(tables::ParseEntryLine(line))};
   Refresh();

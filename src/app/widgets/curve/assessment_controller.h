@@ -64,6 +64,7 @@ class AssessmentController : public QObject {
   void UseSelectedEntry();
   void UseCurve(const FormValues& values);
   void Begin();
+  void Keep(const char* form, const FormValues& values);
   void Copy();
   [[nodiscard]] bool IsShown() const;
   void ShowResult(const GridAssessment& result);

@@ -68,8 +68,8 @@ QString CurveController::TitleOf(const char* action) const {
 FormValues CurveController::Last(const char* form) const { return LoadForm(store_, title_, form); }
 
 void CurveController::Keep(const char* form, const FormValues& values) {
-  // Values that cannot be kept begin anew the next time.
-  (void)SaveForm(store_, title_, form, values);
+  // The dialog begins with other values the next time.
+  [[maybe_unused]] const std::error_code dropped = SaveForm(store_, title_, form, values);
 }
 
 void CurveController::Open(CurveDialog* dialog, editor::EditStep step, const char* form,

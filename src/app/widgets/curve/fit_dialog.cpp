@@ -7,6 +7,7 @@
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/grid_curve.h"
 #include "app/session_texts.h"
@@ -18,6 +19,7 @@ namespace {
 constexpr int kColumns = 5;
 constexpr int kRowRole = Qt::UserRole;
 constexpr int kPointsHeight = 130;
+constexpr int kRowRoom = 6;
 constexpr QSize kUsualSize(540, 560);
 
 QString ToQt(const std::string& text) { return QString::fromStdString(text); }
@@ -60,6 +62,7 @@ void FitDialog::BuildFits() {
   table_->setTabKeyNavigation(false);
   table_->setWordWrap(false);
   table_->verticalHeader()->hide();
+  table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
   table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
   Content().addWidget(table_, 1);
@@ -111,6 +114,7 @@ void FitDialog::FitAgain() {
 
 void FitDialog::ShowFits(const std::vector<curves::FamilyFit>& fits) {
   const QSignalBlocker quiet(table_);
+  const std::optional<curves::Family> chosen = chosen_;
   table_->setRowCount(static_cast<int>(fits.size()));
   for (int at = 0; at < table_->rowCount(); ++at) {
     const FitRow row = RowOf(fits[static_cast<std::size_t>(at)], CurrentSession());
@@ -123,7 +127,11 @@ void FitDialog::ShowFits(const std::vector<curves::FamilyFit>& fits) {
       table_->setItem(at, column, item);
     }
   }
-  if (!fits.empty()) table_->selectRow(0);
+  // Who has chosen one goes on looking at it, wherever it ranks now.
+  const auto place = std::ranges::find_if(
+      fits, [&](const curves::FamilyFit& fit) { return fit.characteristic.family == chosen; });
+  if (fits.empty()) return;
+  table_->selectRow(place == fits.end() ? 0 : static_cast<int>(place - fits.begin()));
 }
 
 FormValues FitDialog::Values() const {
@@ -135,6 +143,7 @@ CurveDialog::Proposed FitDialog::Propose() {
   if (!fault_.empty()) return FormFault{{}, fault_};
   const int row = table_->currentRow();
   if (row < 0 || static_cast<std::size_t>(row) >= fits_.size()) return CurveProposal();
+  chosen_ = fits_[static_cast<std::size_t>(row)].characteristic.family;
   FittedTable fitted = TableOf(fits_[static_cast<std::size_t>(row)], CurrentSession());
   leftOut_ = fitted.leftOut;
   return std::move(fitted.proposal);
@@ -143,7 +152,9 @@ CurveDialog::Proposed FitDialog::Propose() {
 std::string FitDialog::Describe(const CurveProposal& proposal) const {
   const int row = table_->currentRow();
   if (proposal.points.empty() || row < 0) return {};
-  std::string text = RowOf(fits_[static_cast<std::size_t>(row)], CurrentSession()).remark;
+  const FitRow shown = RowOf(fits_[static_cast<std::size_t>(row)], CurrentSession());
+  std::string text = shown.constants;
+  if (!shown.remark.empty()) text += (text.empty() ? "" : ". ") + shown.remark;
   if (leftOut_ == 0) return text;
   const std::string count = std::to_string(leftOut_);
   return text + (text.empty() ? "" : ". ") +

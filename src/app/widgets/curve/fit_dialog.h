@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -38,6 +39,7 @@ class FitDialog : public CurveDialog {
   QTableWidget* table_;
   QCheckBox* pickupFree_;
   std::vector<curves::FamilyFit> fits_;
+  std::optional<curves::Family> chosen_;
   std::string fault_;
   std::size_t leftOut_ = 0;
 };
