@@ -318,7 +318,7 @@ void CompareMulti(MathParser& parser, int variable, Generator& generator) {
 TEST(RandomExpressions, AgreeWithTheirTrees) {
   Generator generator(4711);
   int good = 0;
-  for (int made = 0; made < 6000; ++made) {
+  for (int made = 0; made < 3000; ++made) {
     const NodePointer tree = generator.Make(1 + generator.Below(6));
     const std::string text = generator.Write(*tree);
     SCOPED_TRACE(text);
@@ -346,7 +346,7 @@ TEST(RandomExpressions, AgreeWithTheirTrees) {
     }
     if (HasFatalFailure()) return;
   }
-  EXPECT_GT(good, 20000);
+  EXPECT_GT(good, 10000);
 }
 
 }  // namespace
