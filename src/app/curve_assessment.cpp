@@ -83,6 +83,7 @@ std::vector<BandPoint> BandOver(const std::vector<curves::Point>& points,
                                 double timeFactor) {
   const auto [low, high] = std::ranges::minmax_element(points, {}, &curves::Point::load);
   std::vector<double> loads;
+  loads.reserve(points.size() + kBandPoints + 1);
   for (const curves::Point& point : points) loads.push_back(point.load);
   const bool isLogarithmic = low->load > 0.0;
   for (int at = 0; at <= kBandPoints; ++at) {

@@ -63,6 +63,7 @@ class Applier {
   void operator()(const StepName& name) const { texts_.history.steps[name.step] = text_; }
   void operator()(const CurveField& field) const { texts_.curve.*field.field = text_; }
   void operator()(const CurveDialogField& field) const { texts_.curveDialogs.*field.field = text_; }
+  void operator()(const LibraryField& field) const { texts_.library.*field.field = text_; }
   void operator()(const ExchangeField& field) const {
     texts_.*field.direction.*field.field = text_;
   }

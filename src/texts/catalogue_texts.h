@@ -6,6 +6,7 @@
 
 #include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
+#include "texts/library_texts.h"
 
 namespace zentab::texts {
 
@@ -247,6 +248,7 @@ struct CatalogueTexts {
   CurveTexts curve;
   CurveDialogTexts curveDialogs;
   HistoryTexts history;
+  LibraryTexts library;
   PointTexts points;
   ToolTexts tools;
   bool logSwitch = false;

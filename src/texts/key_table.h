@@ -63,6 +63,9 @@ struct CurveField {
 struct CurveDialogField {
   std::string CurveDialogTexts::*field;
 };
+struct LibraryField {
+  std::string LibraryTexts::*field;
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -93,7 +96,7 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, CurveField, CurveDialogField, ExchangeField, EquationSlot,
+                 GraphField, CurveField, CurveDialogField, LibraryField, ExchangeField, EquationSlot,
                  HistoryField, StepName, ImportField, TimeoutText, SwitchOn, TraceSwitch,
                  ShownIfTrue, ShownIfAboveZero>;
 
@@ -108,6 +111,9 @@ struct KeyRow {
 
 /// The keys of the menu for curves, its dialogs and the assessment.
 [[nodiscard]] const std::vector<KeyRow>& CurveDialogRows();
+
+/// The keys of the menu for the library as a whole.
+[[nodiscard]] const std::vector<KeyRow>& LibraryRows();
 
 /// Every key of a catalogue with its effect, in the order in which they are applied.
 [[nodiscard]] const std::vector<KeyRow>& KeyTable();

@@ -53,6 +53,8 @@ class AnsweringDialogs : public UserDialogs {
   }
   QString ChooseTableFile() override { return ++filesAsked, file; }
   QString ChooseGraphFile() override { return ++filesAsked, file; }
+  QString ChooseNewTableFile() override { return ++filesAsked, file; }
+  void OpenFolder(const QString& folder) override { asked.push_back(folder.toStdString()); }
   QString ChooseTargetFile() override { return ++filesAsked, file; }
 };
 

@@ -7,8 +7,7 @@
 namespace zentab::app {
 
 QDialogButtonBox* MakeDialogButtons(const Session& session, QDialog& dialog) {
-  auto* const box =
-      new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+  auto* const box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
   const std::pair<QDialogButtonBox::StandardButton, const std::string*> captions[] = {
       {QDialogButtonBox::Ok, &session.texts.program.ok},
       {QDialogButtonBox::Cancel, &session.texts.program.cancel}};

@@ -28,6 +28,8 @@ class NobodyToAsk final : public app::UserDialogs {
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   QString ChooseTableFile() override { return {}; }
   QString ChooseTargetFile() override { return {}; }
+  QString ChooseNewTableFile() override { return {}; }
+  void OpenFolder(const QString&) override {}
   QString ChooseGraphFile() override { return {}; }
 };
 

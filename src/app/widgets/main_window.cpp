@@ -22,6 +22,7 @@
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
 #include "app/widgets/library/library_controller.h"
+#include "app/widgets/library/library_files_controller.h"
 #include "app/widgets/library/library_panel.h"
 #include "app/widgets/panel_focus.h"
 #include "app/widgets/panel_walk.h"
@@ -36,11 +37,13 @@
 #include "app/widgets/table/recovery_keeper.h"
 #include "app/widgets/table/table_panel.h"
 #include "app/widgets/table/value_mode_binding.h"
+#include "app/widgets/table_file_drop.h"
 #include "app/widgets/testset/instrument_controller.h"
 #include "app/widgets/testset/reference_graph_controller.h"
 #include "app/widgets/testset/time_test_controller.h"
 #include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
+#include "app/widgets/window_title.h"
 #include "editor/chart_curve.h"
 
 namespace zentab::app {
@@ -79,6 +82,9 @@ MainWindow::MainWindow(MainWindowParts parts)
       recovery_(
           new RecoveryKeeper(session_, parts.files, parts.recoveryFolder, parts.dialogs, this)),
       checks_(new CheckMarks(session_, *table_->grid, *statusBar())),
+      tableFiles_(new LibraryFilesController({session_, files_, parts.dialogs, parts.store,
+                                              parts.title, *libraryController_, *exchange_},
+                                             this)),
       curves_(new CurveController(session_, parts.store, parts.title, *chart_->chart, *this)),
       assessment_(
           new AssessmentController({session_, files_, parts.store, parts.title, *chart_, *curves_,
@@ -93,6 +99,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   BuildPanels();
   BuildMenus();
   ConnectPanels();
+  ConnectLibraryFiles();
   ConnectTools();
   ConnectCurves();
   ConnectTimeTest();
@@ -146,6 +153,9 @@ void MainWindow::BuildMenus() {
   undo_->AddTo(edit_->Menu());
   recovery_->AddTo(edit_->Menu());
 
+  QMenu* const library = menuBar()->addMenu(QStringLiteral("Librar&y"));
+  library->setObjectName(QStringLiteral("m_library"));
+  tableFiles_->AddTo(*library);
   assessment_->AddTo(*curves_->AddMenu(*menuBar()));
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("Vie&w"));
@@ -189,6 +199,16 @@ void MainWindow::ConnectPanels() {
   connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
           &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+}
+
+void MainWindow::ConnectLibraryFiles() {
+  connect(tableFiles_, &LibraryFilesController::CommandBegun, status_, &StatusLine::Clear);
+  connect(tableFiles_, &LibraryFilesController::Told, status_, &StatusLine::ShowFailure);
+  connect(libraryController_, &LibraryController::TableFileChosen, tableFiles_,
+          &LibraryFilesController::Remember);
+  connect(new TableFileDrop(*this), &TableFileDrop::Dropped, tableFiles_,
+          &LibraryFilesController::Open);
+  connect(status_, &StatusLine::Refreshed, new WindowTitle(session_, *this), &WindowTitle::Refresh);
 }
 
 void MainWindow::ConnectTools() {

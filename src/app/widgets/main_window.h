@@ -30,6 +30,7 @@ class ExchangeController;
 class HistoryController;
 class InstrumentController;
 class LibraryController;
+class LibraryFilesController;
 class LibraryPanel;
 class RecoveryKeeper;
 class PointToolsController;
@@ -78,6 +79,7 @@ class MainWindow : public QMainWindow {
   void BuildPanels();
   void BuildMenus();
   void ConnectPanels();
+  void ConnectLibraryFiles();
   void ConnectHistory();
   void ConnectTools();
   void ConnectCurves();
@@ -112,6 +114,7 @@ class MainWindow : public QMainWindow {
   HistoryController* undo_;
   RecoveryKeeper* recovery_;
   CheckMarks* checks_;
+  LibraryFilesController* tableFiles_;
   CurveController* curves_;
   AssessmentController* assessment_;
   PointToolsMenu* edit_ = nullptr;    // once there is a menu bar

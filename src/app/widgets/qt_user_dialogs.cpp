@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
+#include <QUrl>
 
 #include "app/widgets/table/number_dialog.h"
 
@@ -45,7 +47,7 @@ QWidget* QtUserDialogs::WindowInFront() const {
 }
 
 QString QtUserDialogs::ChooseFile(const QString& folder, const QString& filter,
-                                  QFileDialog::AcceptMode mode) const {
+                                  QFileDialog::AcceptMode mode, bool replaces) const {
   QFileDialog dialog(WindowInFront(), QString(), folder, filter);
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
   // Choosing only: a slip must not rename or delete a file.
@@ -55,8 +57,8 @@ QString QtUserDialogs::ChooseFile(const QString& folder, const QString& filter,
     dialog.setFileMode(QFileDialog::ExistingFile);
   } else {
     dialog.setDefaultSuffix(QStringLiteral("dat"));
-    // Entries are added to an existing file: there is nothing to be replaced.
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    // Where entries are added to an existing file there is nothing to be replaced.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !replaces);
   }
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
@@ -70,6 +72,15 @@ QString QtUserDialogs::ChooseTableFile() {
 QString QtUserDialogs::ChooseTargetFile() {
   return ChooseFile(QString::fromStdString(session_.installFolder), QStringLiteral("Dat (*.dat)"),
                     QFileDialog::AcceptSave);
+}
+
+QString QtUserDialogs::ChooseNewTableFile() {
+  return ChooseFile(QString::fromStdString(session_.installFolder), QStringLiteral("Dat (*.dat)"),
+                    QFileDialog::AcceptSave, true);
+}
+
+void QtUserDialogs::OpenFolder(const QString& folder) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
 }
 
 // Where Set GRH writes them.

@@ -23,13 +23,15 @@ class QtUserDialogs : public UserDialogs {
   QString ChooseTableFile() override;
   QString ChooseGraphFile() override;
   QString ChooseTargetFile() override;
+  QString ChooseNewTableFile() override;
+  void OpenFolder(const QString& folder) override;
 
  private:
   [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
                           const texts::MessageText& message);
   [[nodiscard]] QWidget* WindowInFront() const;
   [[nodiscard]] QString ChooseFile(const QString& folder, const QString& filter,
-                                   QFileDialog::AcceptMode mode) const;
+                                   QFileDialog::AcceptMode mode, bool replaces = false) const;
 
   const Session& session_;
   QWidget* parent_ = nullptr;

@@ -73,6 +73,7 @@ void StatusLine::RefreshModified() {
   modified_->setText(session_.table.tableModified
                          ? QStringLiteral("● ") + QString::fromStdString(texts.modified)
                          : QString());
+  Q_EMIT Refreshed();
 }
 
 void StatusLine::Clear() { bar_->clearMessage(); }

@@ -36,6 +36,8 @@ class StatusLine : public QObject {
   void HideWaiting();
 
  Q_SIGNALS:
+  /// The table file or the modified mark may be others.
+  void Refreshed();
   void GivenUp();
 
  private:

@@ -33,6 +33,11 @@ class UserDialogs {
   [[nodiscard]] virtual std::optional<double> AskNumber(const NumberQuestion& question) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
+  /// Lets the user name a table file to be made; one that exists has been agreed to be replaced.
+  /// Empty when cancelled.
+  [[nodiscard]] virtual QString ChooseNewTableFile() = 0;
+  /// Shows a folder in the system's file manager.
+  virtual void OpenFolder(const QString& folder) = 0;
   /// Lets the user choose an existing reference graph file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseGraphFile() = 0;
   /// Lets the user choose the table file to add entries to, which need not exist; empty when

@@ -40,6 +40,11 @@ void ExchangeController::Import() {
   if (activeFileGrew_) Q_EMIT EntriesAdded();
 }
 
+void ExchangeController::ImportFrom(const QString& file) {
+  given_ = file;
+  Import();
+}
+
 void ExchangeController::Export() {
   ExchangeDialog* const dialog = MakeDialog(Mode::Export);
   connect(dialog, &QDialog::finished, this, [this] {
@@ -74,7 +79,10 @@ ExchangeDialog* ExchangeController::MakeDialog(Mode mode) {
 
 void ExchangeController::ChooseFile(ExchangeDialog& dialog) {
   const bool importing = mode_ == Mode::Import;
-  const QString file = importing ? dialogs_.ChooseTableFile() : dialogs_.ChooseTargetFile();
+  QString file = std::exchange(given_, QString());
+  if (file.isEmpty()) {
+    file = importing ? dialogs_.ChooseTableFile() : dialogs_.ChooseTargetFile();
+  }
   if (file.isEmpty()) {
     // A file that was chosen before stays.
     if (fileChosen_) return;

@@ -29,6 +29,8 @@ class ExchangeController : public QObject {
  public Q_SLOTS:
   /// From another file into the active one; returns when the dialog has closed.
   void Import();
+  /// The same from a file that is given; another one can still be chosen.
+  void ImportFrom(const QString& file);
   /// From the active file into another one; returns while the dialog is open.
   void Export();
 
@@ -60,6 +62,7 @@ class ExchangeController : public QObject {
   QWidget& window_;
 
   Mode mode_ = Mode::Import;
+  QString given_;  // the file to begin with
   bool fileChosen_ = false;
   bool activeFileGrew_ = false;
   tables::TableListing listing_;  // the entries in the dialog's list

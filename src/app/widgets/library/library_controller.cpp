@@ -128,8 +128,11 @@ bool LibraryController::TakesLeftover() {
 
 void LibraryController::SetActiveTable() {
   if (files_.IsAtWork()) return;
-  const QString file = dialogs_.ChooseTableFile();
-  if (file.isEmpty()) return;
+  OpenTable(dialogs_.ChooseTableFile());
+}
+
+void LibraryController::OpenTable(const QString& file) {
+  if (file.isEmpty() || files_.IsAtWork()) return;
   Q_EMIT CommandBegun();
   const ResponsiveFiles::Work work(files_);
   ShowFromStart(commands_.SetActiveTable(file.toStdString()));

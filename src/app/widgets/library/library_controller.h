@@ -45,6 +45,8 @@ class LibraryController : public QObject {
   void Update();
   void EnterName(const QString& name);
   void SetActiveTable();
+  /// Makes a file, there or not, the active one.
+  void OpenTable(const QString& file);
   /// Shows the list anew if the file has changed and has not changed again since the last look.
   /// The selection stays with its line; a line that is gone has none.
   void LookAtFile();

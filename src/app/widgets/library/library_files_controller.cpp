@@ -1,0 +1,132 @@
+#include "app/widgets/library/library_files_controller.h"
+
+#include <QAction>
+#include <QDir>
+#include <QMenu>
+
+#include "app/library_commands.h"
+#include "app/library_files.h"
+#include "app/session_texts.h"
+#include "app/widgets/exchange/exchange_controller.h"
+#include "app/widgets/files/responsive_files.h"
+#include "app/widgets/library/library_controller.h"
+#include "app/widgets/status_line.h"
+#include "platform/paths.h"
+
+namespace zentab::app {
+namespace {
+
+constexpr const char* kRecentFiles = "RecentFiles";
+
+struct CommandRow {
+  const char* name;
+  const char* caption;
+  void (LibraryFilesController::*command)();
+};
+constexpr CommandRow kCommands[] = {
+    {"m_newlib", "&New library…", &LibraryFilesController::NewLibrary},
+    {"m_savecopy", "Save a &copy…", &LibraryFilesController::SaveCopy},
+    {"m_folder", "Open the &folder", &LibraryFilesController::OpenFolder},
+    {"m_backup", "Entries of the &backup…", &LibraryFilesController::ShowBackup},
+};
+
+QString CopiedText(const Session& session, const QString& path) {
+  const std::string place = QDir::toNativeSeparators(path).toStdString();
+  return QString::fromStdString(Expanded(session, session.texts.library.copied, {place}));
+}
+
+}  // namespace
+
+LibraryFilesController::LibraryFilesController(Parts parts, QObject* parent)
+    : QObject(parent), parts_(std::move(parts)) {}
+
+void LibraryFilesController::AddTo(QMenu& menu) {
+  for (const CommandRow& row : kCommands) {
+    QAction* const action = menu.addAction(QString::fromUtf8(row.caption));
+    action->setObjectName(QLatin1String(row.name));
+    connect(action, &QAction::triggered, this, row.command);
+    if (row.command != &LibraryFilesController::NewLibrary) continue;
+    recent_ = menu.addMenu(QStringLiteral("&Recently used"));
+    recent_->setObjectName(QStringLiteral("m_recent"));
+    connect(recent_, &QMenu::aboutToShow, this, &LibraryFilesController::FillRecent);
+  }
+}
+
+FormValues LibraryFilesController::Kept() const {
+  return LoadForm(parts_.store, parts_.title, kRecentFiles);
+}
+
+void LibraryFilesController::FillRecent() {
+  recent_->clear();
+  const std::vector<std::string> paths = RecentFilesIn(Kept());
+  for (std::size_t at = 0; at < paths.size(); ++at) {
+    QString name = QString::fromStdString(paths[at]);
+    QAction* const action = recent_->addAction(
+        QStringLiteral("&%1  %2").arg(at + 1).arg(QString(name).replace('&', QLatin1String("&&"))));
+    connect(action, &QAction::triggered, this, [this, name] { Open(name); });
+  }
+  recent_->setDisabled(false);
+  if (paths.empty()) {
+    recent_->addAction(QString::fromStdString(parts_.session.texts.library.noRecent))
+        ->setEnabled(false);
+  }
+}
+
+void LibraryFilesController::Remember() {
+  const FormValues kept = WithRecentFile(Kept(), parts_.session.tablePath);
+  // The next start offers one file less.
+  [[maybe_unused]] const std::error_code dropped =
+      SaveForm(parts_.store, parts_.title, kRecentFiles, kept);
+}
+
+void LibraryFilesController::Open(const QString& path) { parts_.library.OpenTable(path); }
+
+void LibraryFilesController::NewLibrary() {
+  const QString path = parts_.dialogs.ChooseNewTableFile();
+  if (path.isEmpty() || parts_.files.IsAtWork()) return;
+  Q_EMIT CommandBegun();
+  const texts::CatalogueTexts& texts = parts_.session.texts;
+  std::error_code error;
+  {
+    const ResponsiveFiles::Work work(parts_.files);
+    error = CreateTableFile(parts_.files, platform::ToPath(path.toStdString()));
+  }
+  if (error) {
+    Q_EMIT Told(FailureText(texts.program, texts.library.notCreated, error));
+  } else {
+    parts_.library.OpenTable(path);
+  }
+}
+
+void LibraryFilesController::SaveCopy() {
+  const QString path = parts_.dialogs.ChooseNewTableFile();
+  if (path.isEmpty() || parts_.files.IsAtWork()) return;
+  Q_EMIT CommandBegun();
+  const Session& session = parts_.session;
+  const ResponsiveFiles::Work work(parts_.files);
+  const std::error_code error =
+      CopyTableFile(parts_.files, ActiveTableFile(parts_.files, PlaceOf(session)),
+                    platform::ToPath(path.toStdString()));
+  Q_EMIT Told(error ? FailureText(session.texts.program, session.texts.library.notCopied, error)
+                    : CopiedText(session, path));
+}
+
+void LibraryFilesController::OpenFolder() {
+  Q_EMIT CommandBegun();
+  const std::filesystem::path file = ActiveTableFile(parts_.files, PlaceOf(parts_.session));
+  parts_.dialogs.OpenFolder(QString::fromStdString(platform::ToText(file.parent_path())));
+}
+
+void LibraryFilesController::ShowBackup() {
+  Q_EMIT CommandBegun();
+  std::filesystem::path backup = ActiveTableFile(parts_.files, PlaceOf(parts_.session));
+  backup += ".bak";
+  std::optional<platform::FileStamp> stamp;
+  if (parts_.files.StampOf(backup, stamp) || !stamp) {
+    Q_EMIT Told(QString::fromStdString(parts_.session.texts.library.noBackup));
+    return;
+  }
+  parts_.exchange.ImportFrom(QString::fromStdString(platform::ToText(backup)));
+}
+
+}  // namespace zentab::app

@@ -1,0 +1,136 @@
+#include <QApplication>
+#include <QDropEvent>
+#include <QListView>
+#include <QMenu>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+
+#include "exchange/widgets/exchange_dialog.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kA = "{\"Anna\"\t(1.5;10)(2;4) 001}\r\n";
+const QByteArray kB = "{\"Berta\"\t(2.5;10)(3;4) 001}\r\n";
+
+// The commands on table files as a whole.
+class LibraryFilesTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start() {
+    made_ = std::make_unique<WindowFixture>(kA + kB);
+    return *made_;
+  }
+  void Choose(const char* action, const QString& file = {}) {
+    made_->dialogs.file = file;
+    made_->Find<QAction>(action)->trigger();
+  }
+  [[nodiscard]] QString Said() const { return made_->window->statusBar()->currentMessage(); }
+  [[nodiscard]] QStringList Recent() const {
+    auto* const menu = made_->Find<QMenu>("m_recent");
+    Q_EMIT menu->aboutToShow();
+    QStringList files;
+    for (const QAction* const action : menu->actions()) files += action->text().section('/', -1);
+    return files;
+  }
+  // Whether the window takes what is dropped.
+  [[nodiscard]] bool Drop(const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    enter.ignore();
+    QApplication::sendEvent(made_->window.get(), &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(made_->window.get(), &drop);
+    return true;
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void ANewLibraryReplacesNothing() {
+    const WindowFixture& f = Start();
+    Choose("m_newlib", f.Path("relayTables.dat"));
+    QVERIFY2(Said().startsWith(QStringLiteral("The table file was not created")),
+             qPrintable(Said()));
+    QCOMPARE(f.Bytes(), kA + kB);
+    Choose("m_newlib");
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Anna|Berta"));
+    Choose("m_newlib", f.Path("new.dat"));
+    QCOMPARE(NamesIn(*f.window), QString());
+    QVERIFY(QFile::exists(f.Path("new.dat")) && f.Bytes("new.dat").isEmpty());
+    QCOMPARE(f.window->windowTitle(), QStringLiteral("Relay curve table editor – new.dat[*]"));
+  }
+
+  void ACopyIsThatOfTheFileAndFailsWhole() {
+    WindowFixture& f = Start();
+    f.Write("copy.dat", "former");
+    Choose("m_savecopy", f.Path("relayTables.dat"));
+    QVERIFY(Said().startsWith(QStringLiteral("The table file was not copied")));
+    f.files.bytesThatFit = 10;
+    Choose("m_savecopy", f.Path("copy.dat"));
+    QVERIFY(Said().startsWith(QStringLiteral("The table file was not copied")));
+    QCOMPARE(f.Bytes("copy.dat"), QByteArray("former"));
+    f.files.bytesThatFit = test::FailingFileLayer::kNever;
+    Choose("m_savecopy", f.Path("copy.dat"));
+    QVERIFY(Said().startsWith(QStringLiteral("Copied to ")));
+    QCOMPARE(f.Bytes("copy.dat"), kA + kB);
+    QCOMPARE(f.Bytes(), kA + kB);
+    QCOMPARE(f.session.tablePath, std::string("relayTables.dat"));
+  }
+
+  void FilesAreOpenedByDroppingAndFoundAgain() {
+    WindowFixture& f = Start();
+    QCOMPARE(Recent(), QStringList{QStringLiteral("None yet")});
+    const auto url = [&f](const char* name) { return QUrl::fromLocalFile(f.Path(name)); };
+    for (int number = 0; number < 10; ++number) {
+      const QString name = QStringLiteral("%1.DAT").arg(number);
+      f.Write(name, kB);
+      QVERIFY(Drop({url(qPrintable(name))}));
+      QCOMPARE(NamesIn(*f.window), QStringLiteral("Berta"));
+    }
+    QVERIFY(!Drop({url("3.DAT"), url("4.DAT")}) && !Drop({url("x.txt")}) && !Drop({}));
+    QVERIFY(!Drop({QUrl(QStringLiteral("http://example.org/a.dat"))}));
+    QCOMPARE(Recent().size(), 8);
+    QCOMPARE(Recent().first(), QStringLiteral("9.DAT"));
+    f.Find<QMenu>("m_recent")->actions().at(3)->trigger();
+    QCOMPARE(Recent().first() + Recent().at(1), QStringLiteral("6.DAT9.DAT"));
+    QVERIFY(f.session.tablePath.ends_with("6.DAT"));
+  }
+
+  void TheBackupsEntriesAreOffered() {
+    const WindowFixture& f = Start();
+    Choose("m_backup");
+    QVERIFY(Said().startsWith(QStringLiteral("This table file has no backup")));
+    f.Click("Command2");
+    QString offered;
+    QTimer::singleShot(50, this, [&] {
+      auto* const dialog =
+          qobject_cast<exchange::ExchangeDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) qFatal("no dialog opens");
+      offered = NamesIn(*dialog);
+      dialog->list1->selectAll();
+      dialog->command1->click();
+      dialog->close();
+    });
+    Choose("m_backup");
+    QCOMPARE(offered, QStringLiteral("Anna|Berta"));
+    QCOMPARE(f.Bytes(), kB + kA + kB);
+    Choose("m_folder");
+    QCOMPARE(QString::fromStdString(f.dialogs.asked.back()), QFileInfo(f.Path("x")).path());
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::LibraryFilesTest)
+#include "library_files_test.moc"
