@@ -63,6 +63,8 @@ class Applier {
   void operator()(const StepName& name) const { texts_.history.steps[name.step] = text_; }
   void operator()(const CurveField& field) const { texts_.curve.*field.field = text_; }
   void operator()(const CurveDialogField& field) const { texts_.curveDialogs.*field.field = text_; }
+  void operator()(const ReportField& field) const { texts_.report.*field.field = text_; }
+  void operator()(const OutputField& field) const { texts_.output.*field.field = text_; }
   void operator()(const ExchangeField& field) const {
     texts_.*field.direction.*field.field = text_;
   }

@@ -6,6 +6,7 @@
 
 #include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
+#include "texts/report_texts.h"
 
 namespace zentab::texts {
 
@@ -246,6 +247,8 @@ struct CatalogueTexts {
   GraphTexts graph;
   CurveTexts curve;
   CurveDialogTexts curveDialogs;
+  ReportTexts report;
+  OutputTexts output;
   HistoryTexts history;
   PointTexts points;
   ToolTexts tools;

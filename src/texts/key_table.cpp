@@ -350,6 +350,7 @@ std::vector<KeyRow> AllRows() {
   Append(table, OwnRows());
   Append(table, CurveRows());
   Append(table, CurveDialogRows());
+  Append(table, ReportRows());
   Append(table, MessageRows());
   Append(table, GraphAndExchangeRows());
   Append(table, HistoryRows());

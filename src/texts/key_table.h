@@ -63,6 +63,12 @@ struct CurveField {
 struct CurveDialogField {
   std::string CurveDialogTexts::*field;
 };
+struct ReportField {
+  std::string ReportTexts::*field;
+};
+struct OutputField {
+  std::string OutputTexts::*field;
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -93,9 +99,9 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, CurveField, CurveDialogField, ExchangeField, EquationSlot,
-                 HistoryField, StepName, ImportField, TimeoutText, SwitchOn, TraceSwitch,
-                 ShownIfTrue, ShownIfAboveZero>;
+                 GraphField, CurveField, CurveDialogField, ReportField, OutputField, ExchangeField,
+                 EquationSlot, HistoryField, StepName, ImportField, TimeoutText, SwitchOn,
+                 TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
@@ -108,6 +114,9 @@ struct KeyRow {
 
 /// The keys of the menu for curves, its dialogs and the assessment.
 [[nodiscard]] const std::vector<KeyRow>& CurveDialogRows();
+
+/// The keys of the texts on reports, and of what the window says about them.
+[[nodiscard]] const std::vector<KeyRow>& ReportRows();
 
 /// Every key of a catalogue with its effect, in the order in which they are applied.
 [[nodiscard]] const std::vector<KeyRow>& KeyTable();

@@ -32,6 +32,7 @@ class InstrumentController;
 class LibraryController;
 class LibraryPanel;
 class RecoveryKeeper;
+class ReportController;
 class PointToolsController;
 class PointToolsMenu;
 class ReferenceGraphController;
@@ -111,6 +112,7 @@ class MainWindow : public QMainWindow {
   StatusLine* status_;
   HistoryController* undo_;
   RecoveryKeeper* recovery_;
+  ReportController* report_;
   CheckMarks* checks_;
   CurveController* curves_;
   AssessmentController* assessment_;

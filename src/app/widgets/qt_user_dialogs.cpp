@@ -3,6 +3,11 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QScreen>
+#include <QStandardPaths>
 
 #include "app/widgets/table/number_dialog.h"
 
@@ -70,6 +75,40 @@ QString QtUserDialogs::ChooseTableFile() {
 QString QtUserDialogs::ChooseTargetFile() {
   return ChooseFile(QString::fromStdString(session_.installFolder), QStringLiteral("Dat (*.dat)"),
                     QFileDialog::AcceptSave);
+}
+
+QString QtUserDialogs::ChooseFileToWrite(const WriteQuestion& question) {
+  if (written_.isEmpty()) {
+    written_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  }
+  QFileDialog dialog(WindowInFront(), question.title, written_, question.filters);
+  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  dialog.setOption(QFileDialog::DontUseCustomDirectoryIcons);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  const auto follow = [&dialog](const QString& filter) {
+    dialog.setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
+  };
+  follow(question.filters.section(QStringLiteral(";;"), 0, 0));
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+  dialog.selectFile(question.name);
+  if (dialog.exec() != QDialog::Accepted) return {};
+  written_ = dialog.directory().absolutePath();
+  return dialog.selectedFiles().value(0);
+}
+
+bool QtUserDialogs::ChoosePrinter(QPrinter& printer) {
+  QPrintDialog dialog(&printer, WindowInFront());
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+  return dialog.exec() == QDialog::Accepted;
+}
+
+void QtUserDialogs::ShowPreview(QPrinter& printer, const PagePainter& paint) {
+  constexpr QSize kSize(900, 1000);
+  QPrintPreviewDialog dialog(&printer, WindowInFront());
+  dialog.resize(kSize.boundedTo(dialog.screen()->availableSize()));
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                   [&paint](QPrinter* shown) { paint(*shown); });
+  dialog.exec();
 }
 
 // Where Set GRH writes them.

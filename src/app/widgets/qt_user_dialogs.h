@@ -23,6 +23,9 @@ class QtUserDialogs : public UserDialogs {
   QString ChooseTableFile() override;
   QString ChooseGraphFile() override;
   QString ChooseTargetFile() override;
+  QString ChooseFileToWrite(const WriteQuestion& question) override;
+  bool ChoosePrinter(QPrinter& printer) override;
+  void ShowPreview(QPrinter& printer, const PagePainter& paint) override;
 
  private:
   [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
@@ -33,6 +36,7 @@ class QtUserDialogs : public UserDialogs {
 
   const Session& session_;
   QWidget* parent_ = nullptr;
+  QString written_;  // the folder of the last file that was written
 };
 
 }  // namespace zentab::app
