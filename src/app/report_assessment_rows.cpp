@@ -21,7 +21,8 @@ std::string Number(double number, int digits, const Session& session) {
 
 std::string Signed(double number, int digits, const Session& session) {
   std::string text = Number(number, digits, session);
-  return number > 0.0 ? '+' + text : text;
+  const bool isNothing = text.find_first_of("123456789") == std::string::npos;
+  return number > 0.0 && !isNothing ? '+' + text : text;
 }
 
 std::string Setting(double number, const Session& session) {

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QListView>
+#include <QPrinter>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QTemporaryDir>
@@ -54,6 +55,20 @@ class AnsweringDialogs : public UserDialogs {
   QString ChooseTableFile() override { return ++filesAsked, file; }
   QString ChooseGraphFile() override { return ++filesAsked, file; }
   QString ChooseTargetFile() override { return ++filesAsked, file; }
+  QString ChooseFileToWrite(const WriteQuestion& question) override {
+    asked.push_back(question.name.toStdString());
+    return file;
+  }
+  /// What would be printed becomes the PDF file `printed`.
+  QString printed;
+  bool ChoosePrinter(QPrinter& printer) override {
+    printer.setOutputFileName(printed);
+    return answer;
+  }
+  void ShowPreview(QPrinter& printer, const PagePainter& paint) override {
+    printer.setOutputFileName(printed);
+    paint(printer);
+  }
 };
 
 /// The names in a window's list.

@@ -2,6 +2,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QTimer>
+#include <cstdio>
 #include <cstdlib>
 
 #include "app/settings.h"
@@ -49,6 +50,10 @@ bool SaveScreenshot(app::MainWindow& window, const QString& file) {
 int RunWithoutWindow(int argc, char* argv[], const std::vector<std::string>& arguments) {
   platform::UsePlainStreams();
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  // What a desktop lacks is nothing to a batch.
+  qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext&, const QString& text) {
+    if (kind == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+  });
   const QApplication application(argc, argv);
   return app::RunWindowless(arguments);
 }

@@ -7,6 +7,8 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
+#include "app/widgets/report/pdf_text.h"
+
 namespace zentab::app {
 namespace {
 
@@ -70,7 +72,7 @@ QByteArray PdfOf(editor::CurveChart& chart, const PictureSize& size, const QStri
   DrawChart(chart, painter, QRectF({0.0, 0.0}, InUnits(size.millimetres, kUnitsPerInch)),
             kUnitsPerInch);
   painter.end();
-  return bytes;
+  return WithTextAsWritten(bytes);
 }
 
 }  // namespace

@@ -28,9 +28,9 @@ const TextRow& RowOf(PageText kind) {
       {10.0, 1.5, QFont::DemiBold, kInk},
       {9.0, 1.6, QFont::Normal, kInk},
       {8.0, 1.6, QFont::Normal, kGrey},
-      {8.5, 1.5, QFont::Normal, kInk},
-      {8.0, 1.75, QFont::DemiBold, kGrey},
-      {8.5, 1.5, QFont::Bold, kInk},
+      {8.0, 1.4, QFont::Normal, kInk},
+      {7.5, 1.35, QFont::DemiBold, kGrey},
+      {8.0, 1.4, QFont::Bold, kInk},
   }};
   return rows[static_cast<std::size_t>(kind)];
 }

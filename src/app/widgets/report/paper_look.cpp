@@ -1,5 +1,6 @@
 #include "app/widgets/report/paper_look.h"
 
+#include <QFontInfo>
 #include <QGuiApplication>
 
 namespace zentab::app {
@@ -21,10 +22,13 @@ QPalette PaperPalette() {
   return colours;
 }
 
+// The same letters everywhere where they are installed; else the program's, by their real name: one
+// that stands for whatever is there would rank behind the next. Those of Chinese fonts come last:
+// in a PDF file their digits could not be selected.
 QFont PaperFont(int size) {
   QFont font = QGuiApplication::font();
-  font.setFamilies(
-      {font.family(), QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Microsoft YaHei")});
+  font.setFamilies({QStringLiteral("DejaVu Sans"), QFontInfo(font).family(),
+                    QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Microsoft YaHei")});
   font.setPixelSize(size);
   font.setHintingPreference(QFont::PreferNoHinting);
   return font;

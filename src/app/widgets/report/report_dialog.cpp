@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace zentab::app {
 namespace {
@@ -36,6 +37,7 @@ ReportDialog::ReportDialog(const Choice& choice, const texts::CatalogueTexts& te
       hasAssessment_(choice.hasAssessment),
       withAssessment_(settings.withAssessment),
       entries_(choice.names, nullptr) {
+  entries_.Reload();
   setObjectName(QStringLiteral("FormReport"));
   setWindowTitle(QString::fromStdString(texts.output.heading));
   resize(kDesignedSize);

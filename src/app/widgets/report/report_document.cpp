@@ -6,6 +6,7 @@
 #include <QPrinter>
 #include <algorithm>
 
+#include "app/widgets/report/pdf_text.h"
 #include "app/widgets/report/report_pages.h"
 
 namespace zentab::app {
@@ -42,7 +43,7 @@ QByteArray ReportPdf(const Report& report, Paper paper) {
     pages.Draw(page, painter, kPdfUnitsPerInch);
   }
   painter.end();
-  return bytes;
+  return WithTextAsWritten(bytes);
 }
 
 bool PrintReport(const Report& report, QPrinter& printer) {

@@ -12,6 +12,9 @@ constexpr double kMargin = Points(45.0);  // which every printer leaves free
 constexpr double kGap = Points(10.0);
 constexpr double kHighestChart = 0.7;  // of its width
 constexpr double kLowestChart = Points(150.0);
+// What a chart keeps free beside its axes.
+constexpr double kChartLeft = Points(6.0);
+constexpr double kChartRight = Points(12.0);
 constexpr double kFooter = Points(18.0);
 constexpr std::size_t kMostTitleLines = 2;
 constexpr double kContentsNumber = Points(30.0);
@@ -138,16 +141,18 @@ void ReportPages::DrawTable(const ReportPage& page, QRectF place, QCPPainter& pa
   DrawTitle(page.title, place, writer);
   DrawFields(page.fields, place, writer);
   const PointColumns table(page);
+  const double tableHeight = table.Height(place.width());
   if (page.curve.IsShown()) {
-    const double rest =
-        place.height() - table.Height() - HeightOfAssessment(page.assessment) - kGap;
+    const double rest = place.height() - tableHeight - HeightOfAssessment(page.assessment) - kGap;
     const double height = std::clamp(rest, kLowestChart, place.width() * kHighestChart);
     editor::CurveChart& chart =
         chart_.Show(page.curve, Shown(page.axes.load), Shown(page.axes.time));
-    DrawChart(chart, painter, TakeTop(place, height), kPageUnitsPerInch);
+    // The axes' box reaches to the edges of the table.
+    const QRectF area = TakeTop(place, height).adjusted(-kChartLeft, 0.0, kChartRight, 0.0);
+    DrawChart(chart, painter, area, kPageUnitsPerInch);
     TakeTop(place, kGap);
   }
-  table.Draw(TakeTop(place, table.Height()), writer);
+  table.Draw(TakeTop(place, tableHeight), writer);
   TakeTop(place, kGap);
   DrawAssessment(page.assessment, place, writer);
 }
@@ -169,6 +174,7 @@ void ReportPages::DrawContents(int part, QRectF place, PageWriter& writer) const
     writer.Rule(strip.left(), strip.right(), strip.bottom(), kind == PageText::CellHeading);
   };
   row(words.name, words.points, words.page, PageText::CellHeading);
+  TakeTop(place, Points(2.0));
   const std::size_t first = static_cast<std::size_t>(part) * contentsRows_;
   const std::size_t end = std::min(first + contentsRows_, report_.pages.size());
   for (std::size_t at = first; at < end; ++at) {
