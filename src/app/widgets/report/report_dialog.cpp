@@ -14,7 +14,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr QSize kDesignedSize(680, 420);
+constexpr QSize kDesignedSize(640, 360);
 constexpr int kSpace = 12;
 
 template <class Control>
@@ -85,6 +85,9 @@ QWidget* ReportDialog::BuildSettings(const texts::OutputTexts& texts,
   header_ = Named(new QPlainTextEdit(place), "TextHeader");
   header_->setTabChangesFocus(true);
   header_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  // Room for all lines and a bar below them.
+  header_->setFixedHeight(static_cast<int>(kMostHeaderLines + 2) *
+                          header_->fontMetrics().lineSpacing());
   QStringList lines;
   for (const std::string& line : settings.headerLines) lines += QString::fromStdString(line);
   header_->setPlainText(lines.join('\n'));
@@ -97,12 +100,13 @@ QWidget* ReportDialog::BuildSettings(const texts::OutputTexts& texts,
   auto* const layout = new QVBoxLayout(place);
   layout->setContentsMargins({});
   layout->addWidget(LabelOf(header_, texts.headerLines, place));
-  layout->addWidget(header_, 1);
+  layout->addWidget(header_);
   auto* const paper = new QHBoxLayout;
   paper->addWidget(LabelOf(paper_, texts.paper, place));
   paper->addWidget(paper_, 1);
   layout->addLayout(paper);
   layout->addWidget(assessment_);
+  layout->addStretch(1);
   return place;
 }
 
