@@ -9,6 +9,7 @@
 #include <QProcessEnvironment>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRawFont>
 #include <QStandardPaths>
 #include <QStatusBar>
 #include <QTest>
@@ -112,6 +113,10 @@ class ReportTest : public QObject {
     QVERIFY(vectors.contains(QLatin1String("width=\"160mm\" height=\"120mm\"")));
     QVERIFY(vectors.contains(QLatin1String(">Trip time (s)<")));
     QVERIFY(!vectors.contains(QLatin1String("<image")));
+    const QString font = vectors.section(QLatin1String("base64,"), 1).section(')', 0, 0);
+    const QRawFont embedded(QByteArray::fromBase64(font.toLatin1()), 12);
+    QVERIFY(embedded.supportsCharacter('T'));
+    QVERIFY(!embedded.supportsCharacter('Q'));
     QCOMPARE(vectors.count(QLatin1String("<circle")) + vectors.count(QLatin1String("<ellipse")), 5);
     const QString pdf = Save(QStringLiteral("chart.pdf"));
     QVERIFY(TextOf(pdf).contains(QStringLiteral("Load level (× pickup)")));

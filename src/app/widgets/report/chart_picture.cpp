@@ -8,6 +8,7 @@
 #include <QSvgGenerator>
 
 #include "app/widgets/report/pdf_text.h"
+#include "app/widgets/report/svg_fonts.h"
 
 namespace zentab::app {
 namespace {
@@ -55,7 +56,7 @@ QByteArray SvgOf(editor::CurveChart& chart, const PictureSize& size, const QStri
   QCPPainter painter(&generator);
   DrawChart(chart, painter, QRectF({0.0, 0.0}, units), kUnitsPerInch);
   painter.end();
-  return bytes;
+  return WithFonts(bytes);
 }
 
 QByteArray PdfOf(editor::CurveChart& chart, const PictureSize& size, const QString& title) {
