@@ -33,9 +33,9 @@ need() {
 
 build_packages=(g++ cmake ninja-build ccache libutfcpp-dev libcli11-dev nlohmann-json3-dev
   libboost-math-dev)
-window_packages=(qt6-base-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
-  fonts-dejavu-core fonts-noto-cjk)
-test_packages=(libgtest-dev)
+window_packages=(qt6-base-dev qt6-svg-dev libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
+  libharfbuzz-dev fonts-dejavu-core fonts-noto-cjk)
+test_packages=(libgtest-dev poppler-utils)
 windows_packages=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 wine64)
 static_packages=(clang clang-tidy cppcheck)
 fuzz_packages=(clang libclang-rt-dev llvm)

@@ -40,7 +40,7 @@ const std::map<string, LayerSet> kAllowed = {
       "exchange", "app"}},
 };
 const std::map<string, LayerSet> kAllowedWindows = {
-    {"app/widgets", {"editor/widgets", "exchange/widgets"}},
+    {"app/widgets", {"editor/widgets", "exchange/widgets", "cli"}},
 };
 
 // "editor/widgets" of "editor/widgets/grid.h", "platform" of "platform/posix/ini_text.h".

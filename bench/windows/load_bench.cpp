@@ -34,6 +34,9 @@ class Agreeing final : public app::UserDialogs {
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   QString ChooseTableFile() override { return file; }
   QString ChooseTargetFile() override { return file; }
+  QString ChooseFileToWrite(const app::WriteQuestion&) override { return {}; }
+  bool ChoosePrinter(QPrinter&) override { return false; }
+  void ShowPreview(QPrinter&, const app::PagePainter&) override {}
   QString ChooseGraphFile() override { return {}; }
 };
 

@@ -1,10 +1,8 @@
 #include <nlohmann/json.hpp>
 
-#include "cli/argument_checks.h"
+#include "cli/assessment_arguments.h"
 #include "cli/command.h"
-#include "cli/curve_arguments.h"
 #include "cli/numbers.h"
-#include "curves/assessment.h"
 
 namespace zentab::cli {
 namespace {
@@ -15,58 +13,14 @@ using curves::kMillisecondsPerSecond;
 struct AssessOptions {
   std::string file;
   std::string entry;
-  std::vector<std::string> against;
-  CharacteristicOptions characteristic;
-  std::string percent;
-  std::string milliseconds;
-  std::string assignedError;
-  std::string loadPercent;
+  AssessmentOptions assessment;
   std::string format = "tsv";
 };
-
-void DeclareLimits(CLI::App& command, AssessOptions& options) {
-  CLI::Option* const percent =
-      command.add_option("--percent", options.percent, "Limit in per cent of the nominal time")
-          ->check(kNumber);
-  command
-      .add_option("--ms-limit", options.milliseconds,
-                  "Limit in ms; the greater limit counts, 0 when there is none")
-      ->check(kNumber);
-  command
-      .add_option("--class", options.assignedError,
-                  "Accuracy class after IEC 60255-151 in place of --percent: the assigned error in "
-                  "per cent, 2.5 times of it below 5 times the pickup value, 1.5 times below 10")
-      ->check(kNumber)
-      ->excludes(percent);
-  command
-      .add_option("--load-percent", options.loadPercent,
-                  "Tolerance of the load in per cent; how much the nominal time changes within it "
-                  "is added to the limit")
-      ->check(kNumber);
-}
 
 void DeclareAssess(CLI::App& command, AssessOptions& options) {
   command.add_option("FILE", options.file, "Table file, - for standard input")->required();
   command.add_option("ENTRY", options.entry, "Name, or #N for line number N from 0")->required();
-  CLI::Option* const against =
-      command.add_option("--against", options.against, "Table file and entry to assess against")
-          ->expected(2)
-          ->type_name("FILE ENTRY");
-  CLI::Option* const family =
-      command
-          .add_option("--family", options.characteristic.family,
-                      "Characteristic to assess against, with its options as for curve")
-          ->check(CLI::IsMember(FamilyIds(false), CLI::ignore_case))
-          ->excludes(against);
-  for (CLI::Option* const option : DeclareCharacteristic(command, options.characteristic)) {
-    option->needs(family);
-  }
-  command
-      .add_option("--pickup", options.characteristic.pickup,
-                  "Pickup value, amperes or volts; needed for absolute loads against a "
-                  "characteristic, multiples, or with --class")
-      ->check(kNumber);
-  DeclareLimits(command, options);
+  DeclareAssessment(command, options.assessment);
   command
       .add_option("--format", options.format,
                   "tsv: load, multiple of the pickup value, measured and nominal time in the "
@@ -133,73 +87,16 @@ void WriteJson(const NamedPoints& entry, const std::vector<Cells>& rows,
   console.WriteLine(object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
-std::optional<double> Given(const std::string& text) {
-  return text.empty() ? std::nullopt : std::optional(NumberOf(text));
-}
-
-// The other entry as a reference for loads in this one's unit.
-Exit TakeTable(const AssessOptions& options, const NamedPoints& entry, const NamedPoints& other,
-               const Console& console, curves::Reference& reference) {
-  const auto pickup = Given(options.characteristic.pickup);
-  auto made = curves::ReferenceOf(other, entry.absolute, pickup);
-  const curves::Fault* const fault = curves::FaultOf(made);
-  if (fault == nullptr) {
-    reference = std::get<curves::Reference>(std::move(made));
-    return Exit::Done;
-  }
-  if (fault->kind == curves::FaultKind::PickupNeeded) {
-    return console.Misused("assess: absolute loads against multiples need --pickup");
-  }
-  const bool isPickup = fault->kind == curves::FaultKind::BadSetting;
-  return console.Fail((isPickup ? "assess" : other.name) + ": " + Sentence(*fault));
-}
-
-Exit TakeReference(const AssessOptions& options, const InputFile& file, const NamedPoints& entry,
-                   const Console& console, curves::Reference& reference) {
-  if (!options.against.empty()) {
-    // Standard input can be read once, for both.
-    const std::string& name = options.against.front();
-    const bool isSame = name == "-" && options.file == "-";
-    const auto other = isSame ? TakeEntry(file, options.against.back(), console)
-                              : TakeEntry(InputFile(name), options.against.back(), console);
-    return other ? TakeTable(options, entry, *other, console, reference) : Exit::Failed;
-  }
-  curves::Characteristic characteristic;
-  if (!TakeCharacteristic(options.characteristic, entry.absolute, "assess", console,
-                          characteristic)) {
-    return Exit::WrongUsage;
-  }
-  const auto curve = curves::CharacteristicCurve::Of(characteristic);
-  if (const curves::Fault* const fault = curves::FaultOf(curve)) {
-    return console.Fail("assess: " + Sentence(*fault));
-  }
-  reference = curves::ReferenceOf(std::get<curves::CharacteristicCurve>(curve));
-  return Exit::Done;
-}
-
 Exit Assess(const AssessOptions& options, Console& console) {
-  if (options.against.empty() && options.characteristic.family.empty()) {
+  if (!options.assessment.HasReference()) {
     return console.Misused("assess: --against or --family");
   }
   const InputFile file(options.file);
   const auto entry = TakeEntry(file, options.entry, console);
   if (!entry) return Exit::Failed;
-  curves::Reference reference;
-  const Exit taken = TakeReference(options, file, *entry, console, reference);
-  if (taken != Exit::Done) return taken;
-  if (!options.assignedError.empty() && !reference.pickup) {
-    return console.Misused("assess: absolute loads need --pickup with --class");
-  }
-  curves::Limits limits;
-  limits.percent = NumberOf(options.percent);
-  limits.milliseconds = NumberOf(options.milliseconds);
-  limits.assignedError = NumberOf(options.assignedError);
-  limits.loadPercent = NumberOf(options.loadPercent);
-  const auto assessed = curves::Assess(entry->InSeconds(), reference, limits);
-  if (const curves::Fault* const fault = curves::FaultOf(assessed)) {
-    return console.Fail(entry->name + ": " + Sentence(*fault));
-  }
-  const auto& assessment = std::get<curves::Assessment>(assessed);
+  curves::Assessment assessment;
+  const Exit exit = AssessEntry(options.assessment, "assess", file, *entry, console, assessment);
+  if (exit != Exit::Done) return exit;
   std::vector<Cells> rows;
   for (std::size_t at = 0; at < entry->points.size(); ++at) {
     rows.push_back(CellsOf(assessment.points[at], entry->points[at],

@@ -45,7 +45,9 @@ void Console::Tell(std::string_view lines) const {
   [[maybe_unused]] const std::size_t dropped = std::fwrite(told.data(), 1, told.size(), stderr);
 }
 
-void Console::Warn(std::string_view text) const { Tell("zentab-cli: " + std::string(text) + '\n'); }
+void Console::Warn(std::string_view text) const {
+  Tell(program_ + ": " + std::string(text) + '\n');
+}
 
 Exit Console::Fail(std::string_view text) const {
   Warn(text);

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/console_streams.h"
 
@@ -15,6 +16,9 @@ enum class Exit { Done = 0, Failed = 1, WrongUsage = 2 };
 /// move its cursor or change what it shows; a file or a pipe gets every byte as it is.
 class Console {
  public:
+  /// Messages begin with the program's name.
+  explicit Console(std::string program = "zentab-cli") : program_(std::move(program)) {}
+
   /// Adds to standard output: whole characters.
   void Write(std::string_view text);
   /// Adds a line.
@@ -30,13 +34,14 @@ class Console {
 
   /// Lines on standard error, as they are.
   void Tell(std::string_view lines) const;
-  /// "zentab-cli: TEXT" on standard error.
+  /// "PROGRAM: TEXT" on standard error.
   void Warn(std::string_view text) const;
   /// The same, for a command that ends with it.
   [[nodiscard]] Exit Fail(std::string_view text) const;
   [[nodiscard]] Exit Misused(std::string_view text) const;
 
  private:
+  std::string program_;
   bool outputIsTerminal_ = platform::OutputIsTerminal();
   bool messagesAreRead_ = platform::MessagesGoToTerminal();
   std::string block_;

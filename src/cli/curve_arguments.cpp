@@ -1,7 +1,6 @@
 #include "cli/curve_arguments.h"
 
 #include "cli/argument_checks.h"
-#include "cli/entries.h"
 #include "platform/ascii.h"
 #include "tables/entry_line.h"
 #include "texts/number_text.h"
@@ -169,7 +168,11 @@ std::optional<NamedPoints> TakeEntry(const InputFile& file, const std::string& e
     console.Warn(file.Name() + ": no entry '" + entry + "'");
     return std::nullopt;
   }
-  return NamedPoints{curves::PointsOf(tables::ParseEntryLine(read->line)), read->name};
+  return PointsOf(*read);
+}
+
+NamedPoints PointsOf(const EntryLine& entry) {
+  return {curves::PointsOf(tables::ParseEntryLine(entry.line)), entry.name};
 }
 
 std::string Sentence(const curves::Fault& fault) {

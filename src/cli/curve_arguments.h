@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/console.h"
+#include "cli/entries.h"
 #include "cli/input_file.h"
 #include "curves/characteristic.h"
 #include "curves/entry_points.h"
@@ -53,6 +54,9 @@ extern const CLI::Validator kPointCount;
 struct NamedPoints : curves::EntryPoints {
   std::string name;
 };
+
+/// The same of an entry's line.
+[[nodiscard]] NamedPoints PointsOf(const EntryLine& entry);
 
 /// Reads an entry; nothing when it cannot, which was said.
 [[nodiscard]] std::optional<NamedPoints> TakeEntry(const InputFile& file, const std::string& entry,

@@ -24,7 +24,7 @@ std::error_code ErrorOfReading(const fs::path& path) {
 }  // namespace
 
 InputFile::InputFile(const std::string& name)
-    : name_(name == "-" ? "standard input" : name), path_(platform::ToPath(name)) {
+    : name_(name == "-" ? kStandardInput : name), path_(platform::ToPath(name)) {
   error_ = name == "-" ? Spool() : ErrorOfReading(path_);
 }
 

@@ -14,6 +14,9 @@ namespace zentab::cli {
 /// kept in a private temporary file as long as this lives.
 class InputFile {
  public:
+  /// What standard input is called.
+  static constexpr const char* kStandardInput = "standard input";
+
   explicit InputFile(const std::string& name);
 
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }

@@ -7,6 +7,7 @@
 #include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
 #include "texts/library_texts.h"
+#include "texts/report_texts.h"
 
 namespace zentab::texts {
 
@@ -247,6 +248,8 @@ struct CatalogueTexts {
   GraphTexts graph;
   CurveTexts curve;
   CurveDialogTexts curveDialogs;
+  ReportTexts report;
+  OutputTexts output;
   HistoryTexts history;
   LibraryTexts library;
   PointTexts points;

@@ -351,6 +351,7 @@ std::vector<KeyRow> AllRows() {
   Append(table, CurveRows());
   Append(table, CurveDialogRows());
   Append(table, LibraryRows());
+  Append(table, ReportRows());
   Append(table, MessageRows());
   Append(table, GraphAndExchangeRows());
   Append(table, HistoryRows());

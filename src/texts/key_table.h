@@ -66,6 +66,12 @@ struct CurveDialogField {
 struct LibraryField {
   std::string LibraryTexts::*field;
 };
+struct ReportField {
+  std::string ReportTexts::*field;
+};
+struct OutputField {
+  std::string OutputTexts::*field;
+};
 struct ExchangeField {
   ExchangeTexts CatalogueTexts::*direction;
   std::string ExchangeTexts::*field;
@@ -96,9 +102,9 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, CurveField, CurveDialogField, LibraryField, ExchangeField, EquationSlot,
-                 HistoryField, StepName, ImportField, TimeoutText, SwitchOn, TraceSwitch,
-                 ShownIfTrue, ShownIfAboveZero>;
+                 GraphField, CurveField, CurveDialogField, LibraryField, ReportField, OutputField,
+                 ExchangeField, EquationSlot, HistoryField, StepName, ImportField, TimeoutText,
+                 SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
@@ -114,6 +120,8 @@ struct KeyRow {
 
 /// The keys of the menu for the library as a whole.
 [[nodiscard]] const std::vector<KeyRow>& LibraryRows();
+/// The keys of the texts on reports, and of what the window says about them.
+[[nodiscard]] const std::vector<KeyRow>& ReportRows();
 
 /// Every key of a catalogue with its effect, in the order in which they are applied.
 [[nodiscard]] const std::vector<KeyRow>& KeyTable();

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QListView>
+#include <QPrinter>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QTemporaryDir>
@@ -56,6 +57,20 @@ class AnsweringDialogs : public UserDialogs {
   QString ChooseNewTableFile() override { return ++filesAsked, file; }
   void OpenFolder(const QString& folder) override { asked.push_back(folder.toStdString()); }
   QString ChooseTargetFile() override { return ++filesAsked, file; }
+  QString ChooseFileToWrite(const WriteQuestion& question) override {
+    asked.push_back(question.name.toStdString());
+    return file;
+  }
+  /// What would be printed becomes the PDF file `printed`.
+  QString printed;
+  bool ChoosePrinter(QPrinter& printer) override {
+    printer.setOutputFileName(printed);
+    return answer;
+  }
+  void ShowPreview(QPrinter& printer, const PagePainter& paint) override {
+    printer.setOutputFileName(printed);
+    paint(printer);
+  }
 };
 
 /// The names in a window's list.

@@ -2,6 +2,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QTimer>
+#include <cstdio>
 #include <cstdlib>
 
 #include "app/settings.h"
@@ -9,6 +10,8 @@
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/qt_user_dialogs.h"
+#include "app/widgets/report/command_line.h"
+#include "platform/console_streams.h"
 #include "platform/file_size_limit.h"
 #include "platform/file_thread.h"
 #include "platform/paths.h"
@@ -31,6 +34,9 @@ class NobodyToAsk final : public app::UserDialogs {
   QString ChooseNewTableFile() override { return {}; }
   void OpenFolder(const QString&) override {}
   QString ChooseGraphFile() override { return {}; }
+  QString ChooseFileToWrite(const app::WriteQuestion&) override { return {}; }
+  bool ChoosePrinter(QPrinter&) override { return false; }
+  void ShowPreview(QPrinter&, const app::PagePainter&) override {}
 };
 
 // Renders the window with its first entry read, for places without a display.
@@ -42,14 +48,31 @@ bool SaveScreenshot(app::MainWindow& window, const QString& file) {
   return window.grab().save(file);
 }
 
+// --report and --chart: whatever display there is stays out of it.
+int RunWithoutWindow(int argc, char* argv[], const std::vector<std::string>& arguments) {
+  platform::UsePlainStreams();
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // What a desktop lacks is nothing to a batch.
+  qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext&, const QString& text) {
+    if (kind == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+  });
+  const QApplication application(argc, argv);
+  return app::RunWindowless(arguments);
+}
+
 int Run(int argc, char* argv[]) {
   platform::ReportFileSizeLimit();
+  const std::vector<std::string> given = platform::ProgramArguments(argc, argv);
+  if (app::IsWindowless(given)) return RunWithoutWindow(argc, argv, given);
   QApplication application(argc, argv);
   QCommandLineParser arguments;
   const QCommandLineOption screenshot(
       QStringLiteral("screenshot"),
       QStringLiteral("Draw the window with the first entry into a PNG file and end."),
       QStringLiteral("file"));
+  arguments.setApplicationDescription(QStringLiteral(
+      "Relay curve tables. Without a window: --report FILE ENTRY... -o report.pdf and "
+      "--chart FILE ENTRY -o chart.svg, which --report --help explains."));
   arguments.addHelpOption();
   arguments.addOption(screenshot);
   arguments.process(application);

@@ -27,6 +27,8 @@
 #include "app/widgets/panel_focus.h"
 #include "app/widgets/panel_walk.h"
 #include "app/widgets/plain_texts.h"
+#include "app/widgets/report/report_controller.h"
+#include "app/widgets/report/report_menu.h"
 #include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table/check_marks.h"
@@ -81,6 +83,8 @@ MainWindow::MainWindow(MainWindowParts parts)
           {session_, history_, files_, *table_, *modes_, *libraryController_, *instruments_})),
       recovery_(
           new RecoveryKeeper(session_, parts.files, parts.recoveryFolder, parts.dialogs, this)),
+      report_(new ReportController(
+          {session_, files_, parts.dialogs, parts.store, parts.title, *chart_->chart, *this})),
       checks_(new CheckMarks(session_, *table_->grid, *statusBar())),
       tableFiles_(new LibraryFilesController({session_, files_, parts.dialogs, parts.store,
                                               parts.title, *libraryController_, *exchange_},
@@ -146,8 +150,10 @@ void MainWindow::BuildMenus() {
   connect(add(options, "m_exp", QStringLiteral("&Export…"), {}), &QAction::triggered, exchange_,
           &ExchangeController::Export);
   options->addSeparator();
-  connect(add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q)),
-          &QAction::triggered, this, &QWidget::close);
+  QAction* const exit =
+      add(options, "m_exit", QStringLiteral("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q));
+  connect(exit, &QAction::triggered, this, &QWidget::close);
+  new ReportMenu(*options, *exit, *report_);
 
   edit_ = new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
   undo_->AddTo(edit_->Menu());
@@ -199,6 +205,9 @@ void MainWindow::ConnectPanels() {
   connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
           &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+  connect(report_, &ReportController::CommandBegun, status_, &StatusLine::Clear);
+  connect(report_, &ReportController::GridNeeded, grid, &editor::CurveGridView::CloseEditor);
+  connect(report_, &ReportController::Told, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectLibraryFiles() {

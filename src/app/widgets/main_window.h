@@ -33,6 +33,7 @@ class LibraryController;
 class LibraryFilesController;
 class LibraryPanel;
 class RecoveryKeeper;
+class ReportController;
 class PointToolsController;
 class PointToolsMenu;
 class ReferenceGraphController;
@@ -113,6 +114,7 @@ class MainWindow : public QMainWindow {
   StatusLine* status_;
   HistoryController* undo_;
   RecoveryKeeper* recovery_;
+  ReportController* report_;
   CheckMarks* checks_;
   LibraryFilesController* tableFiles_;
   CurveController* curves_;

@@ -4,6 +4,11 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QScreen>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include "app/widgets/table/number_dialog.h"
@@ -81,6 +86,40 @@ QString QtUserDialogs::ChooseNewTableFile() {
 
 void QtUserDialogs::OpenFolder(const QString& folder) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+QString QtUserDialogs::ChooseFileToWrite(const WriteQuestion& question) {
+  if (written_.isEmpty()) {
+    written_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  }
+  QFileDialog dialog(WindowInFront(), question.title, written_, question.filters);
+  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  dialog.setOption(QFileDialog::DontUseCustomDirectoryIcons);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  const auto follow = [&dialog](const QString& filter) {
+    dialog.setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
+  };
+  follow(question.filters.section(QStringLiteral(";;"), 0, 0));
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+  dialog.selectFile(question.name);
+  if (dialog.exec() != QDialog::Accepted) return {};
+  written_ = dialog.directory().absolutePath();
+  return dialog.selectedFiles().value(0);
+}
+
+bool QtUserDialogs::ChoosePrinter(QPrinter& printer) {
+  QPrintDialog dialog(&printer, WindowInFront());
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+  return dialog.exec() == QDialog::Accepted;
+}
+
+void QtUserDialogs::ShowPreview(QPrinter& printer, const PagePainter& paint) {
+  constexpr QSize kSize(900, 1000);
+  QPrintPreviewDialog dialog(&printer, WindowInFront());
+  dialog.resize(kSize.boundedTo(dialog.screen()->availableSize()));
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                   [&paint](QPrinter* shown) { paint(*shown); });
+  dialog.exec();
 }
 
 // Where Set GRH writes them.

@@ -25,6 +25,9 @@ class QtUserDialogs : public UserDialogs {
   QString ChooseTargetFile() override;
   QString ChooseNewTableFile() override;
   void OpenFolder(const QString& folder) override;
+  QString ChooseFileToWrite(const WriteQuestion& question) override;
+  bool ChoosePrinter(QPrinter& printer) override;
+  void ShowPreview(QPrinter& printer, const PagePainter& paint) override;
 
  private:
   [[nodiscard]] bool Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons,
@@ -35,6 +38,7 @@ class QtUserDialogs : public UserDialogs {
 
   const Session& session_;
   QWidget* parent_ = nullptr;
+  QString written_;  // the folder of the last file that was written
 };
 
 }  // namespace zentab::app

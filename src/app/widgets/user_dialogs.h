@@ -6,6 +6,8 @@
 
 #include "texts/catalogue_texts.h"
 
+class QPrinter;
+
 namespace zentab::app {
 
 /// The question for one number.
@@ -17,6 +19,16 @@ struct NumberQuestion {
   double number;  // offered as the answer
   Rule accepts;   // which finite numbers are an answer
 };
+
+/// The question for a file to write.
+struct WriteQuestion {
+  QString title;
+  QString name;     // offered
+  QString filters;  // "PNG (*.png);;PDF (*.pdf)"; the first one's end is added to a bare name
+};
+
+/// Draws the pages of a document on a printer.
+using PagePainter = std::function<void(QPrinter&)>;
 
 /// What the main window asks the user, so that a test can give the answers.
 class UserDialogs {
@@ -43,6 +55,13 @@ class UserDialogs {
   /// Lets the user choose the table file to add entries to, which need not exist; empty when
   /// cancelled.
   [[nodiscard]] virtual QString ChooseTargetFile() = 0;
+  /// Lets the user choose a file to write, and asks before one that exists is replaced; empty when
+  /// cancelled.
+  [[nodiscard]] virtual QString ChooseFileToWrite(const WriteQuestion& question) = 0;
+  /// Lets the user choose a printer, its settings and pages; false when cancelled.
+  [[nodiscard]] virtual bool ChoosePrinter(QPrinter& printer) = 0;
+  /// Shows pages as they would be printed, and prints them if the user wants that.
+  virtual void ShowPreview(QPrinter& printer, const PagePainter& paint) = 0;
 };
 
 }  // namespace zentab::app

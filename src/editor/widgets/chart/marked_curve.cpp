@@ -7,6 +7,7 @@ namespace {
 
 // The marker's middle in its picture, which has room for the pen; in logical pixels.
 constexpr double kMiddle = MarkedCurve::kMarkerSize / 2.0 + 1.0;
+constexpr double kRingWidth = 1.5;
 
 }  // namespace
 
@@ -25,7 +26,8 @@ void MarkedCurve::SetColours(const QColor& line, const QColor& fill, Qt::PenStyl
 void MarkedCurve::draw(QCPPainter* painter) {
   // The plot moves what is antialiased by half a logical pixel. From the corner to the middle of a
   // pixel, where straight lines are drawn, it is half one of the device.
-  const double move = 0.5 / painter->device()->devicePixelRatioF() - 0.5;
+  const bool isMoved = !painter->modes().testFlag(QCPPainter::pmVectorized);
+  const double move = isMoved ? 0.5 / painter->device()->devicePixelRatioF() - 0.5 : 0.0;
   painter->save();
   painter->translate(move, move);
   QCPCurve::draw(painter);
@@ -34,6 +36,15 @@ void MarkedCurve::draw(QCPPainter* painter) {
 
 void MarkedCurve::drawScatterPlot(QCPPainter* painter, const QVector<QPointF>& points,
                                   const QCPScatterStyle&) const {
+  // On paper a circle is one at any size.
+  if (painter->modes().testFlag(QCPPainter::pmNoCaching)) {
+    painter->setAntialiasing(true);
+    SetMarkerPen(*painter);
+    for (const QPointF& point : points) {
+      painter->drawEllipse(point, kMarkerSize / 2.0, kMarkerSize / 2.0);
+    }
+    return;
+  }
   const double ratio = painter->device()->devicePixelRatioF();
   if (!qFuzzyCompare(pixelRatio_, ratio)) markers_ = {};
   pixelRatio_ = ratio;
@@ -50,6 +61,11 @@ void MarkedCurve::drawScatterPlot(QCPPainter* painter, const QVector<QPointF>& p
   }
 }
 
+void MarkedCurve::SetMarkerPen(QPainter& painter) const {
+  painter.setPen(QPen(ring_, kRingWidth));
+  painter.setBrush(fill_);
+}
+
 // Drawn once for a screen: as a picture it is put down many times faster than as a circle.
 const QPixmap& MarkedCurve::Marker(int right, int down) const {
   QPixmap& marker =
@@ -62,8 +78,7 @@ const QPixmap& MarkedCurve::Marker(int right, int down) const {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.translate(static_cast<double>(right) / kParts, static_cast<double>(down) / kParts);
   painter.scale(pixelRatio_, pixelRatio_);
-  painter.setPen(QPen(ring_, 1.5));
-  painter.setBrush(fill_);
+  SetMarkerPen(painter);
   painter.drawEllipse(QPointF(kMiddle, kMiddle), kMarkerSize / 2.0, kMarkerSize / 2.0);
   painter.end();
   marker.setDevicePixelRatio(pixelRatio_);

@@ -8,7 +8,8 @@ namespace zentab::editor {
 
 /// A curve with a round marker on each of its points, drawn where the axes have them at any
 /// resolution of the screen. The plot's own markers made of a picture lie beside their points
-/// wherever a logical pixel is more than one of the device, and its lines half a logical pixel.
+/// wherever a logical pixel is more than one of the device, and its lines half a logical pixel. In
+/// pictures (QCPPainter::pmNoCaching, pmVectorized) they are circles, and nothing is moved.
 class MarkedCurve : public QCPCurve {
  public:
   /// The marker's diameter in logical pixels.
@@ -26,6 +27,7 @@ class MarkedCurve : public QCPCurve {
  private:
   static constexpr int kParts = 4;  // of a pixel of the device, between which a marker can lie
 
+  void SetMarkerPen(QPainter& painter) const;
   [[nodiscard]] const QPixmap& Marker(int right, int down) const;
 
   QColor ring_;

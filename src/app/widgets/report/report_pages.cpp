@@ -1,0 +1,187 @@
+#include "app/widgets/report/report_pages.h"
+
+#include <algorithm>
+
+#include "app/widgets/report/page_writer.h"
+#include "app/widgets/report/point_columns.h"
+
+namespace zentab::app {
+namespace {
+
+constexpr double kMargin = Points(45.0);  // which every printer leaves free
+constexpr double kGap = Points(10.0);
+constexpr double kHighestChart = 0.7;  // of its width
+constexpr double kLowestChart = Points(150.0);
+// What a chart keeps free beside its axes.
+constexpr double kChartLeft = Points(6.0);
+constexpr double kChartRight = Points(12.0);
+constexpr double kFooter = Points(18.0);
+constexpr std::size_t kMostTitleLines = 2;
+constexpr double kContentsNumber = Points(30.0);
+constexpr double kContentsColumn = Points(60.0);
+
+QString Shown(const std::string& text) { return QString::fromStdString(text); }
+
+// Takes a strip off the top of a place.
+QRectF TakeTop(QRectF& place, double height) {
+  const QRectF strip(place.left(), place.top(), place.width(), height);
+  place.setTop(place.top() + height);
+  return strip;
+}
+
+void DrawHeader(const ReportHeading& heading, QRectF& place, PageWriter& writer) {
+  if (heading.lines.empty()) return;
+  for (std::size_t line = 0; line < heading.lines.size(); ++line) {
+    const PageText kind = line == 0 ? PageText::Heading : PageText::Small;
+    writer.Put(TakeTop(place, PageWriter::LineHeight(kind)), Shown(heading.lines[line]), kind);
+  }
+  writer.Rule(place.left(), place.right(), TakeTop(place, kGap / 2.0).bottom(), true);
+  TakeTop(place, kGap);
+}
+
+void DrawFooter(const Report& report, int page, int pages, QRectF& place, PageWriter& writer) {
+  QRectF footer = place;
+  footer.setTop(place.bottom() - kFooter);
+  place.setBottom(footer.top() - kGap / 2.0);
+  writer.Rule(footer.left(), footer.right(), footer.top(), false);
+  writer.Put(footer, Shown(report.heading.date), PageText::Small);
+  const std::string number =
+      PageNumber(report, static_cast<std::size_t>(page) + 1, static_cast<std::size_t>(pages));
+  writer.Put(footer, Shown(number), PageText::Small, Qt::AlignRight);
+}
+
+void DrawTitle(const std::string& title, QRectF& place, PageWriter& writer) {
+  for (const QString& line :
+       PageWriter::Broken(Shown(title), PageText::Title, place.width(), kMostTitleLines)) {
+    writer.Put(TakeTop(place, PageWriter::LineHeight(PageText::Title)), line, PageText::Title);
+  }
+  TakeTop(place, kGap / 2.0);
+}
+
+// Label and value side by side.
+void DrawField(const ReportField& field, const QRectF& place, double labelWidth,
+               PageWriter& writer) {
+  writer.Put(place, Shown(field.label), PageText::Small);
+  writer.Put(place.adjusted(labelWidth, 0.0, 0.0, 0.0), Shown(field.value), PageText::Line,
+             Qt::AlignLeft, Qt::ElideMiddle);
+}
+
+// The file over the whole width, the others in two columns.
+void DrawFields(const std::vector<ReportField>& fields, QRectF& place, PageWriter& writer) {
+  double labelWidth = 0.0;
+  for (const ReportField& field : fields) {
+    labelWidth = std::max(labelWidth, PageWriter::Width(Shown(field.label), PageText::Small));
+  }
+  labelWidth = std::min(labelWidth + kGap, place.width() / 4.0);
+  const double height = PageWriter::LineHeight(PageText::Line);
+  DrawField(fields.front(), TakeTop(place, height), labelWidth, writer);
+  for (std::size_t at = 1; at < fields.size(); at += 2) {
+    const QRectF row = TakeTop(place, height);
+    const double half = (row.width() - kGap) / 2.0;
+    DrawField(fields[at], {row.left(), row.top(), half, height}, labelWidth, writer);
+    if (at + 1 == fields.size()) break;
+    DrawField(fields[at + 1], {row.left() + half + kGap, row.top(), half, height}, labelWidth,
+              writer);
+  }
+  TakeTop(place, kGap);
+}
+
+void DrawAssessment(const std::vector<std::string>& lines, QRectF& place, PageWriter& writer) {
+  for (std::size_t line = 0; line < lines.size(); ++line) {
+    const PageText kind = line == 0 ? PageText::Heading : PageText::Small;
+    writer.Put(TakeTop(place, PageWriter::LineHeight(kind)), Shown(lines[line]), kind);
+  }
+}
+
+double HeightOfAssessment(const std::vector<std::string>& lines) {
+  if (lines.empty()) return 0.0;
+  return PageWriter::LineHeight(PageText::Heading) +
+         static_cast<double>(lines.size() - 1) * PageWriter::LineHeight(PageText::Small) + kGap;
+}
+
+}  // namespace
+
+ReportPages::ReportPages(const Report& report, const QSizeF& points)
+    : report_(report),
+      sheet_(QRectF(0.0, 0.0, Points(points.width()), Points(points.height()))
+                 .adjusted(kMargin, kMargin, -kMargin, -kMargin)),
+      chart_(Shown(report.decimalSeparator)) {
+  const double header = Points(150.0);
+  contentsRows_ =
+      static_cast<std::size_t>((sheet_.height() - header) / PageWriter::LineHeight(PageText::Line));
+}
+
+int ReportPages::ContentsPages() const {
+  const std::size_t pages = report_.pages.size();
+  return pages < 2 ? 0 : static_cast<int>((pages + contentsRows_ - 1) / contentsRows_);
+}
+
+int ReportPages::Count() const { return ContentsPages() + static_cast<int>(report_.pages.size()); }
+
+void ReportPages::Draw(int page, QCPPainter& painter, double unitsPerInch) {
+  painter.save();
+  painter.setMode(QCPPainter::pmVectorized);
+  painter.setMode(QCPPainter::pmNonCosmetic);
+  painter.scale(unitsPerInch / kPageUnitsPerInch, unitsPerInch / kPageUnitsPerInch);
+  const int contents = ContentsPages();
+  PageWriter writer(painter);
+  QRectF place = sheet_;
+  DrawFooter(report_, page, Count(), place, writer);
+  DrawHeader(report_.heading, place, writer);
+  if (page < contents) {
+    DrawContents(page, place, writer);
+  } else {
+    DrawTable(report_.pages[static_cast<std::size_t>(page - contents)], place, painter);
+  }
+  painter.restore();
+}
+
+void ReportPages::DrawTable(const ReportPage& page, QRectF place, QCPPainter& painter) {
+  PageWriter writer(painter);
+  DrawTitle(page.title, place, writer);
+  DrawFields(page.fields, place, writer);
+  const PointColumns table(page);
+  const double tableHeight = table.Height(place.width());
+  if (page.curve.IsShown()) {
+    const double rest = place.height() - tableHeight - HeightOfAssessment(page.assessment) - kGap;
+    const double height = std::clamp(rest, kLowestChart, place.width() * kHighestChart);
+    editor::CurveChart& chart =
+        chart_.Show(page.curve, Shown(page.axes.load), Shown(page.axes.time));
+    // The axes' box reaches to the edges of the table.
+    const QRectF area = TakeTop(place, height).adjusted(-kChartLeft, 0.0, kChartRight, 0.0);
+    DrawChart(chart, painter, area, kPageUnitsPerInch);
+    TakeTop(place, kGap);
+  }
+  table.Draw(TakeTop(place, tableHeight), writer);
+  TakeTop(place, kGap);
+  DrawAssessment(page.assessment, place, writer);
+}
+
+void ReportPages::DrawContents(int part, QRectF place, PageWriter& writer) const {
+  const texts::ReportTexts& words = report_.words;
+  DrawTitle(words.contents, place, writer);
+  const auto row = [&](const std::string& name, const std::string& points, const std::string& page,
+                       PageText kind) {
+    const QRectF strip = TakeTop(place, PageWriter::LineHeight(kind));
+    const QRectF pages(strip.right() - kContentsNumber, strip.top(), kContentsNumber,
+                       strip.height());
+    const QRectF counts(pages.left() - kContentsColumn, strip.top(), kContentsColumn,
+                        strip.height());
+    writer.Put({strip.left(), strip.top(), counts.left() - strip.left(), strip.height()},
+               Shown(name), kind);
+    writer.Put(counts, Shown(points), kind, Qt::AlignRight);
+    writer.Put(pages, Shown(page), kind, Qt::AlignRight);
+    writer.Rule(strip.left(), strip.right(), strip.bottom(), kind == PageText::CellHeading);
+  };
+  row(words.name, words.points, words.page, PageText::CellHeading);
+  TakeTop(place, Points(2.0));
+  const std::size_t first = static_cast<std::size_t>(part) * contentsRows_;
+  const std::size_t end = std::min(first + contentsRows_, report_.pages.size());
+  for (std::size_t at = first; at < end; ++at) {
+    const ReportPage& page = report_.pages[at];
+    const std::size_t number = static_cast<std::size_t>(ContentsPages()) + at + 1;
+    row(page.title, std::to_string(page.rows.size()), std::to_string(number), PageText::Line);
+  }
+}
+
+}  // namespace zentab::app

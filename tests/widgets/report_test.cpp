@@ -1,0 +1,309 @@
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QImage>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRawFont>
+#include <QStandardPaths>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+
+#include "app/widgets/report/chart_picture.h"
+#include "app/widgets/report/report_controller.h"
+#include "app/widgets/report/report_dialog.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kLibrary =
+    "{\"Feeder 12\"\t(1.1;31)(1.5;12)(2;6.5)(5;2)(20;0.9) 001}\r\n"
+    "{\"\xC3\x9C 27 \xE5\x8F\x98\xE7\x94\xB5\xE7\xAB\x99\"\t(100;500)(200;250) 110}\r\n"
+    "{\"Empty\"\t 000}\r\n";
+
+// Runs at several scales of the screen, which must not make a difference to anything on paper.
+class ReportTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start() {
+    made_ = std::make_unique<WindowFixture>(kLibrary);
+    made_->Click("Command1");
+    return *made_;
+  }
+  QString Save(const QString& name) const {
+    made_->dialogs.file = made_->Path(name);
+    made_->Find<QAction>("m_savechart")->trigger();
+    return made_->dialogs.file;
+  }
+  // What a program says on its standard output; empty where it is not installed.
+  static QString Said(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    return process.waitForFinished() ? QString::fromUtf8(process.readAllStandardOutput())
+                                     : QString();
+  }
+  // Runs the editor in the fixture's folder, without a display: its exit code and what it says;
+  // nothing when all went well.
+  [[nodiscard]] QString Run(const QStringList& arguments) const {
+    QProcess process;
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("1.5"));
+    environment.insert(QStringLiteral("ZENTAB_SETTINGS_DIR"), made_->Path(QString()));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(made_->Path(QString()));
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(QStringLiteral(PROGRAM), arguments);
+    if (!process.waitForFinished()) return QStringLiteral("it hangs");
+    const QString said = QString::fromUtf8(process.readAll());
+    const int exit = process.exitCode();
+    return exit == 0 && said.isEmpty() ? said : QString::number(exit) + ": " + said;
+  }
+  static QString TextOf(const QString& pdf) {
+    return Said(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+  }
+  static void CheckFonts(const QString& pdf) {
+    const QStringList fonts = Said(QStringLiteral("pdffonts"), {pdf}).split('\n').mid(2);
+    for (const QString& font : fonts) {
+      QVERIFY2(font.isEmpty() || font.contains(QLatin1String("yes")), qPrintable(font));
+    }
+  }
+  void InDialog(const std::function<void(ReportDialog&)>& work) {
+    bool ran = false;
+    QTimer::singleShot(0, this, [&] {
+      auto* const dialog = made_->window->findChild<ReportDialog*>();
+      QVERIFY(dialog != nullptr);
+      work(*dialog);
+      ran = true;
+      dialog->close();
+    });
+    made_->Find<QAction>("m_print")->trigger();
+    QVERIFY(ran);
+  }
+  static void Press(const ReportDialog& dialog, const char* button) {
+    dialog.findChild<QPushButton*>(QLatin1String(button))->click();
+  }
+
+ private Q_SLOTS:
+  void initTestCase() {
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty()) {
+      QSKIP("there is no pdftotext");
+    }
+  }
+  void cleanup() { made_.reset(); }
+
+  void PicturesAreAsLargeAsTheyAreOnAnyScreen() {
+    WindowFixture& f = Start();
+    f.dialogs.number = 254;
+    const QImage pixels(Save(QStringLiteral("chart.png")));
+    QCOMPARE(pixels.size(), QSize(1600, 1200));
+    QCOMPARE(pixels.dotsPerMeterX(), 10000);
+    Save(QStringLiteral("chart.svg"));
+    const QString vectors = QString::fromUtf8(f.Bytes(QStringLiteral("chart.svg")));
+    QVERIFY(vectors.contains(QLatin1String("width=\"160mm\" height=\"120mm\"")));
+    QVERIFY(vectors.contains(QLatin1String(">Trip time (s)<")));
+    QVERIFY(!vectors.contains(QLatin1String("<image")));
+    const QString font = vectors.section(QLatin1String("base64,"), 1).section(')', 0, 0);
+    const QRawFont embedded(QByteArray::fromBase64(font.toLatin1()), 12);
+    QVERIFY(embedded.supportsCharacter('T'));
+    QVERIFY(!embedded.supportsCharacter('Q'));
+    QCOMPARE(vectors.count(QLatin1String("<circle")) + vectors.count(QLatin1String("<ellipse")), 5);
+    const QString pdf = Save(QStringLiteral("chart.pdf"));
+    QVERIFY(TextOf(pdf).contains(QStringLiteral("Load level (× pickup)")));
+    CheckFonts(pdf);
+    // The program without a window, at another scale, puts everything in the same places.
+    QCOMPARE(Run({"--chart", "relayTables.dat", "Feeder 12", "-o", "own.svg"}), QString());
+    QCOMPARE(f.Bytes(QStringLiteral("own.svg")), f.Bytes(QStringLiteral("chart.svg")));
+  }
+
+  void ReportsAreWrittenWithoutAWindow() {
+    WindowFixture& f = Start();
+    f.Write(QStringLiteral("former.pdf"), "former");
+    f.Write(QStringLiteral("own.txt"), "REPORT.PAGE.OF {Blatt %1}\nF1.INSTRUMENT1.TEXT {S&trom}");
+    const std::pair<QStringList, QString> rows[] = {
+        {{"--report", "relayTables.dat", "#1", "feeder 12", "-o", "own.pdf", "--header", "Bay",
+          "--catalogue", "own.txt", "--pickup", "2"},
+         {}},
+        {{"--report", "relayTables.dat", "#0", "-o", "own2.pdf", "--family", "iec-a", "--percent",
+          "5", "--paper", "letter"},
+         {}},
+        {{"--chart", "relayTables.dat", "#0", "-o", "c.png", "--size", "50.8x25.4", "--dpi", "100"},
+         {}},
+        {{"--report", "relayTables.dat", "#0", "Nobody", "-o", "former.pdf"},
+         "1: no entry 'Nobody'"},
+        {{"--report", "missing.dat", "#0", "-o", "former.pdf"}, "1: missing.dat"},
+        {{"--report", "relayTables.dat", "#1", "-o", "former.pdf", "--family", "iec-a"},
+         "2: absolute loads need --pickup"},
+        {{"--chart", "relayTables.dat", "#2", "-o", "c.svg"}, "1: Empty: has no curve"},
+        {{"--chart", "relayTables.dat", "#0", "-o", "no/c.svg"}, "1: no/c.svg: not written"},
+        {{"--chart", "relayTables.dat", "#0", "#1", "-o", "c.svg"}, "2: one entry"},
+        {{"--chart", "relayTables.dat", "#0", "-o", "c.bmp"}, "2: .png, .svg or .pdf"},
+        {{"--chart", "relayTables.dat", "#0", "-o", "-"}, "2: -"},
+        {{"--chart", "relayTables.dat", "#0", "-o", "c.svg", "--size", "1x1"}, "2: WIDTHxHEIGHT"},
+        {{"--report", "relayTables.dat", "#0", "-o", "relayTables.svg"}, "2: .pdf"},
+        {{"--report", "relayTables.dat", "-o", "former.pdf"}, "2: ENTRY"},
+        {{"--report", "relayTables.dat", "#0", "--wrong"}, "2: "},
+    };
+    for (const auto& [arguments, wanted] : rows) {
+      const QString said = Run(arguments);
+      const QString all = arguments.join(' ') + ": " + said;
+      QVERIFY2(wanted.isEmpty() == said.isEmpty(), qPrintable(all));
+      QVERIFY2(wanted.isEmpty() || said.startsWith(wanted.left(2) + " Zentab: "), qPrintable(all));
+      QVERIFY2(wanted.isEmpty() || said.contains(wanted.mid(3)), qPrintable(all));
+    }
+    QCOMPARE(f.Bytes(), kLibrary);
+    QCOMPARE(f.Bytes(QStringLiteral("former.pdf")), QByteArray("former"));
+    const QString text = TextOf(f.Path(QStringLiteral("own.pdf")));
+    for (const char* const part : {"Bay", "Blatt 3", "Strom", "Feeder 12"}) {
+      QVERIFY2(text.contains(QLatin1String(part)), qPrintable(part + text));
+    }
+    QVERIFY(text.indexOf(QLatin1String("27")) < text.indexOf(QLatin1String("Feeder 12")));
+    const QString assessed = TextOf(f.Path(QStringLiteral("own2.pdf")));
+    QVERIFY2(assessed.contains(QLatin1String("Limit: 5 % of the nominal time")),
+             qPrintable(assessed));
+    QVERIFY(Said(QStringLiteral("pdfinfo"), {f.Path(QStringLiteral("own2.pdf"))})
+                .contains(QLatin1String("612 x 792 pts")));
+    QCOMPARE(QImage(f.Path(QStringLiteral("c.png"))).size(), QSize(200, 100));
+  }
+
+  void PaperIsWhiteWhateverTheWindowIs() {
+    WindowFixture& f = Start();
+    auto* const chart = f.Find<editor::CurveChart>("MSChart1");
+    const QByteArray light = ChartPicture(*chart, PictureFormat::Svg, {}, {});
+    QPalette dark(QColor(0x20, 0x22, 0x25));
+    dark.setColor(QPalette::Base, QColor(0x14, 0x15, 0x16));
+    f.window->setPalette(dark);
+    const QColor screen = chart->palette().color(QPalette::Base);
+    const QByteArray same = ChartPicture(*chart, PictureFormat::Svg, {}, {});
+    QCOMPARE(chart->palette().color(QPalette::Base), screen);
+    QCOMPARE(screen, QColor(0x14, 0x15, 0x16));
+    QCOMPARE(same, light);
+    QVERIFY(light.contains("fill=\"#ffffff\""));
+  }
+
+  void TheClipboardGetsPixelsAndVectors() {
+    WindowFixture& f = Start();
+    f.Find<QAction>("m_copychart")->trigger();
+    const QMimeData* const data = QApplication::clipboard()->mimeData();
+    QVERIFY(qvariant_cast<QImage>(data->imageData()).width() > 1000);
+    QVERIFY(data->data(QStringLiteral("image/svg+xml")).contains("<svg"));
+    QVERIFY(data->data(QStringLiteral("application/pdf")).startsWith("%PDF"));
+    // Without a curve there is nothing to copy, and it says so.
+    f.Select(2);
+    f.Click("Command1");
+    f.Find<QAction>("m_copychart")->trigger();
+    QCOMPARE(f.window->statusBar()->currentMessage(),
+             QString::fromStdString(f.session.texts.output.noCurve));
+  }
+
+  void AWriteThatFailsLeavesTheFormerFile() {
+    WindowFixture& f = Start();
+    f.Write(QStringLiteral("chart.svg"), "old");
+    f.files.bytesThatFit = 1000;
+    Save(QStringLiteral("chart.svg"));
+    QCOMPARE(f.Bytes(QStringLiteral("chart.svg")), QByteArray("old"));
+    QVERIFY(f.window->statusBar()->currentMessage().startsWith(
+        QString::fromStdString(f.session.texts.output.notWritten)));
+    Save(QStringLiteral("chart.bmp"));
+    QCOMPARE(f.window->statusBar()->currentMessage(),
+             QString::fromStdString(f.session.texts.output.unknownFormat));
+  }
+
+  void EntriesBecomePagesBehindAListOfThem() {
+    WindowFixture& f = Start();
+    f.dialogs.file = f.Path(QStringLiteral("report.pdf"));
+    InDialog([](ReportDialog& dialog) {
+      dialog.findChild<QRadioButton*>(QStringLiteral("OptionEntries"))->setChecked(true);
+      QVERIFY(!dialog.findChild<QPushButton*>(QStringLiteral("CommandSave"))->isEnabled());
+      dialog.findChild<QListView*>(QStringLiteral("ListEntries"))->selectAll();
+      dialog.findChild<QPlainTextEdit*>()->setPlainText(QStringLiteral("Substation <b>7\n\nBay 3"));
+      Press(dialog, "CommandSave");
+    });
+    const QStringList pages = TextOf(f.dialogs.file).split('\f');
+    QVERIFY2(pages.size() == 5, qPrintable(f.window->statusBar()->currentMessage()));
+    const QStringList wanted = {QStringLiteral("Feeder 12 +5 +2"), QStringLiteral("Feeder 12"),
+                                QStringLiteral("Ü 27 变电站"), QStringLiteral("Empty")};
+    for (int page = 0; page < wanted.size(); ++page) {
+      for (const QString& text :
+           {wanted[page], QStringLiteral("Substation <b>7"), QStringLiteral("Bay 3"),
+            QStringLiteral("Page %1 of 4").arg(page + 1)}) {
+        const QRegularExpression words(
+            QRegularExpression::escape(text).replace(QLatin1String("\\ \\+"), QLatin1String(" +")));
+        QVERIFY2(pages[page].contains(words), qPrintable(text + '\n' + pages[page]));
+      }
+    }
+    CheckFonts(f.dialogs.file);
+    // The lines are there again after the next start.
+    f.Open();
+    InDialog([](ReportDialog& dialog) {
+      QCOMPARE(dialog.findChild<QPlainTextEdit*>()->toPlainText(),
+               QStringLiteral("Substation <b>7\nBay 3"));
+    });
+  }
+
+  void TheGridsPageHasWhatWasAssessed() {
+    WindowFixture& f = Start();
+    f.dialogs.printed = f.Path(QStringLiteral("printed.pdf"));
+    ReportAssessment assessment;
+    for (const editor::ChartPoint& point : f.Find<editor::CurveChart>("MSChart1")->Curve().points) {
+      assessment.result.points.push_back(
+          {{point.load, point.time}, {}, curves::Verdict::Passed, point.time, 0.0, 0.0, 0.25});
+    }
+    assessment.limits = {"Limit: what was agreed on"};
+    auto* const reports = f.Find<ReportController>("");
+    reports->SetAssessment(assessment);
+    for (const bool with : {true, false}) {
+      InDialog([with](ReportDialog& dialog) {
+        auto* const box = dialog.findChild<QCheckBox*>(QStringLiteral("CheckAssessment"));
+        QVERIFY(box->isEnabled());
+        if (box->isChecked() != with) box->click();
+        Press(dialog, "CommandPrint");
+      });
+      const QString text = TextOf(f.dialogs.printed);
+      QVERIFY2(text.contains(QLatin1String("Feeder 12")), qPrintable(text));
+      QCOMPARE(text.contains(QLatin1String("what was agreed on")), with);
+      QCOMPARE(text.contains(QLatin1String("250.0")), with);
+    }
+    // A preview of the page, as edited meanwhile.
+    f.session.table.tableModified = true;
+    f.Find<QAction>("m_preview")->trigger();
+    QVERIFY(TextOf(f.dialogs.printed).contains(QLatin1String("Feeder 12 (edited, not stored)")));
+  }
+
+  void APageOfEachLanguageIsItsOwn() {
+    WindowFixture& f = Start();
+    f.dialogs.file = f.Path(QStringLiteral("page.pdf"));
+    const std::pair<const char*, QStringList> rows[] = {
+        {"Zentab.de.txt", {"Datei", "Auslösezeit (s)", "Seite 1 von 1", "Ansprechwert"}},
+        {"Zentab.zh_CN.txt", {"动作时间", "启动值", "页，共", "文件"}}};
+    for (const auto& [catalogue, texts] : rows) {
+      QFile::remove(f.Path(QStringLiteral("Zentab.txt")));
+      QVERIFY(QFile::copy(QStringLiteral(CATALOGUES "/") + QLatin1String(catalogue),
+                          f.Path(QStringLiteral("Zentab.txt"))));
+      f.Open();
+      f.Click("Command1");
+      InDialog([](ReportDialog& dialog) { Press(dialog, "CommandSave"); });
+      const QString shown = TextOf(f.dialogs.file);
+      for (const QString& text : texts) {
+        QVERIFY2(shown.contains(text), qPrintable(text + '\n' + shown));
+      }
+      CheckFonts(f.dialogs.file);
+    }
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::ReportTest)
+#include "report_test.moc"
