@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "texts/chart_texts.h"
 #include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
 
@@ -244,6 +245,7 @@ struct CatalogueTexts {
   ImportSettings import;
   ProgramTexts program;
   GraphTexts graph;
+  ChartTexts chart;
   CurveTexts curve;
   CurveDialogTexts curveDialogs;
   HistoryTexts history;

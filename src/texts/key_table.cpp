@@ -358,6 +358,7 @@ std::vector<KeyRow> AllRows() {
   }
   Append(table, MenuRows());
   Append(table, PointRows());
+  Append(table, ChartRows());
   return table;
 }
 

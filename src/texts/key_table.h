@@ -57,6 +57,9 @@ struct HistoryField {
 struct StepName {
   std::size_t step;  // as of HistoryTexts
 };
+struct ChartField {
+  std::string ChartTexts::*field;
+};
 struct CurveField {
   std::string CurveTexts::*field;
 };
@@ -93,7 +96,7 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, CurveField, CurveDialogField, ExchangeField, EquationSlot,
+                 GraphField, ChartField, CurveField, CurveDialogField, ExchangeField, EquationSlot,
                  HistoryField, StepName, ImportField, TimeoutText, SwitchOn, TraceSwitch,
                  ShownIfTrue, ShownIfAboveZero>;
 
@@ -108,6 +111,8 @@ struct KeyRow {
 
 /// The keys of the menu for curves, its dialogs and the assessment.
 [[nodiscard]] const std::vector<KeyRow>& CurveDialogRows();
+/// The keys of the chart's menus and texts.
+[[nodiscard]] const std::vector<KeyRow>& ChartRows();
 
 /// Every key of a catalogue with its effect, in the order in which they are applied.
 [[nodiscard]] const std::vector<KeyRow>& KeyTable();

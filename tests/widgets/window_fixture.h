@@ -32,6 +32,7 @@ class AnsweringDialogs : public UserDialogs {
   QString file;
   int filesAsked = 0;
   std::optional<double> number;
+  std::optional<AxisLimits> limits;
   std::vector<std::string> asked;
   std::function<void()> onError;
   std::function<void()> onConfirm;
@@ -50,6 +51,10 @@ class AnsweringDialogs : public UserDialogs {
   std::optional<double> AskNumber(const NumberQuestion& question) override {
     asked.push_back(question.title.toStdString());
     return number && question.accepts(*number) ? number : std::nullopt;
+  }
+  std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override {
+    asked.push_back(question.loadLabel.toStdString());
+    return limits;
   }
   QString ChooseTableFile() override { return ++filesAsked, file; }
   QString ChooseGraphFile() override { return ++filesAsked, file; }

@@ -18,6 +18,9 @@ ContextMenus::ContextMenus(QMainWindow& form)
   for (const char* const name : {"m_fit", "m_log"}) {
     chartMenu->addAction(form.findChild<QAction*>(QLatin1String(name)));
   }
+  for (const char* const name : {"m_axes"}) {
+    chartMenu->addAction(form.findChild<QMenu*>(QLatin1String(name))->menuAction());
+  }
   Watch("List1", listMenu_);
   Watch("MSChart1", chartMenu);
   auto* const editMenu = form.findChild<QMenu*>(QStringLiteral("m_edit"));

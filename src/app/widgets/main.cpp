@@ -26,6 +26,7 @@ class NobodyToAsk final : public app::UserDialogs {
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
+  std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
   QString ChooseTableFile() override { return {}; }
   QString ChooseTargetFile() override { return {}; }
   QString ChooseGraphFile() override { return {}; }

@@ -15,7 +15,10 @@
 #include "app/session_texts.h"
 #include "app/start_up.h"
 #include "app/widgets/accessible_names.h"
+#include "app/widgets/chart/axes_controller.h"
+#include "app/widgets/chart/axes_menu.h"
 #include "app/widgets/chart/chart_panel.h"
+#include "app/widgets/colour_scheme.h"
 #include "app/widgets/context_menus.h"
 #include "app/widgets/curve/assessment_controller.h"
 #include "app/widgets/curve/curve_controller.h"
@@ -73,6 +76,8 @@ MainWindow::MainWindow(MainWindowParts parts)
       exchange_(new ExchangeController(session_, files_, writer_, parts.dialogs, parts.store,
                                        parts.title, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
+      axes_(new AxesController(session_, files_, parts.store, parts.title, parts.dialogs,
+                               *chart_->chart)),
       status_(new StatusLine(session_, statusBar())),
       undo_(new HistoryController(
           {session_, history_, files_, *table_, *modes_, *libraryController_, *instruments_})),
@@ -91,7 +96,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   setWindowTitle(QStringLiteral("Relay curve table editor"));
   resize(SizeOnScreen(kDesignedSize, screen()->availableSize()));
   BuildPanels();
-  BuildMenus();
+  BuildMenus(parts);
   ConnectPanels();
   ConnectTools();
   ConnectCurves();
@@ -121,7 +126,7 @@ void MainWindow::BuildPanels() {
   new PanelFocus(frame, {library_, table_, chart_});
 }
 
-void MainWindow::BuildMenus() {
+void MainWindow::BuildMenus(const MainWindowParts& parts) {
   QMenu* const options = menuBar()->addMenu(QStringLiteral("&Options"));
   options->setObjectName(QStringLiteral("m_opt"));
   const auto add = [&](QMenu* menu, const char* name, const QString& caption,
@@ -150,14 +155,10 @@ void MainWindow::BuildMenus() {
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("Vie&w"));
   view->setObjectName(QStringLiteral("m_view"));
-  QAction* const logarithmic =
-      add(view, "m_log", QStringLiteral("&Logarithmic axes"), QKeySequence(Qt::CTRL | Qt::Key_L));
-  logarithmic->setCheckable(true);
-  logarithmic->setChecked(true);
-  connect(logarithmic, &QAction::toggled, chart_->chart, &editor::CurveChart::SetLogarithmicWanted);
   connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
           &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
-  connect(logarithmic, &QAction::toggled, tools_, &PointToolsController::SetLogarithmicWanted);
+  new AxesMenu(*view, *axes_);
+  new ColourScheme(*view, files_, parts.store, parts.title);
   new PanelWalk(*view, {{{library_, library_->findChild<QListView*>()},
                          {table_, table_->grid},
                          {chart_, chart_->chart}}});
@@ -198,6 +199,7 @@ void MainWindow::ConnectTools() {
     modes_->Show();
     RefreshCaptions();
   });
+  connect(axes_, &AxesController::KindsWanted, tools_, &PointToolsController::SetLogarithmic);
   connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
 }
 
@@ -364,9 +366,7 @@ void MainWindow::RefreshCaptions() {
   session_.table.grid.SetHeadings(session_.texts.program.loadHeading,
                                   session_.texts.program.timeHeading);
   table_->grid->ShowAll();
-  const LabelPair titles = AxisTitlesFor(session_);
-  chart_->chart->SetAxisTitles(QString::fromStdString(titles.load),
-                               QString::fromStdString(titles.time));
+  axes_->Refresh();
   status_->Refresh();
   names_->Refresh();
   assessment_->RefreshTexts();

@@ -22,6 +22,7 @@ namespace zentab::app {
 
 class AccessibleNames;
 class AssessmentController;
+class AxesController;
 class ChartPanel;
 class CheckMarks;
 class ClipboardController;
@@ -76,7 +77,7 @@ class MainWindow : public QMainWindow {
 
  private:
   void BuildPanels();
-  void BuildMenus();
+  void BuildMenus(const MainWindowParts& parts);
   void ConnectPanels();
   void ConnectHistory();
   void ConnectTools();
@@ -108,6 +109,7 @@ class MainWindow : public QMainWindow {
   PointToolsController* tools_;
   ExchangeController* exchange_;
   ValueModeBinding* modes_;
+  AxesController* axes_;
   StatusLine* status_;
   HistoryController* undo_;
   RecoveryKeeper* recovery_;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 
+#include "app/widgets/chart/limits_dialog.h"
 #include "app/widgets/table/number_dialog.h"
 
 namespace zentab::app {
@@ -36,6 +37,11 @@ void QtUserDialogs::ReportError(const texts::MessageText& message) {
 std::optional<double> QtUserDialogs::AskNumber(const NumberQuestion& question) {
   NumberDialog dialog(question, session_, WindowInFront());
   return dialog.exec() == QDialog::Accepted ? dialog.Number() : std::nullopt;
+}
+
+std::optional<AxisLimits> QtUserDialogs::AskLimits(const LimitsQuestion& question) {
+  LimitsDialog dialog(question, session_, WindowInFront());
+  return dialog.exec() == QDialog::Accepted ? dialog.Limits() : std::nullopt;
 }
 
 // Asked from a dialog of the main window, a question belongs in front of that dialog.

@@ -20,6 +20,7 @@ class QtUserDialogs : public UserDialogs {
   void Inform(const texts::MessageText& message) override;
   void ReportError(const texts::MessageText& message) override;
   std::optional<double> AskNumber(const NumberQuestion& question) override;
+  std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override;
   QString ChooseTableFile() override;
   QString ChooseGraphFile() override;
   QString ChooseTargetFile() override;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "editor/chart_axes.h"
 #include "texts/catalogue_texts.h"
 
 namespace zentab::app {
@@ -16,6 +17,22 @@ struct NumberQuestion {
   QString label;
   double number;  // offered as the answer
   Rule accepts;   // which finite numbers are an answer
+};
+
+/// The limits of two axes; nothing: as far as what is shown reaches.
+struct AxisLimits {
+  std::optional<editor::Range> loads;
+  std::optional<editor::Range> times;
+};
+
+/// The question for the limits of the chart's axes, in the units that they are labelled with.
+struct LimitsQuestion {
+  AxisLimits limits;    // as they are
+  editor::Range loads;  // what is in view now: the other end where only one is given
+  editor::Range times;
+  editor::AxisKinds logarithmic;  // such an axis takes nothing but numbers above zero
+  QString loadLabel;
+  QString timeLabel;
 };
 
 /// What the main window asks the user, so that a test can give the answers.
@@ -31,6 +48,8 @@ class UserDialogs {
   virtual void ReportError(const texts::MessageText& message) = 0;
   /// Asks for a number; nothing when cancelled.
   [[nodiscard]] virtual std::optional<double> AskNumber(const NumberQuestion& question) = 0;
+  /// Asks for the limits of the axes; nothing when cancelled.
+  [[nodiscard]] virtual std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
   /// Lets the user choose an existing reference graph file; empty when cancelled.
