@@ -34,6 +34,9 @@ class Agreeing final : public app::UserDialogs {
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
   QString ChooseTableFile() override { return file; }
+  std::vector<std::size_t> ChooseEntries(const QString&, const std::vector<std::string>&) override {
+    return {};
+  }
   QString ChooseTargetFile() override { return file; }
   QString ChooseGraphFile() override { return {}; }
 };

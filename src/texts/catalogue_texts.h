@@ -172,7 +172,7 @@ struct ProgramTexts {
 };
 
 /// The steps of the history that have a name.
-inline constexpr std::size_t kEditSteps = 35;
+inline constexpr std::size_t kEditSteps = 37;
 
 /// What the history of a session says. The names of the steps stand in the order of
 /// editor::EditStep.
@@ -217,6 +217,8 @@ struct HistoryTexts {
       "Fit",
       "Thin out",
       "Resample",
+      "Move point",
+      "Add point",
       "Update entry",
       "Add new entry",
       "Remove entry",

@@ -33,6 +33,7 @@ class AnsweringDialogs : public UserDialogs {
   int filesAsked = 0;
   std::optional<double> number;
   std::optional<AxisLimits> limits;
+  std::vector<std::size_t> entries;
   std::vector<std::string> asked;
   std::function<void()> onError;
   std::function<void()> onConfirm;
@@ -57,6 +58,11 @@ class AnsweringDialogs : public UserDialogs {
     return limits;
   }
   QString ChooseTableFile() override { return ++filesAsked, file; }
+  std::vector<std::size_t> ChooseEntries(const QString& title,
+                                         const std::vector<std::string>&) override {
+    asked.push_back(title.toStdString());
+    return entries;
+  }
   QString ChooseGraphFile() override { return ++filesAsked, file; }
   QString ChooseTargetFile() override { return ++filesAsked, file; }
 };

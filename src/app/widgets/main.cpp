@@ -28,6 +28,9 @@ class NobodyToAsk final : public app::UserDialogs {
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
   QString ChooseTableFile() override { return {}; }
+  std::vector<std::size_t> ChooseEntries(const QString&, const std::vector<std::string>&) override {
+    return {};
+  }
   QString ChooseTargetFile() override { return {}; }
   QString ChooseGraphFile() override { return {}; }
 };

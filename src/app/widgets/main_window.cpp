@@ -18,6 +18,9 @@
 #include "app/widgets/chart/axes_controller.h"
 #include "app/widgets/chart/axes_menu.h"
 #include "app/widgets/chart/chart_panel.h"
+#include "app/widgets/chart/overlay_controller.h"
+#include "app/widgets/chart/point_hand_controller.h"
+#include "app/widgets/chart/read_out_controller.h"
 #include "app/widgets/colour_scheme.h"
 #include "app/widgets/context_menus.h"
 #include "app/widgets/curve/assessment_controller.h"
@@ -78,6 +81,10 @@ MainWindow::MainWindow(MainWindowParts parts)
       modes_(new ValueModeBinding(session_, *table_)),
       axes_(new AxesController(session_, files_, parts.store, parts.title, parts.dialogs,
                                *chart_->chart)),
+      hand_(new PointHandController(session_, *chart_->chart, *table_->grid)),
+      overlays_(
+          new OverlayController(session_, files_, *libraryController_, parts.dialogs, *chart_)),
+      readOut_(new ReadOutController(session_, *chart_->chart, *table_->grid)),
       status_(new StatusLine(session_, statusBar())),
       undo_(new HistoryController(
           {session_, history_, files_, *table_, *modes_, *libraryController_, *instruments_})),
@@ -158,6 +165,8 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
   connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
           &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
   new AxesMenu(*view, *axes_);
+  readOut_->AddTo(*view);
+  overlays_->AddTo(*view);
   new ColourScheme(*view, files_, parts.store, parts.title);
   new PanelWalk(*view, {{{library_, library_->findChild<QListView*>()},
                          {table_, table_->grid},
@@ -201,6 +210,12 @@ void MainWindow::ConnectTools() {
   });
   connect(axes_, &AxesController::KindsWanted, tools_, &PointToolsController::SetLogarithmic);
   connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
+  connect(hand_, &PointHandController::CommandBegun, status_, &StatusLine::Clear);
+  connect(hand_, &PointHandController::PointMoved, this, &MainWindow::ShowEdits);
+  connect(hand_, &PointHandController::TableChanged, this, &MainWindow::ShowEdits);
+  connect(hand_, &PointHandController::Failed, status_, &StatusLine::ShowFailure);
+  connect(overlays_, &OverlayController::CommandBegun, status_, &StatusLine::Clear);
+  connect(overlays_, &OverlayController::Failed, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectCurves() {
@@ -261,6 +276,7 @@ void MainWindow::ConnectHistory() {
   connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
   connect(tools_, &PointToolsController::AboutToChange, this, remember);
   connect(curves_, &CurveController::AboutToChange, this, remember);
+  connect(hand_, &PointHandController::AboutToChange, this, remember);
   connect(modes_, &ValueModeBinding::AboutToChange, this, remember);
   connect(libraryController_, &LibraryController::AboutToChange, this, remember);
   connect(exchange_, &ExchangeController::AboutToChange, this, remember);
@@ -282,6 +298,7 @@ void MainWindow::ConnectHistory() {
   connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(tools_, &PointToolsController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(curves_, &CurveController::TableChanged, recovery_, &RecoveryKeeper::Follow);
+  connect(hand_, &PointHandController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(libraryController_, &LibraryController::LibraryChanged, recovery_,
           &RecoveryKeeper::Follow);
   connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
@@ -367,6 +384,8 @@ void MainWindow::RefreshCaptions() {
                                   session_.texts.program.timeHeading);
   table_->grid->ShowAll();
   axes_->Refresh();
+  overlays_->Refresh();
+  readOut_->Refresh();
   status_->Refresh();
   names_->Refresh();
   assessment_->RefreshTexts();

@@ -32,7 +32,10 @@ class HistoryController;
 class InstrumentController;
 class LibraryController;
 class LibraryPanel;
+class ReadOutController;
 class RecoveryKeeper;
+class OverlayController;
+class PointHandController;
 class PointToolsController;
 class PointToolsMenu;
 class ReferenceGraphController;
@@ -110,6 +113,9 @@ class MainWindow : public QMainWindow {
   ExchangeController* exchange_;
   ValueModeBinding* modes_;
   AxesController* axes_;
+  PointHandController* hand_;  // takes the mouse before the crosshair follows it
+  OverlayController* overlays_;
+  ReadOutController* readOut_;
   StatusLine* status_;
   HistoryController* undo_;
   RecoveryKeeper* recovery_;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 
+#include "app/widgets/chart/entry_choice_dialog.h"
 #include "app/widgets/chart/limits_dialog.h"
 #include "app/widgets/table/number_dialog.h"
 
@@ -42,6 +43,12 @@ std::optional<double> QtUserDialogs::AskNumber(const NumberQuestion& question) {
 std::optional<AxisLimits> QtUserDialogs::AskLimits(const LimitsQuestion& question) {
   LimitsDialog dialog(question, session_, WindowInFront());
   return dialog.exec() == QDialog::Accepted ? dialog.Limits() : std::nullopt;
+}
+
+std::vector<std::size_t> QtUserDialogs::ChooseEntries(const QString& title,
+                                                      const std::vector<std::string>& names) {
+  EntryChoiceDialog dialog(title, names, session_, WindowInFront());
+  return dialog.exec() == QDialog::Accepted ? dialog.Chosen() : std::vector<std::size_t>();
 }
 
 // Asked from a dialog of the main window, a question belongs in front of that dialog.

@@ -23,6 +23,8 @@ class QtUserDialogs : public UserDialogs {
   std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override;
   QString ChooseTableFile() override;
   QString ChooseGraphFile() override;
+  std::vector<std::size_t> ChooseEntries(const QString& title,
+                                         const std::vector<std::string>& names) override;
   QString ChooseTargetFile() override;
 
  private:

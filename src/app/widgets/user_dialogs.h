@@ -3,6 +3,8 @@
 #include <QString>
 #include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "editor/chart_axes.h"
 #include "texts/catalogue_texts.h"
@@ -52,6 +54,9 @@ class UserDialogs {
   [[nodiscard]] virtual std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
+  /// Lets the user choose some of the entries of a file, by their places among the names.
+  [[nodiscard]] virtual std::vector<std::size_t> ChooseEntries(
+      const QString& title, const std::vector<std::string>& names) = 0;
   /// Lets the user choose an existing reference graph file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseGraphFile() = 0;
   /// Lets the user choose the table file to add entries to, which need not exist; empty when

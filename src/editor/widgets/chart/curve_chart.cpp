@@ -62,12 +62,15 @@ void CurveChart::ShowChange(const ChartCurve& before) {
   SetCurveData();
   const QCPRange loads = xAxis->range();
   const QCPRange times = yAxis->range();
-  ApplyScaleType();
-  if (!userMovedView_ || !IsInView()) FitRanges();
+  if (!isViewHeld_) {
+    ApplyScaleType();
+    if (!userMovedView_ || !IsInView()) FitRanges();
+  }
   // An edit changes one point and mostly no axis: only its surroundings are drawn, and straight
   // to the window. The plot's own way draws everything into a picture first.
   const bool sameAxes = loads == xAxis->range() && times == yAxis->range();
   buffersFresh_ = false;
+  drawsStraight_ = true;
   if (!sameAxes) updateLayout();
   PlaceMark();
   update(sameAxes ? ChangedArea(before) : rect());
@@ -158,6 +161,8 @@ void CurveChart::paintEvent(QPaintEvent* event) {
     buffersFresh_ = false;
     replot(rpQueuedReplot);
   }
+  // What moves over the chart uncovers it again and again: from the picture.
+  if (!buffersFresh_ && !std::exchange(drawsStraight_, false)) replot(rpQueuedRefresh);
   if (buffersFresh_) {
     QCustomPlot::paintEvent(event);
     return;
@@ -175,6 +180,13 @@ void CurveChart::FitRanges() {
 void CurveChart::Fit() {
   FitRanges();
   replot(rpQueuedReplot);
+}
+
+void CurveChart::HoldView(bool held) {
+  isViewHeld_ = held;
+  if (held) return;
+  ApplyScaleType();
+  if (!userMovedView_) Fit();
 }
 
 void CurveChart::SetAxisTitles(const QString& load, const QString& time) {

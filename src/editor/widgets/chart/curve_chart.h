@@ -35,6 +35,9 @@ class CurveChart : public QCustomPlot {
   /// Brings the whole curve into view, and what else is drawn.
   void Fit();
 
+  /// While it is held the view stays, whatever curve is shown.
+  void HoldView(bool held);
+
   [[nodiscard]] const ChartCurve& Curve() const { return curve_; }
   /// Whether both axes are logarithmic.
   [[nodiscard]] bool IsLogarithmic() const { return axes_.Kinds().AreLogarithmic(); }
@@ -84,7 +87,9 @@ class CurveChart : public QCustomPlot {
   std::map<const QObject*, Extent> extents_;  // of what else is drawn
   int markedRow_ = 1;
   bool userMovedView_ = false;
-  bool buffersFresh_ = false;  // the plot's own picture shows the curve
+  bool isViewHeld_ = false;
+  bool buffersFresh_ = false;   // the plot's own picture shows the curve
+  bool drawsStraight_ = false;  // to the window, the next time
 };
 
 }  // namespace zentab::editor
