@@ -22,6 +22,11 @@ std::optional<Range> Usable(const std::optional<Range>& range, bool logarithmic)
 
 }  // namespace
 
+AxisKinds PossibleKinds(AxisKinds wanted, bool loadsPositive, bool timesPositive) {
+  if (wanted.AreLogarithmic() && !(loadsPositive && timesPositive)) return {false, false};
+  return {wanted.load && loadsPositive, wanted.time && timesPositive};
+}
+
 std::optional<double> PickupOf(const ValueModes& modes) {
   const auto pickup = texts::WholeNumber(texts::SetDecimalSeparator(modes.pickup, "."));
   return pickup && *pickup > 0.0 ? pickup : std::nullopt;

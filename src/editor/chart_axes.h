@@ -16,12 +16,16 @@ struct AxisKinds {
   friend bool operator==(const AxisKinds&, const AxisKinds&) = default;
 };
 
+/// Which axes can be logarithmic of those that are wanted so, by whether every value on them is
+/// above zero. Where both are wanted they are so together or not at all.
+[[nodiscard]] AxisKinds PossibleKinds(AxisKinds wanted, bool loadsPositive, bool timesPositive);
+
 /// What the numbers of the load axis are.
 enum class LoadUnit { AsInGrid, Multiples, Absolute };
 
 /// The axes as the user wants them, whatever table is shown.
 struct ChartAxes {
-  AxisKinds logarithmic;  // where every value is above zero
+  AxisKinds logarithmic;  // where the values allow
   LoadUnit unit = LoadUnit::AsInGrid;
   std::optional<Range> loads;   // limits by hand
   bool absoluteLimits = false;  // those of loads are in amperes or volts, not multiples

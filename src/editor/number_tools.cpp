@@ -200,8 +200,8 @@ ToolOutcome FillBetween(WorkingTable& table, const RowSpan& rows, int count, Axi
   const ChartPoint from = *PointAt(curve, ends.first);
   const ChartPoint to = *PointAt(curve, ends.last);
   if (from.load == to.load) return ToolOutcome::SameLoad;
-  const AxisKinds axes{logarithmic.load && curve.load.minimum > 0.0,
-                       logarithmic.time && curve.time.minimum > 0.0};
+  const AxisKinds axes =
+      PossibleKinds(logarithmic, curve.load.minimum > 0.0, curve.time.minimum > 0.0);
   const std::vector<TextPair> points = PointsBetween(from, to, count, axes, localeDecimalSeparator);
   if (points.empty()) return ToolOutcome::OutOfRange;
   const int missing = count - (ends.last - ends.first - 1);

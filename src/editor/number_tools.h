@@ -43,7 +43,7 @@ namespace zentab::editor {
 /// Puts `count` (from 1) points between two points; see PointsToFillBetween. Their loads are
 /// logarithmically spaced where both loads are positive, else evenly. Their times lie on the
 /// straight line between the two in the chart, whose axes are logarithmic where `logarithmic` says
-/// so and every point of the table is above zero on them. They are written with six or seven
+/// so and the points of the table allow it; see PossibleKinds. They are written with six or seven
 /// significant digits. Empty rows between the two are used up, then the rows below move down.
 [[nodiscard]] ToolOutcome FillBetween(WorkingTable& table, const RowSpan& rows, int count,
                                       AxisKinds logarithmic,

@@ -9,7 +9,7 @@
 namespace zentab::editor {
 namespace {
 
-constexpr int kBetween = 60;  // loads over the whole range, beside those of the points
+constexpr int kBetween = 24;  // loads over the whole range, beside those of the points
 
 void Widen(Range& range, double value, bool first) {
   range.minimum = first ? value : std::min(range.minimum, value);

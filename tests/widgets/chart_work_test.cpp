@@ -182,8 +182,8 @@ class ChartWorkTest : public QObject {
       bool both;
     } cases[] = {
         {"m_logload", "lin/log", "lin/log", false}, {"m_logtime", "lin/lin", "lin/lin", false},
-        {"m_log", "log/log", "lin/log", true},      {"m_logtime", "log/lin", "lin/lin", false},
-        {"m_logtime", "log/log", "lin/log", true},
+        {"m_log", "log/log", "lin/lin", true},      {"m_logtime", "log/lin", "lin/lin", false},
+        {"m_logtime", "log/log", "lin/lin", true},
     };
     for (const auto& [action, kinds, kindsAtZero, both] : cases) {
       Choose(action);
@@ -411,7 +411,7 @@ class ChartWorkTest : public QObject {
     Choose("m_cmpentry");
     QCOMPARE(Legend(), QStringLiteral("+Table in the grid|+SI|-Amperes (not shown: the pickup "
                                       "value is missing)|+Zero"));
-    QCOMPARE(Kinds(), QStringLiteral("lin/log"));
+    QCOMPARE(Kinds(), QStringLiteral("lin/lin"));
     auto& legend = *f.Find<editor::CurveLegend>("ListLegend");
     legend.setFocus();
     legend.setCurrentIndex(legend.model()->index(3, 0));

@@ -212,6 +212,7 @@ bool Crosshair::OnKey(const QKeyEvent& event) {
       place = NextPoint(kAll);
       break;
     case Qt::Key_Escape:
+      if (upright_->isHidden()) return false;
       Hide();
       return true;
     default:

@@ -10,6 +10,8 @@ namespace {
 constexpr int kHeight = 150;     // logical pixels
 constexpr double kLeast = 0.5;   // per cent that are in view in any case, up and down
 constexpr double kMargin = 0.1;  // of the range
+// More lines than these are drawn in the plainest way: their dashes cost most of a drag's frame.
+constexpr std::size_t kFinelyDrawn = 8;
 constexpr double kAxisContrast = 3.0;
 constexpr double kGridContrast = 1.6;
 
@@ -19,6 +21,7 @@ DifferencePanel::DifferencePanel(CurveChart& chart, QWidget* parent)
     : QCustomPlot(parent), chart_(chart) {
   setObjectName(QStringLiteral("DifferencePanel"));
   setFixedHeight(kHeight);
+  setFocusPolicy(Qt::NoFocus);
   setInteractions(QCP::iNone);
   setPlottingHint(QCP::phFastPolylines);
   setNotAntialiasedElements(QCP::aeGrid | QCP::aeAxes | QCP::aeZeroLine);
@@ -54,6 +57,7 @@ void DifferencePanel::Show(const std::vector<DrawnDifference>& differences) {
   while (plottableCount() > static_cast<int>(differences.size())) {
     removePlottable(plottableCount() - 1);
   }
+  const bool isPlain = differences.size() > kFinelyDrawn;
   double least = -kLeast;
   double most = kLeast;
   for (std::size_t at = 0; at < differences.size(); ++at) {
@@ -70,7 +74,10 @@ void DifferencePanel::Show(const std::vector<DrawnDifference>& differences) {
       most = std::max(most, place.percent);
     }
     curve->setData(places, loads, percents, true);
-    curve->setPen(differences[at].pen);
+    QPen pen = differences[at].pen;
+    if (isPlain) pen.setWidthF(1.0);
+    curve->setAntialiased(!isPlain);
+    curve->setPen(pen);
   }
   const double margin = (most - least) * kMargin;
   yAxis->setRange(least - margin, most + margin);

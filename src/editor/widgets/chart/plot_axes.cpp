@@ -82,8 +82,8 @@ PlotAxes::PlotAxes(QCustomPlot& plot)
 }
 
 bool PlotAxes::SetKinds(const ViewAxes& wanted, const std::optional<Extent>& whole) {
-  const bool load = wanted.logarithmic.load && whole && whole->load.minimum > 0.0;
-  const bool time = wanted.logarithmic.time && whole && whole->time.minimum > 0.0;
+  const auto [load, time] = PossibleKinds(wanted.logarithmic, whole && whole->load.minimum > 0.0,
+                                          whole && whole->time.minimum > 0.0);
   const bool isFirst = loadFactor_ == 0.0;
   const bool isSame = Kinds() == AxisKinds{load, time} && !isFirst;
   if (isSame && loadFactor_ == wanted.loadFactor) return false;

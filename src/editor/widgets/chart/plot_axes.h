@@ -21,8 +21,8 @@ class PlotAxes {
  public:
   explicit PlotAxes(QCustomPlot& plot);
 
-  /// An axis is logarithmic where that is wanted and the extent on it is above zero. True when that
-  /// has changed an axis.
+  /// An axis is logarithmic where that is wanted and the extent allows; see PossibleKinds. True
+  /// when that has changed an axis.
   bool SetKinds(const ViewAxes& wanted, const std::optional<Extent>& whole);
   /// Shows the limits given by hand, else the whole extent with a margin. Limits that leave all of
   /// the extent out are passed over.
