@@ -32,7 +32,11 @@ class Agreeing final : public app::UserDialogs {
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
+  std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
   QString ChooseTableFile() override { return file; }
+  std::vector<std::size_t> ChooseEntries(const QString&, const std::vector<std::string>&) override {
+    return {};
+  }
   QString ChooseTargetFile() override { return file; }
   QString ChooseFileToWrite(const app::WriteQuestion&) override { return {}; }
   bool ChoosePrinter(QPrinter&) override { return false; }

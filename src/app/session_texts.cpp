@@ -32,6 +32,18 @@ std::string WithoutEmptyUnit(const Session& session, std::string text) {
   return text;
 }
 
+std::string LoadLabel(const Session& session, bool absolute) {
+  const texts::LabelTexts& labels = session.texts.labels;
+  return Expanded(session,
+                  WithoutEmptyUnit(session, absolute ? labels.loadAbsolute : labels.loadRelative));
+}
+
+std::string TimeLabel(const Session& session) {
+  const texts::LabelTexts& labels = session.texts.labels;
+  return Expanded(session,
+                  session.modes.milliseconds ? labels.timeMilliseconds : labels.timeSeconds);
+}
+
 }  // namespace
 
 std::tm LocalTime() {
@@ -119,18 +131,13 @@ texts::InstrumentTexts InstrumentInUse(const Session& session) {
 }
 
 LabelPair LabelsFor(const Session& session) {
-  const texts::LabelTexts& labels = session.texts.labels;
-  const std::string& load =
-      session.modes.absoluteValues ? labels.loadAbsolute : labels.loadRelative;
-  return {
-      Expanded(session, WithoutEmptyUnit(session, load)),
-      Expanded(session, session.modes.milliseconds ? labels.timeMilliseconds : labels.timeSeconds)};
+  return {LoadLabel(session, session.modes.absoluteValues), TimeLabel(session)};
 }
 
-LabelPair AxisTitlesFor(const Session& session) {
-  const LabelPair labels = LabelsFor(session);
-  return {Expanded(session, session.texts.program.loadAxis, {labels.load}),
-          Expanded(session, session.texts.program.timeAxis, {labels.time})};
+LabelPair AxisTitlesFor(const Session& session, bool absoluteLoads) {
+  const texts::ProgramTexts& texts = session.texts.program;
+  return {Expanded(session, texts.loadAxis, {LoadLabel(session, absoluteLoads)}),
+          Expanded(session, texts.timeAxis, {TimeLabel(session)})};
 }
 
 }  // namespace zentab::app

@@ -54,7 +54,8 @@ struct LabelPair {
 /// The captions of load levels and trip times that the value modes call for.
 [[nodiscard]] LabelPair LabelsFor(const Session& session);
 
-/// The captions of the chart's axes, which hold those of the value modes.
-[[nodiscard]] LabelPair AxisTitlesFor(const Session& session);
+/// The captions of the chart's axes, which hold those of the value modes; the load axis may have
+/// another mode.
+[[nodiscard]] LabelPair AxisTitlesFor(const Session& session, bool absoluteLoads);
 
 }  // namespace zentab::app

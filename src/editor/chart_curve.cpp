@@ -15,10 +15,6 @@ void Widen(Range& range, double value, bool first) {
 
 }  // namespace
 
-bool ChartCurve::IsPositive() const {
-  return !points.empty() && load.minimum > 0.0 && time.minimum > 0.0;
-}
-
 ChartCurve CurveOf(const CurveGrid& grid, std::string_view localeDecimalSeparator) {
   ChartCurve curve;
   for (int row = kFirstRow; row <= kLastRow; ++row) {

@@ -32,8 +32,6 @@ struct ChartCurve {
 
   /// A curve needs two rows. The commands that store or hand on a table need it as well.
   [[nodiscard]] bool IsShown() const { return rowCount >= 2; }
-  /// Whether logarithmic axes can show every point.
-  [[nodiscard]] bool IsPositive() const;
 
   friend bool operator==(const ChartCurve&, const ChartCurve&) = default;
 };

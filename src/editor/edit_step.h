@@ -37,6 +37,9 @@ enum class EditStep {
   FitCurve,
   ThinOut,
   Resample,
+  // points by hand in the chart
+  MovePoint,
+  AddPoint,
   // the library
   Update,
   AddNew,

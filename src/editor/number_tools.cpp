@@ -100,7 +100,7 @@ struct TextPair {
 
 // Empty when numbers near the limits of a double have no others between them.
 std::vector<TextPair> PointsBetween(const ChartPoint& from, const ChartPoint& to, int count,
-                                    bool logarithmicAxes, std::string_view separator) {
+                                    AxisKinds axes, std::string_view separator) {
   constexpr double kSixDigits = 5e-7;
   constexpr double kPartOfStep = 1e-3;  // of the way to the next point, which a load must not reach
   const bool spacedByRatio = from.load > 0.0 && to.load > 0.0;
@@ -113,8 +113,8 @@ std::vector<TextPair> PointsBetween(const ChartPoint& from, const ChartPoint& to
     const std::string text = texts::ShortText(load, roughly, separator);
     // The time belongs to the load as it is written.
     const double written = NumberIn(text, separator).value_or(load);
-    const double part = PartOf(from.load, to.load, written, logarithmicAxes);
-    const double time = Between(from.time, to.time, part, logarithmicAxes);
+    const double part = PartOf(from.load, to.load, written, axes.load);
+    const double time = Between(from.time, to.time, part, axes.time);
     if (!std::isfinite(load) || !std::isfinite(time)) return {};
     points.push_back({text, texts::ShortText(time, std::abs(time) * kSixDigits, separator)});
     before = load;
@@ -189,7 +189,7 @@ RowSpan PointsToFillBetween(const CurveGrid& grid, const RowSpan& rows,
   return found.last == 0 ? kNone : found;
 }
 
-ToolOutcome FillBetween(WorkingTable& table, const RowSpan& rows, int count, bool logarithmicWanted,
+ToolOutcome FillBetween(WorkingTable& table, const RowSpan& rows, int count, AxisKinds logarithmic,
                         std::string_view localeDecimalSeparator) {
   const RowSpan ends = PointsToFillBetween(table.grid, rows, localeDecimalSeparator);
   if (ends.first == 0) return ToolOutcome::NoTwoPoints;
@@ -200,9 +200,9 @@ ToolOutcome FillBetween(WorkingTable& table, const RowSpan& rows, int count, boo
   const ChartPoint from = *PointAt(curve, ends.first);
   const ChartPoint to = *PointAt(curve, ends.last);
   if (from.load == to.load) return ToolOutcome::SameLoad;
-  const bool logarithmicAxes = logarithmicWanted && curve.IsPositive();
-  const std::vector<TextPair> points =
-      PointsBetween(from, to, count, logarithmicAxes, localeDecimalSeparator);
+  const AxisKinds axes =
+      PossibleKinds(logarithmic, curve.load.minimum > 0.0, curve.time.minimum > 0.0);
+  const std::vector<TextPair> points = PointsBetween(from, to, count, axes, localeDecimalSeparator);
   if (points.empty()) return ToolOutcome::OutOfRange;
   const int missing = count - (ends.last - ends.first - 1);
   if (missing > 0) {

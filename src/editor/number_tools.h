@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "editor/chart_axes.h"
 #include "editor/clipboard_text.h"
 #include "editor/tool_outcome.h"
 #include "editor/value_modes.h"
@@ -41,12 +42,11 @@ namespace zentab::editor {
 
 /// Puts `count` (from 1) points between two points; see PointsToFillBetween. Their loads are
 /// logarithmically spaced where both loads are positive, else evenly. Their times lie on the
-/// straight line between the two in the chart: on logarithmic axes, if those are wanted and every
-/// point of the table is positive, else on linear ones. They are written with
-/// six or seven significant digits. Empty
-/// rows between the two are used up, then the rows below move down.
+/// straight line between the two in the chart, whose axes are logarithmic where `logarithmic` says
+/// so and the points of the table allow it; see PossibleKinds. They are written with six or seven
+/// significant digits. Empty rows between the two are used up, then the rows below move down.
 [[nodiscard]] ToolOutcome FillBetween(WorkingTable& table, const RowSpan& rows, int count,
-                                      bool logarithmicWanted,
+                                      AxisKinds logarithmic,
                                       std::string_view localeDecimalSeparator);
 
 }  // namespace zentab::editor

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "texts/chart_texts.h"
 #include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
 #include "texts/library_texts.h"
@@ -173,7 +174,7 @@ struct ProgramTexts {
 };
 
 /// The steps of the history that have a name.
-inline constexpr std::size_t kEditSteps = 35;
+inline constexpr std::size_t kEditSteps = 37;
 
 /// What the history of a session says. The names of the steps stand in the order of
 /// editor::EditStep.
@@ -218,6 +219,8 @@ struct HistoryTexts {
       "Fit",
       "Thin out",
       "Resample",
+      "Move point",
+      "Add point",
       "Update entry",
       "Add new entry",
       "Remove entry",
@@ -246,6 +249,7 @@ struct CatalogueTexts {
   ImportSettings import;
   ProgramTexts program;
   GraphTexts graph;
+  ChartTexts chart;
   CurveTexts curve;
   CurveDialogTexts curveDialogs;
   ReportTexts report;

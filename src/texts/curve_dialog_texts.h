@@ -64,7 +64,9 @@ struct CurveDialogTexts {
   std::string milliseconds = "or ms";
   std::string assignedError = "Class";
   std::string factors = "Factors";
-  std::string factorsTip = "From which multiple of the pickup value on the class counts how many times, as in 2:2.5 5:1.5 10:1";
+  std::string factorsTip =
+      "From which multiple of the pickup value on the class counts how many times, as in 2:2.5 "
+      "5:1.5 10:1";
   std::string loadPercent = "Load ± %";
   std::string copy = "Copy";
   std::string close = "Close";
@@ -79,9 +81,11 @@ struct CurveDialogTexts {
   std::string passed = "passed";
   std::string failed = "failed";
   std::string outside = "outside";
-  std::string allPassed = "Passed: all %1 points are within the limits, the largest deviation is %2 %";
+  std::string allPassed =
+      "Passed: all %1 points are within the limits, the largest deviation is %2 %";
   std::string notPassed = "Not passed: %1 passed, %2 failed, %3 outside the reference";
-  std::string chooseReference = "Choose what to assess against: the selected entry or a standard curve.";
+  std::string chooseReference =
+      "Choose what to assess against: the selected entry or a standard curve.";
   std::string badLimit = "%1: a number from 0 up is needed";
   std::string badFactors = "%1: pairs such as 2:2.5 are needed, by increasing multiples";
   std::string panelName = "Assessment";

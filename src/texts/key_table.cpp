@@ -282,8 +282,9 @@ constexpr std::array<const char*, kEditSteps> kStepKeys = {
     "STEP.SORT",          "STEP.REVERSE",     "STEP.SCALE.LOADS", "STEP.SCALE.TIMES",
     "STEP.SHIFT.LOADS",   "STEP.SHIFT.TIMES", "STEP.ROUND",       "STEP.CONVERT.LOADS",
     "STEP.CONVERT.TIMES", "STEP.FILL",        "STEP.CURVE",       "STEP.FIT",
-    "STEP.THIN",          "STEP.RESAMPLE",    "STEP.UPDATE",      "STEP.ADDNEW",
-    "STEP.REMOVE",        "STEP.IMPORT",      "STEP.BRINGBACK",
+    "STEP.THIN",          "STEP.RESAMPLE",    "STEP.POINT.MOVE",  "STEP.POINT.ADD",
+    "STEP.UPDATE",        "STEP.ADDNEW",      "STEP.REMOVE",      "STEP.IMPORT",
+    "STEP.BRINGBACK",
 };
 
 // What is said of the points and asked by the tools on them.
@@ -360,6 +361,7 @@ std::vector<KeyRow> AllRows() {
   }
   Append(table, MenuRows());
   Append(table, PointRows());
+  Append(table, ChartRows());
   return table;
 }
 

@@ -57,6 +57,9 @@ struct HistoryField {
 struct StepName {
   std::size_t step;  // as of HistoryTexts
 };
+struct ChartField {
+  std::string ChartTexts::*field;
+};
 struct CurveField {
   std::string CurveTexts::*field;
 };
@@ -102,9 +105,9 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, CurveField, CurveDialogField, LibraryField, ReportField, OutputField,
-                 ExchangeField, EquationSlot, HistoryField, StepName, ImportField, TimeoutText,
-                 SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+                 GraphField, ChartField, CurveField, CurveDialogField, LibraryField, ReportField,
+                 OutputField, ExchangeField, EquationSlot, HistoryField, StepName, ImportField,
+                 TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
@@ -117,6 +120,8 @@ struct KeyRow {
 
 /// The keys of the menu for curves, its dialogs and the assessment.
 [[nodiscard]] const std::vector<KeyRow>& CurveDialogRows();
+/// The keys of the chart's menus and texts.
+[[nodiscard]] const std::vector<KeyRow>& ChartRows();
 
 /// The keys of the menu for the library as a whole.
 [[nodiscard]] const std::vector<KeyRow>& LibraryRows();

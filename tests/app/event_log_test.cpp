@@ -74,7 +74,7 @@ TEST(SessionTexts, FollowTheInstrumentAndTheValueModes) {
   session.modes.milliseconds = true;
   session.texts.labels.timeMilliseconds = "in %X";
   EXPECT_EQ(LabelsFor(session).load, "Load level (V)");
-  EXPECT_EQ(AxisTitlesFor(session).time, "in mS");
+  EXPECT_EQ(AxisTitlesFor(session, session.modes.absoluteValues).time, "in mS");
   session.table.grid.SetCell(1, 1, "1,5");
   session.table.grid.SetCell(2, 1, "2");
   EXPECT_EQ(Expanded(session, "%U %V %T"), "Voltage V 1.5;2");

@@ -15,22 +15,17 @@ TEST(ChartCurve, FollowsTheRowsThatAreNotEmpty) {
     std::vector<Cell> cells;
     int rowCount;
     std::vector<int> pointRows;
-    bool shown, positive;
+    bool shown;
   } cases[] = {
-      {"empty", {}, 1, {}, false, false},
-      {"one point", {{1, 1, "2"}, {1, 2, "3"}}, 1, {1}, false, true},
-      {"two points",
-       {{1, 1, "2,5"}, {1, 2, "3"}, {2, 1, "4"}, {2, 2, "0.5"}},
-       2,
-       {1, 2},
-       true,
-       true},
-      {"a load alone", {{2, 1, "2"}}, 2, {}, true, false},
-      {"a time alone, far down", {{1, 1, "1"}, {1, 2, "1"}, {26, 2, "2"}}, 26, {1}, true, true},
-      {"a text", {{1, 1, "1"}, {1, 2, "1"}, {2, 1, "x"}, {2, 2, "1"}}, 2, {1}, true, true},
-      {"zero", {{1, 1, "0"}, {1, 2, "1"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true, false},
-      {"zero time", {{1, 1, "1"}, {1, 2, "0"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true, false},
-      {"negative", {{1, 1, "1"}, {1, 2, "-1"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true, false},
+      {"empty", {}, 1, {}, false},
+      {"one point", {{1, 1, "2"}, {1, 2, "3"}}, 1, {1}, false},
+      {"two points", {{1, 1, "2,5"}, {1, 2, "3"}, {2, 1, "4"}, {2, 2, "0.5"}}, 2, {1, 2}, true},
+      {"a load alone", {{2, 1, "2"}}, 2, {}, true},
+      {"a time alone, far down", {{1, 1, "1"}, {1, 2, "1"}, {26, 2, "2"}}, 26, {1}, true},
+      {"a text", {{1, 1, "1"}, {1, 2, "1"}, {2, 1, "x"}, {2, 2, "1"}}, 2, {1}, true},
+      {"zero", {{1, 1, "0"}, {1, 2, "1"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true},
+      {"zero time", {{1, 1, "1"}, {1, 2, "0"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true},
+      {"negative", {{1, 1, "1"}, {1, 2, "-1"}, {2, 1, "1"}, {2, 2, "1"}}, 2, {1, 2}, true},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
@@ -42,7 +37,6 @@ TEST(ChartCurve, FollowsTheRowsThatAreNotEmpty) {
     EXPECT_EQ(rows, c.pointRows);
     EXPECT_EQ(curve.rowCount, c.rowCount);
     EXPECT_EQ(curve.IsShown(), c.shown);
-    EXPECT_EQ(curve.IsPositive(), c.positive);
   }
 }
 

@@ -76,8 +76,14 @@ ToolOutcome Use(const std::string& tool, Given& given) {
       {"shift loads", [&] { return ShiftNumbers(table, loads, given.number, kSeparator); }},
       {"shift times", [&] { return ShiftNumbers(table, times, given.number, kSeparator); }},
       {"round", [&] { return RoundNumbers(table, given.Area(1, 2), whole, kSeparator); }},
-      {"fill", [&] { return FillBetween(table, given.rows, whole, true, kSeparator); }},
-      {"fill linear", [&] { return FillBetween(table, given.rows, whole, false, kSeparator); }},
+      {"fill",
+       [&] {
+         return FillBetween(table, given.rows, whole, {true, true}, kSeparator);
+       }},
+      {"fill linear",
+       [&] {
+         return FillBetween(table, given.rows, whole, {false, false}, kSeparator);
+       }},
       {"absolute", [&] { return ConvertLoads(table, given.modes, kSeparator); }},
       {"relative", [&] { return ConvertLoads(table, given.modes, kSeparator); }},
       {"ms", [&] { return ConvertTimes(table, given.modes, kSeparator); }},

@@ -111,8 +111,18 @@ class ChartTest : public QObject {
         colours.setColor(QPalette::Base, QColor(base));
         colours.setColor(QPalette::Highlight, QColor(highlight));
         chart.setPalette(colours);
-        const double contrast = ContrastOf(chart.plottable(0)->pen().color(), QColor(base));
-        QVERIFY2(contrast >= 3.0, qPrintable(QStringLiteral("%1: %2").arg(base).arg(contrast)));
+        const QCPGrid& grid = *chart.xAxis->grid();
+        const struct {
+          QPen pen;
+          double least;
+        } lines[] = {{chart.plottable(0)->pen(), 3.0},
+                     {chart.xAxis->basePen(), 3.0},
+                     {grid.pen(), 1.3},
+                     {grid.subGridPen(), 1.3}};
+        for (const auto& [pen, least] : lines) {
+          const double contrast = ContrastOf(pen.color(), QColor(base));
+          QVERIFY2(contrast >= least, qPrintable(QStringLiteral("%1: %2").arg(base).arg(contrast)));
+        }
       }
     }
     QVERIFY(std::abs(ContrastOf(Qt::black, Qt::white) - 21.0) < 1e-9);

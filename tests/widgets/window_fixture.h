@@ -33,6 +33,8 @@ class AnsweringDialogs : public UserDialogs {
   QString file;
   int filesAsked = 0;
   std::optional<double> number;
+  std::optional<AxisLimits> limits;
+  std::vector<std::size_t> entries;
   std::vector<std::string> asked;
   std::function<void()> onError;
   std::function<void()> onConfirm;
@@ -52,7 +54,16 @@ class AnsweringDialogs : public UserDialogs {
     asked.push_back(question.title.toStdString());
     return number && question.accepts(*number) ? number : std::nullopt;
   }
+  std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override {
+    asked.push_back(question.loadLabel.toStdString());
+    return limits;
+  }
   QString ChooseTableFile() override { return ++filesAsked, file; }
+  std::vector<std::size_t> ChooseEntries(const QString& title,
+                                         const std::vector<std::string>&) override {
+    asked.push_back(title.toStdString());
+    return entries;
+  }
   QString ChooseGraphFile() override { return ++filesAsked, file; }
   QString ChooseNewTableFile() override { return ++filesAsked, file; }
   void OpenFolder(const QString& folder) override { asked.push_back(folder.toStdString()); }

@@ -15,9 +15,8 @@ struct NameRow {
 
 // Controls without caption and label, as long as no catalogue names them.
 constexpr NameRow kNames[] = {
-    {"MSFlexGrid1", "Points of the curve"},
-    {"MSChart1", "Chart of the curve"},
-    {"TextFilter", "Find a name"},
+    {"MSFlexGrid1", "Points of the curve"}, {"MSChart1", "Chart of the curve"},
+    {"ListLegend", "Curves in the chart"},  {"TextFilter", "Find a name"},
     {"Text1", "Name of the new entry"},
 };
 

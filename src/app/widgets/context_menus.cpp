@@ -15,8 +15,11 @@ ContextMenus::ContextMenus(QMainWindow& form)
   listMenu_->setObjectName(QStringLiteral("m_listmenu"));
   auto* const chartMenu = new QMenu(&form);
   chartMenu->setObjectName(QStringLiteral("m_chartmenu"));
-  for (const char* const name : {"m_fit", "m_log"}) {
+  for (const char* const name : {"m_marka", "m_markb", "m_marknone", "m_fit", "m_log"}) {
     chartMenu->addAction(form.findChild<QAction*>(QLatin1String(name)));
+  }
+  for (const char* const name : {"m_compare", "m_axes"}) {
+    chartMenu->addAction(form.findChild<QMenu*>(QLatin1String(name))->menuAction());
   }
   Watch("List1", listMenu_);
   Watch("MSChart1", chartMenu);
@@ -45,6 +48,8 @@ void ContextMenus::FillListMenu() {
     action->setEnabled(button->isEnabled());
     connect(action, &QAction::triggered, button, &QAbstractButton::click);
   }
+  listMenu_->addSeparator();
+  listMenu_->addAction(form_.findChild<QAction*>(QStringLiteral("m_cmpentry")));
 }
 
 bool ContextMenus::Show(QWidget& control, const QContextMenuEvent& event) {

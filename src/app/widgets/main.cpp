@@ -29,7 +29,11 @@ class NobodyToAsk final : public app::UserDialogs {
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
+  std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
   QString ChooseTableFile() override { return {}; }
+  std::vector<std::size_t> ChooseEntries(const QString&, const std::vector<std::string>&) override {
+    return {};
+  }
   QString ChooseTargetFile() override { return {}; }
   QString ChooseNewTableFile() override { return {}; }
   void OpenFolder(const QString&) override {}

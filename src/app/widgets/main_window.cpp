@@ -15,7 +15,13 @@
 #include "app/session_texts.h"
 #include "app/start_up.h"
 #include "app/widgets/accessible_names.h"
+#include "app/widgets/chart/axes_controller.h"
+#include "app/widgets/chart/axes_menu.h"
 #include "app/widgets/chart/chart_panel.h"
+#include "app/widgets/chart/overlay_controller.h"
+#include "app/widgets/chart/point_hand_controller.h"
+#include "app/widgets/chart/read_out_controller.h"
+#include "app/widgets/colour_scheme.h"
 #include "app/widgets/context_menus.h"
 #include "app/widgets/curve/assessment_controller.h"
 #include "app/widgets/curve/curve_controller.h"
@@ -78,6 +84,12 @@ MainWindow::MainWindow(MainWindowParts parts)
       exchange_(new ExchangeController(session_, files_, writer_, parts.dialogs, parts.store,
                                        parts.title, *this)),
       modes_(new ValueModeBinding(session_, *table_)),
+      axes_(new AxesController(session_, files_, parts.store, parts.title, parts.dialogs,
+                               *chart_->chart)),
+      hand_(new PointHandController(session_, *chart_->chart, *table_->grid)),
+      overlays_(
+          new OverlayController(session_, files_, *libraryController_, parts.dialogs, *chart_)),
+      readOut_(new ReadOutController(session_, *chart_->chart, *table_->grid)),
       status_(new StatusLine(session_, statusBar())),
       undo_(new HistoryController(
           {session_, history_, files_, *table_, *modes_, *libraryController_, *instruments_})),
@@ -101,7 +113,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   setWindowTitle(QStringLiteral("Relay curve table editor"));
   resize(SizeOnScreen(kDesignedSize, screen()->availableSize()));
   BuildPanels();
-  BuildMenus();
+  BuildMenus(parts);
   ConnectPanels();
   ConnectLibraryFiles();
   ConnectTools();
@@ -132,7 +144,7 @@ void MainWindow::BuildPanels() {
   new PanelFocus(frame, {library_, table_, chart_});
 }
 
-void MainWindow::BuildMenus() {
+void MainWindow::BuildMenus(const MainWindowParts& parts) {
   QMenu* const options = menuBar()->addMenu(QStringLiteral("&Options"));
   options->setObjectName(QStringLiteral("m_opt"));
   const auto add = [&](QMenu* menu, const char* name, const QString& caption,
@@ -166,14 +178,12 @@ void MainWindow::BuildMenus() {
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("Vie&w"));
   view->setObjectName(QStringLiteral("m_view"));
-  QAction* const logarithmic =
-      add(view, "m_log", QStringLiteral("&Logarithmic axes"), QKeySequence(Qt::CTRL | Qt::Key_L));
-  logarithmic->setCheckable(true);
-  logarithmic->setChecked(true);
-  connect(logarithmic, &QAction::toggled, chart_->chart, &editor::CurveChart::SetLogarithmicWanted);
   connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
           &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
-  connect(logarithmic, &QAction::toggled, tools_, &PointToolsController::SetLogarithmicWanted);
+  new AxesMenu(*view, *axes_);
+  readOut_->AddTo(*view);
+  overlays_->AddTo(*view);
+  new ColourScheme(*view, files_, parts.store, parts.title);
   new PanelWalk(*view, {{{library_, library_->findChild<QListView*>()},
                          {table_, table_->grid},
                          {chart_, chart_->chart}}});
@@ -227,7 +237,14 @@ void MainWindow::ConnectTools() {
     modes_->Show();
     RefreshCaptions();
   });
+  connect(axes_, &AxesController::KindsWanted, tools_, &PointToolsController::SetLogarithmic);
   connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
+  connect(hand_, &PointHandController::CommandBegun, status_, &StatusLine::Clear);
+  connect(hand_, &PointHandController::PointMoved, this, &MainWindow::ShowEdits);
+  connect(hand_, &PointHandController::TableChanged, this, &MainWindow::ShowEdits);
+  connect(hand_, &PointHandController::Failed, status_, &StatusLine::ShowFailure);
+  connect(overlays_, &OverlayController::CommandBegun, status_, &StatusLine::Clear);
+  connect(overlays_, &OverlayController::Failed, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectCurves() {
@@ -288,6 +305,7 @@ void MainWindow::ConnectHistory() {
   connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
   connect(tools_, &PointToolsController::AboutToChange, this, remember);
   connect(curves_, &CurveController::AboutToChange, this, remember);
+  connect(hand_, &PointHandController::AboutToChange, this, remember);
   connect(modes_, &ValueModeBinding::AboutToChange, this, remember);
   connect(libraryController_, &LibraryController::AboutToChange, this, remember);
   connect(exchange_, &ExchangeController::AboutToChange, this, remember);
@@ -309,6 +327,7 @@ void MainWindow::ConnectHistory() {
   connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(tools_, &PointToolsController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(curves_, &CurveController::TableChanged, recovery_, &RecoveryKeeper::Follow);
+  connect(hand_, &PointHandController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(libraryController_, &LibraryController::LibraryChanged, recovery_,
           &RecoveryKeeper::Follow);
   connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
@@ -393,9 +412,9 @@ void MainWindow::RefreshCaptions() {
   session_.table.grid.SetHeadings(session_.texts.program.loadHeading,
                                   session_.texts.program.timeHeading);
   table_->grid->ShowAll();
-  const LabelPair titles = AxisTitlesFor(session_);
-  chart_->chart->SetAxisTitles(QString::fromStdString(titles.load),
-                               QString::fromStdString(titles.time));
+  axes_->Refresh();
+  overlays_->Refresh();
+  readOut_->Refresh();
   status_->Refresh();
   names_->Refresh();
   assessment_->RefreshTexts();

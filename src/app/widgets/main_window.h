@@ -22,6 +22,7 @@ namespace zentab::app {
 
 class AccessibleNames;
 class AssessmentController;
+class AxesController;
 class ChartPanel;
 class CheckMarks;
 class ClipboardController;
@@ -32,8 +33,11 @@ class InstrumentController;
 class LibraryController;
 class LibraryFilesController;
 class LibraryPanel;
+class ReadOutController;
 class RecoveryKeeper;
 class ReportController;
+class OverlayController;
+class PointHandController;
 class PointToolsController;
 class PointToolsMenu;
 class ReferenceGraphController;
@@ -78,7 +82,7 @@ class MainWindow : public QMainWindow {
 
  private:
   void BuildPanels();
-  void BuildMenus();
+  void BuildMenus(const MainWindowParts& parts);
   void ConnectPanels();
   void ConnectLibraryFiles();
   void ConnectHistory();
@@ -111,6 +115,10 @@ class MainWindow : public QMainWindow {
   PointToolsController* tools_;
   ExchangeController* exchange_;
   ValueModeBinding* modes_;
+  AxesController* axes_;
+  PointHandController* hand_;  // takes the mouse before the crosshair follows it
+  OverlayController* overlays_;
+  ReadOutController* readOut_;
   StatusLine* status_;
   HistoryController* undo_;
   RecoveryKeeper* recovery_;

@@ -11,6 +11,8 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include "app/widgets/chart/entry_choice_dialog.h"
+#include "app/widgets/chart/limits_dialog.h"
 #include "app/widgets/table/number_dialog.h"
 
 namespace zentab::app {
@@ -43,6 +45,17 @@ void QtUserDialogs::ReportError(const texts::MessageText& message) {
 std::optional<double> QtUserDialogs::AskNumber(const NumberQuestion& question) {
   NumberDialog dialog(question, session_, WindowInFront());
   return dialog.exec() == QDialog::Accepted ? dialog.Number() : std::nullopt;
+}
+
+std::optional<AxisLimits> QtUserDialogs::AskLimits(const LimitsQuestion& question) {
+  LimitsDialog dialog(question, session_, WindowInFront());
+  return dialog.exec() == QDialog::Accepted ? dialog.Limits() : std::nullopt;
+}
+
+std::vector<std::size_t> QtUserDialogs::ChooseEntries(const QString& title,
+                                                      const std::vector<std::string>& names) {
+  EntryChoiceDialog dialog(title, names, session_, WindowInFront());
+  return dialog.exec() == QDialog::Accepted ? dialog.Chosen() : std::vector<std::size_t>();
 }
 
 // Asked from a dialog of the main window, a question belongs in front of that dialog.

@@ -20,8 +20,11 @@ class QtUserDialogs : public UserDialogs {
   void Inform(const texts::MessageText& message) override;
   void ReportError(const texts::MessageText& message) override;
   std::optional<double> AskNumber(const NumberQuestion& question) override;
+  std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override;
   QString ChooseTableFile() override;
   QString ChooseGraphFile() override;
+  std::vector<std::size_t> ChooseEntries(const QString& title,
+                                         const std::vector<std::string>& names) override;
   QString ChooseTargetFile() override;
   QString ChooseNewTableFile() override;
   void OpenFolder(const QString& folder) override;

@@ -3,7 +3,10 @@
 #include <QString>
 #include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
+#include "editor/chart_axes.h"
 #include "texts/catalogue_texts.h"
 
 class QPrinter;
@@ -30,6 +33,22 @@ struct WriteQuestion {
 /// Draws the pages of a document on a printer.
 using PagePainter = std::function<void(QPrinter&)>;
 
+/// The limits of two axes; nothing: as far as what is shown reaches.
+struct AxisLimits {
+  std::optional<editor::Range> loads;
+  std::optional<editor::Range> times;
+};
+
+/// The question for the limits of the chart's axes, in the units that they are labelled with.
+struct LimitsQuestion {
+  AxisLimits limits;    // as they are
+  editor::Range loads;  // what is in view now: the other end where only one is given
+  editor::Range times;
+  editor::AxisKinds logarithmic;  // such an axis takes nothing but numbers above zero
+  QString loadLabel;
+  QString timeLabel;
+};
+
 /// What the main window asks the user, so that a test can give the answers.
 class UserDialogs {
  public:
@@ -43,6 +62,8 @@ class UserDialogs {
   virtual void ReportError(const texts::MessageText& message) = 0;
   /// Asks for a number; nothing when cancelled.
   [[nodiscard]] virtual std::optional<double> AskNumber(const NumberQuestion& question) = 0;
+  /// Asks for the limits of the axes; nothing when cancelled.
+  [[nodiscard]] virtual std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
   /// Lets the user name a table file to be made; one that exists has been agreed to be replaced.
@@ -50,6 +71,9 @@ class UserDialogs {
   [[nodiscard]] virtual QString ChooseNewTableFile() = 0;
   /// Shows a folder in the system's file manager.
   virtual void OpenFolder(const QString& folder) = 0;
+  /// Lets the user choose some of the entries of a file, by their places among the names.
+  [[nodiscard]] virtual std::vector<std::size_t> ChooseEntries(
+      const QString& title, const std::vector<std::string>& names) = 0;
   /// Lets the user choose an existing reference graph file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseGraphFile() = 0;
   /// Lets the user choose the table file to add entries to, which need not exist; empty when

@@ -48,6 +48,11 @@ QWidget* ChartPanel::BuildChartPlace() {
   layout->setContentsMargins(1, 1, 1, 1);
   layout->addWidget(hint, 0, 0);
   layout->addWidget(chart, 0, 0);
+  layout->setRowStretch(0, 1);
+  differences = new editor::DifferencePanel(*chart, place);
+  layout->addWidget(differences, 1, 0);
+  legend = new editor::CurveLegend(place);
+  layout->addWidget(legend, 2, 0);
   return place;
 }
 

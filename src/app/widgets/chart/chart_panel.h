@@ -3,6 +3,8 @@
 #include <QWidget>
 
 #include "editor/widgets/chart/curve_chart.h"
+#include "editor/widgets/chart/curve_legend.h"
+#include "editor/widgets/chart/difference_panel.h"
 
 class QLineEdit;
 class QPushButton;
@@ -22,6 +24,8 @@ class ChartPanel : public QWidget {
   void AddBelowChart(QWidget* panel);
 
   editor::CurveChart* chart = nullptr;
+  editor::DifferencePanel* differences = nullptr;
+  editor::CurveLegend* legend = nullptr;
   QPushButton* command5 = nullptr;   // Set GRH
   QPushButton* command6 = nullptr;   // Import GRH
   QPushButton* command10 = nullptr;  // Import time test

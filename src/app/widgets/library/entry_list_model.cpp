@@ -1,5 +1,6 @@
 #include "app/widgets/library/entry_list_model.h"
 
+#include <QMimeData>
 #include <algorithm>
 
 #include "app/entry_filter.h"
@@ -9,7 +10,22 @@ namespace {
 
 constexpr qsizetype kLongestShown = 200;
 
+const QString& EntriesType() {
+  static const QString type = QStringLiteral("application/x-zentab-entries");
+  return type;
+}
+
 }  // namespace
+
+std::vector<std::size_t> EntriesIn(const QMimeData& data) {
+  std::vector<std::size_t> entries;
+  for (const QByteArray& place : data.data(EntriesType()).split(' ')) {
+    bool isNumber = false;
+    const auto entry = place.toULongLong(&isNumber);
+    if (isNumber) entries.push_back(static_cast<std::size_t>(entry));
+  }
+  return entries;
+}
 
 QString ShownName(const std::string& name) {
   const auto length = std::min<std::size_t>(name.size(), 4 * kLongestShown);
@@ -42,6 +58,21 @@ QVariant EntryListModel::data(const QModelIndex& index, int role) const {
   const std::size_t entry = EntryOf(index.row());
   if (entry >= names_.size()) return {};
   return ShownName(names_[entry]);
+}
+
+Qt::ItemFlags EntryListModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+  return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
+QStringList EntryListModel::mimeTypes() const { return {EntriesType()}; }
+
+QMimeData* EntryListModel::mimeData(const QModelIndexList& indexes) const {
+  QByteArrayList places;
+  for (const QModelIndex& index : indexes) places += QByteArray::number(EntryOf(index.row()));
+  auto* const data = new QMimeData;
+  data->setData(EntriesType(), places.join(' '));
+  return data;
 }
 
 void EntryListModel::Reload() { Show(filter_); }

@@ -8,7 +8,12 @@
 
 #include "tables/table_listing.h"
 
+class QMimeData;
+
 namespace zentab::app {
+
+/// The entries that are dragged, by their places among all names; none of other data.
+[[nodiscard]] std::vector<std::size_t> EntriesIn(const QMimeData& data);
 
 /// An entry's name as one short line: a damaged file may hold a name of any length and content.
 [[nodiscard]] QString ShownName(const std::string& name);
@@ -25,6 +30,11 @@ class EntryListModel : public QAbstractListModel {
   [[nodiscard]] QModelIndex index(int row, int column = 0,
                                   const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+  /// Names can be dragged to where EntriesIn understands them.
+  [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+  [[nodiscard]] QStringList mimeTypes() const override;
+  [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
 
   /// The names have changed.
   void Reload();

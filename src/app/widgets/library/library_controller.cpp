@@ -262,6 +262,21 @@ bool LibraryController::Run(Command command, tables::EntryMark& mark) {
   return false;
 }
 
+bool LibraryController::ReadLine(tables::EntryMark mark, std::string& line) {
+  const std::size_t readings = session_.listing.readings;
+  const tables::EntryMark selected = SelectedMark();
+  const ResponsiveFiles::Work work(files_);
+  const std::error_code error = tables::ReadEntryLine(
+      files_, ActiveTableFile(files_, PlaceOf(session_)), session_.listing, mark, line);
+  // cppcheck-suppress knownConditionTrueFalse
+  if (session_.listing.readings != readings) ShowChanged(selected);
+  if (!error) return true;
+  const texts::ProgramTexts& texts = session_.texts.program;
+  Q_EMIT Failed(error == tables::kEntryChanged ? WriteFailureText(error)
+                                               : FailureText(texts, texts.readFailed, error));
+  return false;
+}
+
 NameResult LibraryController::Add(const QString& name, std::error_code& error) {
   const std::size_t readings = session_.listing.readings;
   const ResponsiveFiles::Work work(files_);

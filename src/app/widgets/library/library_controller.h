@@ -35,6 +35,8 @@ class LibraryController : public QObject {
   void ShowChanged(const tables::EntryMark& entry);
   /// Selects the entry that the grid's table comes from, where the list has it.
   void SelectSource();
+  /// Reads the line of an entry; says so where it cannot be read.
+  [[nodiscard]] bool ReadLine(tables::EntryMark mark, std::string& line);
   /// Why the active table file was not changed, in one line.
   [[nodiscard]] QString WriteFailureText(std::error_code error) const;
 

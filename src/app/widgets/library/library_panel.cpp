@@ -41,6 +41,7 @@ LibraryPanel::LibraryPanel(const std::vector<std::string>& names, QWidget* paren
   list1_->setItemDelegate(new RoomyRows(list1_));
   list1_->setUniformItemSizes(true);
   list1_->setTextElideMode(Qt::ElideRight);
+  list1_->setDragDropMode(QAbstractItemView::DragOnly);
   list1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list1_->setToolTip(QStringLiteral("The curve tables of the active table file"));
   connect(list1_, &QListView::activated, this, &LibraryPanel::ReadWanted);

@@ -135,7 +135,7 @@ ToolOutcome PointToolsController::Apply(EditStep tool, const CellArea& selected,
       return editor::ConvertTimes(work.table, work.modes, separator);
     case EditStep::FillBetween:
       return editor::FillBetween(work.table, {selected.top, selected.bottom},
-                                 static_cast<int>(number), logarithmicWanted_, separator);
+                                 static_cast<int>(number), logarithmic_, separator);
     default:
       return ApplyToRows(tool, selected, work);
   }

@@ -6,6 +6,7 @@
 
 #include "app/session.h"
 #include "app/widgets/user_dialogs.h"
+#include "editor/chart_axes.h"
 #include "editor/clipboard_text.h"
 #include "editor/edit_step.h"
 #include "editor/tool_outcome.h"
@@ -28,8 +29,8 @@ class PointToolsController : public QObject {
   void Run(editor::EditStep tool, const QString& title);
 
  public Q_SLOTS:
-  /// Whether the chart's axes are to be logarithmic, as they are at first.
-  void SetLogarithmicWanted(bool wanted) { logarithmicWanted_ = wanted; }
+  /// Which of the chart's axes are to be logarithmic, both at first.
+  void SetLogarithmic(zentab::editor::AxisKinds wanted) { logarithmic_ = wanted; }
 
  Q_SIGNALS:
   /// Table or value modes are about to change, in one step of the user's.
@@ -63,7 +64,7 @@ class PointToolsController : public QObject {
   TablePanel& panel_;
   UserDialogs& dialogs_;
   std::map<editor::EditStep, double> lastNumbers_;  // that the user gave
-  bool logarithmicWanted_ = true;
+  editor::AxisKinds logarithmic_;
 };
 
 }  // namespace zentab::app

@@ -24,6 +24,23 @@ double ContrastOf(const QColor& a, const QColor& b) {
   return (lighter + 0.05) / (darker + 0.05);
 }
 
+QColor Contrasting(const QColor& colour, const QColor& background, double contrast) {
+  const bool lighter = ContrastOf(Qt::white, background) > ContrastOf(Qt::black, background);
+  QColor shown = colour;
+  for (int step = 1; step <= kSteps && ContrastOf(shown, background) < contrast; ++step) {
+    shown = Mix(colour, lighter ? Qt::white : Qt::black, static_cast<double>(step) / kSteps);
+  }
+  return shown;
+}
+
+QColor LineOn(const QColor& background, const QColor& text, double contrast) {
+  QColor line = background;
+  for (int step = 1; step <= kSteps && ContrastOf(line, background) < contrast; ++step) {
+    line = Mix(background, text, static_cast<double>(step) / kSteps);
+  }
+  return Contrasting(line, background, contrast);
+}
+
 QColor AccentOn(const QColor& background) {
   return ReadableOn(QColor(0x1F, 0x6F, 0xC4), background);
 }
@@ -37,12 +54,7 @@ QColor FailureOn(const QColor& background) {
 }
 
 QColor ReadableOn(const QColor& wanted, const QColor& background) {
-  const bool lighter = ContrastOf(Qt::white, background) > ContrastOf(Qt::black, background);
-  QColor readable = wanted;
-  for (int step = 1; step <= kSteps && ContrastOf(readable, background) < kContrast; ++step) {
-    readable = Mix(wanted, lighter ? Qt::white : Qt::black, static_cast<double>(step) / kSteps);
-  }
-  return readable;
+  return Contrasting(wanted, background, kContrast);
 }
 
 QColor Mix(const QColor& a, const QColor& b, double share) {

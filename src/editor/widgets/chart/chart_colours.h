@@ -18,6 +18,14 @@ namespace zentab::editor {
 /// A colour, made lighter or darker as far as that contrast takes.
 [[nodiscard]] QColor ReadableOn(const QColor& wanted, const QColor& background);
 
+/// The faintest colour between background and text that has a contrast to the background, from 1 to
+/// 4.5; beyond the text's own, on the way to white or black.
+[[nodiscard]] QColor LineOn(const QColor& background, const QColor& text, double contrast);
+
+/// The colour nearest to the given one that has a contrast to the background, from 1 to 4.5: on the
+/// way to white or black.
+[[nodiscard]] QColor Contrasting(const QColor& colour, const QColor& background, double contrast);
+
 /// The colour between two, at a share of 0 (the first) to 1 (the second).
 [[nodiscard]] QColor Mix(const QColor& a, const QColor& b, double share);
 

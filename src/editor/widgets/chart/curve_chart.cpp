@@ -1,36 +1,14 @@
 #include "editor/widgets/chart/curve_chart.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "editor/widgets/chart/chart_colours.h"
-#include "editor/widgets/chart/log_paper_ticker.h"
 #include "editor/widgets/chart/marked_curve.h"
 #include "editor/widgets/chart/point_mark.h"
 
 namespace zentab::editor {
 namespace {
-
-constexpr double kMargin = 0.06;  // of the axis, on both sides of the curve
-
-// The axes refuse ranges near the limits of a double, and would go on showing an earlier one.
-constexpr double kLargestPower = 200.0;
-constexpr double kLargest = 1e200;
-
-QCPRange WithMargin(const Range& wanted, bool logarithmic) {
-  if (logarithmic) {
-    const double low = std::clamp(std::log10(wanted.minimum), -kLargestPower, kLargestPower);
-    const double high = std::clamp(std::log10(wanted.maximum), -kLargestPower, kLargestPower);
-    const double margin = std::max((high - low) * kMargin, 0.02);
-    return {std::pow(10.0, low - margin), std::pow(10.0, high + margin)};
-  }
-  const double low = std::clamp(wanted.minimum, -kLargest, kLargest);
-  const double high = std::clamp(wanted.maximum, -kLargest, kLargest);
-  const double span = high - low;
-  const double margin = span > 1.0 / kLargest ? span * kMargin : std::max(std::abs(low), 1.0) * 0.1;
-  return {low - margin, high + margin};
-}
 
 // Whether a line whose ends lie outside of it passes through the area.
 bool Crosses(const QRectF& area, const QLineF& line) {
@@ -53,8 +31,7 @@ CurveChart::CurveChart(QWidget* parent)
     : QCustomPlot(parent),
       line_(new MarkedCurve(xAxis, yAxis)),
       mark_(new PointMark(this)),
-      linearTicker_(new QCPAxisTicker),
-      logTicker_(new LogPaperTicker) {
+      axes_(*this) {
   setObjectName(QStringLiteral("MSChart1"));
   // Segment by segment: a polyline of this width costs ten times as much, and markers hide joints.
   setPlottingHint(QCP::phFastPolylines);
@@ -67,19 +44,6 @@ CurveChart::CurveChart(QWidget* parent)
     buffersFresh_ = true;
     PlaceMark();
   });
-  for (QCPAxis* const axis : {xAxis, yAxis}) {
-    axis->grid()->setSubGridVisible(true);
-    axis->grid()->setZeroLinePen(Qt::NoPen);
-    axis->setLabelPadding(6);
-    axis->setTickLength(0, 5);
-    axis->setSubTickLength(0, 3);
-  }
-  axisRect()->setupFullAxesBox(true);
-  for (QCPAxis* const axis : {xAxis2, yAxis2}) {
-    axis->setTicks(false);
-    axis->setTickLabels(false);
-  }
-  axisRect()->setMinimumMargins(QMargins(8, 12, 16, 8));
   ApplyPalette();
 }
 
@@ -98,12 +62,15 @@ void CurveChart::ShowChange(const ChartCurve& before) {
   SetCurveData();
   const QCPRange loads = xAxis->range();
   const QCPRange times = yAxis->range();
-  ApplyScaleType();
-  if (!userMovedView_ || !IsInView()) FitRanges();
+  if (!isViewHeld_) {
+    ApplyScaleType();
+    if (!userMovedView_ || !IsInView()) FitRanges();
+  }
   // An edit changes one point and mostly no axis: only its surroundings are drawn, and straight
   // to the window. The plot's own way draws everything into a picture first.
   const bool sameAxes = loads == xAxis->range() && times == yAxis->range();
   buffersFresh_ = false;
+  drawsStraight_ = true;
   if (!sameAxes) updateLayout();
   PlaceMark();
   update(sameAxes ? ChangedArea(before) : rect());
@@ -194,6 +161,8 @@ void CurveChart::paintEvent(QPaintEvent* event) {
     buffersFresh_ = false;
     replot(rpQueuedReplot);
   }
+  // What moves over the chart uncovers it again and again: from the picture.
+  if (!buffersFresh_ && !std::exchange(drawsStraight_, false)) replot(rpQueuedRefresh);
   if (buffersFresh_) {
     QCustomPlot::paintEvent(event);
     return;
@@ -205,15 +174,19 @@ void CurveChart::paintEvent(QPaintEvent* event) {
 
 void CurveChart::FitRanges() {
   userMovedView_ = false;
-  const std::optional<Extent> whole = WholeExtent();
-  if (!whole) return;
-  xAxis->setRange(WithMargin(whole->load, IsLogarithmic()));
-  yAxis->setRange(WithMargin(whole->time, IsLogarithmic()));
+  axes_.Fit(wanted_, WholeExtent());
 }
 
 void CurveChart::Fit() {
   FitRanges();
   replot(rpQueuedReplot);
+}
+
+void CurveChart::HoldView(bool held) {
+  isViewHeld_ = held;
+  if (held) return;
+  ApplyScaleType();
+  if (!userMovedView_) Fit();
 }
 
 void CurveChart::SetAxisTitles(const QString& load, const QString& time) {
@@ -222,8 +195,9 @@ void CurveChart::SetAxisTitles(const QString& load, const QString& time) {
   replot(rpQueuedReplot);
 }
 
-void CurveChart::SetLogarithmicWanted(bool wanted) {
-  logarithmicWanted_ = wanted;
+void CurveChart::SetAxes(const ViewAxes& wanted) {
+  if (wanted == wanted_) return;
+  wanted_ = wanted;
   ApplyScaleType();
   Fit();
 }
@@ -253,39 +227,15 @@ void CurveChart::PlaceMark() {
 }
 
 void CurveChart::ApplyScaleType() {
-  const std::optional<Extent> whole = WholeExtent();
-  const bool isPositive = whole && whole->load.minimum > 0.0 && whole->time.minimum > 0.0;
-  const bool logarithmic = logarithmicWanted_ && isPositive;
-  const auto type = logarithmic ? QCPAxis::stLogarithmic : QCPAxis::stLinear;
-  if (xAxis->scaleType() == type && xAxis->ticker() == (logarithmic ? logTicker_ : linearTicker_)) {
-    return;
-  }
-  for (QCPAxis* const axis : {xAxis, yAxis}) {
-    axis->setScaleType(type);
-    axis->setTicker(logarithmic ? logTicker_ : linearTicker_);
-  }
   // A view chosen on the other scale means nothing on this one.
-  userMovedView_ = false;
+  if (axes_.SetKinds(wanted_, WholeExtent())) userMovedView_ = false;
 }
 
 void CurveChart::ApplyPalette() {
-  const QPalette& colours = palette();
-  const QColor text = colours.color(QPalette::Text);
-  const QColor base = colours.color(QPalette::Base);
+  const QColor base = palette().color(QPalette::Base);
   const QColor accent = AccentOn(base);
   setBackground(QBrush(base));
-  for (QCPAxis* const axis : {xAxis, yAxis, xAxis2, yAxis2}) {
-    const QPen pen(Mix(base, text, 0.55));
-    axis->setBasePen(pen);
-    axis->setTickPen(pen);
-    axis->setSubTickPen(pen);
-    axis->setLabelColor(text);
-    axis->setTickLabelColor(text);
-    axis->setLabelFont(font());
-    axis->setTickLabelFont(font());
-    axis->grid()->setPen(QPen(Mix(base, text, 0.20)));
-    axis->grid()->setSubGridPen(QPen(Mix(base, text, 0.08)));
-  }
+  axes_.ApplyColours(palette(), font());
   line_->SetColours(accent, base);
   mark_->SetColour(accent);
   Q_EMIT PaletteChanged();
@@ -297,6 +247,13 @@ void CurveChart::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
     ApplyPalette();
   }
+}
+
+void CurveChart::resizeEvent(QResizeEvent* event) {
+  QCustomPlot::resizeEvent(event);
+  if (!wanted_.squareDecades) return;
+  updateLayout();
+  userMovedView_ ? axes_.KeepSquare(wanted_) : FitRanges();
 }
 
 void CurveChart::mouseDoubleClickEvent(QMouseEvent* event) {

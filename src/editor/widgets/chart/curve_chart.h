@@ -6,26 +6,18 @@
 #include <optional>
 
 #include "editor/chart_curve.h"
+#include "editor/widgets/chart/plot_axes.h"
 
 namespace zentab::editor {
 
 class MarkedCurve;
 class PointMark;
 
-/// The loads and times that something takes up in the chart.
-struct Extent {
-  Range load;
-  Range time;
-
-  friend bool operator==(const Extent&, const Extent&) = default;
-};
-
 /// The extent of points of load and time; nothing without points.
 [[nodiscard]] std::optional<Extent> ExtentOf(const std::vector<QPointF>& points);
 
-/// The chart `MSChart1`: trip time against load level, with a line and markers. Both axes are
-/// logarithmic when that is wanted and every point is positive. The wheel zooms, dragging moves,
-/// a double-click shows the whole curve again.
+/// The chart `MSChart1`: trip time against load level, with a line and markers. The wheel zooms,
+/// dragging moves, a double-click shows the whole curve again.
 class CurveChart : public QCustomPlot {
   Q_OBJECT
 
@@ -43,12 +35,17 @@ class CurveChart : public QCustomPlot {
   /// Brings the whole curve into view, and what else is drawn.
   void Fit();
 
+  /// While it is held the view stays, whatever curve is shown.
+  void HoldView(bool held);
+
   [[nodiscard]] const ChartCurve& Curve() const { return curve_; }
-  /// Whether the axes are logarithmic.
-  [[nodiscard]] bool IsLogarithmic() const { return xAxis->scaleType() == QCPAxis::stLogarithmic; }
+  /// Whether both axes are logarithmic.
+  [[nodiscard]] bool IsLogarithmic() const { return axes_.Kinds().AreLogarithmic(); }
+  [[nodiscard]] AxisKinds Kinds() const { return axes_.Kinds(); }
 
   void SetAxisTitles(const QString& load, const QString& time);
-  void SetLogarithmicWanted(bool wanted);
+  /// How the axes are to be; brings everything into view on them.
+  void SetAxes(const ViewAxes& wanted);
   /// The decimal separator of the axes' numbers.
   void SetDecimalSeparator(const QString& separator);
 
@@ -64,6 +61,7 @@ class CurveChart : public QCustomPlot {
  protected:
   void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -83,14 +81,15 @@ class CurveChart : public QCustomPlot {
 
   MarkedCurve* line_;
   PointMark* mark_;
-  QSharedPointer<QCPAxisTicker> linearTicker_;
-  QSharedPointer<QCPAxisTicker> logTicker_;
+  PlotAxes axes_;
+  ViewAxes wanted_;
   ChartCurve curve_;
   std::map<const QObject*, Extent> extents_;  // of what else is drawn
   int markedRow_ = 1;
-  bool logarithmicWanted_ = true;
   bool userMovedView_ = false;
-  bool buffersFresh_ = false;  // the plot's own picture shows the curve
+  bool isViewHeld_ = false;
+  bool buffersFresh_ = false;   // the plot's own picture shows the curve
+  bool drawsStraight_ = false;  // to the window, the next time
 };
 
 }  // namespace zentab::editor
