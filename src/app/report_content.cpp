@@ -63,7 +63,7 @@ ReportPage PageOf(const ReportedTable& table, Session& session, const std::strin
   page.title = TitleOf(table, session.texts.report);
   page.fields = FieldsOf(table, session, date);
   page.curve = editor::CurveOf(table.grid, session.localeDecimalSeparator);
-  page.axes = AxisTitlesFor(session);
+  page.axes = AxisTitlesFor(session, session.modes.absoluteValues);
   const LabelPair labels = LabelsFor(session);
   page.headings = {session.texts.report.row, labels.load, labels.time};
   for (int row = editor::kFirstRow; row <= editor::kLastRow; ++row) {
