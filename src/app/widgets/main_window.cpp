@@ -16,7 +16,6 @@
 #include "app/start_up.h"
 #include "app/widgets/accessible_names.h"
 #include "app/widgets/chart/axes_controller.h"
-#include "app/widgets/chart/axes_menu.h"
 #include "app/widgets/chart/chart_panel.h"
 #include "app/widgets/chart/overlay_controller.h"
 #include "app/widgets/chart/point_hand_controller.h"
@@ -180,7 +179,7 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
   view->setObjectName(QStringLiteral("m_view"));
   connect(add(view, "m_fit", QStringLiteral("&Whole curve"), QKeySequence(Qt::CTRL | Qt::Key_0)),
           &QAction::triggered, chart_->chart, &editor::CurveChart::Fit);
-  new AxesMenu(*view, *axes_);
+  axes_->AddTo(*view);
   readOut_->AddTo(*view);
   overlays_->AddTo(*view);
   new ColourScheme(*view, files_, parts.store, parts.title);
@@ -240,11 +239,8 @@ void MainWindow::ConnectTools() {
   connect(axes_, &AxesController::KindsWanted, tools_, &PointToolsController::SetLogarithmic);
   connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
   connect(hand_, &PointHandController::CommandBegun, status_, &StatusLine::Clear);
-  connect(hand_, &PointHandController::PointMoved, this, &MainWindow::ShowEdits);
-  connect(hand_, &PointHandController::TableChanged, this, &MainWindow::ShowEdits);
+  connect(hand_, &PointHandController::PointsChanged, this, &MainWindow::ShowEdits);
   connect(hand_, &PointHandController::Failed, status_, &StatusLine::ShowFailure);
-  connect(overlays_, &OverlayController::CommandBegun, status_, &StatusLine::Clear);
-  connect(overlays_, &OverlayController::Failed, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectCurves() {

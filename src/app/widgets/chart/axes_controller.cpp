@@ -1,6 +1,7 @@
 #include "app/widgets/chart/axes_controller.h"
 
 #include "app/session_texts.h"
+#include "app/widgets/chart/axes_menu.h"
 #include "app/widgets/files/responsive_files.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/chart/pickup_line.h"
@@ -27,6 +28,8 @@ AxesController::AxesController(Session& session, ResponsiveFiles& files,
       chart_(chart),
       pickupLine_(new editor::PickupLine(chart)),
       kept_(KeptAxes::Load(store, title_)) {}
+
+void AxesController::AddTo(QMenu& view) { new AxesMenu(view, *this); }
 
 void AxesController::Change(const editor::ChartAxes& axes) {
   if (axes == axes_) return;

@@ -8,6 +8,8 @@
 #include "app/widgets/user_dialogs.h"
 #include "editor/chart_axes.h"
 
+class QMenu;
+
 namespace zentab::editor {
 class CurveChart;
 class PickupLine;
@@ -27,6 +29,9 @@ class AxesController : public QObject {
                  std::string title, UserDialogs& dialogs, editor::CurveChart& chart);
 
   [[nodiscard]] const editor::ChartAxes& Axes() const { return axes_; }
+
+  /// Adds the entries for the axes at the end of the View menu.
+  void AddTo(QMenu& view);
 
   /// The user wants other axes.
   void Change(const editor::ChartAxes& axes);

@@ -90,7 +90,6 @@ void OverlayController::AddSelectedEntry() {
 
 void OverlayController::AddEntry(std::size_t entry) {
   if (files_.IsAtWork() || entry >= session_.listing.names.size()) return;
-  Q_EMIT CommandBegun();
   const std::string name = session_.listing.names[entry];
   std::string line;
   if (!library_.ReadLine(session_.listing.MarkOf(entry), line)) return;
@@ -102,7 +101,6 @@ void OverlayController::AddFromFile() {
   if (files_.IsAtWork()) return;
   const QString chosen = dialogs_.ChooseTableFile();
   if (chosen.isEmpty()) return;
-  Q_EMIT CommandBegun();
   const std::filesystem::path file = platform::ToPath(chosen.toStdString());
   tables::TableListing listing;
   std::error_code error;
@@ -127,7 +125,7 @@ void OverlayController::AddFromFile() {
     if (error) break;
     Add(name + " (" + shortName + ")", line);
   }
-  if (error) Q_EMIT Failed(FailureText(words, words.readFailed, error));
+  if (error) Q_EMIT library_.Failed(FailureText(words, words.readFailed, error));
   Show();
 }
 

@@ -43,15 +43,10 @@ class OverlayController : public QObject {
   /// An entry of the active table file, by its place among all names.
   void AddEntry(std::size_t entry);
   void AddSelectedEntry();
-  /// Entries that the user chooses from a file that he chooses.
+  /// Entries that the user chooses from a file that he chooses. What cannot be read is said as of
+  /// the library's own entries.
   void AddFromFile();
   void RemoveAll();
-
- Q_SIGNALS:
-  /// What was said of the command before is over.
-  void CommandBegun();
-  /// A curve could not be read; `text` says why, in one line.
-  void Failed(const QString& text);
 
  private:
   struct Overlay {

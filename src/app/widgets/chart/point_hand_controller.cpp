@@ -48,7 +48,7 @@ void PointHandController::Move(int row, const editor::ScreenPlace& place,
   if (!hasMoved_) Q_EMIT AboutToChange(EditStep::MovePoint);
   hasMoved_ = true;
   session_.table = table;
-  Q_EMIT PointMoved();
+  Q_EMIT PointsChanged();
 }
 
 void PointHandController::End() {
@@ -67,6 +67,7 @@ void PointHandController::Add(int row, const editor::ScreenPlace& place) {
   }
   Q_EMIT AboutToChange(EditStep::AddPoint);
   session_.table = table;
+  Q_EMIT PointsChanged();
   Q_EMIT TableChanged();
   Pick(row + 1);
 }
@@ -82,6 +83,7 @@ void PointHandController::RemovePicked() {
   if (editor::DeleteRows(table, {row, row}) != ToolOutcome::Done) return;
   Q_EMIT AboutToChange(EditStep::DeleteRows);
   session_.table = table;
+  Q_EMIT PointsChanged();
   Q_EMIT TableChanged();
 }
 

@@ -27,8 +27,8 @@ class PointHandController : public QObject {
   /// What was said of the command before is over.
   void CommandBegun();
   /// The grid holds other points; the hand may still be moving one.
-  void PointMoved();
-  /// The grid holds other points, and the hand has let go.
+  void PointsChanged();
+  /// The hand has let go of points that it changed.
   void TableChanged();
   /// Nothing was changed; `text` says why, in one line.
   void Failed(const QString& text);
