@@ -21,6 +21,7 @@
 #include "app/widgets/chart/point_hand_controller.h"
 #include "app/widgets/chart/read_out_controller.h"
 #include "app/widgets/colour_scheme.h"
+#include "app/widgets/command_listeners.h"
 #include "app/widgets/context_menus.h"
 #include "app/widgets/curve/assessment_controller.h"
 #include "app/widgets/curve/curve_controller.h"
@@ -113,6 +114,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   resize(SizeOnScreen(kDesignedSize, screen()->availableSize()));
   BuildPanels();
   BuildMenus(parts);
+  ConnectCommands();
   ConnectPanels();
   ConnectLibraryFiles();
   ConnectTools();
@@ -166,9 +168,9 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
   connect(exit, &QAction::triggered, this, &QWidget::close);
   new ReportMenu(*options, *exit, *report_);
 
-  edit_ = new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
-  undo_->AddTo(edit_->Menu());
-  recovery_->AddTo(edit_->Menu());
+  auto* const edit = new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
+  undo_->AddTo(edit->Menu());
+  recovery_->AddTo(edit->Menu());
 
   QMenu* const library = menuBar()->addMenu(QStringLiteral("Librar&y"));
   library->setObjectName(QStringLiteral("m_library"));
@@ -188,13 +190,19 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
                          {chart_, chart_->chart}}});
 }
 
+void MainWindow::ConnectCommands() {
+  const CommandListeners listeners = {*status_, *table_->grid, *recovery_,
+                                      [this](editor::EditStep step) { Remember(step); }};
+  listeners.FollowAll(libraryController_, tableFiles_, exchange_, clipboard_, tools_, hand_,
+                      curves_, assessment_, report_, modes_, instruments_, timeTest_, graphs_,
+                      undo_, recovery_);
+}
+
 void MainWindow::ConnectPanels() {
   editor::CurveGridView* const grid = table_->grid;
   connect(grid, &editor::CurveGridView::Edited, status_, &StatusLine::RefreshModified);
   connect(grid, &editor::CurveGridView::EditingLeft, this, &MainWindow::RefreshChart);
   connect(grid, &editor::CurveGridView::RowChanged, chart_->chart, &editor::CurveChart::MarkRow);
-  connect(libraryController_, &LibraryController::GridNeeded, grid,
-          &editor::CurveGridView::CloseEditor);
   connect(libraryController_, &LibraryController::TableRead, this, [this] {
     modes_->Show();
     ShowTable();
@@ -205,8 +213,6 @@ void MainWindow::ConnectPanels() {
     RefreshCaptions();
   });
   connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
-  connect(libraryController_, &LibraryController::CommandBegun, status_, &StatusLine::Clear);
-  connect(libraryController_, &LibraryController::Failed, status_, &StatusLine::ShowFailure);
   connect(&files_, &ResponsiveFiles::Waiting, status_, &StatusLine::ShowWaiting);
   connect(&files_, &ResponsiveFiles::WaitEnded, status_, &StatusLine::HideWaiting);
   connect(status_, &StatusLine::GivenUp, &files_, &ResponsiveFiles::GiveUp);
@@ -214,14 +220,9 @@ void MainWindow::ConnectPanels() {
   connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
           &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
-  connect(report_, &ReportController::CommandBegun, status_, &StatusLine::Clear);
-  connect(report_, &ReportController::GridNeeded, grid, &editor::CurveGridView::CloseEditor);
-  connect(report_, &ReportController::Told, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectLibraryFiles() {
-  connect(tableFiles_, &LibraryFilesController::CommandBegun, status_, &StatusLine::Clear);
-  connect(tableFiles_, &LibraryFilesController::Told, status_, &StatusLine::ShowFailure);
   connect(libraryController_, &LibraryController::TableFileChosen, tableFiles_,
           &LibraryFilesController::Remember);
   connect(new TableFileDrop(*this), &TableFileDrop::Dropped, tableFiles_,
@@ -230,36 +231,26 @@ void MainWindow::ConnectLibraryFiles() {
 }
 
 void MainWindow::ConnectTools() {
-  connect(tools_, &PointToolsController::CommandBegun, status_, &StatusLine::Clear);
   connect(tools_, &PointToolsController::TableChanged, this, &MainWindow::ShowEdits);
   connect(tools_, &PointToolsController::ModesChanged, this, [this] {
     modes_->Show();
     RefreshCaptions();
   });
   connect(axes_, &AxesController::KindsWanted, tools_, &PointToolsController::SetLogarithmic);
-  connect(tools_, &PointToolsController::Failed, status_, &StatusLine::ShowFailure);
-  connect(hand_, &PointHandController::CommandBegun, status_, &StatusLine::Clear);
   connect(hand_, &PointHandController::PointsChanged, this, &MainWindow::ShowEdits);
-  connect(hand_, &PointHandController::Failed, status_, &StatusLine::ShowFailure);
 }
 
 void MainWindow::ConnectCurves() {
   editor::CurveGridView* const grid = table_->grid;
-  connect(curves_, &CurveController::CommandBegun, status_, &StatusLine::Clear);
   connect(curves_, &CurveController::CommandBegun, grid, &editor::CurveGridView::CloseEditor);
   connect(curves_, &CurveController::TableChanged, this, &MainWindow::ShowEdits);
-  connect(assessment_, &AssessmentController::Failed, status_, &StatusLine::ShowFailure);
   connect(assessment_, &AssessmentController::RowChosen, chart_->chart,
           &editor::CurveChart::MarkRow);
   connect(modes_, &ValueModeBinding::Changed, assessment_, &AssessmentController::Refresh);
 }
 
 void MainWindow::ConnectTimeTest() {
-  connect(timeTest_, &TimeTestController::GridNeeded, table_->grid,
-          &editor::CurveGridView::CloseEditor);
   connect(timeTest_, &TimeTestController::TableImported, this, &MainWindow::ShowTable);
-  connect(timeTest_, &TimeTestController::GridNeeded, status_, &StatusLine::Clear);
-  connect(timeTest_, &TimeTestController::Failed, status_, &StatusLine::ShowFailure);
   connect(instruments_, &InstrumentController::ResultsWanted, timeTest_,
           &TimeTestController::UpdateTimeTestAvailability);
   connect(instruments_, &InstrumentController::OpenFailed, timeTest_,
@@ -271,63 +262,39 @@ void MainWindow::ConnectInstruments() {
           &MainWindow::RefreshCaptions);
   connect(instruments_, &InstrumentController::Chosen, this, &MainWindow::RefreshChart);
   connect(instruments_, &InstrumentController::InstrumentChosen, status_, &StatusLine::Clear);
-  connect(instruments_, &InstrumentController::Failed, status_, &StatusLine::ShowFailure);
   connect(chart_->command5, &QPushButton::clicked, this, [this] {
     const std::optional<std::size_t> index = library_->SelectedIndex();
     graphs_->SetGraph(index ? session_.listing.names[*index] : std::string());
   });
   connect(chart_->command6, &QPushButton::clicked, graphs_, &ReferenceGraphController::ImportGraph);
-  connect(graphs_, &ReferenceGraphController::GridNeeded, table_->grid,
-          &editor::CurveGridView::CloseEditor);
   connect(graphs_, &ReferenceGraphController::GridNeeded, modes_,
           &ValueModeBinding::LeaveMultiplier);
   connect(graphs_, &ReferenceGraphController::TableImported, this, &MainWindow::ShowTable);
-  connect(graphs_, &ReferenceGraphController::GridNeeded, status_, &StatusLine::Clear);
-  connect(graphs_, &ReferenceGraphController::Failed, status_, &StatusLine::ShowFailure);
+}
+
+void MainWindow::Remember(editor::EditStep step) {
+  history_.Remember(step);
+  const bool isField = step == editor::EditStep::Pickup || step == editor::EditStep::Multiplier;
+  if (!isField) modes_->EndTyping();
 }
 
 void MainWindow::ConnectHistory() {
-  const auto remember = [this](editor::EditStep step) {
-    history_.Remember(step);
-    const bool isField = step == editor::EditStep::Pickup || step == editor::EditStep::Multiplier;
-    if (!isField) modes_->EndTyping();
-  };
   editor::CurveGridView* const grid = table_->grid;
-  connect(grid, &editor::CurveGridView::EditBegins, this, remember);
+  connect(grid, &editor::CurveGridView::EditBegins, this, &MainWindow::Remember);
   connect(grid, &editor::CurveGridView::TypingUndone, this, [this] {
     history_.FollowField();
     status_->RefreshModified();
   });
-  connect(clipboard_, &ClipboardController::AboutToChange, this, remember);
-  connect(tools_, &PointToolsController::AboutToChange, this, remember);
-  connect(curves_, &CurveController::AboutToChange, this, remember);
-  connect(hand_, &PointHandController::AboutToChange, this, remember);
-  connect(modes_, &ValueModeBinding::AboutToChange, this, remember);
-  connect(libraryController_, &LibraryController::AboutToChange, this, remember);
-  connect(exchange_, &ExchangeController::AboutToChange, this, remember);
-  connect(timeTest_, &TimeTestController::AboutToChange, this, remember);
-  connect(graphs_, &ReferenceGraphController::AboutToChange, this, remember);
-  connect(instruments_, &InstrumentController::AboutToChange, this, remember);
-  connect(recovery_, &RecoveryKeeper::AboutToChange, this, remember);
   connect(libraryController_, &LibraryController::TableFileChosen, this,
           [this] { history_.EndLibrary(); });
-  connect(undo_, &HistoryController::CommandBegun, status_, &StatusLine::Clear);
-  connect(undo_, &HistoryController::Failed, status_, &StatusLine::ShowFailure);
   connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshCaptions);
   connect(undo_, &HistoryController::TableShown, this, &MainWindow::RefreshChart);
-  connect(recovery_, &RecoveryKeeper::GridNeeded, grid, &editor::CurveGridView::CloseEditor);
   connect(recovery_, &RecoveryKeeper::BroughtBack, undo_, &HistoryController::ShowTable);
   connect(recovery_, &RecoveryKeeper::BroughtBack, libraryController_,
           &LibraryController::SelectSource);
   connect(grid, &editor::CurveGridView::Edited, recovery_, &RecoveryKeeper::Follow);
-  connect(clipboard_, &ClipboardController::TableChanged, recovery_, &RecoveryKeeper::Follow);
-  connect(tools_, &PointToolsController::TableChanged, recovery_, &RecoveryKeeper::Follow);
-  connect(curves_, &CurveController::TableChanged, recovery_, &RecoveryKeeper::Follow);
-  connect(hand_, &PointHandController::TableChanged, recovery_, &RecoveryKeeper::Follow);
   connect(libraryController_, &LibraryController::LibraryChanged, recovery_,
           &RecoveryKeeper::Follow);
-  connect(timeTest_, &TimeTestController::TableImported, recovery_, &RecoveryKeeper::Follow);
-  connect(graphs_, &ReferenceGraphController::TableImported, recovery_, &RecoveryKeeper::Follow);
   connect(modes_, &ValueModeBinding::Changed, recovery_, &RecoveryKeeper::Follow);
   connect(instruments_, &InstrumentController::Chosen, recovery_, &RecoveryKeeper::Follow);
   connect(undo_, &HistoryController::TableShown, recovery_, &RecoveryKeeper::Follow);

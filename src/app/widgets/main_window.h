@@ -39,7 +39,6 @@ class ReportController;
 class OverlayController;
 class PointHandController;
 class PointToolsController;
-class PointToolsMenu;
 class ReferenceGraphController;
 class SessionEnd;
 class StatusLine;
@@ -83,9 +82,11 @@ class MainWindow : public QMainWindow {
  private:
   void BuildPanels();
   void BuildMenus(const MainWindowParts& parts);
+  void ConnectCommands();
   void ConnectPanels();
   void ConnectLibraryFiles();
   void ConnectHistory();
+  void Remember(editor::EditStep step);
   void ConnectTools();
   void ConnectCurves();
   void ConnectTimeTest();
@@ -127,7 +128,6 @@ class MainWindow : public QMainWindow {
   LibraryFilesController* tableFiles_;
   CurveController* curves_;
   AssessmentController* assessment_;
-  PointToolsMenu* edit_ = nullptr;    // once there is a menu bar
   AccessibleNames* names_ = nullptr;  // once there is something to be named
   SessionEnd* end_;
 };
