@@ -60,6 +60,7 @@ Exit Run(const std::vector<std::string>& given) {
   });
   Commands commands{program, {}};
   AddTableCommands(commands);
+  AddRenameCommands(commands);
   AddTextCommands(commands);
   AddTimeTestCommands(commands);
   AddGraphCommands(commands);

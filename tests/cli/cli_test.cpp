@@ -40,6 +40,15 @@ class CommandLine : public TemporaryFolder {
 };
 
 TEST_F(CommandLine, Tables) { RunCases("tables"); }
+TEST_F(CommandLine, RenamesAndMovesKeepEveryOtherByte) {
+  Write("lib.dat",
+        "\xEF\xBB\xBF{\"Alpha\"\t(1.50;2) 001}\n{\"beta\"\t 000 junk}\r\n{\"\xC3\x84\"\t 000}\r"
+        "{\"Delta\"\t(1;\xDC) 0}");
+  RunCases("rename");
+  EXPECT_EQ(BytesOf(Folder() / "lib.dat"),
+            "\xEF\xBB\xBF{\"\xC5\x81\xC3\xB3\x64\xC5\xBA\"\t 000}\n{\"Gr\xF6\xDF\x65\"\t(1.50;2) "
+            "001}\r\n{\"Delta\"\t(1;\xDC) 0}\r{\"beta\"\t 000 junk}");
+}
 TEST_F(CommandLine, Texts) { RunCases("texts"); }
 TEST_F(CommandLine, TimeTests) {
   Write("equations.txt",
@@ -56,9 +65,9 @@ TEST_F(CommandLine, Usage) {
   RunCases("usage");
   // What the help of the program lists, every command explains.
   for (const char* const command :
-       {"list",   "show",     "add",    "update", "remove",   "copy",  "text",
-        "expand", "entry",    "import", "grh",    "grh-read", "curve", "fit",
-        "thin",   "resample", "assess", "margin", "clean",    "eval",  "check"}) {
+       {"list", "show",     "add",    "update", "remove", "copy",     "text",  "rename",
+        "move", "expand",   "entry",  "import", "grh",    "grh-read", "curve", "fit",
+        "thin", "resample", "assess", "margin", "clean",  "eval",     "check"}) {
     ASSERT_EQ(Run("\"" PROGRAM "\" --help >out"), 0);
     EXPECT_NE(BytesOf(Folder() / "out").find(string("\n  ") + command), string::npos) << command;
     ASSERT_EQ(Run("\"" PROGRAM "\" " + string(command) + " --help >out"), 0);
