@@ -1,5 +1,7 @@
 #include "cli/argument_checks.h"
 
+#include <limits>
+
 #include "texts/number_text.h"
 
 namespace zentab::cli {
@@ -11,6 +13,14 @@ const CLI::Validator kNumber(
       return texts::WholeNumber(text) ? std::string() : "'" + text + "' is no decimal number";
     },
     "NUMBER");
+
+const CLI::Validator kCount(
+    [](const std::string& text) {
+      const bool isCount = !text.empty() && text.size() < std::numeric_limits<int>::digits10 &&
+                           text.find_first_not_of("0123456789") == std::string::npos;
+      return isCount ? std::string() : "'" + text + "' is no whole number from 0";
+    },
+    "N");
 
 const CLI::Validator kWrittenFile(
     [](const std::string& text) {

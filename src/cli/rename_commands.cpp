@@ -81,7 +81,8 @@ void DeclareMove(CLI::App& command, MoveOptions& options) {
   command
       .add_option("POSITION", options.position,
                   "The line number, from 0, that the entry is to have")
-      ->required();
+      ->required()
+      ->check(kCount);
 }
 
 Exit Move(const MoveOptions& options, Console& console) {

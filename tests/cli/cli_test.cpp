@@ -1,43 +1,11 @@
 // Runs the executable as a script would.
-#include <cstdlib>
-
-#include "support/cases.h"
-#include "support/temporary_folder.h"
+#include "cli/command_line.h"
 
 namespace zentab::test {
 namespace {
 
 namespace fs = std::filesystem;
 using std::string;
-
-class CommandLine : public TemporaryFolder {
- protected:
-  // The exit code of a shell command in the test's folder.
-  [[nodiscard]] int Run(const string& command) const {
-    const string line = "cd \"" + Folder().string() + "\" && " + command;
-    // What a user types goes through the shell as well.
-    const int status = std::system(line.c_str());  // NOLINT(cert-env33-c)
-#ifdef _WIN32
-    return status;
-#else
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-#endif
-  }
-
-  void RunCases(const string& section) const {
-    for (const auto& row : Cases("cli.txt", section)) {
-      ASSERT_EQ(row.size(), 5u) << row[0];
-      Write("in", row[1]);
-      const int exit = Run("\"" PROGRAM "\" " + row[0] + " <in >out 2>err");
-      const string messages = BytesOf(Folder() / "err");
-      EXPECT_EQ(std::to_string(exit), row[4]) << row[0] << "\n" << messages;
-      EXPECT_EQ(BytesOf(Folder() / "out"), row[2]) << row[0];
-      EXPECT_NE(messages.find(row[3]), string::npos) << row[0] << "\n" << messages;
-      EXPECT_EQ(messages.empty() || messages.starts_with("zentab-cli: "), true) << messages;
-      EXPECT_EQ(messages.empty(), row[3].empty()) << row[0] << "\n" << messages;
-    }
-  }
-};
 
 TEST_F(CommandLine, Tables) { RunCases("tables"); }
 TEST_F(CommandLine, RenamesAndMovesKeepEveryOtherByte) {
@@ -48,6 +16,36 @@ TEST_F(CommandLine, RenamesAndMovesKeepEveryOtherByte) {
   EXPECT_EQ(BytesOf(Folder() / "lib.dat"),
             "\xEF\xBB\xBF{\"\xC5\x81\xC3\xB3\x64\xC5\xBA\"\t 000}\n{\"Gr\xF6\xDF\x65\"\t(1.50;2) "
             "001}\r\n{\"Delta\"\t(1;\xDC) 0}\r{\"beta\"\t 000 junk}");
+}
+TEST_F(CommandLine, ComparesAndMergesLibraries) {
+  Write("a.dat",
+        "{\"same\"\t(1.50;2) 001}\r\n{\"gone\"\t 000}\nnone\n{\"changed\"\t(1;2) "
+        "000}\n{\"Name\"\t 000}\n{\"twice\"\t 001}\n{\"twice\"\t 002}");
+  Write("b.dat",
+        "{\"twice\"\t 001}\n{\"new\"\t 000}\n{\"same\"\t(1.5;2) 001}\n{\"changed\"\t(1;2) "
+        "100}\n{\"name\"\t 000}\n{\"twice\"\t 002}");
+  const std::string mark = "\xEF\xBB\xBF";
+  Write(
+      "base.dat",
+      "{\"kept\"\t(1;1) 000}\n{\"both\"\t(1;1) 000}\n{\"mine\"\t(1;1) 000}\n{\"their\"\t(1;1) "
+      "000}\n{\"lost\"\t(1;1) 000}\n{\"dropped\"\t(1;1) 000}\n{\"gone1\"\t 0}\n{\"gone2\"\t 0}\n");
+  Write("ours.dat",
+        mark +
+            "{\"mine\"\t(1;2) 000}\n{\"kept\"\t(1;1.0) 000}\r\nrubbish\n{\"both\"\t(1;2) "
+            "000}\n{\"their\"\t(1;1) 000}\n{\"lost\"\t(1;5) 000}\n{\"new1\"\t 0}\n{\"new2\"\t 1}\n"
+            "{\"gone2\"\t 0}\n{\"\xC4\"\t 0}");
+  Write(
+      "theirs.dat",
+      "{\"kept\"\t(1;1) 000}\n{\"both\"\t(1;3) 000}\n{\"mine\"\t(1;1) "
+      "000}\n{\"their\"\t(1;9) 000}\n{\"dropped\"\t(1;4) 000}\n{\"new2\"\t(1;2) 1}\n{\"new3\"\t 0}\nx\n"
+      "{\"gone1\"\t 0}\n{\"\xC3\x84\"\t 0}\n");
+  RunCases("libraries");
+  EXPECT_EQ(
+      BytesOf(Folder() / "out.dat"),
+      mark +
+          "{\"mine\"\t(1;2) 000}\n{\"kept\"\t(1;1.0) 000}\r\nrubbish\n{\"both\"\t(1;2) "
+          "000}\n{\"their\"\t(1;9) 000}\n{\"lost\"\t(1;5) 000}\n{\"new1\"\t 0}\n{\"new2\"\t 1}\n"
+          "{\"\xC4\"\t 0}\r\n{\"new3\"\t 0}\n");
 }
 TEST_F(CommandLine, Texts) { RunCases("texts"); }
 TEST_F(CommandLine, TimeTests) {
