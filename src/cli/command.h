@@ -31,6 +31,7 @@ void AddCommand(Commands& commands, const char* name, const char* description,
 void AddTableCommands(Commands& commands);     // list, show, add, update, remove, copy
 void AddRenameCommands(Commands& commands);    // rename, move
 void AddLibraryCommands(Commands& commands);   // diff, merge
+void AddFunctionsCommand(Commands& commands);  // functions
 void AddCheckCommand(Commands& commands);      // check
 void AddTextCommands(Commands& commands);      // text, expand
 void AddTimeTestCommands(Commands& commands);  // entry, import

@@ -70,6 +70,7 @@ Exit Run(const std::vector<std::string>& given) {
   AddAssessCommand(commands);
   AddCleanCommand(commands);
   AddEvalCommand(commands);
+  AddFunctionsCommand(commands);
   AddCheckCommand(commands);
   Console console;
   const std::vector<std::string> arguments = WithEmptyValues(given, program);

@@ -87,6 +87,8 @@ bool SayTheSame(std::string_view line, std::string_view other) {
   if (tables::ParseEntryName(line) != tables::ParseEntryName(other)) return false;
   const tables::ParsedEntry one = tables::ParseEntryLine(texts::DecodeLine(line));
   const tables::ParsedEntry two = tables::ParseEntryLine(texts::DecodeLine(other));
+  // Of an entry without points no settings are read; what its line has of them may still be meant.
+  if (one.pointCount == 0) return texts::DecodeLine(line) == texts::DecodeLine(other);
   return one.pointCount == two.pointCount &&
          one.milliseconds.value_or(false) == two.milliseconds.value_or(false) &&
          one.absoluteValues.value_or(false) == two.absoluteValues.value_or(false) &&

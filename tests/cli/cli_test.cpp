@@ -34,11 +34,11 @@ TEST_F(CommandLine, ComparesAndMergesLibraries) {
             "{\"mine\"\t(1;2) 000}\n{\"kept\"\t(1;1.0) 000}\r\nrubbish\n{\"both\"\t(1;2) "
             "000}\n{\"their\"\t(1;1) 000}\n{\"lost\"\t(1;5) 000}\n{\"new1\"\t 0}\n{\"new2\"\t 1}\n"
             "{\"gone2\"\t 0}\n{\"\xC4\"\t 0}");
-  Write(
-      "theirs.dat",
-      "{\"kept\"\t(1;1) 000}\n{\"both\"\t(1;3) 000}\n{\"mine\"\t(1;1) "
-      "000}\n{\"their\"\t(1;9) 000}\n{\"dropped\"\t(1;4) 000}\n{\"new2\"\t(1;2) 1}\n{\"new3\"\t 0}\nx\n"
-      "{\"gone1\"\t 0}\n{\"\xC3\x84\"\t 0}\n");
+  Write("theirs.dat",
+        "{\"kept\"\t(1;1) 000}\n{\"both\"\t(1;3) 000}\n{\"mine\"\t(1;1) "
+        "000}\n{\"their\"\t(1;9) 000}\n{\"dropped\"\t(1;4) 000}\n{\"new2\"\t(1;2) 1}\n{\"new3\"\t "
+        "0}\nx\n"
+        "{\"gone1\"\t 0}\n{\"\xC3\x84\"\t 0}\n");
   RunCases("libraries");
   EXPECT_EQ(
       BytesOf(Folder() / "out.dat"),
@@ -59,6 +59,18 @@ TEST_F(CommandLine, Graphs) { RunCases("graphs"); }
 TEST_F(CommandLine, Curves) { RunCases("curves"); }
 TEST_F(CommandLine, Clean) { RunCases("clean"); }
 TEST_F(CommandLine, Eval) { RunCases("eval"); }
+TEST_F(CommandLine, ListsItsFunctions) {
+  ASSERT_EQ(Run("\"" PROGRAM "\" functions >out"), 0);
+  const string text = BytesOf(Folder() / "out");
+  EXPECT_NE(
+      text.find(
+          "\nlogn\tx, base\tlogarithm to a base\tx > 0; base > 0, not 1\tlogn(1000,10) = 3\n"),
+      string::npos);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 116);
+  ASSERT_EQ(Run("\"" PROGRAM "\" functions --format json >out"), 0);
+  EXPECT_TRUE(
+      BytesOf(Folder() / "out").starts_with(R"([{"keyword":"abs","arguments":"x","meaning":)"));
+}
 TEST_F(CommandLine, Usage) {
   RunCases("usage");
   // What the help of the program lists, every command explains.
