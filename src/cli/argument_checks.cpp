@@ -14,6 +14,16 @@ const CLI::Validator kNumber(
     },
     "NUMBER");
 
+char SeparatorOf(const std::string& text) { return text == "tab" ? '\t' : text.front(); }
+
+const CLI::Validator kSeparator(
+    [](const std::string& text) {
+      const bool isSign = text.size() == 1 && text.find_first_of("\"\r\n") == std::string::npos &&
+                          static_cast<unsigned char>(text.front()) < 0x80u;
+      return isSign || text == "tab" ? std::string() : "'" + text + "' is no separator";
+    },
+    "C");
+
 const CLI::Validator kCount(
     [](const std::string& text) {
       const bool isCount = !text.empty() && text.size() < std::numeric_limits<int>::digits10 &&

@@ -32,6 +32,7 @@ void AddTableCommands(Commands& commands);     // list, show, add, update, remov
 void AddRenameCommands(Commands& commands);    // rename, move
 void AddLibraryCommands(Commands& commands);   // diff, merge
 void AddFunctionsCommand(Commands& commands);  // functions
+void AddExportCommands(Commands& commands);    // export, add-all
 void AddCheckCommand(Commands& commands);      // check
 void AddTextCommands(Commands& commands);      // text, expand
 void AddTimeTestCommands(Commands& commands);  // entry, import

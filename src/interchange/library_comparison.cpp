@@ -1,5 +1,7 @@
 #include "interchange/library_comparison.h"
 
+#include "interchange/entry_meaning.h"
+
 namespace zentab::interchange {
 
 std::vector<EntryDifference> Compare(const LibraryText& before, const LibraryText& after) {
@@ -11,7 +13,7 @@ std::vector<EntryDifference> Compare(const LibraryText& before, const LibraryTex
     const std::size_t now = present.LineOf(former, entry);
     if (now == kNoLine) {
       differences.push_back({Difference::Removed, former.Name(entry), line, kNoLine});
-    } else if (!SayTheSame(before.Line(line), after.Line(now))) {
+    } else if (!LinesSayTheSame(before.Line(line), after.Line(now))) {
       differences.push_back({Difference::Changed, former.Name(entry), line, now});
     }
   }

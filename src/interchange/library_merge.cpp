@@ -1,5 +1,6 @@
 #include "interchange/library_merge.h"
 
+#include "interchange/entry_meaning.h"
 #include "platform/line_reader.h"
 
 namespace zentab::interchange {
@@ -17,7 +18,7 @@ enum class Choice { Ours, Theirs, Conflict };
 bool IsSame(const LibraryText& one, std::size_t line, const LibraryText& other,
             std::size_t otherLine) {
   if (line == kNoLine || otherLine == kNoLine) return line == otherLine;
-  return SayTheSame(one.Line(line), other.Line(otherLine));
+  return LinesSayTheSame(one.Line(line), other.Line(otherLine));
 }
 
 class Merger {

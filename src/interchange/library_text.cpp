@@ -6,25 +6,8 @@
 #include "platform/file_reader.h"
 #include "platform/line_reader.h"
 #include "tables/entry_line.h"
-#include "texts/line_encoding.h"
-#include "texts/number_text.h"
 
 namespace zentab::interchange {
-namespace {
-
-// What a cell says: two texts of one number say the same.
-bool IsSameCell(const std::string& cell, const std::string& other) {
-  if (cell == other) return true;
-  const std::optional<double> number = texts::WholeNumber(cell);
-  return number && number == texts::WholeNumber(other);
-}
-
-bool IsSamePoint(const tables::CurvePoint& point, const tables::CurvePoint& other) {
-  return IsSameCell(point.load, other.load) && IsSameCell(point.time, other.time);
-}
-
-}  // namespace
-
 std::error_code LibraryText::Read(platform::FileLayer& files, const std::filesystem::path& file,
                                   LibraryText& result) {
   LibraryText text;
@@ -80,21 +63,6 @@ NameIndex::NameIndex(const LibraryText& library) {
 std::size_t NameIndex::LineOf(const NameIndex& other, std::size_t entry) const {
   const auto found = places_.find(other.entries_[entry].key);
   return found == places_.end() ? kNoLine : entries_[found->second].line;
-}
-
-bool SayTheSame(std::string_view line, std::string_view other) {
-  if (line == other) return true;
-  if (tables::ParseEntryName(line) != tables::ParseEntryName(other)) return false;
-  const tables::ParsedEntry one = tables::ParseEntryLine(texts::DecodeLine(line));
-  const tables::ParsedEntry two = tables::ParseEntryLine(texts::DecodeLine(other));
-  // Of an entry without points no settings are read; what its line has of them may still be meant.
-  if (one.pointCount == 0) return texts::DecodeLine(line) == texts::DecodeLine(other);
-  return one.pointCount == two.pointCount &&
-         one.milliseconds.value_or(false) == two.milliseconds.value_or(false) &&
-         one.absoluteValues.value_or(false) == two.absoluteValues.value_or(false) &&
-         one.instrument == two.instrument &&
-         std::equal(one.points.begin(), one.points.end(), two.points.begin(), two.points.end(),
-                    IsSamePoint);
 }
 
 }  // namespace zentab::interchange

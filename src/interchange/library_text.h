@@ -67,8 +67,4 @@ class NameIndex {
   std::unordered_map<std::string_view, std::size_t> places_;  // by key
 };
 
-/// Whether two lines are entries that say the same: name, points and settings. Numbers count by
-/// their values.
-[[nodiscard]] bool SayTheSame(std::string_view line, std::string_view other);
-
 }  // namespace zentab::interchange

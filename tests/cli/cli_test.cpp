@@ -47,6 +47,21 @@ TEST_F(CommandLine, ComparesAndMergesLibraries) {
           "000}\n{\"their\"\t(1;9) 000}\n{\"lost\"\t(1;5) 000}\n{\"new1\"\t 0}\n{\"new2\"\t 1}\n"
           "{\"\xC4\"\t 0}\r\n{\"new3\"\t 0}\n");
 }
+TEST_F(CommandLine, ExportedLibrariesComeBackAsTheSameBytes) {
+  // What the program would not write so itself, and lines of every kind of end.
+  string many;
+  for (int point = 0; point < 30; ++point) many += "(" + std::to_string(point) + ";1)";
+  const string library =
+      "\xEF\xBB\xBF{\"plain\"\t(1.5;2)(1E-05;0.1) 112}\r\n{\"\xC3\x84\"\t(01.50;+2) "
+      "0}\n{\"\xC4\x81\x81\"\t "
+      "000 junk}\r{\"many\"\t" +
+      many +
+      " 000}\r\n{\"a(1;2)\"\t(;)(x;1E400) 9}\n{\"\"\t(1;2) 000}\n"
+      "[[\"open\"(0.1234567890123456789;100000000000000000000) ";
+  Write("all.dat", library);
+  RunCases("export");
+  EXPECT_EQ(BytesOf(Folder() / "back.dat"), library);
+}
 TEST_F(CommandLine, Texts) { RunCases("texts"); }
 TEST_F(CommandLine, TimeTests) {
   Write("equations.txt",
