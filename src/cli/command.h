@@ -33,6 +33,7 @@ void AddRenameCommands(Commands& commands);    // rename, move
 void AddLibraryCommands(Commands& commands);   // diff, merge
 void AddFunctionsCommand(Commands& commands);  // functions
 void AddExportCommands(Commands& commands);    // export, add-all
+void AddReadCommand(Commands& commands);       // read
 void AddCheckCommand(Commands& commands);      // check
 void AddTextCommands(Commands& commands);      // text, expand
 void AddTimeTestCommands(Commands& commands);  // entry, import

@@ -61,6 +61,7 @@ Exit Run(const std::vector<std::string>& given) {
   Commands commands{program, {}};
   AddTableCommands(commands);
   AddRenameCommands(commands);
+  AddReadCommand(commands);
   AddExportCommands(commands);
   AddLibraryCommands(commands);
   AddTextCommands(commands);

@@ -62,6 +62,31 @@ TEST_F(CommandLine, ExportedLibrariesComeBackAsTheSameBytes) {
   RunCases("export");
   EXPECT_EQ(BytesOf(Folder() / "back.dat"), library);
 }
+TEST_F(CommandLine, ReadsCurvesOfOtherPrograms) {
+  Write("german.csv", "Strom [A];Ausl\xF6sezeit [ms]\r\n100,5;1.234,5\r\n200;500\r\n");
+  Write("marked.csv", "\xEF\xBB\xBF\"Current (kA)\",\"Time (cycles, 60 Hz)\"\n1.5,60\n2,30\n");
+  Write("wide.csv", string("\xFE\xFF\0I\0/\0A\0;\0t\0/\0s\0\n\0"
+                           "1\0;\0,\0"
+                           "5",
+                           28));
+  Write("relay.tsv",
+        "Relay X\n\nI/In\tTMS 0.1 [s]\tTMS 0.2 [s]\tRemark\n2\t1\t2\tx\n3\t0.5\t1\n4\t\t0.8\n");
+  string many = "Load;Time\n";
+  string lines;
+  for (int row = 1; row <= 120; ++row) {
+    many += std::to_string(row) + ",5;" + std::to_string(1000 - row * row / 20) + "\n";
+    lines += "1,2\n";
+  }
+  Write("many.csv", many);
+  for (int doubled = 0; doubled < 15; ++doubled) lines += lines;
+  Write("long.csv", lines);
+  RunCases("read");
+  ASSERT_EQ(Run("\"" PROGRAM "\" read many.csv >out"), 0);
+  const string thinned = BytesOf(Folder() / "out");
+  EXPECT_EQ(std::count(thinned.begin(), thinned.end(), '\n'), 27);
+  EXPECT_TRUE(thinned.starts_with("1.5\t1000\n"));
+  EXPECT_NE(thinned.find("\n120.5\t280\n# deviation=0."), string::npos) << thinned;
+}
 TEST_F(CommandLine, Texts) { RunCases("texts"); }
 TEST_F(CommandLine, TimeTests) {
   Write("equations.txt",
