@@ -153,11 +153,17 @@ auto Find(const Rows& rows, std::string_view word) {
   return found == rows.end() ? nullptr : found;
 }
 
+// "t2" is a time as "t" is.
+const RoleWord* RoleRow(std::string_view word) {
+  const std::size_t end = word.find_last_not_of("0123456789");
+  return end == std::string_view::npos ? nullptr : Find(kRoleWords, word.substr(0, end + 1));
+}
+
 ColumnRole RoleOf(const std::vector<Word>& words) {
   for (const ColumnRole role : {ColumnRole::Time, ColumnRole::Load, ColumnRole::Index}) {
     for (const Word& word : words) {
       const RoleWord* const row =
-          word.inBrackets || word.behindStroke ? nullptr : Find(kRoleWords, word.text);
+          word.inBrackets || word.behindStroke ? nullptr : RoleRow(word.text);
       if (row != nullptr && row->role == role) return role;
     }
   }
@@ -205,7 +211,7 @@ ColumnHeading ReadHeading(std::string_view heading) {
     if (unit->load && result.role == ColumnRole::Unknown) result.role = ColumnRole::Load;
   }
   const bool isPlain = std::ranges::all_of(words, [](const Word& word) {
-    return word.inBrackets || Find(kRoleWords, word.text) != nullptr ||
+    return word.inBrackets || RoleRow(word.text) != nullptr ||
            Find(kUnitWords, word.text) != nullptr;
   });
   if (!isPlain) result.name = PlainText(unit != nullptr ? WithoutUnit(heading) : heading);

@@ -24,7 +24,7 @@ class Roles {
     if (times_.empty()) times_ = Free();
     if (times_.empty() && loads_.size() > 1) {
       times_.assign(loads_.begin() + 1, loads_.end());
-      loads_.resize(1);
+      loads_.erase(loads_.begin() + 1, loads_.end());
     }
   }
 

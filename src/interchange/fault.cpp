@@ -22,11 +22,12 @@ std::string Filled(std::string text, std::string_view field, std::string_view va
 }  // namespace
 
 std::string FaultText(const Fault& fault, const texts::InterchangeTexts& texts) {
-  std::string place;
-  if (fault.line > 0) place = fault.column > 0 ? texts.lineAndColumn : texts.line;
-  place = Filled(std::move(place), "%1", std::to_string(fault.line));
-  place = Filled(std::move(place), "%2", std::to_string(fault.column));
-  return place + Filled(texts.*kTexts[static_cast<std::size_t>(fault.kind)], "%1", fault.text);
+  std::string why = Filled(texts.*kTexts[static_cast<std::size_t>(fault.kind)], "%1", fault.text);
+  if (fault.line == 0) return why;
+  std::string text = fault.column > 0 ? texts.lineAndColumn : texts.line;
+  text = Filled(std::move(text), "%1", std::to_string(fault.line));
+  text = Filled(std::move(text), "%2", std::to_string(fault.column));
+  return Filled(std::move(text), "%3", why);
 }
 
 }  // namespace zentab::interchange

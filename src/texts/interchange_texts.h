@@ -5,10 +5,10 @@
 namespace zentab::texts {
 
 /// What is said of files of other programs: why one cannot be taken ("%1" is a number, a cell or a
-/// name), and where.
+/// name), and where ("%3" is why).
 struct InterchangeTexts {
-  std::string lineAndColumn = "line %1, column %2: ";
-  std::string line = "line %1: ";
+  std::string lineAndColumn = "line %1, column %2: %3";
+  std::string line = "line %1: %3";
   std::string noText = "this is no text";
   std::string tooManyLines = "more than %1 lines";
   std::string oneColumn = "there is one column only; a load and a time are needed";

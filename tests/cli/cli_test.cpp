@@ -68,7 +68,7 @@ TEST_F(CommandLine, ReadsCurvesOfOtherPrograms) {
   Write("wide.csv", string("\xFE\xFF\0I\0/\0A\0;\0t\0/\0s\0\n\0"
                            "1\0;\0,\0"
                            "5",
-                           28));
+                           26));
   Write("relay.tsv",
         "Relay X\n\nI/In\tTMS 0.1 [s]\tTMS 0.2 [s]\tRemark\n2\t1\t2\tx\n3\t0.5\t1\n4\t\t0.8\n");
   string many = "Load;Time\n";
