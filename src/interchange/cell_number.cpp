@@ -1,5 +1,6 @@
 #include "interchange/cell_number.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -22,6 +23,15 @@ std::optional<double> PlainNumber(std::string_view text) {
   const auto [at, error] = std::from_chars(text.data(), end, number);
   if (at != end || error != std::errc() || !std::isfinite(number)) return std::nullopt;
   return number;
+}
+
+// With "," as the decimal sign and no groups.
+std::optional<double> CommaNumber(std::string_view cell) {
+  std::array<char, kLongestNumber> buffer;
+  std::ranges::copy(cell, buffer.begin());
+  const std::string_view text(buffer.data(), cell.size());
+  if (const std::size_t sign = text.find(','); sign != std::string_view::npos) buffer[sign] = '.';
+  return PlainNumber(text);
 }
 
 // Takes the groups' signs out; false where they do not stand before three digits each.
@@ -58,6 +68,7 @@ std::optional<double> CellNumber(std::string_view cell, char decimalSign) {
                        cell.find_first_of("\xC2\xE2") == std::string_view::npos;
   if (isPlain && decimalSign == '.') return PlainNumber(cell);
   if (cell.size() > kLongestNumber) return std::nullopt;
+  if (isPlain) return CommaNumber(cell);
   std::string text = WithoutBlankGroups(cell);
   if (text.find(groupSign) != std::string::npos && !TakeGroupsOut(text, decimalSign, groupSign)) {
     return std::nullopt;

@@ -50,7 +50,9 @@ class Importer {
 
  private:
   [[nodiscard]] bool HasNumber(std::size_t row) const {
-    return std::ranges::any_of(table_.Row(row), IsCellNumber);
+    return std::ranges::any_of(table_.Row(row), [this](std::string_view cell) {
+      return CellNumber(cell, decimalSign_).has_value() || IsCellNumber(cell);
+    });
   }
 
   [[nodiscard]] bool IsHeading(std::size_t row, bool isFirst) const {

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/file_layer.h"
@@ -37,6 +37,8 @@ class LibraryText {
     std::size_t ending;
   };
 
+  void Split(std::size_t begin);
+
   std::string bytes_;
   std::vector<Place> lines_;
   bool hasMark_ = false;
@@ -59,12 +61,17 @@ class NameIndex {
  private:
   struct Entry {
     std::string name;
-    std::string key;  // the folded name, told apart by its occurrence
     std::size_t line;
+    std::uint64_t hash;          // of the folded name and the occurrence
+    std::size_t occurrence = 0;  // of the name, from 0
+    std::size_t more = 0;        // of a first one, how many follow
   };
 
+  [[nodiscard]] std::size_t Find(const Entry& entry) const;
+  void Insert(std::size_t entry);
+
   std::vector<Entry> entries_;
-  std::unordered_map<std::string_view, std::size_t> places_;  // by key
+  std::vector<std::size_t> buckets_;  // places in entries_ plus 1, 0 for none; a power of two
 };
 
 }  // namespace zentab::interchange
