@@ -32,12 +32,13 @@ const std::map<string, LayerSet> kAllowed = {
     {"timetest", {"platform", "texts", "tables", "mathparser"}},
     {"testset", {"platform", "texts", "tables", "editor"}},
     {"exchange", {"platform", "texts", "tables", "editor"}},
+    {"interchange", {"platform", "texts", "tables", "curves"}},
     {"app",
      {"platform", "texts", "tables", "mathparser", "curves", "editor", "timetest", "testset",
-      "exchange"}},
+      "exchange", "interchange"}},
     {"cli",
      {"platform", "texts", "tables", "mathparser", "curves", "editor", "timetest", "testset",
-      "exchange", "app"}},
+      "exchange", "interchange", "app"}},
 };
 const std::map<string, LayerSet> kAllowedWindows = {
     {"app/widgets", {"editor/widgets", "exchange/widgets", "cli"}},

@@ -9,6 +9,11 @@ namespace zentab::cli {
 extern const CLI::Validator kWrittenFile;
 /// A decimal number with ".", in the range of a double: checks an option's text.
 extern const CLI::Validator kNumber;
+/// What keeps cells apart: one character, or "tab"; and the character of such a text.
+extern const CLI::Validator kSeparator;
+[[nodiscard]] char SeparatorOf(const std::string& text);
+/// A whole number from 0.
+extern const CLI::Validator kCount;
 /// The number of a text that kNumber let through; 0 for an empty one.
 [[nodiscard]] double NumberOf(const std::string& text);
 

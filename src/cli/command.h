@@ -29,6 +29,11 @@ void AddCommand(Commands& commands, const char* name, const char* description,
 }
 
 void AddTableCommands(Commands& commands);     // list, show, add, update, remove, copy
+void AddRenameCommands(Commands& commands);    // rename, move
+void AddLibraryCommands(Commands& commands);   // diff, merge
+void AddFunctionsCommand(Commands& commands);  // functions
+void AddExportCommands(Commands& commands);    // export, add-all
+void AddReadCommand(Commands& commands);       // read
 void AddCheckCommand(Commands& commands);      // check
 void AddTextCommands(Commands& commands);      // text, expand
 void AddTimeTestCommands(Commands& commands);  // entry, import

@@ -60,6 +60,10 @@ Exit Run(const std::vector<std::string>& given) {
   });
   Commands commands{program, {}};
   AddTableCommands(commands);
+  AddRenameCommands(commands);
+  AddReadCommand(commands);
+  AddExportCommands(commands);
+  AddLibraryCommands(commands);
   AddTextCommands(commands);
   AddTimeTestCommands(commands);
   AddGraphCommands(commands);
@@ -68,6 +72,7 @@ Exit Run(const std::vector<std::string>& given) {
   AddAssessCommand(commands);
   AddCleanCommand(commands);
   AddEvalCommand(commands);
+  AddFunctionsCommand(commands);
   AddCheckCommand(commands);
   Console console;
   const std::vector<std::string> arguments = WithEmptyValues(given, program);

@@ -6,7 +6,7 @@
 #include "cli/entries.h"
 #include "cli/input_file.h"
 #include "cli/numbers.h"
-#include "cli/reason.h"
+#include "cli/table_file.h"
 #include "editor/grid_points.h"
 #include "exchange/entry_copy.h"
 #include "platform/line_reader.h"
@@ -34,17 +34,6 @@ std::string NameOf(Instrument instrument) {
 
 std::string Digit(bool flag) { return flag ? "1" : "0"; }
 std::string Digit(Instrument instrument) { return std::to_string(static_cast<int>(instrument)); }
-
-Exit NotFound(const Console& console, const std::string& file, const std::string& entry) {
-  return console.Fail(file + ": no entry '" + entry + "'");
-}
-
-Exit NotWritten(const Console& console, const std::string& file, std::error_code error) {
-  return console.Fail(file + ": not written: " + Reason(error));
-}
-
-// A script decides itself what it keeps.
-tables::TableWriter Writer() { return {platform::SystemFiles(), tables::Backups::None}; }
 
 // list
 

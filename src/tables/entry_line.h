@@ -26,6 +26,8 @@ struct ParsedEntry {
   std::optional<bool> milliseconds;
   std::optional<bool> absoluteValues;
   std::optional<Instrument> instrument;  // Current or Voltage
+
+  friend bool operator==(const ParsedEntry&, const ParsedEntry&) = default;
 };
 
 /// Reads points and settings of a line (UTF-8). Only "(", ";", ")" and "}" guide it; braces,

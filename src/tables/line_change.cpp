@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/character_case.h"
 #include "tables/entry_line.h"
 
 namespace zentab::tables {
@@ -68,10 +69,15 @@ std::uint64_t PlaceBetween(const LineChange& change, const TableListing& listing
   return best < count ? listing.lines[best].offset : listing.end;
 }
 
+// A line that gets a name of its own in other letters, capital or small, does not take it from
+// itself.
 bool IsNameTaken(const LineChange& change, const TableListing& listing) {
-  std::string_view rest = change.after;
-  const std::optional<std::string> name = ParseEntryName(TakeLine(rest));
-  return change.needsFreeName && name && listing.HasName(*name);
+  std::string_view after = change.after;
+  std::string_view before = change.before;
+  const std::optional<std::string> name = ParseEntryName(TakeLine(after));
+  if (!change.needsFreeName || !name || !listing.HasName(*name)) return false;
+  const std::optional<std::string> former = ParseEntryName(TakeLine(before));
+  return !former || platform::LowerCase(*former) != platform::LowerCase(*name);
 }
 
 }  // namespace
@@ -92,8 +98,8 @@ bool IsOnlyOneOfItsName(const TableListing& listing, std::size_t index) {
 }
 
 std::optional<BytePlace> PlaceFor(const LineChange& change, const TableListing& listing) {
-  if (!change.before.empty()) return PlaceOfLines(change, listing);
   if (IsNameTaken(change, listing)) return std::nullopt;
+  if (!change.before.empty()) return PlaceOfLines(change, listing);
   const bool isAtEnd = !change.inFront && !change.behind;
   const std::uint64_t place = isAtEnd ? listing.end : PlaceBetween(change, listing);
   return BytePlace{place, place};

@@ -7,6 +7,7 @@
 #include "texts/chart_texts.h"
 #include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
+#include "texts/interchange_texts.h"
 #include "texts/library_texts.h"
 #include "texts/report_texts.h"
 
@@ -251,6 +252,7 @@ struct CatalogueTexts {
   GraphTexts graph;
   ChartTexts chart;
   CurveTexts curve;
+  InterchangeTexts interchange;
   CurveDialogTexts curveDialogs;
   ReportTexts report;
   OutputTexts output;

@@ -350,6 +350,7 @@ std::vector<KeyRow> AllRows() {
   table.push_back({"TABLE.PRINT", TraceSwitch{}});
   Append(table, OwnRows());
   Append(table, CurveRows());
+  Append(table, InterchangeRows());
   Append(table, CurveDialogRows());
   Append(table, LibraryRows());
   Append(table, ReportRows());

@@ -60,6 +60,9 @@ struct StepName {
 struct ChartField {
   std::string ChartTexts::*field;
 };
+struct InterchangeField {
+  std::string InterchangeTexts::*field;
+};
 struct CurveField {
   std::string CurveTexts::*field;
 };
@@ -105,9 +108,10 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, ChartField, CurveField, CurveDialogField, LibraryField, ReportField,
-                 OutputField, ExchangeField, EquationSlot, HistoryField, StepName, ImportField,
-                 TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+                 GraphField, ChartField, CurveField, InterchangeField, CurveDialogField,
+                 LibraryField, ReportField, OutputField, ExchangeField, EquationSlot, HistoryField,
+                 StepName, ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue,
+                 ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
@@ -117,6 +121,7 @@ struct KeyRow {
 
 /// The keys of the texts about characteristics and operations on curves.
 [[nodiscard]] const std::vector<KeyRow>& CurveRows();
+[[nodiscard]] const std::vector<KeyRow>& InterchangeRows();
 
 /// The keys of the menu for curves, its dialogs and the assessment.
 [[nodiscard]] const std::vector<KeyRow>& CurveDialogRows();

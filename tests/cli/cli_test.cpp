@@ -1,8 +1,5 @@
 // Runs the executable as a script would.
-#include <cstdlib>
-
-#include "support/cases.h"
-#include "support/temporary_folder.h"
+#include "cli/command_line.h"
 
 namespace zentab::test {
 namespace {
@@ -10,36 +7,86 @@ namespace {
 namespace fs = std::filesystem;
 using std::string;
 
-class CommandLine : public TemporaryFolder {
- protected:
-  // The exit code of a shell command in the test's folder.
-  [[nodiscard]] int Run(const string& command) const {
-    const string line = "cd \"" + Folder().string() + "\" && " + command;
-    // What a user types goes through the shell as well.
-    const int status = std::system(line.c_str());  // NOLINT(cert-env33-c)
-#ifdef _WIN32
-    return status;
-#else
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-#endif
-  }
-
-  void RunCases(const string& section) const {
-    for (const auto& row : Cases("cli.txt", section)) {
-      ASSERT_EQ(row.size(), 5u) << row[0];
-      Write("in", row[1]);
-      const int exit = Run("\"" PROGRAM "\" " + row[0] + " <in >out 2>err");
-      const string messages = BytesOf(Folder() / "err");
-      EXPECT_EQ(std::to_string(exit), row[4]) << row[0] << "\n" << messages;
-      EXPECT_EQ(BytesOf(Folder() / "out"), row[2]) << row[0];
-      EXPECT_NE(messages.find(row[3]), string::npos) << row[0] << "\n" << messages;
-      EXPECT_EQ(messages.empty() || messages.starts_with("zentab-cli: "), true) << messages;
-      EXPECT_EQ(messages.empty(), row[3].empty()) << row[0] << "\n" << messages;
-    }
-  }
-};
-
 TEST_F(CommandLine, Tables) { RunCases("tables"); }
+TEST_F(CommandLine, RenamesAndMovesKeepEveryOtherByte) {
+  Write("lib.dat",
+        "\xEF\xBB\xBF{\"Alpha\"\t(1.50;2) 001}\n{\"beta\"\t 000 junk}\r\n{\"\xC3\x84\"\t 000}\r"
+        "{\"Delta\"\t(1;\xDC) 0}");
+  RunCases("rename");
+  EXPECT_EQ(BytesOf(Folder() / "lib.dat"),
+            "\xEF\xBB\xBF{\"\xC5\x81\xC3\xB3\x64\xC5\xBA\"\t 000}\n{\"Gr\xF6\xDF\x65\"\t(1.50;2) "
+            "001}\r\n{\"Delta\"\t(1;\xDC) 0}\r{\"beta\"\t 000 junk}");
+}
+TEST_F(CommandLine, ComparesAndMergesLibraries) {
+  Write("a.dat",
+        "{\"same\"\t(1.50;2) 001}\r\n{\"gone\"\t 000}\nnone\n{\"changed\"\t(1;2) "
+        "000}\n{\"Name\"\t 000}\n{\"twice\"\t 001}\n{\"twice\"\t 002}");
+  Write("b.dat",
+        "{\"twice\"\t 001}\n{\"new\"\t 000}\n{\"same\"\t(1.5;2) 001}\n{\"changed\"\t(1;2) "
+        "100}\n{\"name\"\t 000}\n{\"twice\"\t 002}");
+  const std::string mark = "\xEF\xBB\xBF";
+  Write(
+      "base.dat",
+      "{\"kept\"\t(1;1) 000}\n{\"both\"\t(1;1) 000}\n{\"mine\"\t(1;1) 000}\n{\"their\"\t(1;1) "
+      "000}\n{\"lost\"\t(1;1) 000}\n{\"dropped\"\t(1;1) 000}\n{\"gone1\"\t 0}\n{\"gone2\"\t 0}\n");
+  Write("ours.dat",
+        mark +
+            "{\"mine\"\t(1;2) 000}\n{\"kept\"\t(1;1.0) 000}\r\nrubbish\n{\"both\"\t(1;2) "
+            "000}\n{\"their\"\t(1;1) 000}\n{\"lost\"\t(1;5) 000}\n{\"new1\"\t 0}\n{\"new2\"\t 1}\n"
+            "{\"gone2\"\t 0}\n{\"\xC4\"\t 0}");
+  Write("theirs.dat",
+        "{\"kept\"\t(1;1) 000}\n{\"both\"\t(1;3) 000}\n{\"mine\"\t(1;1) "
+        "000}\n{\"their\"\t(1;9) 000}\n{\"dropped\"\t(1;4) 000}\n{\"new2\"\t(1;2) 1}\n{\"new3\"\t "
+        "0}\nx\n"
+        "{\"gone1\"\t 0}\n{\"\xC3\x84\"\t 0}\n");
+  RunCases("libraries");
+  EXPECT_EQ(
+      BytesOf(Folder() / "out.dat"),
+      mark +
+          "{\"mine\"\t(1;2) 000}\n{\"kept\"\t(1;1.0) 000}\r\nrubbish\n{\"both\"\t(1;2) "
+          "000}\n{\"their\"\t(1;9) 000}\n{\"lost\"\t(1;5) 000}\n{\"new1\"\t 0}\n{\"new2\"\t 1}\n"
+          "{\"\xC4\"\t 0}\r\n{\"new3\"\t 0}\n");
+}
+TEST_F(CommandLine, ExportedLibrariesComeBackAsTheSameBytes) {
+  // What the program would not write so itself, and lines of every kind of end.
+  string many;
+  for (int point = 0; point < 30; ++point) many += "(" + std::to_string(point) + ";1)";
+  const string library =
+      "\xEF\xBB\xBF{\"plain\"\t(1.5;2)(1E-05;0.1) 112}\r\n{\"\xC3\x84\"\t(01.50;+2) "
+      "0}\n{\"\xC4\x81\x81\"\t "
+      "000 junk}\r{\"many\"\t" +
+      many +
+      " 000}\r\n{\"a(1;2)\"\t(;)(x;1E400) 9}\n{\"\"\t(1;2) 000}\n"
+      "[[\"open\"(0.1234567890123456789;100000000000000000000) ";
+  Write("all.dat", library);
+  RunCases("export");
+  EXPECT_EQ(BytesOf(Folder() / "back.dat"), library);
+}
+TEST_F(CommandLine, ReadsCurvesOfOtherPrograms) {
+  Write("german.csv", "Strom [A];Ausl\xF6sezeit [ms]\r\n100,5;1.234,5\r\n200;500\r\n");
+  Write("marked.csv", "\xEF\xBB\xBF\"Current (kA)\",\"Time (cycles, 60 Hz)\"\n1.5,60\n2,30\n");
+  Write("wide.csv", string("\xFE\xFF\0I\0/\0A\0;\0t\0/\0s\0\n\0"
+                           "1\0;\0,\0"
+                           "5",
+                           26));
+  Write("relay.tsv",
+        "Relay X\n\nI/In\tTMS 0.1 [s]\tTMS 0.2 [s]\tRemark\n2\t1\t2\tx\n3\t0.5\t1\n4\t\t0.8\n");
+  string many = "Load;Time\n";
+  string lines;
+  for (int row = 1; row <= 120; ++row) {
+    many += std::to_string(row) + ",5;" + std::to_string(1000 - row * row / 20) + "\n";
+    lines += "1,2\n";
+  }
+  Write("many.csv", many);
+  for (int doubled = 0; doubled < 15; ++doubled) lines += lines;
+  Write("long.csv", lines);
+  RunCases("read");
+  ASSERT_EQ(Run("\"" PROGRAM "\" read many.csv >out"), 0);
+  const string thinned = BytesOf(Folder() / "out");
+  EXPECT_EQ(std::count(thinned.begin(), thinned.end(), '\n'), 27);
+  EXPECT_TRUE(thinned.starts_with("1.5\t1000\n"));
+  EXPECT_NE(thinned.find("\n120.5\t280\n# deviation=0."), string::npos) << thinned;
+}
 TEST_F(CommandLine, Texts) { RunCases("texts"); }
 TEST_F(CommandLine, TimeTests) {
   Write("equations.txt",
@@ -52,13 +99,25 @@ TEST_F(CommandLine, Graphs) { RunCases("graphs"); }
 TEST_F(CommandLine, Curves) { RunCases("curves"); }
 TEST_F(CommandLine, Clean) { RunCases("clean"); }
 TEST_F(CommandLine, Eval) { RunCases("eval"); }
+TEST_F(CommandLine, ListsItsFunctions) {
+  ASSERT_EQ(Run("\"" PROGRAM "\" functions >out"), 0);
+  const string text = BytesOf(Folder() / "out");
+  EXPECT_NE(
+      text.find(
+          "\nlogn\tx, base\tlogarithm to a base\tx > 0; base > 0, not 1\tlogn(1000,10) = 3\n"),
+      string::npos);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 116);
+  ASSERT_EQ(Run("\"" PROGRAM "\" functions --format json >out"), 0);
+  EXPECT_TRUE(
+      BytesOf(Folder() / "out").starts_with(R"([{"keyword":"abs","arguments":"x","meaning":)"));
+}
 TEST_F(CommandLine, Usage) {
   RunCases("usage");
   // What the help of the program lists, every command explains.
   for (const char* const command :
-       {"list",   "show",     "add",    "update", "remove",   "copy",  "text",
-        "expand", "entry",    "import", "grh",    "grh-read", "curve", "fit",
-        "thin",   "resample", "assess", "margin", "clean",    "eval",  "check"}) {
+       {"list", "show",     "add",    "update", "remove", "copy",     "text",  "rename",
+        "move", "expand",   "entry",  "import", "grh",    "grh-read", "curve", "fit",
+        "thin", "resample", "assess", "margin", "clean",  "eval",     "check"}) {
     ASSERT_EQ(Run("\"" PROGRAM "\" --help >out"), 0);
     EXPECT_NE(BytesOf(Folder() / "out").find(string("\n  ") + command), string::npos) << command;
     ASSERT_EQ(Run("\"" PROGRAM "\" " + string(command) + " --help >out"), 0);
