@@ -23,7 +23,17 @@ std::size_t PointColumns::RowsOfBlock() const {
   return (page_.rows.size() + blocks_ - 1) / blocks_;
 }
 
-// Each gets what its heading takes, in two lines where one is too much, and the rest is shared.
+double PointColumns::WidestCell(std::size_t column) const {
+  double widest = 0.0;
+  for (const std::vector<std::string>& row : page_.rows) {
+    const QString cell = QString::fromStdString(row[column]);
+    widest = std::max(widest, PageWriter::Width(cell, PageText::CellMarked));
+  }
+  return widest;
+}
+
+// Each gets what its heading and its cells take, in two lines where one is too much, and the rest
+// is shared.
 std::vector<double> PointColumns::Widths(double width) const {
   std::vector<double> widths;
   for (const double lines : {1.0, 2.0}) {
@@ -31,7 +41,7 @@ std::vector<double> PointColumns::Widths(double width) const {
     for (std::size_t column = 1; column < page_.headings.size(); ++column) {
       const QString heading = QString::fromStdString(page_.headings[column]);
       const double heads = PageWriter::Width(heading, PageText::CellHeading) / lines;
-      widths.push_back(std::max(heads, kLeastWidth) + 2.0 * kPadding);
+      widths.push_back(std::max({heads, kLeastWidth, WidestCell(column)}) + 2.0 * kPadding);
     }
     if (std::accumulate(widths.begin(), widths.end(), 0.0) <= width) break;
   }

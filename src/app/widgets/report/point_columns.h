@@ -22,6 +22,7 @@ class PointColumns {
   [[nodiscard]] double DrawHeadings(const QRectF& place, const std::vector<double>& widths,
                                     PageWriter& writer) const;
   void DrawBlock(const QRectF& place, std::size_t first, PageWriter& writer) const;
+  [[nodiscard]] double WidestCell(std::size_t column) const;
   [[nodiscard]] std::vector<double> Widths(double width) const;
 
   const ReportPage& page_;

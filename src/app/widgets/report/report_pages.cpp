@@ -86,17 +86,31 @@ void DrawFields(const std::vector<ReportField>& fields, QRectF& place, PageWrite
   TakeTop(place, kGap);
 }
 
-void DrawAssessment(const std::vector<std::string>& lines, QRectF& place, PageWriter& writer) {
-  for (std::size_t line = 0; line < lines.size(); ++line) {
-    const PageText kind = line == 0 ? PageText::Heading : PageText::Small;
-    writer.Put(TakeTop(place, PageWriter::LineHeight(kind)), Shown(lines[line]), kind);
+// The outcome, over two lines where one is too short for it, and the limits.
+std::vector<std::pair<QString, PageText>> AssessmentLines(const std::vector<std::string>& texts,
+                                                          double width) {
+  std::vector<std::pair<QString, PageText>> lines;
+  for (const std::string& text : texts) {
+    const PageText kind = lines.empty() ? PageText::Heading : PageText::Small;
+    for (const QString& line : PageWriter::Broken(Shown(text), kind, width, kMostTitleLines)) {
+      lines.emplace_back(line, kind);
+    }
+  }
+  return lines;
+}
+
+void DrawAssessment(const std::vector<std::string>& texts, QRectF& place, PageWriter& writer) {
+  for (const auto& [line, kind] : AssessmentLines(texts, place.width())) {
+    writer.Put(TakeTop(place, PageWriter::LineHeight(kind)), line, kind);
   }
 }
 
-double HeightOfAssessment(const std::vector<std::string>& lines) {
-  if (lines.empty()) return 0.0;
-  return PageWriter::LineHeight(PageText::Heading) +
-         static_cast<double>(lines.size() - 1) * PageWriter::LineHeight(PageText::Small) + kGap;
+double HeightOfAssessment(const std::vector<std::string>& texts, double width) {
+  double height = texts.empty() ? 0.0 : kGap;
+  for (const auto& [line, kind] : AssessmentLines(texts, width)) {
+    height += PageWriter::LineHeight(kind);
+  }
+  return height;
 }
 
 }  // namespace
@@ -141,20 +155,32 @@ void ReportPages::DrawTable(const ReportPage& page, QRectF place, QCPPainter& pa
   DrawTitle(page.title, place, writer);
   DrawFields(page.fields, place, writer);
   const PointColumns table(page);
-  const double tableHeight = table.Height(place.width());
+  const double below =
+      table.Height(place.width()) + HeightOfAssessment(page.assessment, place.width()) + kGap;
+  const double lacking = page.curve.IsShown() ? kLowestChart + below - place.height() : 0.0;
+  painter.save();
+  if (lacking > 0.0) {
+    // All rows, long header lines and a low paper: what stands below the title becomes smaller.
+    const double share = place.height() / (place.height() + lacking);
+    painter.translate(place.topLeft());
+    painter.scale(share, share);
+    place = QRectF(QPointF(), place.size() / share);
+  }
   if (page.curve.IsShown()) {
-    const double rest = place.height() - tableHeight - HeightOfAssessment(page.assessment) - kGap;
-    const double height = std::clamp(rest, kLowestChart, place.width() * kHighestChart);
-    editor::CurveChart& chart =
-        chart_.Show(page.curve, Shown(page.axes.load), Shown(page.axes.time));
-    // The axes' box reaches to the edges of the table.
-    const QRectF area = TakeTop(place, height).adjusted(-kChartLeft, 0.0, kChartRight, 0.0);
-    DrawChart(chart, painter, area, kPageUnitsPerInch);
+    const double rest = std::max(place.height() - below, kLowestChart);
+    DrawCurve(page, TakeTop(place, std::min(rest, place.width() * kHighestChart)), painter);
     TakeTop(place, kGap);
   }
-  table.Draw(TakeTop(place, tableHeight), writer);
+  table.Draw(TakeTop(place, table.Height(place.width())), writer);
   TakeTop(place, kGap);
   DrawAssessment(page.assessment, place, writer);
+  painter.restore();
+}
+
+void ReportPages::DrawCurve(const ReportPage& page, const QRectF& place, QCPPainter& painter) {
+  editor::CurveChart& chart = chart_.Show(page.curve, Shown(page.axes.load), Shown(page.axes.time));
+  // The axes' box reaches to the edges of the table.
+  DrawChart(chart, painter, place.adjusted(-kChartLeft, 0.0, kChartRight, 0.0), kPageUnitsPerInch);
 }
 
 void ReportPages::DrawContents(int part, QRectF place, PageWriter& writer) const {

@@ -23,6 +23,7 @@ class ReportPages {
  private:
   [[nodiscard]] int ContentsPages() const;
   void DrawTable(const ReportPage& page, QRectF place, QCPPainter& painter);
+  void DrawCurve(const ReportPage& page, const QRectF& place, QCPPainter& painter);
   void DrawContents(int part, QRectF place, PageWriter& writer) const;
 
   const Report& report_;
