@@ -28,9 +28,9 @@ class Merger {
 
   MergedLibrary Run() {
     if (ours_.HasByteOrderMark()) merged_.bytes = platform::kByteOrderMark;
-    const NameIndex base(base_);
-    const NameIndex ours(ours_);
-    const NameIndex theirs(theirs_);
+    const NameIndex base(base_.Names());
+    const NameIndex ours(ours_.Names());
+    const NameIndex theirs(theirs_.Names());
     std::size_t entry = 0;
     for (std::size_t line = 0; line < ours_.LineCount(); ++line) {
       if (entry == ours.Count() || ours.Line(entry) != line) {
