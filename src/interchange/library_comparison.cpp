@@ -6,9 +6,10 @@
 namespace zentab::interchange {
 namespace {
 
-NamedLines NamesOf(const tables::TableListing& listing) {
-  NamedLines entries = {listing.names, {}};
-  entries.lines.reserve(listing.names.size());
+// Takes the names out of the listing.
+NamedLines TakeNames(tables::TableListing& listing) {
+  NamedLines entries = {std::move(listing.names), {}};
+  entries.lines.reserve(entries.names.size());
   auto nameless = listing.nameless.begin();
   for (std::size_t line = 0; line < listing.lines.size(); ++line) {
     if (nameless != listing.nameless.end() && *nameless == line) {
@@ -47,19 +48,24 @@ std::error_code Compare(platform::FileLayer& files, ComparedFile& before, Compar
   for (ComparedFile* const file : {&before, &after}) {
     if (const auto error = tables::ListEntries(files, file->path, file->listing)) return error;
   }
-  const NameIndex former(NamesOf(before.listing));
-  const NameIndex present(NamesOf(after.listing));
+  const NamedLines formerNames = TakeNames(before.listing);
+  const NamedLines presentNames = TakeNames(after.listing);
+  const NameIndex former(formerNames);
+  const NameIndex present(presentNames);
+  std::vector<bool> isKnown(present.Count());
   LineSource formerLines(files, before);
   LineSource presentLines(files, after);
   std::string line;
   std::string other;
   for (std::size_t entry = 0; entry < former.Count(); ++entry) {
     const std::size_t at = former.Line(entry);
-    const std::size_t now = present.LineOf(former, entry);
-    if (now == kNoLine) {
+    const std::size_t found = present.EntryOf(former, entry);
+    if (found == kNoLine) {
       differences.push_back({Difference::Removed, former.Name(entry), at, kNoLine});
       continue;
     }
+    isKnown[found] = true;
+    const std::size_t now = present.Line(found);
     if (before.listing.lines[at].hash == after.listing.lines[now].hash) continue;
     if (const auto error = formerLines.Read(at, line)) return error;
     if (const auto error = presentLines.Read(now, other)) return error;
@@ -67,7 +73,7 @@ std::error_code Compare(platform::FileLayer& files, ComparedFile& before, Compar
     differences.push_back({Difference::Changed, former.Name(entry), at, now});
   }
   for (std::size_t entry = 0; entry < present.Count(); ++entry) {
-    if (former.LineOf(present, entry) != kNoLine) continue;
+    if (isKnown[entry]) continue;
     differences.push_back({Difference::Added, present.Name(entry), kNoLine, present.Line(entry)});
   }
   return {};

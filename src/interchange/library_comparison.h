@@ -26,7 +26,7 @@ struct EntryDifference {
 /// A table file to be compared; one that is not there is an empty library.
 struct ComparedFile {
   std::filesystem::path path;
-  tables::TableListing listing;  // as it was compared
+  tables::TableListing listing;  // as it was compared; without the names
 };
 
 /// What became of a library: entries that are gone or say something else, in the order of `before`,

@@ -25,40 +25,38 @@ std::uint64_t WithOccurrence(std::uint64_t hash, std::size_t occurrence) {
 
 }  // namespace
 
-NameIndex::NameIndex(NamedLines entries)
-    : entries_(std::move(entries)), buckets_(std::bit_ceil(2 * entries_.names.size() + 1)) {
+NameIndex::NameIndex(const NamedLines& entries)
+    : entries_(entries), buckets_(std::bit_ceil(2 * entries_.names.size() + 1)) {
   hashes_.reserve(Count());
   std::vector<std::size_t> repeated(Count());
   std::string folded;
   for (std::size_t entry = 0; entry < Count(); ++entry) {
-    hashes_.push_back(HashOfName(Name(entry), folded));
-    Insert(entry, repeated);
+    std::uint64_t hash = HashOfName(Name(entry), folded);
+    Bucket* bucket = &buckets_[PlaceOf(hash)];
+    if (bucket->entry != kNoLine) {
+      hash = WithOccurrence(hash, ++repeated[bucket->entry]);
+      bucket = &buckets_[PlaceOf(hash)];
+    }
+    *bucket = {hash, entry};
+    hashes_.push_back(hash);
   }
 }
 
-void NameIndex::Insert(std::size_t entry, std::vector<std::size_t>& repeated) {
-  if (const std::size_t first = Find(hashes_[entry], Name(entry)); first != kNoLine) {
-    hashes_[entry] = WithOccurrence(hashes_[entry], ++repeated[first]);
+// Where a hash is, or would be put.
+std::size_t NameIndex::PlaceOf(std::uint64_t hash) const {
+  std::size_t place = hash & (buckets_.size() - 1);
+  while (buckets_[place].entry != kNoLine && buckets_[place].hash != hash) {
+    place = (place + 1) & (buckets_.size() - 1);
   }
-  std::size_t bucket = hashes_[entry] & (buckets_.size() - 1);
-  while (buckets_[bucket] != 0) bucket = (bucket + 1) & (buckets_.size() - 1);
-  buckets_[bucket] = entry + 1;
+  return place;
 }
 
-std::size_t NameIndex::Find(std::uint64_t hash, const std::string& name) const {
-  for (std::size_t bucket = hash & (buckets_.size() - 1); buckets_[bucket] != 0;
-       bucket = (bucket + 1) & (buckets_.size() - 1)) {
-    const std::size_t entry = buckets_[bucket] - 1;
-    if (hashes_[entry] != hash) continue;
-    const bool isSame =
-        Name(entry) == name || platform::LowerCase(Name(entry)) == platform::LowerCase(name);
-    if (isSame) return entry;
-  }
-  return kNoLine;
+std::size_t NameIndex::EntryOf(const NameIndex& other, std::size_t entry) const {
+  return buckets_[PlaceOf(other.hashes_[entry])].entry;
 }
 
 std::size_t NameIndex::LineOf(const NameIndex& other, std::size_t entry) const {
-  const std::size_t found = Find(other.hashes_[entry], other.Name(entry));
+  const std::size_t found = EntryOf(other, entry);
   return found == kNoLine ? kNoLine : Line(found);
 }
 

@@ -17,27 +17,33 @@ struct NamedLines {
 };
 
 /// Entries by their names, letters compared without case. A name that several entries have counts
-/// once for each of them, in their order.
+/// once for each of them, in their order. Two names are taken for one with a chance of about 2^-64,
+/// as by tables::HashOf.
 class NameIndex {
  public:
-  explicit NameIndex(NamedLines entries);
+  /// The entries have to outlive the index.
+  explicit NameIndex(const NamedLines& entries);
 
   /// How many entries there are, and of each its name and line.
   [[nodiscard]] std::size_t Count() const { return entries_.names.size(); }
   [[nodiscard]] const std::string& Name(std::size_t entry) const { return entries_.names[entry]; }
   [[nodiscard]] std::size_t Line(std::size_t entry) const { return entries_.lines[entry]; }
-  /// The line of the entry that goes by the same name as an entry of another file; kNoLine when
+  /// The entry that goes by the same name as an entry of another file, and its line; kNoLine when
   /// there is none.
+  [[nodiscard]] std::size_t EntryOf(const NameIndex& other, std::size_t entry) const;
   [[nodiscard]] std::size_t LineOf(const NameIndex& other, std::size_t entry) const;
 
  private:
-  // The entry of a name; kNoLine when there is none.
-  [[nodiscard]] std::size_t Find(std::uint64_t hash, const std::string& name) const;
-  void Insert(std::size_t entry, std::vector<std::size_t>& repeated);
+  struct Bucket {
+    std::uint64_t hash = 0;
+    std::size_t entry = kNoLine;
+  };
 
-  NamedLines entries_;
+  [[nodiscard]] std::size_t PlaceOf(std::uint64_t hash) const;
+
+  const NamedLines& entries_;
   std::vector<std::uint64_t> hashes_;  // of the folded names, told apart by their occurrence
-  std::vector<std::size_t> buckets_;   // numbers of entries plus 1, 0 for none; a power of two
+  std::vector<Bucket> buckets_;        // a power of two, at most half of them taken
 };
 
 }  // namespace zentab::interchange
