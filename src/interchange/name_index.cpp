@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <unordered_map>
 
 #include "platform/ascii.h"
 #include "platform/character_case.h"
@@ -14,7 +15,7 @@ namespace {
 std::uint64_t HashOfName(const std::string& name, std::string& folded) {
   if (!platform::IsAscii(name)) return tables::HashOf(platform::LowerCase(name));
   folded.resize(name.size());
-  std::ranges::transform(name, folded.begin(), platform::LowerAscii);
+  std::ranges::transform(name, folded.begin(), [](char c) { return platform::LowerAscii(c); });
   return tables::HashOf(folded);
 }
 
@@ -28,16 +29,16 @@ std::uint64_t WithOccurrence(std::uint64_t hash, std::size_t occurrence) {
 NameIndex::NameIndex(const NamedLines& entries)
     : entries_(entries), buckets_(std::bit_ceil(2 * entries_.names.size() + 1)) {
   hashes_.reserve(Count());
-  std::vector<std::size_t> repeated(Count());
+  std::unordered_map<std::uint32_t, std::size_t> repeated;  // by the first of a name
   std::string folded;
   for (std::size_t entry = 0; entry < Count(); ++entry) {
     std::uint64_t hash = HashOfName(Name(entry), folded);
-    Bucket* bucket = &buckets_[PlaceOf(hash)];
-    if (bucket->entry != kNoLine) {
-      hash = WithOccurrence(hash, ++repeated[bucket->entry]);
-      bucket = &buckets_[PlaceOf(hash)];
+    std::size_t place = PlaceOf(hash);
+    if (buckets_[place] != 0) {
+      hash = WithOccurrence(hash, ++repeated[buckets_[place]]);
+      place = PlaceOf(hash);
     }
-    *bucket = {hash, entry};
+    buckets_[place] = static_cast<std::uint32_t>(entry + 1);
     hashes_.push_back(hash);
   }
 }
@@ -45,14 +46,15 @@ NameIndex::NameIndex(const NamedLines& entries)
 // Where a hash is, or would be put.
 std::size_t NameIndex::PlaceOf(std::uint64_t hash) const {
   std::size_t place = hash & (buckets_.size() - 1);
-  while (buckets_[place].entry != kNoLine && buckets_[place].hash != hash) {
+  while (buckets_[place] != 0 && hashes_[buckets_[place] - 1] != hash) {
     place = (place + 1) & (buckets_.size() - 1);
   }
   return place;
 }
 
 std::size_t NameIndex::EntryOf(const NameIndex& other, std::size_t entry) const {
-  return buckets_[PlaceOf(other.hashes_[entry])].entry;
+  const std::uint32_t found = buckets_[PlaceOf(other.hashes_[entry])];
+  return found == 0 ? kNoLine : found - 1;
 }
 
 std::size_t NameIndex::LineOf(const NameIndex& other, std::size_t entry) const {

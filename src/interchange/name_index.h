@@ -34,16 +34,13 @@ class NameIndex {
   [[nodiscard]] std::size_t LineOf(const NameIndex& other, std::size_t entry) const;
 
  private:
-  struct Bucket {
-    std::uint64_t hash = 0;
-    std::size_t entry = kNoLine;
-  };
-
   [[nodiscard]] std::size_t PlaceOf(std::uint64_t hash) const;
 
   const NamedLines& entries_;
   std::vector<std::uint64_t> hashes_;  // of the folded names, told apart by their occurrence
-  std::vector<Bucket> buckets_;        // a power of two, at most half of them taken
+  // Numbers of entries plus 1, 0 for none; a power of two, at most half of them taken. Small, as
+  // memory that is new costs more than all the rest.
+  std::vector<std::uint32_t> buckets_;
 };
 
 }  // namespace zentab::interchange
