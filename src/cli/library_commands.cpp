@@ -49,6 +49,11 @@ void DeclareDiff(CLI::App& command, DiffOptions& options) {
       ->capture_default_str();
 }
 
+// A file that is not there, in the place of none.
+std::filesystem::path PathOf(const InputFile& file) {
+  return file.Name() == kNoFile ? std::filesystem::path() : file.Path();
+}
+
 std::string JsonOf(const std::vector<interchange::EntryDifference>& differences) {
   nlohmann::ordered_json object = {{"added", nlohmann::ordered_json::array()},
                                    {"removed", nlohmann::ordered_json::array()},
@@ -64,11 +69,20 @@ Exit Diff(const DiffOptions& options, Console& console) {
   if (options.before == "-" && options.after == "-") {
     return console.Misused("diff: standard input can be read once");
   }
-  LibraryText before;
-  LibraryText after;
-  if (!TakeLibrary(options.before, before, console)) return Exit::Failed;
-  if (!TakeLibrary(options.after, after, console)) return Exit::Failed;
-  const auto differences = interchange::Compare(before, after);
+  const InputFile one(options.before);
+  const InputFile two(options.after);
+  for (const InputFile* const file : {&one, &two}) {
+    const bool isNone = file->Name() == kNoFile;
+    if (file->Error() && !isNone)
+      return console.Fail(file->Name() + ": " + file->Error().message());
+  }
+  interchange::ComparedFile before = {PathOf(one), {}};
+  interchange::ComparedFile after = {PathOf(two), {}};
+  std::vector<interchange::EntryDifference> differences;
+  if (const std::error_code error =
+          interchange::Compare(platform::SystemFiles(), before, after, differences)) {
+    return console.Fail(one.Name() + ", " + two.Name() + ": " + Reason(error));
+  }
   if (options.format == "json") {
     console.Write(JsonOf(differences));
   } else {

@@ -22,13 +22,16 @@ bool IsSamePoint(const tables::CurvePoint& point, const tables::CurvePoint& othe
   return IsSameCell(point.load, other.load) && IsSameCell(point.time, other.time);
 }
 
-}  // namespace
-
-tables::CurveTableEntry EntryOf(std::string_view line) {
-  tables::ParsedEntry parsed = tables::ParseEntryLine(texts::DecodeLine(line));
+tables::CurveTableEntry Entry(std::string_view line, tables::ParsedEntry parsed) {
   return {tables::ParseEntryName(line).value_or(std::string()), std::move(parsed.points),
           parsed.milliseconds.value_or(false), parsed.absoluteValues.value_or(false),
           parsed.instrument.value_or(tables::Instrument::None)};
+}
+
+}  // namespace
+
+tables::CurveTableEntry EntryOf(std::string_view line) {
+  return Entry(line, tables::ParseEntryLine(texts::DecodeLine(line)));
 }
 
 bool SayTheSame(const tables::CurveTableEntry& one, const tables::CurveTableEntry& other) {
@@ -42,11 +45,12 @@ bool LinesSayTheSame(std::string_view line, std::string_view other) {
   if (line == other) return true;
   const std::string text = texts::DecodeLine(line);
   const std::string otherText = texts::DecodeLine(other);
-  const std::size_t count = tables::ParseEntryLine(text).pointCount;
+  tables::ParsedEntry one = tables::ParseEntryLine(text);
+  tables::ParsedEntry two = tables::ParseEntryLine(otherText);
   // Of an entry without points no settings are read; what its line has of them may still be meant.
-  if (count == 0) return text == otherText;
-  return count == tables::ParseEntryLine(otherText).pointCount &&
-         SayTheSame(EntryOf(line), EntryOf(other));
+  if (one.pointCount == 0) return text == otherText;
+  return one.pointCount == two.pointCount &&
+         SayTheSame(Entry(line, std::move(one)), Entry(other, std::move(two)));
 }
 
 std::string NumberCell(double number) {

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <vector>
 
-#include "interchange/library_text.h"
+#include "interchange/name_index.h"
+#include "tables/table_listing.h"
 
 namespace zentab::interchange {
 
@@ -20,10 +23,19 @@ struct EntryDifference {
   friend bool operator==(const EntryDifference&, const EntryDifference&) = default;
 };
 
+/// A table file to be compared; one that is not there is an empty library.
+struct ComparedFile {
+  std::filesystem::path path;
+  tables::TableListing listing;  // as it was compared; without the names
+};
+
 /// What became of a library: entries that are gone or say something else, in the order of `before`,
 /// then new ones in the order of `after`. Entries go by their names, letters compared without case;
-/// their order, and lines without a name, do not count. Takes time in proportion to the entries.
-[[nodiscard]] std::vector<EntryDifference> Compare(const LibraryText& before,
-                                                   const LibraryText& after);
+/// their order, and lines without a name, do not count. Lists both files, and reads a second time
+/// only lines that differ. Takes time in proportion to the files. Fails with what the system says,
+/// and with tables::kEntryChanged when someone has replaced one of them meanwhile.
+[[nodiscard]] std::error_code Compare(platform::FileLayer& files, ComparedFile& before,
+                                      ComparedFile& after,
+                                      std::vector<EntryDifference>& differences);
 
 }  // namespace zentab::interchange

@@ -28,9 +28,12 @@ class Merger {
 
   MergedLibrary Run() {
     if (ours_.HasByteOrderMark()) merged_.bytes = platform::kByteOrderMark;
-    const NameIndex base(base_);
-    const NameIndex ours(ours_);
-    const NameIndex theirs(theirs_);
+    const NamedLines baseNames = base_.Names();
+    const NamedLines ourNames = ours_.Names();
+    const NamedLines theirNames = theirs_.Names();
+    const NameIndex base(baseNames);
+    const NameIndex ours(ourNames);
+    const NameIndex theirs(theirNames);
     std::size_t entry = 0;
     for (std::size_t line = 0; line < ours_.LineCount(); ++line) {
       if (entry == ours.Count() || ours.Line(entry) != line) {
