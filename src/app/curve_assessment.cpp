@@ -184,6 +184,7 @@ std::variant<GridAssessment, FormFault> AssessGrid(const Session& session,
   }
   GridAssessment result;
   result.assessment = std::get<curves::Assessment>(std::move(assessed));
+  result.limits = wanted;
   const double timeFactor = session.modes.milliseconds ? kMillisecondsPerSecond : 1.0;
   for (std::size_t at = 0; at < grid.rows.size(); ++at) {
     result.rows.push_back(RowFor(result.assessment.points[at], grid.table.points[at], grid.rows[at],

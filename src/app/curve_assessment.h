@@ -41,6 +41,7 @@ struct AssessedRow {
 
 struct GridAssessment {
   curves::Assessment assessment;
+  curves::Limits limits;
   std::vector<AssessedRow> rows;
   std::vector<BandPoint> band;  // over the grid's loads, times in the grid's unit
   std::string verdict;          // one sentence

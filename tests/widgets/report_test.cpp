@@ -262,14 +262,7 @@ class ReportTest : public QObject {
   void TheGridsPageHasWhatWasAssessed() {
     WindowFixture& f = Start();
     f.dialogs.printed = f.Path(QStringLiteral("printed.pdf"));
-    ReportAssessment assessment;
-    for (const editor::ChartPoint& point : f.Find<editor::CurveChart>("MSChart1")->Curve().points) {
-      assessment.result.points.push_back(
-          {{point.load, point.time}, {}, curves::Verdict::Passed, point.time, 0.0, 0.0, 0.25});
-    }
-    assessment.limits = {"Limit: what was agreed on"};
-    auto* const reports = f.Find<ReportController>("");
-    reports->SetAssessment(assessment);
+    f.Find<QAction>("m_assess")->setChecked(true);
     for (const bool with : {true, false}) {
       InDialog([with](ReportDialog& dialog) {
         auto* const box = dialog.findChild<QCheckBox*>(QStringLiteral("CheckAssessment"));
@@ -279,8 +272,7 @@ class ReportTest : public QObject {
       });
       const QString text = TextOf(f.dialogs.printed);
       QVERIFY2(text.contains(QLatin1String("Feeder 12")), qPrintable(text));
-      QCOMPARE(text.contains(QLatin1String("what was agreed on")), with);
-      QCOMPARE(text.contains(QLatin1String("250.0")), with);
+      QCOMPARE(text.contains(QLatin1String("5 % of the nominal time")), with);
     }
     // A preview of the page, as edited meanwhile.
     f.session.table.tableModified = true;

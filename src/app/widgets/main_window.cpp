@@ -244,6 +244,7 @@ void MainWindow::ConnectCurves() {
   editor::CurveGridView* const grid = table_->grid;
   connect(curves_, &CurveController::CommandBegun, grid, &editor::CurveGridView::CloseEditor);
   connect(curves_, &CurveController::TableChanged, this, &MainWindow::ShowEdits);
+  connect(assessment_, &AssessmentController::Assessed, report_, &ReportController::TakeAssessment);
   connect(assessment_, &AssessmentController::RowChosen, chart_->chart,
           &editor::CurveChart::MarkRow);
   connect(modes_, &ValueModeBinding::Changed, assessment_, &AssessmentController::Refresh);

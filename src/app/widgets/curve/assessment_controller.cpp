@@ -59,6 +59,7 @@ void AssessmentController::Show(bool shown) {
   panel_->setVisible(shown);
   if (!shown) {
     band_->Hide();
+    Q_EMIT Assessed(nullptr, {});
     return;
   }
   if (!reference_) Begin();
@@ -144,11 +145,13 @@ void AssessmentController::ShowFault(const std::string& text) {
   copied_.clear();
   panel_->ShowMessage(text);
   band_->Hide();
+  Q_EMIT Assessed(nullptr, {});
 }
 
 void AssessmentController::ShowResult(const GridAssessment& result) {
   copied_ = TextOf(result, *reference_, parts_.session);
   panel_->ShowResult(result);
+  Q_EMIT Assessed(&result, reference_->name);
   std::vector<editor::ToleranceBand::Place> places;
   for (const BandPoint& point : result.band) {
     places.push_back({point.load, point.nominal, point.lower, point.upper});

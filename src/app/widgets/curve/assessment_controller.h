@@ -54,6 +54,8 @@ class AssessmentController : public QObject {
   void RefreshTexts();
 
  Q_SIGNALS:
+  /// There is another result, null when there is none, against the reference of that name.
+  void Assessed(const zentab::app::GridAssessment* result, const std::string& reference);
   /// The entry could not be read; `text` says so in one line.
   void Failed(const QString& text);
   /// A point was chosen, by its row of the grid.

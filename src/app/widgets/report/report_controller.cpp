@@ -39,8 +39,11 @@ ReportController::ReportController(const ReportParts& parts)
       texts_(parts.session.texts.output),
       dotsPerInch_(PictureSize().dotsPerInch) {}
 
-void ReportController::SetAssessment(std::optional<ReportAssessment> assessment) {
-  assessment_ = std::move(assessment);
+void ReportController::TakeAssessment(const GridAssessment* result, const std::string& reference) {
+  assessment_.reset();
+  if (result == nullptr) return;
+  assessment_ =
+      ReportAssessment{result->assessment, LimitLines(parts_.session, reference, result->limits)};
 }
 
 void ReportController::CopyChart() {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "app/curve_assessment.h"
 #include "app/report_content.h"
 #include "app/report_settings.h"
 #include "app/widgets/user_dialogs.h"
@@ -35,11 +36,10 @@ class ReportController : public QObject {
  public:
   explicit ReportController(const ReportParts& parts);
 
-  /// The assessment of the table in the grid, for whoever wants it on paper; nothing: there is none
-  /// now.
-  void SetAssessment(std::optional<ReportAssessment> assessment);
-
  public Q_SLOTS:
+  /// The assessment of the table in the grid against a reference, for whoever wants it on paper;
+  /// null: there is none now.
+  void TakeAssessment(const zentab::app::GridAssessment* result, const std::string& reference);
   void CopyChart();
   void SaveChart();
   /// Lets the user choose what to report on and where to.
