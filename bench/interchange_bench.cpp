@@ -74,7 +74,7 @@ void MergeFiles(benchmark::State& state) {
     const auto merged = interchange::Merge(Read(base), Read(base), Read(changed));
     Require(merged.conflicts.empty());
   };
-  InTurns(state, merge, {{"reading", list}}, 2.0);
+  InTurns(state, merge, {{"reading", list}}, 6.0);
 }
 
 std::string Rows() {

@@ -4,7 +4,7 @@ namespace zentab::texts {
 
 const std::vector<KeyRow>& InterchangeRows() {
   static const std::vector<KeyRow> rows = {
-      {"INTERCHANGE.LINECOLUMN", InterchangeField{&InterchangeTexts::lineAndColumn}},
+      {"INTERCHANGE.PLACE", InterchangeField{&InterchangeTexts::lineAndColumn}},
       {"INTERCHANGE.LINE", InterchangeField{&InterchangeTexts::line}},
       {"INTERCHANGE.NOTEXT", InterchangeField{&InterchangeTexts::noText}},
       {"INTERCHANGE.LONG", InterchangeField{&InterchangeTexts::tooManyLines}},
