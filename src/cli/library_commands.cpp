@@ -13,7 +13,6 @@
 namespace zentab::cli {
 namespace {
 
-using interchange::Difference;
 using interchange::LibraryText;
 
 // What version control names where a side has no file: an empty library.

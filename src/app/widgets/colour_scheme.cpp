@@ -87,17 +87,17 @@ ColourScheme::ColourScheme(QMenu& view, ResponsiveFiles& files, platform::Settin
       files_(files),
       store_(store),
       title_(std::move(title)),
-      systemStyle_(QApplication::style()->name()) {
+      systemStyle_(QApplication::style()->name()),
+      group_(new QActionGroup(this)) {
   QMenu* const menu = view.addMenu(QStringLiteral("C&olours"));
   menu->setObjectName(QStringLiteral("m_colours"));
-  auto* const group = new QActionGroup(this);
   const std::string kept = store_.Read(title_, kSection, kKey).value_or("");
   for (std::size_t scheme = 0; scheme < kSchemes.size(); ++scheme) {
     const SchemeRow& row = kSchemes[scheme];
     QAction* const action = menu->addAction(QString::fromUtf8(row.caption));
     action->setObjectName(QLatin1String(row.name));
     action->setCheckable(true);
-    group->addAction(action);
+    group_->addAction(action);
     const bool isKept = kept == row.setting;
     action->setChecked(isKept || scheme == kSystem);
     if (isKept && scheme != kSystem) Show(scheme, systemStyle_);

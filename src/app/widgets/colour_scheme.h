@@ -6,6 +6,7 @@
 
 #include "platform/settings_store.h"
 
+class QActionGroup;
 class QMenu;
 
 namespace zentab::app {
@@ -33,6 +34,7 @@ class ColourScheme : public QObject {
   platform::SettingsStore& store_;
   std::string title_;
   QString systemStyle_;
+  QActionGroup* group_;
 };
 
 }  // namespace zentab::app

@@ -168,9 +168,9 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
   connect(exit, &QAction::triggered, this, &QWidget::close);
   new ReportMenu(*options, *exit, *report_);
 
-  auto* const edit = new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
-  undo_->AddTo(edit->Menu());
-  recovery_->AddTo(edit->Menu());
+  edit_ = new PointToolsMenu(session_, *menuBar(), *table_->grid, *tools_, *checks_);
+  undo_->AddTo(edit_->Menu());
+  recovery_->AddTo(edit_->Menu());
 
   QMenu* const library = menuBar()->addMenu(QStringLiteral("Librar&y"));
   library->setObjectName(QStringLiteral("m_library"));

@@ -39,6 +39,7 @@ class ReportController;
 class OverlayController;
 class PointHandController;
 class PointToolsController;
+class PointToolsMenu;
 class ReferenceGraphController;
 class SessionEnd;
 class StatusLine;
@@ -128,6 +129,7 @@ class MainWindow : public QMainWindow {
   LibraryFilesController* tableFiles_;
   CurveController* curves_;
   AssessmentController* assessment_;
+  PointToolsMenu* edit_ = nullptr;    // once there is a menu bar
   AccessibleNames* names_ = nullptr;  // once there is something to be named
   SessionEnd* end_;
 };

@@ -25,7 +25,8 @@ constexpr std::array<UnitRow, 3> kUnits = {{
 
 }  // namespace
 
-AxesMenu::AxesMenu(QMenu& view, AxesController& axes) : QObject(&view), axes_(axes) {
+AxesMenu::AxesMenu(QMenu& view, AxesController& axes)
+    : QObject(&view), axes_(axes), units_(new QActionGroup(this)) {
   QAction* const both = AddSwitch(
       view, "m_log", QStringLiteral("&Logarithmic axes"),
       [](const ChartAxes& on) { return on.logarithmic.AreLogarithmic(); },
@@ -66,10 +67,9 @@ void AxesMenu::AddSwitches(QMenu& menu) {
 }
 
 void AxesMenu::AddUnits(QMenu& menu) {
-  auto* const group = new QActionGroup(this);
   for (const UnitRow& row : kUnits) {
     const LoadUnit unit = row.unit;
-    group->addAction(AddSwitch(
+    units_->addAction(AddSwitch(
         menu, row.name, QString::fromUtf8(row.caption),
         [unit](const ChartAxes& on) { return on.unit == unit; },
         [unit](ChartAxes& to, bool) { to.unit = unit; }));

@@ -37,6 +37,7 @@ class AxesMenu : public QObject {
   void Refresh();
 
   AxesController& axes_;
+  QActionGroup* units_;
   std::vector<Entry> entries_;
 };
 

@@ -116,14 +116,16 @@ void OverlayController::AddFromFile() {
         dialogs_.ChooseEntries(With(session_.texts.chart.chooseCurves, shortName), listing.names);
   }
   const ResponsiveFiles::Work work(files_);
+  const std::string origin = " (" + shortName + ")";
   for (const std::size_t entry : entries) {
     tables::EntryMark mark = listing.MarkOf(entry);
-    const std::string name = listing.names[entry];
+    std::string name = listing.names[entry];
+    name += origin;
     std::string line;
     // What was changed meanwhile is another curve than the one that was chosen.
     error = tables::ReadEntryLine(files_, file, listing, mark, line);
     if (error) break;
-    Add(name + " (" + shortName + ")", line);
+    Add(name, line);
   }
   if (error) Q_EMIT library_.Failed(FailureText(words, words.readFailed, error));
   Show();

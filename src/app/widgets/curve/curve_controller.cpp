@@ -47,7 +47,7 @@ CurveController::CurveController(Session& session, platform::SettingsStore& stor
       window_(window),
       preview_(new editor::PreviewCurve(chart)) {}
 
-QMenu* CurveController::AddMenu(QMenuBar& bar) {
+QMenu* CurveController::AddMenu(QMenuBar& bar) const {
   QMenu* const menu = bar.addMenu(QStringLiteral("Cur&ve"));
   menu->setObjectName(QStringLiteral("m_curve"));
   for (const CommandRow& row : kCommands) {

@@ -31,7 +31,7 @@ class CurveController : public QObject {
                   editor::CurveChart& chart, QWidget& window);
 
   /// Adds the menu with its commands.
-  QMenu* AddMenu(QMenuBar& bar);
+  QMenu* AddMenu(QMenuBar& bar) const;
 
  public Q_SLOTS:
   void StandardCurve();

@@ -15,7 +15,7 @@ namespace zentab::app {
 
 /// The characteristics that come closest to the table's points, of which one can be chosen; points
 /// can be left out.
-class FitDialog : public CurveDialog {
+class FitDialog final : public CurveDialog {
   Q_OBJECT
 
  public:

@@ -7,7 +7,7 @@ namespace zentab::app {
 class FormFields;
 
 /// The table's curve at other loads.
-class ResampleDialog : public CurveDialog {
+class ResampleDialog final : public CurveDialog {
   Q_OBJECT
 
  public:

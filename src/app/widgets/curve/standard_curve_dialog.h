@@ -12,7 +12,7 @@ namespace zentab::app {
 class FormFields;
 
 /// Makes a table of a characteristic.
-class StandardCurveDialog : public CurveDialog {
+class StandardCurveDialog final : public CurveDialog {
   Q_OBJECT
 
  public:

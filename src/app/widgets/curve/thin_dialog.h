@@ -7,7 +7,7 @@ class QSpinBox;
 namespace zentab::app {
 
 /// Fewer of the table's points.
-class ThinDialog : public CurveDialog {
+class ThinDialog final : public CurveDialog {
   Q_OBJECT
 
  public:

@@ -141,6 +141,7 @@ std::optional<Report> ReportController::ReportOn(const std::vector<std::size_t>&
   tables::TableListing listing = entries.empty() ? tables::TableListing() : session.listing;
   // Their marks before the listing follows a file that has changed.
   std::vector<tables::EntryMark> marks;
+  marks.reserve(entries.size());
   for (const std::size_t entry : entries) marks.push_back(listing.MarkOf(entry));
   for (std::size_t at = 0; at < entries.size(); ++at) {
     std::string line;

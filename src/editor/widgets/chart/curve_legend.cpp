@@ -38,6 +38,8 @@ CurveLegend::CurveLegend(QWidget* parent)
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
+  // There is only a current one, which the keys are for.
+  setSelectionMode(QAbstractItemView::NoSelection);
   setModel(model_);
   hide();
   connect(model_, &QStandardItemModel::itemChanged, this, [this](const QStandardItem* item) {
