@@ -41,7 +41,7 @@ class Importer {
   std::optional<Fault> Run(std::vector<ImportedCurve>& curves) {
     std::size_t row = 0;
     for (Block block; NextBlock(row, block);) {
-      if (const auto fault = TakeBlock(block, curves)) return fault;
+      if (auto fault = TakeBlock(block, curves)) return fault;
       row = block.end;
     }
     if (curves.empty()) return Fault{FaultKind::NoNumbers};

@@ -45,7 +45,7 @@ NameIndex::NameIndex(const NamedLines& entries)
 
 // Where a hash is, or would be put.
 std::size_t NameIndex::PlaceOf(std::uint64_t hash) const {
-  std::size_t place = hash & (buckets_.size() - 1);
+  auto place = static_cast<std::size_t>(hash & (buckets_.size() - 1));
   while (buckets_[place] != 0 && hashes_[buckets_[place] - 1] != hash) {
     place = (place + 1) & (buckets_.size() - 1);
   }

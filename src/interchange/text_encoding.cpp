@@ -29,7 +29,7 @@ std::u32string FromUtf16(std::string_view bytes) {
     const bool isHigh = unit >= 0xD800 && unit < 0xDC00;
     const char32_t next = isHigh && at + 3 < bytes.size() ? unitAt(at + 2) : 0;
     if (next >= 0xDC00 && next < 0xE000) {
-      characters += 0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00);
+      characters += static_cast<char32_t>(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
       at += 2;
     } else {
       characters += unit;

@@ -2,7 +2,7 @@
 
 namespace zentab::texts {
 
-const std::vector<KeyRow>& CurveDialogRows() {
+const std::vector<KeyRow>& CurveMenuRows() {
   using T = CurveDialogTexts;
   static const std::vector<KeyRow> rows = {
       {"F1.MENU.4.HEADING", Caption{"m_curve"}, true},
@@ -11,6 +11,42 @@ const std::vector<KeyRow>& CurveDialogRows() {
       {"F1.MENU.4.THIN", Caption{"m_thin"}, true},
       {"F1.MENU.4.RESAMPLE", Caption{"m_resample"}, true},
       {"F1.MENU.4.ASSESS", Caption{"m_assess"}, true},
+      {"ASSESS.REFERENCE", CurveDialogField{&T::reference}},
+      {"ASSESS.REFERENCE.NONE", CurveDialogField{&T::noReference}},
+      {"ASSESS.USE.ENTRY", CurveDialogField{&T::useEntry}},
+      {"ASSESS.USE.CURVE", CurveDialogField{&T::useCurve}},
+      {"ASSESS.PERCENT", CurveDialogField{&T::percent}},
+      {"ASSESS.MS", CurveDialogField{&T::milliseconds}},
+      {"ASSESS.CLASS", CurveDialogField{&T::assignedError}},
+      {"ASSESS.FACTORS", CurveDialogField{&T::factors}},
+      {"ASSESS.FACTORS.TIP", CurveDialogField{&T::factorsTip}},
+      {"ASSESS.LOAD", CurveDialogField{&T::loadPercent}},
+      {"ASSESS.COPY", CurveDialogField{&T::copy}},
+      {"ASSESS.CLOSE", CurveDialogField{&T::close}},
+      {"ASSESS.COLUMN.LOAD", CurveDialogField{&T::columnLoad}},
+      {"ASSESS.COLUMN.MULTIPLE", CurveDialogField{&T::columnMultiple}},
+      {"ASSESS.COLUMN.MEASURED", CurveDialogField{&T::columnMeasured}},
+      {"ASSESS.COLUMN.NOMINAL", CurveDialogField{&T::columnNominal}},
+      {"ASSESS.COLUMN.DEVIATION", CurveDialogField{&T::columnDeviation}},
+      {"ASSESS.COLUMN.PERCENT", CurveDialogField{&T::columnPercent}},
+      {"ASSESS.COLUMN.LIMIT", CurveDialogField{&T::columnLimit}},
+      {"ASSESS.COLUMN.VERDICT", CurveDialogField{&T::columnVerdict}},
+      {"ASSESS.PASSED", CurveDialogField{&T::passed}},
+      {"ASSESS.FAILED", CurveDialogField{&T::failed}},
+      {"ASSESS.OUTSIDE", CurveDialogField{&T::outside}},
+      {"ASSESS.ALL.PASSED", CurveDialogField{&T::allPassed}},
+      {"ASSESS.NOT.PASSED", CurveDialogField{&T::notPassed}},
+      {"ASSESS.CHOOSE", CurveDialogField{&T::chooseReference}},
+      {"ASSESS.LIMIT.BAD", CurveDialogField{&T::badLimit}},
+      {"ASSESS.FACTORS.BAD", CurveDialogField{&T::badFactors}},
+      {"ASSESS.NAME", CurveDialogField{&T::panelName}},
+  };
+  return rows;
+}
+
+const std::vector<KeyRow>& CurveDialogRows() {
+  using T = CurveDialogTexts;
+  static const std::vector<KeyRow> rows = {
       {"CURVE.UNIT.MULTIPLES", CurveDialogField{&T::multiples}},
       {"CURVE.UNIT.AMPERES", CurveDialogField{&T::amperes}},
       {"CURVE.UNIT.VOLTS", CurveDialogField{&T::volts}},
@@ -61,35 +97,6 @@ const std::vector<KeyRow>& CurveDialogRows() {
       {"CURVE.FIT.BELOW", CurveDialogField{&T::fitBelow}},
       {"CURVE.THIN.POINTS", CurveDialogField{&T::thinPoints}},
       {"CURVE.THIN.RESULT", CurveDialogField{&T::thinned}},
-      {"ASSESS.REFERENCE", CurveDialogField{&T::reference}},
-      {"ASSESS.REFERENCE.NONE", CurveDialogField{&T::noReference}},
-      {"ASSESS.USE.ENTRY", CurveDialogField{&T::useEntry}},
-      {"ASSESS.USE.CURVE", CurveDialogField{&T::useCurve}},
-      {"ASSESS.PERCENT", CurveDialogField{&T::percent}},
-      {"ASSESS.MS", CurveDialogField{&T::milliseconds}},
-      {"ASSESS.CLASS", CurveDialogField{&T::assignedError}},
-      {"ASSESS.FACTORS", CurveDialogField{&T::factors}},
-      {"ASSESS.FACTORS.TIP", CurveDialogField{&T::factorsTip}},
-      {"ASSESS.LOAD", CurveDialogField{&T::loadPercent}},
-      {"ASSESS.COPY", CurveDialogField{&T::copy}},
-      {"ASSESS.CLOSE", CurveDialogField{&T::close}},
-      {"ASSESS.COLUMN.LOAD", CurveDialogField{&T::columnLoad}},
-      {"ASSESS.COLUMN.MULTIPLE", CurveDialogField{&T::columnMultiple}},
-      {"ASSESS.COLUMN.MEASURED", CurveDialogField{&T::columnMeasured}},
-      {"ASSESS.COLUMN.NOMINAL", CurveDialogField{&T::columnNominal}},
-      {"ASSESS.COLUMN.DEVIATION", CurveDialogField{&T::columnDeviation}},
-      {"ASSESS.COLUMN.PERCENT", CurveDialogField{&T::columnPercent}},
-      {"ASSESS.COLUMN.LIMIT", CurveDialogField{&T::columnLimit}},
-      {"ASSESS.COLUMN.VERDICT", CurveDialogField{&T::columnVerdict}},
-      {"ASSESS.PASSED", CurveDialogField{&T::passed}},
-      {"ASSESS.FAILED", CurveDialogField{&T::failed}},
-      {"ASSESS.OUTSIDE", CurveDialogField{&T::outside}},
-      {"ASSESS.ALL.PASSED", CurveDialogField{&T::allPassed}},
-      {"ASSESS.NOT.PASSED", CurveDialogField{&T::notPassed}},
-      {"ASSESS.CHOOSE", CurveDialogField{&T::chooseReference}},
-      {"ASSESS.LIMIT.BAD", CurveDialogField{&T::badLimit}},
-      {"ASSESS.FACTORS.BAD", CurveDialogField{&T::badFactors}},
-      {"ASSESS.NAME", CurveDialogField{&T::panelName}},
   };
   return rows;
 }

@@ -352,7 +352,9 @@ std::vector<KeyRow> AllRows() {
   Append(table, CurveRows());
   Append(table, InterchangeRows());
   Append(table, CurveDialogRows());
+  Append(table, CurveMenuRows());
   Append(table, LibraryRows());
+  Append(table, OutputRows());
   Append(table, ReportRows());
   Append(table, MessageRows());
   Append(table, GraphAndExchangeRows());

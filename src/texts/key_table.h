@@ -124,6 +124,7 @@ struct KeyRow {
 [[nodiscard]] const std::vector<KeyRow>& InterchangeRows();
 
 /// The keys of the menu for curves, its dialogs and the assessment.
+[[nodiscard]] const std::vector<KeyRow>& CurveMenuRows();
 [[nodiscard]] const std::vector<KeyRow>& CurveDialogRows();
 /// The keys of the chart's menus and texts.
 [[nodiscard]] const std::vector<KeyRow>& ChartRows();
@@ -132,6 +133,7 @@ struct KeyRow {
 [[nodiscard]] const std::vector<KeyRow>& LibraryRows();
 /// The keys of the texts on reports, and of what the window says about them.
 [[nodiscard]] const std::vector<KeyRow>& ReportRows();
+[[nodiscard]] const std::vector<KeyRow>& OutputRows();
 
 /// Every key of a catalogue with its effect, in the order in which they are applied.
 [[nodiscard]] const std::vector<KeyRow>& KeyTable();

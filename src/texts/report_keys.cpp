@@ -2,14 +2,38 @@
 
 namespace zentab::texts {
 
-const std::vector<KeyRow>& ReportRows() {
-  using R = ReportTexts;
+const std::vector<KeyRow>& OutputRows() {
   using O = OutputTexts;
   static const std::vector<KeyRow> rows = {
       {"F1.MENU.1.COPYCHART", Caption{"m_copychart"}, true},
       {"F1.MENU.1.SAVECHART", Caption{"m_savechart"}, true},
       {"F1.MENU.1.PRINT", Caption{"m_print"}, true},
       {"F1.MENU.1.PREVIEW", Caption{"m_preview"}, true},
+      {"OUTPUT.HEADING", OutputField{&O::heading}},
+      {"OUTPUT.GRID", OutputField{&O::gridTable}},
+      {"OUTPUT.ENTRIES", OutputField{&O::entries}},
+      {"OUTPUT.HEADER", OutputField{&O::headerLines}},
+      {"OUTPUT.PAPER", OutputField{&O::paper}},
+      {"OUTPUT.LETTER", OutputField{&O::letter}},
+      {"OUTPUT.ASSESSMENT", OutputField{&O::withAssessment}},
+      {"OUTPUT.PREVIEW", OutputField{&O::preview}},
+      {"OUTPUT.PRINT", OutputField{&O::print}},
+      {"OUTPUT.PDF", OutputField{&O::savePdf}},
+      {"OUTPUT.SAVE.CHART", OutputField{&O::saveChart}},
+      {"OUTPUT.RESOLUTION", OutputField{&O::resolution}},
+      {"OUTPUT.NO.CURVE", OutputField{&O::noCurve}},
+      {"OUTPUT.FORMAT", OutputField{&O::unknownFormat}},
+      {"OUTPUT.TOO.LARGE", OutputField{&O::tooLarge}},
+      {"OUTPUT.NOT.WRITTEN", OutputField{&O::notWritten}},
+      {"OUTPUT.NOT.PRINTED", OutputField{&O::notPrinted}},
+      {"OUTPUT.COPIED", OutputField{&O::chartCopied}},
+  };
+  return rows;
+}
+
+const std::vector<KeyRow>& ReportRows() {
+  using R = ReportTexts;
+  static const std::vector<KeyRow> rows = {
       {"REPORT.CONTENTS", ReportField{&R::contents}},
       {"REPORT.NAME", ReportField{&R::name}},
       {"REPORT.POINTS", ReportField{&R::points}},
@@ -47,24 +71,6 @@ const std::vector<KeyRow>& ReportRows() {
       {"REPORT.LIMIT.ACCURACY", ReportField{&R::classLimit}},
       {"REPORT.LIMIT.CLASS.MS", ReportField{&R::classAndMilliseconds}},
       {"REPORT.LIMIT.LOAD", ReportField{&R::loadTolerance}},
-      {"OUTPUT.HEADING", OutputField{&O::heading}},
-      {"OUTPUT.GRID", OutputField{&O::gridTable}},
-      {"OUTPUT.ENTRIES", OutputField{&O::entries}},
-      {"OUTPUT.HEADER", OutputField{&O::headerLines}},
-      {"OUTPUT.PAPER", OutputField{&O::paper}},
-      {"OUTPUT.LETTER", OutputField{&O::letter}},
-      {"OUTPUT.ASSESSMENT", OutputField{&O::withAssessment}},
-      {"OUTPUT.PREVIEW", OutputField{&O::preview}},
-      {"OUTPUT.PRINT", OutputField{&O::print}},
-      {"OUTPUT.PDF", OutputField{&O::savePdf}},
-      {"OUTPUT.SAVE.CHART", OutputField{&O::saveChart}},
-      {"OUTPUT.RESOLUTION", OutputField{&O::resolution}},
-      {"OUTPUT.NO.CURVE", OutputField{&O::noCurve}},
-      {"OUTPUT.FORMAT", OutputField{&O::unknownFormat}},
-      {"OUTPUT.TOO.LARGE", OutputField{&O::tooLarge}},
-      {"OUTPUT.NOT.WRITTEN", OutputField{&O::notWritten}},
-      {"OUTPUT.NOT.PRINTED", OutputField{&O::notPrinted}},
-      {"OUTPUT.COPIED", OutputField{&O::chartCopied}},
   };
   return rows;
 }

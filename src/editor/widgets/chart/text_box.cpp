@@ -55,8 +55,8 @@ void TextBox::paintEvent(QPaintEvent* /*event*/) {
     int left = kPadding;
     for (qsizetype column = 0; column < row.size(); ++column) {
       // Numbers below each other, names too.
-      const auto side = column == 0 ? Qt::AlignLeft : Qt::AlignRight;
-      painter.drawText(QRect(left, top, widths_[column], height), side | Qt::AlignVCenter,
+      const Qt::Alignment side = (column == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter;
+      painter.drawText(QRect(left, top, widths_[column], height), static_cast<int>(side.toInt()),
                        row[column]);
       left += widths_[column] + kBetween;
     }
