@@ -41,6 +41,8 @@ class Agreeing final : public app::UserDialogs {
   QString ChooseFileToWrite(const app::WriteQuestion&) override { return {}; }
   bool ChoosePrinter(QPrinter&) override { return false; }
   void ShowPreview(QPrinter&, const app::PagePainter&) override {}
+  QString ChooseNewTableFile() override { return {}; }
+  void OpenFolder(const QString&) override {}
   QString ChooseGraphFile() override { return {}; }
 };
 

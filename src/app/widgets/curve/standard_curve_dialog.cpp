@@ -21,10 +21,14 @@ QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+// As a switch of a form has it.
+std::string_view Absolute(const Session& session) {
+  return session.modes.absoluteValues ? "1" : "0";
+}
+
 // Loads that were meant in another unit are none for this table.
 FormValues Usable(FormValues last, const Session& session) {
-  const std::string absolute = session.modes.absoluteValues ? "1" : "0";
-  if (ValueOf(last, "absolute") == absolute) return last;
+  if (ValueOf(last, "absolute") == Absolute(session)) return last;
   for (const char* const field : {"from", "to", "loads"}) last.erase(field);
   return last;
 }
@@ -174,7 +178,7 @@ void StandardCurveDialog::FollowFields() {
 
 FormValues StandardCurveDialog::Values() const {
   FormValues values = fields_->Values();
-  values["absolute"] = CurrentSession().modes.absoluteValues ? "1" : "0";
+  values.insert_or_assign("absolute", std::string(Absolute(CurrentSession())));
   return values;
 }
 
