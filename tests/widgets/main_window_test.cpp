@@ -63,7 +63,8 @@ class MainWindowTest : public QObject {
     QVERIFY(Enabled("Command1"));
     for (const char* const name : {"Command3", "Command4", "Command5"}) QVERIFY(!Enabled(name));
     QVERIFY(!ChartShown());
-    QCOMPARE(made_->window->windowTitle(), QStringLiteral("Relay curve table editor – relayTables.dat[*]"));
+    QCOMPARE(made_->window->windowTitle(),
+             QStringLiteral("Relay curve table editor – relayTables.dat[*]"));
     QCOMPARE(made_->Find<QAbstractButton>("Command5")->text(), QStringLiteral("?"));
     QCOMPARE(made_->Find<QAbstractButton>("Command1")->shortcut(), QKeySequence("Alt+R"));
     QVERIFY(made_->Find<QLineEdit>("Text2")->toolTip().contains("Select Instrument first"));
