@@ -23,7 +23,7 @@ constexpr std::size_t kOneIn = 100;
 
 // The shared library with every hundredth entry changed, and all entries in reverse order.
 fs::path ChangedLibrary() {
-  const fs::path path = SharedLibrary().Folder() / "changed.dat";
+  fs::path path = SharedLibrary().Folder() / "changed.dat";
   std::ofstream file(path, std::ios::binary);
   for (std::size_t number = kEntries; number-- > 0;) {
     tables::CurveTableEntry entry = EntryNumber(number);

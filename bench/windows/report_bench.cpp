@@ -38,6 +38,7 @@ int main(int argc, char* argv[]) {
   const QApplication application(argc, argv);
   const app::Session session;
   std::vector<app::ReportedTable> tables;
+  tables.reserve(kTables);
   for (int number = 0; number < kTables; ++number) tables.push_back(Table(number));
   const auto begin = std::chrono::steady_clock::now();
   const app::Report report = app::ReportOf(session, tables, {"Substation"}, app::LocalTime());

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/assessment_texts.h"
 #include "app/grid_curve.h"
 #include "app/session_texts.h"
 #include "texts/number_text.h"
@@ -13,7 +14,6 @@ namespace {
 using T = texts::CurveDialogTexts;
 using curves::kMillisecondsPerSecond;
 
-constexpr double kPercent = 100.0;
 constexpr int kBandPoints = 240;
 constexpr double kShownExactly = 5e-7;  // as a ratio: six digits or seven
 
@@ -35,11 +35,6 @@ bool IsBlank(const std::string& text) { return text.find_first_not_of(' ') == st
 
 std::string Shown(double number, const Session& session) {
   return texts::ShortText(number, std::abs(number) * kShownExactly, session.localeDecimalSeparator);
-}
-
-std::string Fixed(double number, int decimals, const Session& session) {
-  return texts::SetDecimalSeparator(texts::FixedText(number, decimals),
-                                    session.localeDecimalSeparator);
 }
 
 std::optional<std::vector<curves::ClassStep>> StepsIn(const std::string& text,
@@ -104,31 +99,18 @@ std::vector<BandPoint> BandOver(const std::vector<curves::Point>& points,
 }
 
 AssessedRow RowFor(const curves::AssessedPoint& point, const curves::Point& stored, int row,
-                   double timeFactor, const Session& session) {
+                   const Session& session) {
   AssessedRow result = {row, {}, point.verdict};
   result.numbers[0] = Shown(stored.load, session);
-  if (point.multiple) result.numbers[1] = Fixed(*point.multiple, 3, session);
+  if (point.multiple) result.numbers[1] = FixedNumber(*point.multiple, 3, session);
   result.numbers[2] = Shown(stored.time, session);
-  if (point.verdict == curves::Verdict::Outside) return result;
-  const int decimals = session.modes.milliseconds ? 1 : 4;
-  result.numbers[3] = Fixed(point.nominal * timeFactor, decimals, session);
-  result.numbers[4] = Fixed(point.deviation * kMillisecondsPerSecond, 1, session);
-  result.numbers[5] = Fixed(point.ratio * kPercent, 2, session);
-  result.numbers[6] = Fixed(point.limit * kMillisecondsPerSecond, 1, session);
+  std::ranges::copy(OutcomeOf(point, session), result.numbers.begin() + 3);
   return result;
 }
 
-std::string VerdictOn(const curves::Assessment& assessment, const Session& session) {
-  const T& texts = session.texts.curveDialogs;
-  if (assessment.IsPassed()) {
-    const std::string count = std::to_string(assessment.passed);
-    const std::string largest = Fixed(assessment.largestRatio * kPercent, 2, session);
-    return Expanded(session, texts.allPassed, {count, largest});
-  }
-  const std::string passed = std::to_string(assessment.passed);
-  const std::string failed = std::to_string(assessment.failed);
-  const std::string outside = std::to_string(assessment.outside);
-  return Expanded(session, texts.notPassed, {passed, failed, outside});
+std::string Sentences(const curves::Assessment& assessment, const Session& session) {
+  const std::string largest = LargestDeviationIn(assessment, session);
+  return VerdictOn(assessment, session) + (largest.empty() ? "" : " · " + largest);
 }
 
 }  // namespace
@@ -187,11 +169,11 @@ std::variant<GridAssessment, FormFault> AssessGrid(const Session& session,
   result.limits = wanted;
   const double timeFactor = session.modes.milliseconds ? kMillisecondsPerSecond : 1.0;
   for (std::size_t at = 0; at < grid.rows.size(); ++at) {
-    result.rows.push_back(RowFor(result.assessment.points[at], grid.table.points[at], grid.rows[at],
-                                 timeFactor, session));
+    result.rows.push_back(
+        RowFor(result.assessment.points[at], grid.table.points[at], grid.rows[at], session));
   }
   result.band = BandOver(grid.table.points, held, wanted, timeFactor);
-  result.verdict = VerdictOn(result.assessment, session);
+  result.verdict = Sentences(result.assessment, session);
   return result;
 }
 
@@ -199,12 +181,6 @@ std::array<std::string, AssessedRow::kNumbers + 1> AssessmentHeadings(const Sess
   const T& texts = session.texts.curveDialogs;
   return {texts.columnLoad,      texts.columnMultiple, texts.columnMeasured, texts.columnNominal,
           texts.columnDeviation, texts.columnPercent,  texts.columnLimit,    texts.columnVerdict};
-}
-
-const std::string& WordFor(curves::Verdict verdict, const Session& session) {
-  const T& texts = session.texts.curveDialogs;
-  if (verdict == curves::Verdict::Outside) return texts.outside;
-  return verdict == curves::Verdict::Passed ? texts.passed : texts.failed;
 }
 
 std::string TextOf(const GridAssessment& assessment, const ChosenReference& reference,

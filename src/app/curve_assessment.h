@@ -44,7 +44,7 @@ struct GridAssessment {
   curves::Limits limits;
   std::vector<AssessedRow> rows;
   std::vector<BandPoint> band;  // over the grid's loads, times in the grid's unit
-  std::string verdict;          // one sentence
+  std::string verdict;          // in one line
 };
 
 /// The names of the fields of the form for limits, with what they hold at first.
@@ -66,6 +66,5 @@ struct GridAssessment {
 /// The headings of the columns, the verdict's last.
 [[nodiscard]] std::array<std::string, AssessedRow::kNumbers + 1> AssessmentHeadings(
     const Session& session);
-[[nodiscard]] const std::string& WordFor(curves::Verdict verdict, const Session& session);
 
 }  // namespace zentab::app

@@ -17,10 +17,6 @@ std::string Shown(double number, const Session& session) {
   return texts::ShortText(number, std::abs(number) * kShownExactly, session.localeDecimalSeparator);
 }
 
-std::string Fixed(double number, const Session& session) {
-  return texts::SetDecimalSeparator(texts::FixedText(number, 2), session.localeDecimalSeparator);
-}
-
 std::string NameOf(curves::FitParameter parameter, const Session& session) {
   const texts::CurveDialogTexts& texts = session.texts.curveDialogs;
   switch (parameter) {
@@ -90,8 +86,8 @@ FitRow RowOf(const curves::FamilyFit& fit, const Session& session) {
     row.multiplier = Shown(found.multiplier, session);
   }
   row.pickup = Shown(found.pickup, session);
-  row.rootMeanSquare = Fixed(fit.rootMeanSquare * kPercent, session);
-  row.largest = Fixed(fit.largest * kPercent, session);
+  row.rootMeanSquare = FixedNumber(fit.rootMeanSquare * kPercent, 2, session);
+  row.largest = FixedNumber(fit.largest * kPercent, 2, session);
   row.remark = RemarkOn(fit, session);
   return row;
 }

@@ -1,5 +1,7 @@
 #include "app/grid_curve.h"
 
+#include "app/session_texts.h"
+#include "editor/chart_axes.h"
 #include "editor/chart_curve.h"
 #include "texts/number_text.h"
 
@@ -20,9 +22,7 @@ GridCurve CurveInGrid(const Session& session) {
 }
 
 std::optional<double> PickupOf(const Session& session) {
-  const std::optional<double> pickup =
-      texts::WholeNumber(texts::FileNumber(session.modes.pickup, session.localeDecimalSeparator));
-  return pickup && *pickup > 0.0 ? pickup : std::nullopt;
+  return editor::PickupOf(ModesInFiles(session));
 }
 
 void PutIntoGrid(const std::vector<curves::Point>& points, Session& session) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/form_values.h"
 #include "texts/number_text.h"
 
 namespace zentab::app {
@@ -11,10 +12,8 @@ using editor::ChartAxes;
 using editor::LoadUnit;
 using editor::Range;
 
-constexpr std::string_view kSection = "Axes";
+constexpr std::string_view kForm = "Axes";
 constexpr char kPathMark = '|';  // in front of the path, which ends the row
-
-std::string KeyOf(std::size_t place) { return "File" + std::to_string(place + 1); }
 
 std::string Packed(const std::optional<Range>& range) {
   if (!range) return "-";
@@ -62,8 +61,9 @@ std::optional<ChartAxes> Unpacked(std::string_view text) {
 
 KeptAxes KeptAxes::Load(const platform::SettingsStore& store, std::string_view title) {
   KeptAxes kept;
-  for (std::size_t place = 0; place < kMost; ++place) {
-    const std::string row = store.Read(title, kSection, KeyOf(place)).value_or("");
+  const FormValues rows = LoadForm(store, title, kForm);
+  for (std::size_t place = 1; place <= kMost; ++place) {
+    const std::string& row = ValueOf(rows, std::to_string(place));
     const std::size_t mark = row.find(kPathMark);
     if (mark == std::string::npos) continue;
     const std::optional<ChartAxes> axes = Unpacked(std::string_view(row).substr(0, mark));
@@ -79,19 +79,17 @@ ChartAxes KeptAxes::Of(std::string_view path) const {
 }
 
 void KeptAxes::Keep(std::string_view path, const ChartAxes& axes) {
-  // The store has no room for it.
-  if (path.find_first_of("\r\n") != std::string_view::npos) return;
   std::erase_if(kept_, [path](const Kept& kept) { return kept.path == path; });
   kept_.insert(kept_.begin(), {std::string(path), axes});
   if (kept_.size() > kMost) kept_.pop_back();
 }
 
 std::error_code KeptAxes::Save(platform::SettingsStore& store, std::string_view title) const {
-  std::vector<platform::Setting> rows;
-  for (std::size_t place = 0; place < kept_.size(); ++place) {
-    rows.push_back({KeyOf(place), Packed(kept_[place].axes) + kPathMark + kept_[place].path});
+  FormValues rows;
+  for (const Kept& kept : kept_) {
+    rows[std::to_string(rows.size() + 1)] = Packed(kept.axes) + kPathMark + kept.path;
   }
-  return store.Save(title, kSection, rows);
+  return SaveForm(store, title, kForm, rows);
 }
 
 }  // namespace zentab::app

@@ -130,6 +130,11 @@ texts::InstrumentTexts InstrumentInUse(const Session& session) {
   return used;
 }
 
+std::string FixedNumber(double number, int decimals, const Session& session) {
+  return texts::SetDecimalSeparator(texts::FixedText(number, decimals),
+                                    session.localeDecimalSeparator);
+}
+
 LabelPair LabelsFor(const Session& session) {
   return {LoadLabel(session, session.modes.absoluteValues), TimeLabel(session)};
 }

@@ -46,6 +46,9 @@ enum class MessageBox {
 /// current one's serves. Empty when none is chosen.
 [[nodiscard]] texts::InstrumentTexts InstrumentInUse(const Session& session);
 
+/// A number with so many decimals and the user's decimal separator.
+[[nodiscard]] std::string FixedNumber(double number, int decimals, const Session& session);
+
 struct LabelPair {
   std::string load;
   std::string time;

@@ -20,7 +20,6 @@ struct CurveFieldRow {
   std::string_view name;   // in FormValues
   std::string_view first;  // what it holds at first, with "."
   std::string texts::CurveDialogTexts::*label;
-  bool isOptional;  // may be empty
 };
 
 /// All of them, in the order in which they are shown.

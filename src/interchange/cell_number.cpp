@@ -28,10 +28,9 @@ std::optional<double> PlainNumber(std::string_view text) {
 // With "," as the decimal sign and no groups.
 std::optional<double> CommaNumber(std::string_view cell) {
   std::array<char, kLongestNumber> buffer;
-  std::ranges::copy(cell, buffer.begin());
-  const std::string_view text(buffer.data(), cell.size());
-  if (const std::size_t sign = text.find(','); sign != std::string_view::npos) buffer[sign] = '.';
-  return PlainNumber(text);
+  const auto end = std::ranges::copy(cell, buffer.begin()).out;
+  if (const auto sign = std::find(buffer.begin(), end, ','); sign != end) *sign = '.';
+  return PlainNumber({buffer.data(), cell.size()});
 }
 
 // Takes the groups' signs out; false where they do not stand before three digits each.

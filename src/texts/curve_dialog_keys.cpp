@@ -36,6 +36,7 @@ const std::vector<KeyRow>& CurveMenuRows() {
       {"ASSESS.OUTSIDE", CurveDialogField{&T::outside}},
       {"ASSESS.ALL.PASSED", CurveDialogField{&T::allPassed}},
       {"ASSESS.NOT.PASSED", CurveDialogField{&T::notPassed}},
+      {"ASSESS.LARGEST", CurveDialogField{&T::largest}},
       {"ASSESS.CHOOSE", CurveDialogField{&T::chooseReference}},
       {"ASSESS.LIMIT.BAD", CurveDialogField{&T::badLimit}},
       {"ASSESS.FACTORS.BAD", CurveDialogField{&T::badFactors}},

@@ -81,9 +81,11 @@ struct CurveDialogTexts {
   std::string passed = "passed";
   std::string failed = "failed";
   std::string outside = "outside";
-  std::string allPassed =
-      "Passed: all %1 points are within the limits, the largest deviation is %2 %";
-  std::string notPassed = "Not passed: %1 passed, %2 failed, %3 outside the reference";
+  std::string allPassed = "Assessment passed: all %1 points are within the limits";
+  std::string notPassed =
+      "Assessment not passed: %1 points within the limits, %2 beyond them, %3 outside the "
+      "reference";
+  std::string largest = "Largest deviation: %1 %%";
   std::string chooseReference =
       "Choose what to assess against: the selected entry or a standard curve.";
   std::string badLimit = "%1: a number from 0 up is needed";

@@ -30,14 +30,6 @@ struct ReportTexts {
   std::string ratio = "Deviation (%%)";
   std::string limit = "Limit (ms)";
   std::string result = "Result";
-  std::string passed = "Passed";
-  std::string failed = "Failed";
-  std::string outside = "Outside";
-  std::string allPassed = "Assessment passed: all %1 points are within the limits";
-  std::string notPassed =
-      "Assessment not passed: %1 points within the limits, %2 beyond them, %3 outside the "
-      "reference";
-  std::string largest = "Largest deviation: %1 %%";
   std::string reference = "Reference: %1";
   std::string percentLimit = "Limit: %1 %% of the nominal time";
   std::string millisecondLimit = "Limit: %1 ms";

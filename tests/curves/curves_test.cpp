@@ -212,8 +212,8 @@ TEST(Choosing, FindsTheBestLoads) {
   for (const Family family : {Family::IecA, Family::IeeeExtremely, Family::Thermal}) {
     const CharacteristicCurve curve = CurveOf(family);
     double least = INFINITY;
-    constexpr int kGrid = 28;
-    const auto load = [](int i) { return 1.05 * std::pow(20 / 1.05, std::pow(i / 28.0, 2)); };
+    constexpr int kGrid = 40;
+    const auto load = [](int i) { return 1.05 * std::pow(20 / 1.05, std::pow(i / 40.0, 2)); };
     for (int i = 1; i < kGrid; ++i) {
       for (int j = i + 1; j < kGrid; ++j) {
         const double loads[] = {1.05, load(i), load(j), 20};

@@ -9,7 +9,7 @@
 namespace zentab::editor {
 namespace {
 
-ChartCurve CurveThrough(std::vector<std::pair<double, double>> points) {
+ChartCurve CurveThrough(const std::vector<std::pair<double, double>>& points) {
   ChartCurve curve;
   for (const auto& [load, time] : points) {
     curve.points.push_back({static_cast<int>(curve.points.size()) + 1, load, time});

@@ -281,7 +281,9 @@ class CurveDialogsTest : public QObject {
     const auto verdict = [this] { return Find<QLabel>("LabelVerdict")->text(); };
     auto* const table = Find<QTableWidget>("TableAssessment");
     QCOMPARE(Find<QLabel>("LabelReference")->text(), QStringLiteral("Reference"));
-    QCOMPARE(verdict(), QStringLiteral("Not passed: 10 passed, 1 failed, 1 outside the reference"));
+    QCOMPARE(verdict(),
+             QStringLiteral("Assessment not passed: 10 points within the limits, 1 beyond them, 1 "
+                            "outside the reference · Largest deviation: 8.42 %"));
     QCOMPARE(table->item(0, 7)->text(), QStringLiteral("outside"));
     Find<QLineEdit>("Limit_percent")->setText(QStringLiteral("-1"));
     QVERIFY(verdict().contains(QStringLiteral("from 0 up")));
@@ -304,7 +306,7 @@ class CurveDialogsTest : public QObject {
       }
       QCOMPARE(table->item(row, 7)->text(), cells.at(7));
     }
-    QVERIFY(verdict().startsWith(QStringLiteral("Passed: all 12")));
+    QVERIFY(verdict().startsWith(QStringLiteral("Assessment passed: all 12")));
     f.Click("CommandCopyAssessment");
     QCOMPARE(QApplication::clipboard()->text().count('\n'), 15);
     // The point that is out of its limits is marked in the chart, and no longer once it is mended.
@@ -324,10 +326,20 @@ class CurveDialogsTest : public QObject {
     };
     f.session.table.grid.SetCell(5, 2, "1.3");
     Q_EMIT Find<editor::CurveGridView>("MSFlexGrid1")->EditingLeft();
-    QVERIFY(verdict().startsWith(QStringLiteral("Not passed: 11 passed, 1 failed")));
+    QVERIFY(verdict().startsWith(
+        QStringLiteral("Assessment not passed: 11 points within the limits, 1 bey")));
     QVERIFY(isMarked());
     f.Click("CommandCloseAssessment");
     QVERIFY(Find<QWidget>("PanelAssessment")->isHidden() && !isMarked());
+    // What was entered is there the next time, with the reference.
+    Find<QAction>("m_assess")->setChecked(true);
+    QTest::keyClicks(Find<QLineEdit>("Limit_ms"), QStringLiteral("40"));
+    QTest::keyClick(Find<QLineEdit>("Limit_ms"), Qt::Key_Return);
+    f.window.reset();
+    made_->Open();
+    Find<QAction>("m_assess")->setChecked(true);
+    QCOMPARE(Find<QLineEdit>("Limit_ms")->text(), QStringLiteral("40"));
+    QVERIFY(Find<QLabel>("LabelReference")->text().contains(QStringLiteral("0.2")));
   }
 };
 

@@ -98,12 +98,12 @@ MainWindow::MainWindow(MainWindowParts parts)
       report_(new ReportController(
           {session_, files_, parts.dialogs, parts.store, parts.title, *chart_->chart, *this})),
       checks_(new CheckMarks(session_, *table_->grid, *statusBar())),
-      tableFiles_(new LibraryFilesController({session_, files_, parts.dialogs, parts.store,
-                                              parts.title, *libraryController_, *exchange_},
-                                             this)),
-      curves_(new CurveController(session_, parts.store, parts.title, *chart_->chart, *this)),
+      forms_(files_, parts.store, parts.title),
+      tableFiles_(new LibraryFilesController(
+          {session_, files_, parts.dialogs, forms_, *libraryController_, *exchange_}, this)),
+      curves_(new CurveController(session_, forms_, *chart_->chart, *this)),
       assessment_(
-          new AssessmentController({session_, files_, parts.store, parts.title, *chart_, *curves_,
+          new AssessmentController({session_, forms_, *libraryController_, *chart_, *curves_,
                                     [this] { return library_->SelectedIndex(); }})),
       end_(new SessionEnd({*this, *table_->grid, session_, parts.title, parts.store, parts.dialogs,
                            files_, *recovery_, log_, instruments_->Instruments()})) {
@@ -247,7 +247,6 @@ void MainWindow::ConnectCurves() {
   connect(assessment_, &AssessmentController::Assessed, report_, &ReportController::TakeAssessment);
   connect(assessment_, &AssessmentController::RowChosen, chart_->chart,
           &editor::CurveChart::MarkRow);
-  connect(modes_, &ValueModeBinding::Changed, assessment_, &AssessmentController::Refresh);
 }
 
 void MainWindow::ConnectTimeTest() {

@@ -9,6 +9,7 @@
 #include "app/session.h"
 #include "app/session_history.h"
 #include "app/settings.h"
+#include "app/widgets/files/kept_forms.h"
 #include "app/widgets/files/responsive_files.h"
 #include "app/widgets/user_dialogs.h"
 #include "platform/file_layer.h"
@@ -126,6 +127,7 @@ class MainWindow : public QMainWindow {
   RecoveryKeeper* recovery_;
   ReportController* report_;
   CheckMarks* checks_;
+  KeptForms forms_;
   LibraryFilesController* tableFiles_;
   CurveController* curves_;
   AssessmentController* assessment_;

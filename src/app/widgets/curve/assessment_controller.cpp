@@ -5,12 +5,10 @@
 #include <QGuiApplication>
 #include <QMenu>
 
-#include "app/library_commands.h"
 #include "app/widgets/chart/chart_panel.h"
 #include "app/widgets/curve/assessment_panel.h"
 #include "app/widgets/curve/curve_controller.h"
-#include "app/widgets/files/responsive_files.h"
-#include "app/widgets/status_line.h"
+#include "app/widgets/library/library_controller.h"
 #include "editor/widgets/chart/tolerance_band.h"
 #include "tables/entry_line.h"
 
@@ -30,10 +28,8 @@ AssessmentController::AssessmentController(Parts parts)
       band_(new editor::ToleranceBand(*parts_.chart.chart)) {
   panel_->hide();
   parts_.chart.AddBelowChart(panel_);
-  connect(panel_, &AssessmentPanel::LimitsChanged, this, [this] {
-    Keep(kLimitsForm, panel_->Limits());
-    Refresh();
-  });
+  connect(panel_, &AssessmentPanel::LimitsChanged, this, &AssessmentController::Refresh);
+  connect(panel_, &AssessmentPanel::LimitsEntered, this, &AssessmentController::KeepLimits);
   connect(panel_, &AssessmentPanel::EntryWanted, this, &AssessmentController::UseSelectedEntry);
   connect(panel_, &AssessmentPanel::CurveWanted, &parts_.curves, &CurveController::ChooseReference);
   connect(panel_, &AssessmentPanel::CopyWanted, this, &AssessmentController::Copy);
@@ -68,11 +64,11 @@ void AssessmentController::Show(bool shown) {
 
 void AssessmentController::Begin() {
   FormValues limits = FirstLimits(parts_.session);
-  for (const auto& [field, value] : LoadForm(parts_.store, parts_.title, kLimitsForm)) {
+  for (const auto& [field, value] : parts_.forms.Last(kLimitsForm)) {
     limits[field] = value;
   }
   panel_->SetLimits(limits);
-  const FormValues last = LoadForm(parts_.store, parts_.title, kReferenceForm);
+  const FormValues last = parts_.forms.Last(kReferenceForm);
   if (ValueOf(last, "kind") == kIsCurve) {
     UseCurve(last);
   } else if (parts_.selected()) {
@@ -80,16 +76,12 @@ void AssessmentController::Begin() {
   }
 }
 
-void AssessmentController::Keep(const char* form, const FormValues& values) {
-  // The panel begins with other values the next time.
-  [[maybe_unused]] const std::error_code dropped =
-      SaveForm(parts_.store, parts_.title, form, values);
-}
+void AssessmentController::KeepLimits() { parts_.forms.Keep(kLimitsForm, panel_->Limits()); }
 
 void AssessmentController::UseCurve(const FormValues& values) {
   FormValues kept = values;
   kept["kind"] = kIsCurve;
-  Keep(kReferenceForm, kept);
+  parts_.forms.Keep(kReferenceForm, kept);
   reference_ = ChosenReference{{}, kept};
   Refresh();
 }
@@ -97,20 +89,12 @@ void AssessmentController::UseCurve(const FormValues& values) {
 void AssessmentController::UseSelectedEntry() {
   const std::optional<std::size_t> index = parts_.selected();
   if (!index) return;
-  Session& session = parts_.session;
-  const ResponsiveFiles::Work work(parts_.files);
-  // What the list shows stays as it is, whatever has become of the file.
-  tables::TableListing listing = session.listing;
-  tables::EntryMark mark = listing.MarkOf(*index);
+  const tables::TableListing& listing = parts_.session.listing;
+  const std::string name = listing.names[*index];
   std::string line;
-  if (const std::error_code error = tables::ReadEntryLine(
-          parts_.files, ActiveTableFile(parts_.files, PlaceOf(session)), listing, mark, line)) {
-    Q_EMIT Failed(FailureText(session.texts.program, session.texts.program.listFailed, error));
-    return;
-  }
-  Keep(kReferenceForm, {{"kind", "entry"}});
-  reference_ = ChosenReference{session.listing.names[*index],
-                               curves::PointsOf(tables::ParseEntryLine(line))};
+  if (!parts_.library.ReadLine(listing.MarkOf(*index), line)) return;
+  parts_.forms.Keep(kReferenceForm, {{"kind", "entry"}});
+  reference_ = ChosenReference{name, curves::PointsOf(tables::ParseEntryLine(line))};
   Refresh();
 }
 

@@ -7,8 +7,7 @@
 
 #include "app/curve_assessment.h"
 #include "app/session.h"
-#include "platform/settings_store.h"
-#include "tables/table_listing.h"
+#include "app/widgets/files/kept_forms.h"
 
 class QAction;
 class QMenu;
@@ -22,7 +21,7 @@ namespace zentab::app {
 class AssessmentPanel;
 class ChartPanel;
 class CurveController;
-class ResponsiveFiles;
+class LibraryController;
 
 /// Holds the table against a reference as long as its panel is shown, and keeps limits and
 /// reference for the next time.
@@ -35,9 +34,8 @@ class AssessmentController : public QObject {
 
   struct Parts {
     Session& session;
-    ResponsiveFiles& files;
-    platform::SettingsStore& store;
-    std::string title;  // the program's, under which the values are kept
+    KeptForms forms;
+    LibraryController& library;
     ChartPanel& chart;
     CurveController& curves;
     SelectedEntry selected;
@@ -56,8 +54,6 @@ class AssessmentController : public QObject {
  Q_SIGNALS:
   /// There is another result, null when there is none, against the reference of that name.
   void Assessed(const zentab::app::GridAssessment* result, const std::string& reference);
-  /// The entry could not be read; `text` says so in one line.
-  void Failed(const QString& text);
   /// A point was chosen, by its row of the grid.
   void RowChosen(int row);
 
@@ -66,7 +62,7 @@ class AssessmentController : public QObject {
   void UseSelectedEntry();
   void UseCurve(const FormValues& values);
   void Begin();
-  void Keep(const char* form, const FormValues& values);
+  void KeepLimits();
   void Copy();
   [[nodiscard]] bool IsShown() const;
   void ShowResult(const GridAssessment& result);

@@ -9,6 +9,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "app/assessment_texts.h"
 #include "app/standard_curve.h"
 #include "editor/widgets/chart/chart_colours.h"
 
@@ -84,6 +85,11 @@ void AssessmentPanel::BuildLimitsRow() {
     row->addWidget(label);
     row->addWidget(field);
     connect(field, &QLineEdit::textChanged, this, &AssessmentPanel::LimitsChanged);
+    // It comes once per Enter and departure, changed or not.
+    connect(field, &QLineEdit::editingFinished, this, [this, field] {
+      if (field->isModified()) Q_EMIT LimitsEntered();
+      field->setModified(false);
+    });
   }
   row->addStretch(1);
   static_cast<QVBoxLayout*>(layout())->addLayout(row);

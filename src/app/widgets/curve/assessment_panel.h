@@ -33,6 +33,8 @@ class AssessmentPanel : public QWidget {
 
  Q_SIGNALS:
   void LimitsChanged();
+  /// The field that changed them is left.
+  void LimitsEntered();
   void EntryWanted();
   void CurveWanted();
   void CopyWanted();

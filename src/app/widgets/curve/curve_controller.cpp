@@ -37,12 +37,11 @@ constexpr CommandRow kCommands[] = {
 
 }  // namespace
 
-CurveController::CurveController(Session& session, platform::SettingsStore& store,
-                                 std::string title, editor::CurveChart& chart, QWidget& window)
+CurveController::CurveController(Session& session, KeptForms forms, editor::CurveChart& chart,
+                                 QWidget& window)
     : QObject(&window),
       session_(session),
-      store_(store),
-      title_(std::move(title)),
+      forms_(std::move(forms)),
       chart_(chart),
       window_(window),
       preview_(new editor::PreviewCurve(chart)) {}
@@ -65,18 +64,11 @@ QString CurveController::TitleOf(const char* action) const {
   return found == nullptr ? QString() : PlainTitle(found->text());
 }
 
-FormValues CurveController::Last(const char* form) const { return LoadForm(store_, title_, form); }
-
-void CurveController::Keep(const char* form, const FormValues& values) {
-  // The dialog begins with other values the next time.
-  [[maybe_unused]] const std::error_code dropped = SaveForm(store_, title_, form, values);
-}
-
 void CurveController::Open(CurveDialog* dialog, editor::EditStep step, const char* form,
                            const QString& title) {
   dialog->setWindowTitle(title);
   connect(dialog, &QDialog::accepted, this, [this, dialog, step, form] {
-    Keep(form, dialog->Values());
+    forms_.Keep(form, dialog->Values());
     Q_EMIT AboutToChange(step);
     PutIntoGrid(dialog->Proposal().points, session_);
     Q_EMIT TableChanged();
@@ -86,9 +78,9 @@ void CurveController::Open(CurveDialog* dialog, editor::EditStep step, const cha
 
 CurveDialog* CurveController::MakeStandardDialog() {
   Q_EMIT CommandBegun();
-  const auto keepOwn = [this](const FormValues& kept) { Keep(kOwnConstants, kept); };
-  return new StandardCurveDialog(session_, *preview_, Last(kStandardForm), Last(kOwnConstants),
-                                 keepOwn, &window_);
+  const auto keepOwn = [this](const FormValues& kept) { forms_.Keep(kOwnConstants, kept); };
+  return new StandardCurveDialog(session_, *preview_, forms_.Last(kStandardForm),
+                                 forms_.Last(kOwnConstants), keepOwn, &window_);
 }
 
 void CurveController::StandardCurve() {
@@ -100,7 +92,7 @@ void CurveController::ChooseReference() {
   CurveDialog* const dialog = MakeStandardDialog();
   dialog->setWindowTitle(TitleOf("m_standard"));
   connect(dialog, &QDialog::accepted, this, [this, dialog] {
-    Keep(kStandardForm, dialog->Values());
+    forms_.Keep(kStandardForm, dialog->Values());
     Q_EMIT ReferenceChosen(dialog->Values());
   });
   dialog->OpenBeside(*chart_.parentWidget());
@@ -108,19 +100,20 @@ void CurveController::ChooseReference() {
 
 void CurveController::FitCurve() {
   Q_EMIT CommandBegun();
-  Open(new FitDialog(session_, *preview_, Last(kFitForm), &window_), editor::EditStep::FitCurve,
-       kFitForm, TitleOf("m_fitcurve"));
+  Open(new FitDialog(session_, *preview_, forms_.Last(kFitForm), &window_),
+       editor::EditStep::FitCurve, kFitForm, TitleOf("m_fitcurve"));
 }
 
 void CurveController::ThinOut() {
   Q_EMIT CommandBegun();
-  Open(new ThinDialog(session_, *preview_, Last(kThinForm), chart_.IsLogarithmic(), &window_),
-       editor::EditStep::ThinOut, kThinForm, TitleOf("m_thin"));
+  Open(
+      new ThinDialog(session_, *preview_, forms_.Last(kThinForm), chart_.IsLogarithmic(), &window_),
+      editor::EditStep::ThinOut, kThinForm, TitleOf("m_thin"));
 }
 
 void CurveController::Resample() {
   Q_EMIT CommandBegun();
-  Open(new ResampleDialog(session_, *preview_, Last(kResampleForm), chart_.IsLogarithmic(),
+  Open(new ResampleDialog(session_, *preview_, forms_.Last(kResampleForm), chart_.IsLogarithmic(),
                           &window_),
        editor::EditStep::Resample, kResampleForm, TitleOf("m_resample"));
 }

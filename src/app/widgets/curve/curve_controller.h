@@ -1,12 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <string>
 
-#include "app/form_values.h"
 #include "app/session.h"
+#include "app/widgets/files/kept_forms.h"
 #include "editor/edit_step.h"
-#include "platform/settings_store.h"
 
 class QMenu;
 class QMenuBar;
@@ -26,9 +24,7 @@ class CurveController : public QObject {
   Q_OBJECT
 
  public:
-  /// `title` is the program's title, under which the values are kept.
-  CurveController(Session& session, platform::SettingsStore& store, std::string title,
-                  editor::CurveChart& chart, QWidget& window);
+  CurveController(Session& session, KeptForms forms, editor::CurveChart& chart, QWidget& window);
 
   /// Adds the menu with its commands.
   QMenu* AddMenu(QMenuBar& bar) const;
@@ -54,13 +50,10 @@ class CurveController : public QObject {
  private:
   [[nodiscard]] CurveDialog* MakeStandardDialog();
   [[nodiscard]] QString TitleOf(const char* action) const;
-  [[nodiscard]] FormValues Last(const char* form) const;
-  void Keep(const char* form, const FormValues& values);
   void Open(CurveDialog* dialog, editor::EditStep step, const char* form, const QString& title);
 
   Session& session_;
-  platform::SettingsStore& store_;
-  std::string title_;
+  KeptForms forms_;
   editor::CurveChart& chart_;
   QWidget& window_;
   editor::PreviewCurve* preview_;

@@ -9,7 +9,6 @@
 #include "app/session_texts.h"
 #include "app/widgets/dialog_buttons.h"
 #include "editor/widgets/chart/preview_curve.h"
-#include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
@@ -47,7 +46,6 @@ CurveDialog::CurveDialog(const char* name, const Session& session, editor::Previ
 }
 
 void CurveDialog::OpenBeside(const QWidget& chart) {
-  Refresh();
   if (!testAttribute(Qt::WA_Resized)) adjustSize();
   const QPoint corner = chart.mapToGlobal(QPoint(0, 0));
   const QRect screen = chart.screen()->availableGeometry();
@@ -59,16 +57,12 @@ void CurveDialog::OpenBeside(const QWidget& chart) {
 
 QLabel* CurveDialog::PlaceFor(const FormFault&) { return nullptr; }
 
-std::string CurveDialog::Number(double number, int decimals) const {
-  return texts::SetDecimalSeparator(texts::FixedText(number, decimals),
-                                    session_.localeDecimalSeparator);
-}
-
 std::string CurveDialog::Describe(const CurveProposal& proposal) const {
   const texts::CurveDialogTexts& texts = session_.texts.curveDialogs;
   const std::string count = std::to_string(proposal.points.size());
   if (!proposal.deviation) return Expanded(session_, texts.count, {count});
-  return Expanded(session_, texts.deviation, {count, Number(*proposal.deviation * kPercent, 2)});
+  return Expanded(session_, texts.deviation,
+                  {count, FixedNumber(*proposal.deviation * kPercent, 2, session_)});
 }
 
 void CurveDialog::Refresh() {

@@ -44,12 +44,11 @@ class CurveDialog : public QDialog {
   /// Where to say what is wrong with a field; nothing: with the rest.
   [[nodiscard]] virtual QLabel* PlaceFor(const FormFault& fault);
 
-  /// Something was changed.
+  /// Something was changed, or the dialog is built.
   void Refresh();
 
   [[nodiscard]] const Session& CurrentSession() const { return session_; }
   [[nodiscard]] QVBoxLayout& Content() { return *content_; }
-  [[nodiscard]] std::string Number(double number, int decimals) const;
 
  private:
   const Session& session_;

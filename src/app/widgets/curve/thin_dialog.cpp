@@ -41,6 +41,7 @@ ThinDialog::ThinDialog(const Session& session, editor::PreviewCurve& preview,
   Content().addLayout(form);
   Content().addStretch(1);
   connect(count_, &QSpinBox::valueChanged, this, &ThinDialog::Refresh);
+  Refresh();
 }
 
 FormValues ThinDialog::Values() const { return {{"points", std::to_string(count_->value())}}; }
@@ -52,8 +53,9 @@ CurveDialog::Proposed ThinDialog::Propose() {
 std::string ThinDialog::Describe(const CurveProposal& proposal) const {
   const std::string kept = std::to_string(proposal.points.size());
   const std::string all = std::to_string(points_);
-  return Expanded(CurrentSession(), CurrentSession().texts.curveDialogs.thinned,
-                  {kept, all, Number(proposal.deviation.value_or(0.0) * kPercent, 2)});
+  return Expanded(
+      CurrentSession(), CurrentSession().texts.curveDialogs.thinned,
+      {kept, all, FixedNumber(proposal.deviation.value_or(0.0) * kPercent, 2, CurrentSession())});
 }
 
 }  // namespace zentab::app

@@ -69,10 +69,10 @@ QStringList EntryListModel::mimeTypes() const { return {EntriesType()}; }
 
 QMimeData* EntryListModel::mimeData(const QModelIndexList& indexes) const {
   QByteArrayList places;
-  for (const QModelIndex& index : indexes) places += QByteArray::number(EntryOf(index.row()));
-  auto* const data = new QMimeData;
-  data->setData(EntriesType(), places.join(' '));
-  return data;
+  for (const QModelIndex& place : indexes) places += QByteArray::number(EntryOf(place.row()));
+  auto* const dragged = new QMimeData;
+  dragged->setData(EntriesType(), places.join(' '));
+  return dragged;
 }
 
 void EntryListModel::Reload() { Show(filter_); }

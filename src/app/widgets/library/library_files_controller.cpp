@@ -52,20 +52,15 @@ void LibraryFilesController::AddTo(QMenu& menu) {
   }
 }
 
-FormValues LibraryFilesController::Kept() const {
-  return LoadForm(parts_.store, parts_.title, kRecentFiles);
-}
-
 void LibraryFilesController::FillRecent() {
   recent_->clear();
-  const std::vector<std::string> paths = RecentFilesIn(Kept());
+  const std::vector<std::string> paths = RecentFilesIn(parts_.forms.Last(kRecentFiles));
   for (std::size_t at = 0; at < paths.size(); ++at) {
     QString name = QString::fromStdString(paths[at]);
     QAction* const action = recent_->addAction(
         QStringLiteral("&%1  %2").arg(at + 1).arg(QString(name).replace('&', QLatin1String("&&"))));
     connect(action, &QAction::triggered, this, [this, name] { Open(name); });
   }
-  recent_->setDisabled(false);
   if (paths.empty()) {
     recent_->addAction(QString::fromStdString(parts_.session.texts.library.noRecent))
         ->setEnabled(false);
@@ -73,10 +68,8 @@ void LibraryFilesController::FillRecent() {
 }
 
 void LibraryFilesController::Remember() {
-  const FormValues kept = WithRecentFile(Kept(), parts_.session.tablePath);
-  // The next start offers one file less.
-  [[maybe_unused]] const std::error_code dropped =
-      SaveForm(parts_.store, parts_.title, kRecentFiles, kept);
+  const FormValues kept = parts_.forms.Last(kRecentFiles);
+  parts_.forms.Keep(kRecentFiles, WithRecentFile(kept, parts_.session.tablePath));
 }
 
 void LibraryFilesController::Open(const QString& path) { parts_.library.OpenTable(path); }

@@ -1,12 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <string>
 
-#include "app/form_values.h"
 #include "app/session.h"
+#include "app/widgets/files/kept_forms.h"
 #include "app/widgets/user_dialogs.h"
-#include "platform/settings_store.h"
 
 class QMenu;
 
@@ -26,8 +24,7 @@ class LibraryFilesController : public QObject {
     Session& session;
     ResponsiveFiles& files;
     UserDialogs& dialogs;
-    platform::SettingsStore& store;
-    std::string title;  // the program's, under which the files are remembered
+    KeptForms forms;
     LibraryController& library;
     ExchangeController& exchange;
   };
@@ -54,7 +51,6 @@ class LibraryFilesController : public QObject {
 
  private:
   void FillRecent();
-  [[nodiscard]] FormValues Kept() const;
 
   Parts parts_;
   QMenu* recent_ = nullptr;
