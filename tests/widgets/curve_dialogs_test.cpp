@@ -331,12 +331,19 @@ class CurveDialogsTest : public QObject {
     QVERIFY(isMarked());
     f.Click("CommandCloseAssessment");
     QVERIFY(Find<QWidget>("PanelAssessment")->isHidden() && !isMarked());
-    // What was entered is there the next time, with the reference.
+  }
+
+  void LimitsAndReferenceAreThereTheNextTime() {
+    WindowFixture& f = Start();
     Find<QAction>("m_assess")->setChecked(true);
+    f.Click("CommandUseCurve");
+    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    Fill(*dialog, QStringLiteral("family=iec-a tms=0.2"));
+    dialog->accept();
     QTest::keyClicks(Find<QLineEdit>("Limit_ms"), QStringLiteral("40"));
     QTest::keyClick(Find<QLineEdit>("Limit_ms"), Qt::Key_Return);
     f.window.reset();
-    made_->Open();
+    f.Open();
     Find<QAction>("m_assess")->setChecked(true);
     QCOMPARE(Find<QLineEdit>("Limit_ms")->text(), QStringLiteral("40"));
     QVERIFY(Find<QLabel>("LabelReference")->text().contains(QStringLiteral("0.2")));

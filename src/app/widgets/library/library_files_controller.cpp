@@ -67,7 +67,7 @@ void LibraryFilesController::FillRecent() {
   }
 }
 
-void LibraryFilesController::Remember() {
+void LibraryFilesController::Remember() const {
   const FormValues kept = parts_.forms.Last(kRecentFiles);
   parts_.forms.Keep(kRecentFiles, WithRecentFile(kept, parts_.session.tablePath));
 }

@@ -42,7 +42,7 @@ class LibraryFilesController : public QObject {
   void OpenFolder();
   void ShowBackup();
   /// The active table file is another one.
-  void Remember();
+  void Remember() const;
 
  Q_SIGNALS:
   void CommandBegun();
