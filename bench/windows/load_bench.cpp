@@ -33,6 +33,9 @@ class Agreeing final : public app::UserDialogs {
   void ReportError(const texts::MessageText&) override {}
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
+  std::optional<app::PictureSize> AskPictureSize(const app::PictureSizeQuestion&) override {
+    return {};
+  }
   QString ChooseTableFile() override { return file; }
   std::vector<std::size_t> ChooseEntries(const QString&, const std::vector<std::string>&) override {
     return {};

@@ -20,6 +20,8 @@ const std::vector<KeyRow>& OutputRows() {
       {"OUTPUT.PRINT", OutputField{&O::print}},
       {"OUTPUT.PDF", OutputField{&O::savePdf}},
       {"OUTPUT.SAVE.CHART", OutputField{&O::saveChart}},
+      {"OUTPUT.WIDTH", OutputField{&O::width}},
+      {"OUTPUT.HEIGHT", OutputField{&O::height}},
       {"OUTPUT.RESOLUTION", OutputField{&O::resolution}},
       {"OUTPUT.NO.CURVE", OutputField{&O::noCurve}},
       {"OUTPUT.FORMAT", OutputField{&O::unknownFormat}},

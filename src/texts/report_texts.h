@@ -53,7 +53,9 @@ struct OutputTexts {
   std::string print = "&Print…";
   std::string savePdf = "&Save as PDF…";
   std::string saveChart = "Save chart";
-  std::string resolution = "Resolution in dots per inch (36 to 2400):";
+  std::string width = "&Width";
+  std::string height = "&Height";
+  std::string resolution = "&Resolution";
   std::string noCurve = "There is no curve to show";
   std::string unknownFormat = "The name of a picture ends in .png, .svg or .pdf";
   std::string tooLarge = "There is not enough memory for a picture of this size";

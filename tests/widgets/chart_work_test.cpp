@@ -130,6 +130,18 @@ class ChartWorkTest : public ChartFixture {
     Mouse(QEvent::MouseButtonRelease, {}, Qt::NoButton);
     Choose("m_undo");
     QCOMPARE(Points(), before);
+    // Escape takes it back, no other key counts, and there is no step to undo.
+    const bool canUndo = f.Find<QAction>("m_undo")->isEnabled();
+    Mouse(QEvent::MouseButtonPress, PlaceOf(16, 2), Qt::LeftButton);
+    MoveTo(PlaceOf(16, 2) + QPointF(0, -60), Qt::LeftButton);
+    Key(Qt::Key_Delete);
+    QCOMPARE(Points().count('|'), 3);
+    Key(Qt::Key_Escape);
+    QCOMPARE(Points(), before);
+    MoveTo(PlaceOf(16, 2) + QPointF(0, -90), Qt::LeftButton);
+    Mouse(QEvent::MouseButtonRelease, {}, Qt::NoButton);
+    QCOMPARE(Points(), before);
+    QCOMPARE(f.Find<QAction>("m_undo")->isEnabled(), canUndo);
     const QPointF middle = (PlaceOf(4, 5) + PlaceOf(8, 3)) / 2.0;
     DoubleClick(middle + QPointF(2, 2));
     QVERIFY2(Points().startsWith(QStringLiteral("2;10|4;5|5.")), qPrintable(Points()));

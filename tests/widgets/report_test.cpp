@@ -108,10 +108,11 @@ class ReportTest : public QObject {
 
   void PicturesAreAsLargeAsTheyAreOnAnyScreen() {
     WindowFixture& f = Start();
-    f.dialogs.number = 254;
+    f.dialogs.picture = PictureSize{{80.0, 50.0}, 254};
     const QImage pixels(Save(QStringLiteral("chart.png")));
-    QCOMPARE(pixels.size(), QSize(1600, 1200));
+    QCOMPARE(pixels.size(), QSize(800, 500));
     QCOMPARE(pixels.dotsPerMeterX(), 10000);
+    f.dialogs.picture = PictureSize();
     Save(QStringLiteral("chart.svg"));
     const QString vectors = QString::fromUtf8(f.Bytes(QStringLiteral("chart.svg")));
     QVERIFY(vectors.contains(QLatin1String("width=\"160mm\" height=\"120mm\"")));

@@ -34,6 +34,7 @@ class AnsweringDialogs : public UserDialogs {
   int filesAsked = 0;
   std::optional<double> number;
   std::optional<AxisLimits> limits;
+  std::optional<PictureSize> picture = PictureSize();
   std::vector<std::size_t> entries;
   std::vector<std::string> asked;
   std::function<void()> onError;
@@ -57,6 +58,10 @@ class AnsweringDialogs : public UserDialogs {
   std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override {
     asked.push_back(question.loadLabel.toStdString());
     return limits;
+  }
+  std::optional<PictureSize> AskPictureSize(const PictureSizeQuestion& question) override {
+    asked.push_back(question.title.toStdString());
+    return picture;
   }
   QString ChooseTableFile() override { return ++filesAsked, file; }
   std::vector<std::size_t> ChooseEntries(const QString& title,

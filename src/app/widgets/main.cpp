@@ -30,6 +30,9 @@ class NobodyToAsk final : public app::UserDialogs {
   void ReportError(const texts::MessageText&) override {}
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
   std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
+  std::optional<app::PictureSize> AskPictureSize(const app::PictureSizeQuestion&) override {
+    return {};
+  }
   QString ChooseTableFile() override { return {}; }
   std::vector<std::size_t> ChooseEntries(const QString&, const std::vector<std::string>&) override {
     return {};

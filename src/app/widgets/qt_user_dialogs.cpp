@@ -13,6 +13,7 @@
 
 #include "app/widgets/chart/entry_choice_dialog.h"
 #include "app/widgets/chart/limits_dialog.h"
+#include "app/widgets/report/picture_size_dialog.h"
 #include "app/widgets/table/number_dialog.h"
 
 namespace zentab::app {
@@ -50,6 +51,11 @@ std::optional<double> QtUserDialogs::AskNumber(const NumberQuestion& question) {
 std::optional<AxisLimits> QtUserDialogs::AskLimits(const LimitsQuestion& question) {
   LimitsDialog dialog(question, session_, WindowInFront());
   return dialog.exec() == QDialog::Accepted ? dialog.Limits() : std::nullopt;
+}
+
+std::optional<PictureSize> QtUserDialogs::AskPictureSize(const PictureSizeQuestion& question) {
+  PictureSizeDialog dialog(question, session_, WindowInFront());
+  return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Size()) : std::nullopt;
 }
 
 std::vector<std::size_t> QtUserDialogs::ChooseEntries(const QString& title,

@@ -21,6 +21,7 @@ class QtUserDialogs : public UserDialogs {
   void ReportError(const texts::MessageText& message) override;
   std::optional<double> AskNumber(const NumberQuestion& question) override;
   std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override;
+  std::optional<PictureSize> AskPictureSize(const PictureSizeQuestion& question) override;
   QString ChooseTableFile() override;
   QString ChooseGraphFile() override;
   std::vector<std::size_t> ChooseEntries(const QString& title,

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/widgets/report/picture_size.h"
 #include "editor/chart_axes.h"
 #include "texts/catalogue_texts.h"
 
@@ -64,6 +65,9 @@ class UserDialogs {
   [[nodiscard]] virtual std::optional<double> AskNumber(const NumberQuestion& question) = 0;
   /// Asks for the limits of the axes; nothing when cancelled.
   [[nodiscard]] virtual std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) = 0;
+  /// Asks how large a picture is to be; nothing when cancelled.
+  [[nodiscard]] virtual std::optional<PictureSize> AskPictureSize(
+      const PictureSizeQuestion& question) = 0;
   /// Lets the user choose an existing table file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseTableFile() = 0;
   /// Lets the user name a table file to be made; one that exists has been agreed to be replaced.

@@ -18,9 +18,10 @@ PointHandController::PointHandController(Session& session, editor::CurveChart& c
     : QObject(&chart), session_(session), chart_(chart), grid_(grid) {
   auto* const hand = new PointHand(chart);
   connect(hand, &PointHand::Picked, this, &PointHandController::Pick);
-  connect(hand, &PointHand::DragBegun, this, [this] { hasMoved_ = false; });
+  connect(hand, &PointHand::DragBegun, this, [this] { before_.reset(); });
   connect(hand, &PointHand::Dragged, this, &PointHandController::Move);
   connect(hand, &PointHand::DragEnded, this, &PointHandController::End);
+  connect(hand, &PointHand::DragAbandoned, this, &PointHandController::Abandon);
   connect(hand, &PointHand::PointWanted, this, &PointHandController::Add);
   connect(hand, &PointHand::RemovalWanted, this, &PointHandController::RemovePicked);
 }
@@ -45,15 +46,24 @@ void PointHandController::Move(int row, const editor::ScreenPlace& place,
   const ToolOutcome outcome =
       editor::MovePoint(table, row, place, moved, session_.localeDecimalSeparator);
   if (outcome != ToolOutcome::Done) return;
-  if (!hasMoved_) Q_EMIT AboutToChange(EditStep::MovePoint);
-  hasMoved_ = true;
+  if (!before_) before_ = session_.table;
   session_.table = table;
   Q_EMIT PointsChanged();
 }
 
+// Only a move that is not abandoned becomes a step of the history, which remembers what was before.
 void PointHandController::End() {
-  if (hasMoved_) Q_EMIT TableChanged();
-  hasMoved_ = false;
+  if (!before_) return;
+  std::swap(session_.table, *before_);
+  Q_EMIT AboutToChange(EditStep::MovePoint);
+  session_.table = *std::exchange(before_, std::nullopt);
+  Q_EMIT TableChanged();
+}
+
+void PointHandController::Abandon() {
+  if (!before_) return;
+  session_.table = *std::exchange(before_, std::nullopt);
+  Q_EMIT PointsChanged();
 }
 
 void PointHandController::Add(int row, const editor::ScreenPlace& place) {

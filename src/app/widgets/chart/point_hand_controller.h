@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
+#include <utility>
 
 #include "app/session.h"
 #include "editor/edit_step.h"
@@ -38,13 +40,14 @@ class PointHandController : public QObject {
   void Pick(int row);
   void Move(int row, const editor::ScreenPlace& place, editor::MovedNumbers moved);
   void End();
+  void Abandon();
   void Add(int row, const editor::ScreenPlace& place);
   void RemovePicked();
 
   Session& session_;
   editor::CurveChart& chart_;
   editor::CurveGridView& grid_;
-  bool hasMoved_ = false;  // in the drag that goes on
+  std::optional<editor::WorkingTable> before_;  // the drag that goes on, once it has moved a point
 };
 
 }  // namespace zentab::app

@@ -3,12 +3,12 @@
 #include <QByteArray>
 #include <QMimeData>
 #include <QRectF>
-#include <QSizeF>
 #include <QString>
 #include <memory>
 #include <optional>
 
 #include "app/widgets/report/paper_look.h"
+#include "app/widgets/report/picture_size.h"
 #include "editor/chart_curve.h"
 #include "editor/widgets/chart/curve_chart.h"
 
@@ -18,14 +18,6 @@ enum class PictureFormat { Png, Svg, Pdf };
 
 /// The format that a file's name asks for by its end; nothing for any other end.
 [[nodiscard]] std::optional<PictureFormat> FormatOf(const QString& file);
-
-/// How large a picture is, on any screen.
-struct PictureSize {
-  QSizeF millimetres{160.0, 120.0};
-  int dotsPerInch = 300;  // of PNG
-};
-inline constexpr int kFewestDots = 36;
-inline constexpr int kMostDots = 2400;
 
 /// Draws a chart into `area` of a painter; `unitsPerInch` of them are one inch of the chart's lines
 /// and letters. It draws vectors wherever the painter can.

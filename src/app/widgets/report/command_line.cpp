@@ -21,8 +21,6 @@ using cli::Console;
 using cli::Exit;
 
 constexpr const char* kProgram = "Zentab";
-constexpr double kSmallestSide = 20.0;  // millimetres
-constexpr double kLargestSide = 2000.0;
 
 struct Options {
   bool isReport = false;
@@ -44,7 +42,7 @@ std::optional<QSizeF> SizeOf(const std::string& text) {
   const auto width = texts::WholeNumber(text.substr(0, cross));
   const auto height = texts::WholeNumber(text.substr(cross + 1));
   const auto fits = [](const std::optional<double>& side) {
-    return side && *side >= kSmallestSide && *side <= kLargestSide;
+    return side && *side >= kShortestSide && *side <= kLongestSide;
   };
   return fits(width) && fits(height) ? std::optional(QSizeF(*width, *height)) : std::nullopt;
 }

@@ -4,7 +4,6 @@
 #include <QGuiApplication>
 #include <QPrinter>
 #include <QRegularExpression>
-#include <cmath>
 
 #include "app/library_commands.h"
 #include "app/widgets/accessible_names.h"
@@ -34,10 +33,7 @@ class BusyPointer {
 }  // namespace
 
 ReportController::ReportController(const ReportParts& parts)
-    : QObject(&parts.window),
-      parts_(parts),
-      texts_(parts.session.texts.output),
-      dotsPerInch_(PictureSize().dotsPerInch) {}
+    : QObject(&parts.window), parts_(parts), texts_(parts.session.texts.output) {}
 
 void ReportController::TakeAssessment(const GridAssessment* result, const std::string& reference) {
   assessment_.reset();
@@ -50,7 +46,7 @@ void ReportController::CopyChart() {
   if (!Begin()) return;
   const BusyPointer busy;
   QGuiApplication::clipboard()->setMimeData(
-      ChartForClipboard(parts_.chart, {}, SuggestedName(QString())).release());
+      ChartForClipboard(parts_.chart, size_, SuggestedName(QString())).release());
   Tell(texts_.chartCopied);
 }
 
@@ -62,20 +58,14 @@ void ReportController::SaveChart() {
   if (file.isEmpty()) return;
   const std::optional<PictureFormat> format = FormatOf(file);
   if (!format) return Tell(texts_.unknownFormat);
-  if (*format == PictureFormat::Png) {
-    const auto accepts = [](double dots) {
-      return dots >= kFewestDots && dots <= kMostDots && dots == std::floor(dots);
-    };
-    const auto dots = parts_.dialogs.AskNumber(
-        {title, QString::fromStdString(texts_.resolution), double(dotsPerInch_), accepts});
-    if (!dots) return;
-    dotsPerInch_ = static_cast<int>(*dots);
-  }
+  const std::optional<PictureSize> size =
+      parts_.dialogs.AskPictureSize({title, size_, *format == PictureFormat::Png});
+  if (!size) return;
+  size_ = *size;
   QByteArray bytes;
   {
     const BusyPointer busy;
-    bytes = ChartPicture(parts_.chart, *format, {PictureSize().millimetres, dotsPerInch_},
-                         SuggestedName(QString()));
+    bytes = ChartPicture(parts_.chart, *format, size_, SuggestedName(QString()));
   }
   if (bytes.isEmpty()) return Tell(texts_.tooLarge);
   WriteFile(file, bytes);

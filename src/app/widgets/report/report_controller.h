@@ -7,6 +7,7 @@
 #include "app/curve_assessment.h"
 #include "app/report_content.h"
 #include "app/report_settings.h"
+#include "app/widgets/report/picture_size.h"
 #include "app/widgets/user_dialogs.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "platform/settings_store.h"
@@ -74,7 +75,7 @@ class ReportController : public QObject {
   ReportParts parts_;
   const texts::OutputTexts& texts_;
   std::optional<ReportAssessment> assessment_;
-  int dotsPerInch_;  // chosen last
+  PictureSize size_;  // of pictures, chosen last
 };
 
 }  // namespace zentab::app

@@ -43,7 +43,8 @@ ScreenPlace PointHand::PlaceAt(const QPointF& pixel) const {
 }
 
 bool PointHand::Press(const QMouseEvent& event) {
-  held_.reset();
+  // Another window may have taken the release.
+  [[maybe_unused]] const bool wasHeld = Release();
   if (event.button() != Qt::LeftButton) return false;
   double least = kReach;
   for (const ChartPoint& point : chart_.Curve().points) {
@@ -86,13 +87,16 @@ bool PointHand::Drag(const QMouseEvent& event) {
 
 bool PointHand::Release() {
   if (!held_) return false;
+  LetGo(&PointHand::DragEnded);
+  return true;
+}
+
+void PointHand::LetGo(void (PointHand::*signal)()) {
   const bool wasDragged = held_->isDragged;
   held_.reset();
-  if (wasDragged) {
-    chart_.HoldView(false);
-    Q_EMIT DragEnded();
-  }
-  return true;
+  if (!wasDragged) return;
+  chart_.HoldView(false);
+  Q_EMIT(this->*signal)();
 }
 
 bool PointHand::DoubleClick(const QMouseEvent& event) {
@@ -119,8 +123,17 @@ bool PointHand::DoubleClick(const QMouseEvent& event) {
 }
 
 bool PointHand::OnKey(const QKeyEvent& event) {
+  if (held_) return true;
   if (event.key() != Qt::Key_Delete || event.modifiers() != Qt::NoModifier) return false;
   Q_EMIT RemovalWanted();
+  return true;
+}
+
+// Comes before the key itself, which others on the chart may want.
+bool PointHand::OnAnyKey(QKeyEvent& event) {
+  if (!held_) return false;
+  event.accept();
+  if (event.key() == Qt::Key_Escape) LetGo(&PointHand::DragAbandoned);
   return true;
 }
 
@@ -146,6 +159,10 @@ bool PointHand::eventFilter(QObject* watched, QEvent* event) {
       return Release();
     case QEvent::MouseButtonDblClick:
       return DoubleClick(*static_cast<QMouseEvent*>(event));
+    case QEvent::Wheel:
+      return held_.has_value();
+    case QEvent::ShortcutOverride:
+      return OnAnyKey(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyPress:
       return OnKey(*static_cast<QKeyEvent*>(event));
     default:

@@ -16,7 +16,7 @@ class CurveChart;
 /// Takes the points of the curve by hand: one that is pressed on is picked and can be dragged, with
 /// Shift to one side or up and down only; a double-click on the line wants a point there, Delete
 /// wants the picked one removed. It changes nothing itself. While a point is dragged the view
-/// stays.
+/// stays, and no key but Escape counts.
 class PointHand : public QObject {
   Q_OBJECT
 
@@ -32,6 +32,8 @@ class PointHand : public QObject {
   void Dragged(int row, const zentab::editor::ScreenPlace& place,
                zentab::editor::MovedNumbers moved);
   void DragEnded();
+  /// Escape: the point goes back to where it was.
+  void DragAbandoned();
   /// A point is wanted on the line that begins at the point of a row.
   void PointWanted(int row, const zentab::editor::ScreenPlace& place);
   /// The picked point is to be removed.
@@ -44,8 +46,10 @@ class PointHand : public QObject {
   [[nodiscard]] bool Press(const QMouseEvent& event);
   [[nodiscard]] bool Drag(const QMouseEvent& event);
   [[nodiscard]] bool Release();
+  void LetGo(void (PointHand::*signal)());
   [[nodiscard]] bool DoubleClick(const QMouseEvent& event);
   [[nodiscard]] bool OnKey(const QKeyEvent& event);
+  [[nodiscard]] bool OnAnyKey(QKeyEvent& event);
   [[nodiscard]] ScreenPlace PlaceAt(const QPointF& pixel) const;
   [[nodiscard]] QPointF PixelOf(const ChartPoint& point) const;
   void ShowCursor(const QPointF& pixel) const;
