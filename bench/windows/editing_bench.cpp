@@ -9,8 +9,11 @@
 #include <QApplication>
 #include <QFile>
 #include <QKeyEvent>
+#include <QListView>
 #include <QMouseEvent>
+#include <QTableWidget>
 #include <QTemporaryDir>
+#include <QWheelEvent>
 #include <cmath>
 #include <ctime>
 
@@ -98,9 +101,17 @@ void TypeCharacter(benchmark::State& state) {
   }
 }
 
-// The Enter key that leaves a cell whose time was changed and brings the chart up to date.
+// The Enter key that leaves a cell whose time was changed and brings the chart up to date, and the
+// assessment where its panel is open.
 void EnterAfterChange(benchmark::State& state) {
-  const OpenWindow open;
+  const auto assessed = state.range(1) != 0;
+  const OpenWindow open(assessed ? 1 : 0);
+  if (assessed) {
+    auto& list = *open.window->findChild<QListView*>(QStringLiteral("List1"));
+    list.setCurrentIndex(list.model()->index(0, 0));
+    open.window->findChild<QAction*>(QStringLiteral("m_assess"))->trigger();
+    if (open.window->findChild<QTableWidget*>()->rowCount() == 0) std::abort();
+  }
   const auto row = static_cast<int>(state.range(0));
   const QModelIndex cell = open.grid->model()->index(row - 1, 1);
   bool back = false;
@@ -153,6 +164,40 @@ void CrosshairFrame(benchmark::State& state) {
   }
 }
 
+// The view, moved up and down by the mouse.
+void PanFrame(benchmark::State& state) {
+  const OpenWindow open(static_cast<int>(state.range(0)));
+  auto& chart = *open.window->findChild<editor::CurveChart*>();
+  QApplication::processEvents();
+  const QRectF area(chart.axisRect()->rect());
+  const QPointF place = area.bottomLeft() + QPointF(20, -60);
+  QMouseEvent press(QEvent::MouseButtonPress, place, chart.mapToGlobal(place), Qt::LeftButton,
+                    Qt::LeftButton, {});
+  QApplication::sendEvent(&chart, &press);
+  int step = 0;
+  for (auto _ : state) {
+    step = (step + 3) % 50;
+    MoveMouse(chart, place + QPointF(step, step - 25), Qt::LeftButton);
+  }
+}
+
+// The view, made larger and smaller by the wheel.
+void ZoomFrame(benchmark::State& state) {
+  const OpenWindow open(static_cast<int>(state.range(0)));
+  auto& chart = *open.window->findChild<editor::CurveChart*>();
+  QApplication::processEvents();
+  const QPointF place(chart.axisRect()->rect().center());
+  bool back = false;
+  for (auto _ : state) {
+    QWheelEvent turn(place, chart.mapToGlobal(place), {}, QPoint(0, back ? -120 : 120),
+                     Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&chart, &turn);
+    QApplication::sendPostedEvents();
+    QApplication::processEvents();
+    back = !back;
+  }
+}
+
 // The point in the middle of the curve, dragged up and down; with the panel of differences, too.
 void DragFrame(benchmark::State& state) {
   const OpenWindow open(static_cast<int>(state.range(0)));
@@ -185,15 +230,12 @@ BENCHMARK(DragFrame)
     ->MinTime(0.5);
 BENCHMARK(UndoAndRedo)->Unit(benchmark::kMicrosecond)->MinTime(0.5);
 BENCHMARK(TypeCharacter)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
+BENCHMARK(PanFrame)->Arg(50)->Unit(benchmark::kMicrosecond)->MinTime(0.5);
+BENCHMARK(ZoomFrame)->Arg(50)->Unit(benchmark::kMicrosecond)->MinTime(0.5);
+// Row 13 lies inside the axes, row 1 changes them.
 BENCHMARK(EnterAfterChange)
-    ->Name("EnterAfterChange/inside_the_axes")
-    ->Arg(13)
-    ->Unit(benchmark::kMicrosecond)
-    ->UseManualTime()
-    ->MinTime(0.5);
-BENCHMARK(EnterAfterChange)
-    ->Name("EnterAfterChange/axes_change")
-    ->Arg(1)
+    ->ArgNames({"row", "assessed"})
+    ->ArgsProduct({{13, 1}, {0, 1}})
     ->Unit(benchmark::kMicrosecond)
     ->UseManualTime()
     ->MinTime(0.5);
