@@ -28,20 +28,21 @@ void AddCommand(Commands& commands, const char* name, const char* description,
   });
 }
 
-void AddTableCommands(Commands& commands);     // list, show, add, update, remove, copy
-void AddRenameCommands(Commands& commands);    // rename, move
-void AddLibraryCommands(Commands& commands);   // diff, merge
-void AddFunctionsCommand(Commands& commands);  // functions
-void AddExportCommands(Commands& commands);    // export, add-all
-void AddReadCommand(Commands& commands);       // read
-void AddCheckCommand(Commands& commands);      // check
-void AddTextCommands(Commands& commands);      // text, expand
-void AddTimeTestCommands(Commands& commands);  // entry, import
-void AddGraphCommands(Commands& commands);     // grh, grh-read
-void AddCurveCommands(Commands& commands);     // curve, thin, resample, margin
-void AddFitCommand(Commands& commands);        // fit
-void AddAssessCommand(Commands& commands);     // assess
-void AddCleanCommand(Commands& commands);      // clean
-void AddEvalCommand(Commands& commands);       // eval
+void AddTableCommands(Commands& commands);      // list, show, add, update, remove, copy
+void AddRenameCommands(Commands& commands);     // rename, move
+void AddLibraryCommands(Commands& commands);    // diff, merge
+void AddFunctionsCommand(Commands& commands);   // functions
+void AddExportCommands(Commands& commands);     // export, add-all
+void AddReadCommand(Commands& commands);        // read
+void AddCheckCommand(Commands& commands);       // check
+void AddTextCommands(Commands& commands);       // text, expand
+void AddTimeTestCommands(Commands& commands);   // entry, import
+void AddGraphCommands(Commands& commands);      // grh, grh-read
+void AddCurveCommands(Commands& commands);      // curve, thin, resample, margin
+void AddFitCommand(Commands& commands);         // fit
+void AddAssessCommand(Commands& commands);      // assess
+void AddCleanCommand(Commands& commands);       // clean
+void AddCompletionCommand(Commands& commands);  // completion
+void AddEvalCommand(Commands& commands);        // eval
 
 }  // namespace zentab::cli

@@ -74,6 +74,7 @@ Exit Run(const std::vector<std::string>& given) {
   AddEvalCommand(commands);
   AddFunctionsCommand(commands);
   AddCheckCommand(commands);
+  AddCompletionCommand(commands);
   Console console;
   const std::vector<std::string> arguments = WithEmptyValues(given, program);
   try {
