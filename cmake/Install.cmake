@@ -15,6 +15,17 @@ function(install_link target path)
     file(CREATE_LINK \"${way}\" \"\${link}\" SYMBOLIC)" COMPONENT program)
 endfunction()
 
+# install_manual(FILE NAME): a manual page, packed.
+function(install_manual file name)
+  set(packed ${CMAKE_BINARY_DIR}/manual/${name})
+  add_custom_command(OUTPUT ${packed}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/manual
+    COMMAND gzip --best --no-name --stdout ${PROJECT_SOURCE_DIR}/${file} > ${packed}
+    DEPENDS ${file} VERBATIM)
+  add_custom_target(manual_${name} ALL DEPENDS ${packed})
+  install(FILES ${packed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+endfunction()
+
 set(shells ${CMAKE_BINARY_DIR}/completion)
 foreach(shell bash zsh)
   list(APPEND made COMMAND zentab-cli completion ${shell} > ${shells}/${shell})
@@ -29,7 +40,7 @@ install(FILES ${shells}/bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completio
   RENAME zentab-cli COMPONENT program)
 install(FILES ${shells}/zsh DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions
   RENAME _zentab-cli COMPONENT program)
-install(FILES docs/zentab-cli.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+install_manual(docs/zentab-cli.1 zentab-cli.1.gz)
 install(DIRECTORY catalogues examples/installation DESTINATION ${data_dir} COMPONENT program)
 install(TARGETS CURR_API VOLT_API LIBRARY DESTINATION ${program_dir}/instruments
   COMPONENT program)
@@ -40,8 +51,7 @@ if(ZENTAB_GUI)
   install_link(${program_dir}/Zentab ${CMAKE_INSTALL_BINDIR}/zentab)
   install_link(${data_dir}/catalogues/Zentab.txt ${program_dir}/Zentab.txt)
   install_link(${data_dir}/installation ${program_dir}/demo)
-  install(FILES docs/Zentab.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 RENAME zentab.1
-    COMPONENT program)
+  install_manual(docs/Zentab.1 zentab.1.gz)
   install(FILES packaging/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
     COMPONENT program)
   install(FILES packaging/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo

@@ -1,10 +1,11 @@
 # The Debian package: cpack -G DEB in a build folder of the preset "package".
 set(CPACK_PACKAGE_NAME zentab)
 set(CPACK_PACKAGE_VENDOR "The Zentab developers")
-set(CPACK_PACKAGE_CONTACT "The Zentab developers <zentab@localhost>")
+set(CPACK_PACKAGE_CONTACT "The Zentab developers <zentab@zentab.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for operating-time curves of protection relays")
-set(CPACK_PACKAGE_DESCRIPTION
-  "Zentab keeps a library of relay operating-time curves and edits them in a grid beside a chart.
+set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
+  "${CPACK_PACKAGE_DESCRIPTION_SUMMARY}
+ Zentab keeps a library of relay operating-time curves and edits them in a grid beside a chart.
  It imports the points that a test set has measured, generates curves after IEC 60255 and IEEE
  C37.112, fits, thins and assesses them, and hands a curve back to the test set as its reference
  graph. zentab-cli does the same for scripts.")
@@ -20,7 +21,7 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME zentab)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, fonts-noto-cjk")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk")
 
 # What Debian wants beside the files: the licence, and the changes as a Debian changelog.
 set(doc ${CMAKE_BINARY_DIR}/debian)
