@@ -4,11 +4,11 @@ set(CPACK_PACKAGE_VENDOR "The Zentab developers")
 set(CPACK_PACKAGE_CONTACT "The Zentab developers <zentab@zentab.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for operating-time curves of protection relays")
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
-  "${CPACK_PACKAGE_DESCRIPTION_SUMMARY}
- Zentab keeps a library of relay operating-time curves and edits them in a grid beside a chart.
- It imports the points that a test set has measured, generates curves after IEC 60255 and IEEE
- C37.112, fits, thins and assesses them, and hands a curve back to the test set as its reference
- graph. zentab-cli does the same for scripts.")
+"Zentab keeps a library of relay operating-time curves and edits them in
+a grid beside a chart. It imports the points that a test set has
+measured, generates curves after IEC 60255 and IEEE C37.112, fits, thins
+and assesses them, and hands a curve back to the test set as its
+reference graph. zentab-cli does the same for scripts.")
 set(CPACK_PACKAGE_FILE_NAME ${CPACK_PACKAGE_NAME})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
