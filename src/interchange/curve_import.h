@@ -48,7 +48,7 @@ struct ImportedText {
   Encoding encoding = Encoding::Utf8;
   char separator = ',';
   char decimalSign = '.';
-  bool hasHeader = false;  // of the block that the first curve is of, and so on
+  bool hasHeader = false;             // of the block that the first curve is of, and so on
   std::vector<std::string> headings;  // of all its columns, some of them empty
   std::size_t load = 0;               // the first curve's columns, from 0
   std::size_t time = 0;
