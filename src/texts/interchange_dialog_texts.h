@@ -75,7 +75,7 @@ struct ComparisonTexts {
   std::string change = "%1 → %2";
   std::string onlyThere = "Only in the other library; taken over, it is added.";
   std::string onlyHere = "Only in the open library; taken over, it is removed.";
-  std::string done = "Taken over: %1 added, %2 removed, %3 changed: %4";
+  std::string done = "Taken over: %1 added, %2 removed, %3 changed";
   std::string stale = "One of the files has changed; they were compared anew.";
   std::string itself = "This is the open library itself";
   std::string noCurve = "Not every curve can be shown in the chart.";
