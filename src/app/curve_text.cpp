@@ -128,4 +128,17 @@ ShownPoints PointsInChart(const tables::CurveTableEntry& entry, const Session& s
   return shown;
 }
 
+const std::string& LoadUnitOf(const tables::CurveTableEntry& entry, const Session& session) {
+  const texts::CurveDialogTexts& texts = session.texts.curveDialogs;
+  if (!entry.absoluteValues) return texts.multiples;
+  switch (entry.instrument) {
+    case tables::Instrument::Current:
+      return texts.amperes;
+    case tables::Instrument::Voltage:
+      return texts.volts;
+    default:
+      return texts.amperesOrVolts;
+  }
+}
+
 }  // namespace zentab::app

@@ -58,4 +58,8 @@ struct ShownPoints {
 [[nodiscard]] ShownPoints PointsInChart(const tables::CurveTableEntry& entry,
                                         const Session& session);
 
+/// The unit of an entry's loads.
+[[nodiscard]] const std::string& LoadUnitOf(const tables::CurveTableEntry& entry,
+                                            const Session& session);
+
 }  // namespace zentab::app

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/curve_text.h"
 #include "app/session_texts.h"
 #include "interchange/entry_meaning.h"
 
@@ -13,16 +14,7 @@ using interchange::Difference;
 using tables::CurveTableEntry;
 
 std::string LoadsText(const CurveTableEntry& entry, const Session& session) {
-  const texts::CurveDialogTexts& texts = session.texts.curveDialogs;
-  if (!entry.absoluteValues) return texts.multiples;
-  switch (entry.instrument) {
-    case tables::Instrument::Current:
-      return texts.amperes;
-    case tables::Instrument::Voltage:
-      return texts.volts;
-    default:
-      return texts.amperesOrVolts;
-  }
+  return LoadUnitOf(entry, session);
 }
 
 std::string TimesText(const CurveTableEntry& entry, const Session&) {

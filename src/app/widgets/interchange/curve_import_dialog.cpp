@@ -244,10 +244,9 @@ void CurveImportDialog::ShowCurrent() {
   if (entry) {
     const ShownPoints shown = PointsInChart(*entry, session_);
     for (const curves::Point& point : shown.points) points.emplace_back(point.load, point.time);
-    const std::string& unit = entry->absoluteValues ? session_.texts.curveDialogs.amperesOrVolts
-                                                    : session_.texts.curveDialogs.multiples;
     if (!shown.areConverted) {
-      text += "\n" + Expanded(session_, session_.texts.curveImport.ownUnits, {unit});
+      text += "\n" + Expanded(session_, session_.texts.curveImport.ownUnits,
+                              {LoadUnitOf(*entry, session_)});
     }
   }
   preview_.Show(points);
