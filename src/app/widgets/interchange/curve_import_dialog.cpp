@@ -15,7 +15,6 @@
 #include "app/widgets/library/entry_list_model.h"
 #include "editor/widgets/chart/preview_curve.h"
 #include "platform/character_case.h"
-#include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
@@ -200,8 +199,7 @@ std::string CurveImportDialog::CurrentText(const FoundCurve& curve) const {
   if (fields_->Surplus() == interchange::Surplus::Cut) {
     return Expanded(session_, session_.texts.curveImport.cutTo, {kept, all});
   }
-  const std::string percent = texts::SetDecimalSeparator(
-      texts::FixedText(table.deviation * kPercent, 2), session_.localeDecimalSeparator);
+  const std::string percent = FixedNumber(table.deviation * kPercent, 2, session_);
   return Expanded(session_, texts.thinned, {kept, all, percent});
 }
 

@@ -2,8 +2,8 @@
 
 #include <map>
 
+#include "app/session_texts.h"
 #include "app/widgets/library/entry_list_model.h"
-#include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
@@ -37,10 +37,7 @@ QString FoundCurvesModel::Text(const Row& row, int column) const {
   }
   if (table == nullptr) return QString::fromStdString(session_.texts.curveImport.noTable);
   if (table->points.size() == curve.pointCount || table->deviation == 0.0) return {};
-  return QString::fromStdString(
-      texts::SetDecimalSeparator(texts::FixedText(table->deviation * kPercent, 2),
-                                 session_.localeDecimalSeparator) +
-      " %");
+  return QString::fromStdString(FixedNumber(table->deviation * kPercent, 2, session_) + " %");
 }
 
 QVariant FoundCurvesModel::data(const QModelIndex& index, int role) const {
