@@ -43,9 +43,7 @@ CurveDialog::CurveDialog(const char* name, const Session& session, editor::Previ
   setMinimumWidth(kWidth);
 }
 
-void CurveDialog::OpenBeside(const QWidget& chart) {
-  app::OpenBeside(*this, chart);
-}
+void CurveDialog::OpenBeside(const QWidget& chart) { app::OpenBeside(*this, chart); }
 
 QLabel* CurveDialog::PlaceFor(const FormFault&) { return nullptr; }
 
