@@ -48,7 +48,7 @@ class CurveImportController : public QObject {
   };
   struct Result;
 
-  void Open(const QString& name, Job job);
+  void Open(const QString& name, Job begun);
   void Read(CurveImportDialog& dialog, const std::shared_ptr<Job>& job);
   void Show(CurveImportDialog& dialog, const std::shared_ptr<Job>& job, const Result& result);
   void TakeIntoGrid(CurveImportDialog& dialog);
