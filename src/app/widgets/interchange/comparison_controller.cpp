@@ -129,7 +129,7 @@ void ComparisonController::ReadCurrent(ComparisonDialog& dialog, const Shared& j
 }
 
 void ComparisonController::TakeOver(ComparisonDialog& dialog, const Shared& job) {
-  if (parts_.files.IsAtWork()) return;
+  if (parts_.files.IsAtWork() || job->isTaking) return;
   struct Prepared {
     std::error_code error;
     tables::LineChange change;
@@ -143,6 +143,7 @@ void ComparisonController::TakeOver(ComparisonDialog& dialog, const Shared& job)
     return result;
   };
   dialog.ShowBusy();
+  job->isTaking = true;
   const QPointer<ComparisonDialog> open = &dialog;
   parts_.files.Quietly(prepare, [this, open, job](const Prepared& prepared) {
     if (!open) return;
@@ -177,6 +178,7 @@ void ComparisonController::Change(ComparisonDialog& dialog, const Shared& job,
 
 void ComparisonController::ShowFailure(ComparisonDialog& dialog, const Shared& job,
                                        std::error_code error) {
+  job->isTaking = false;
   if (error == tables::kEntryChanged) {
     Compare(dialog, job, ToQt(parts_.session.texts.comparison.stale));
   } else {

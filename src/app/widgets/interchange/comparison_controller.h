@@ -48,6 +48,7 @@ class ComparisonController : public QObject {
     std::shared_ptr<const Comparison> compared;
     bool isReading = false;   // the lines of an entry
     bool isOutdated = false;  // another one has become current meanwhile
+    bool isTaking = false;    // what was chosen
   };
   using Shared = std::shared_ptr<Job>;
 

@@ -25,7 +25,7 @@ constexpr QSize kUsualSize(430, 600);
 constexpr QSize kSampleSize(36, 10);
 constexpr double kLineWidth = 2.0;
 constexpr int kEntryLines = 6;
-constexpr int kOwnCurve = 0;  // the number of its pen
+constexpr int kOwnCurve = 1;  // the number of its pen: no colour near that of a preview
 
 QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
@@ -161,7 +161,6 @@ void ComparisonDialog::BuildButtons(QBoxLayout& layout) {
 
 void ComparisonDialog::ShowBusy() {
   take_->setEnabled(false);
-  list_->setEnabled(false);
   outcome_->setText(ToQt(session_.texts.comparison.comparing));
 }
 
@@ -170,14 +169,12 @@ void ComparisonDialog::Show(std::vector<interchange::EntryDifference> difference
   const texts::ComparisonTexts& texts = session_.texts.comparison;
   counts_->setText(
       ToQt(differences.empty() ? texts.same : CountsText(session_, texts.counts, differences)));
-  list_->setEnabled(true);
   filter_->clear();
   model_->Show(std::move(differences));
   if (!remark.isEmpty()) outcome_->setText(remark);
 }
 
 void ComparisonDialog::Tell(const QString& text) {
-  list_->setEnabled(true);
   ShowChosen();
   outcome_->setText(text);
 }
