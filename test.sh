@@ -36,7 +36,8 @@ run() {
 
 # Each fuzz target with the longest input it gets, in bytes.
 fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_import=2048
-  reference_graph=2048 clipboard_text=512 expression=256 settings_files=1024)
+  reference_graph=2048 clipboard_text=512 expression=256 settings_files=1024
+  delimited_text=1024 library_json=2048)
 
 # fuzz LIMIT: runs all targets, each in a folder of its own below build/fuzz/found. New inputs, the
 # log, an input at fault and whatever else a target leaves stay there.

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "interchange/library_json.h"
 #include "mathparser/function_catalogue.h"
 #include "tables/entry_line.h"
 #include "testset/reference_graph_writer.h"
@@ -64,6 +65,7 @@ class Corpus {
     MakeClipboardTexts();
     MakeExpressions();
     MakeSettings();
+    MakeInterchange();
   }
 
  private:
@@ -199,6 +201,31 @@ class Corpus {
     for (const std::string& file : files) {
       Add("settings_files", "other.dat\t2\t300\t1,5\n" + file);
       Add("settings_files", " a=b \t]\t\t[x]\n" + file);
+    }
+  }
+
+  void MakeInterchange() {
+    const Lines texts = {
+        "Load,Time [s]\n1.5,3.44\n2,2.006\n5,0.856\n",
+        "sep=;\r\nStrom (kA);Abgang 12 [ms];Abgang 14 [cycles]\r\n1,5;3440;\r\n2;2.006,5;7\r\n",
+        "\"Load \"\"A\"\"\"\tt in s\n1\t2\n\nBlock\n3\t4\n5\t6\n",
+        "No | I/In | t\n1 | 1.5 | 2\n2 | 3 | 1\n", " 1  10 2e1\n 2  5 1e1\n 3 , 4\n"};
+    for (const std::string& text : texts) {
+      for (const char* const letters : {"??????\n", "u?;???\n", "s,\ty12\n", "w. n21\n"}) {
+        Add("delimited_text", letters + text);
+      }
+    }
+    std::string wide = "??????\n\xFF\xFE";
+    for (const char c : texts.front()) wide += {c, '\0'};
+    Add("delimited_text", wide);
+    for (const std::string& line : LinesOf(Installed("relayTables.dat"))) {
+      const std::size_t end = line.find_last_not_of("\r\n") + 1;
+      const std::string object = interchange::JsonOfLine(line.substr(0, end), line.substr(end));
+      Add("library_json", interchange::JsonBegin(false) + object + interchange::JsonEnd());
+    }
+    for (const Lines& row : Rows("entry_lines.txt")) {
+      const std::string object = interchange::JsonOfLine(row.front(), "");
+      Add("library_json", interchange::JsonBegin(true) + object + interchange::JsonEnd());
     }
   }
 

@@ -40,6 +40,7 @@ class Agreeing final : public app::UserDialogs {
   std::vector<std::size_t> ChooseEntries(const QString&, const std::vector<std::string>&) override {
     return {};
   }
+  QString ChooseFileToRead(const QString&) override { return {}; }
   QString ChooseTargetFile() override { return file; }
   QString ChooseFileToWrite(const app::WriteQuestion&) override { return {}; }
   bool ChoosePrinter(QPrinter&) override { return false; }

@@ -1,17 +1,15 @@
-#include <unordered_set>
-
 #include "cli/argument_checks.h"
 #include "cli/command.h"
 #include "cli/entries.h"
 #include "cli/input_file.h"
 #include "cli/table_file.h"
 #include "interchange/curve_csv.h"
+#include "interchange/curve_file.h"
+#include "interchange/entry_addition.h"
 #include "interchange/entry_meaning.h"
 #include "interchange/library_json.h"
 #include "interchange/library_text.h"
-#include "platform/character_case.h"
 #include "platform/file_text.h"
-#include "platform/line_reader.h"
 #include "platform/paths.h"
 #include "platform/safe_file_replacement.h"
 #include "tables/entry_line.h"
@@ -136,28 +134,13 @@ void DeclareAddAll(CLI::App& command, AddAllOptions& options) {
       ->check(kWrittenFile);
 }
 
-// The first name that the target has already; looked for under the lock.
-std::error_code FindTaken(const fs::path& target, const interchange::JsonLibrary& library,
-                          tables::TableListing& listing, std::string& taken) {
-  if (const auto error = tables::ListEntries(platform::SystemFiles(), target, listing)) {
-    return error;
-  }
-  std::unordered_set<std::string> names;
-  for (const std::string& name : listing.names) names.insert(platform::LowerCase(name));
-  for (const interchange::JsonEntry& added : library.entries) {
-    if (!names.contains(platform::LowerCase(added.entry.name))) continue;
-    taken = added.entry.name;
-    return std::make_error_code(std::errc::file_exists);
-  }
-  return {};
-}
-
 Exit AddAll(const AddAllOptions& options, Console& console) {
   const InputFile file(options.source);
   std::string text;
   std::error_code error = file.Error();
   if (!error) {
-    error = platform::ReadWholeFile(platform::SystemFiles(), file.Path(), kLargestText, text);
+    error = platform::ReadWholeFile(platform::SystemFiles(), file.Path(), interchange::kLargestText,
+                                    text);
   }
   if (error) return console.Fail(file.Name() + ": " + error.message());
   const auto read = interchange::ReadJson(text);
@@ -167,18 +150,9 @@ Exit AddAll(const AddAllOptions& options, Console& console) {
   const auto& library = std::get<interchange::JsonLibrary>(read);
   if (library.entries.empty()) return Exit::Done;
   const fs::path target = platform::ToPath(options.target);
-  tables::TableListing listing;
   std::string taken;
-  error = Writer().AppendLines(target, file.Path(), [&](platform::OutputFile& output) {
-    if (const auto failed = FindTaken(target, library, listing, taken)) return failed;
-    std::string lines;
-    if (library.hasByteOrderMark && !listing.stamp) lines = platform::kByteOrderMark;
-    for (const interchange::JsonEntry& entry : library.entries) {
-      const bool isLast = &entry == &library.entries.back();
-      lines += entry.line + (entry.ending.empty() && !isLast ? "\r\n" : entry.ending);
-    }
-    return output.Write(lines);
-  });
+  tables::TableWriter writer = Writer();
+  error = interchange::AddEntries(writer, target, file.Path(), library, taken);
   if (!taken.empty()) {
     return console.Fail(options.target + ": has an entry '" + taken + "' already");
   }

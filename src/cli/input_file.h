@@ -34,9 +34,6 @@ class InputFile {
   std::unique_ptr<platform::PrivateFile> spooled_;
 };
 
-/// The most bytes of another program's file that are read as a whole.
-inline constexpr std::size_t kLargestText = 512u << 20;
-
 /// All of standard input; nothing when it cannot be read to its end.
 [[nodiscard]] std::optional<std::string> StandardInput();
 

@@ -3,10 +3,8 @@
 #include "cli/curve_arguments.h"
 #include "cli/input_file.h"
 #include "interchange/cell_table.h"
-#include "interchange/curve_import.h"
-#include "interchange/library_json.h"
+#include "interchange/curve_file.h"
 #include "platform/file_text.h"
-#include "texts/number_text.h"
 
 namespace zentab::cli {
 namespace {
@@ -96,12 +94,6 @@ void DeclareRead(CLI::App& command, ReadOptions& options) {
                    "tell most by, and a line # deviation=P");
 }
 
-bool IsJson(const std::string& name, const std::string& text) {
-  const std::size_t first = text.find_first_not_of(" \t\r\n");
-  const bool isMarked = first != std::string::npos && (text[first] == '{' || text[first] == '[');
-  return isMarked || CLI::detail::to_lower(name).ends_with(".json");
-}
-
 interchange::ImportChoices ChoicesOf(const ReadOptions& options) {
   interchange::ImportChoices choices;
   choices.encoding = options.encoding;
@@ -117,44 +109,20 @@ interchange::ImportChoices ChoicesOf(const ReadOptions& options) {
   return choices;
 }
 
-// The curves of a library, as the grid takes their numbers.
-interchange::Outcome<std::vector<ImportedCurve>> CurvesOfJson(const std::string& text) {
-  const auto library = interchange::ReadJson(text);
-  if (const auto* const fault = interchange::FaultOf(library)) return *fault;
-  std::vector<ImportedCurve> curves;
-  for (const auto& read : std::get<interchange::JsonLibrary>(library).entries) {
-    ImportedCurve curve;
-    curve.name = read.entry.name;
-    for (const tables::CurvePoint& point : read.entry.points) {
-      curve.points.push_back({texts::LeadingNumber(point.load).value_or(0.0),
-                              texts::LeadingNumber(point.time).value_or(0.0)});
-    }
-    curves.push_back(std::move(curve));
-  }
-  return curves;
-}
-
-interchange::Outcome<std::vector<ImportedCurve>> CurvesOf(const ReadOptions& options,
-                                                          std::string text) {
-  if (IsJson(options.file, text)) return CurvesOfJson(text);
-  auto imported = interchange::ImportCurves(std::move(text), ChoicesOf(options));
-  if (const auto* const fault = interchange::FaultOf(imported)) return *fault;
-  return std::move(std::get<interchange::ImportedText>(imported).curves);
-}
-
 Exit Read(const ReadOptions& options, Console& console) {
   const InputFile file(options.file);
   std::string text;
   std::error_code error = file.Error();
   if (!error) {
-    error = platform::ReadWholeFile(platform::SystemFiles(), file.Path(), kLargestText, text);
+    error = platform::ReadWholeFile(platform::SystemFiles(), file.Path(), interchange::kLargestText,
+                                    text);
   }
   if (error) return console.Fail(file.Name() + ": " + error.message());
-  const auto read = CurvesOf(options, std::move(text));
+  const auto read = interchange::ReadCurves(options.file, std::move(text), ChoicesOf(options));
   if (const auto* const fault = interchange::FaultOf(read)) {
     return console.Fail(file.Name() + ": " + interchange::FaultText(*fault, {}));
   }
-  const auto& curves = std::get<std::vector<ImportedCurve>>(read);
+  const auto& curves = std::get<interchange::ImportedText>(read).curves;
   if (options.curve < 1 || options.curve > curves.size()) {
     const interchange::Fault fault = {interchange::FaultKind::NoCurve,
                                       std::to_string(options.curve)};

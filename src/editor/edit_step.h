@@ -45,6 +45,9 @@ enum class EditStep {
   AddNew,
   Remove,
   Import,
+  // another program's files, another library
+  ImportCurve,
+  TakeOver,
   // a table of a former session
   BringBack,
 };

@@ -93,6 +93,16 @@ void CellTable::ReadRow(std::size_t& at, std::size_t& line) {
   ++line;
 }
 
+std::optional<char> TakeSeparatorLine(std::string& text) {
+  constexpr std::string_view kMark = "sep=";
+  if (!text.starts_with(kMark) || text.size() <= kMark.size() + 1) return std::nullopt;
+  const char separator = text[kMark.size()];
+  if (text.find_first_of("\r\n") != kMark.size() + 1) return std::nullopt;
+  // The line stays, so that lines keep their numbers.
+  text.erase(0, kMark.size() + 1);
+  return separator;
+}
+
 char GuessSeparator(std::string_view text, char excluded) {
   const std::string_view sample = text.substr(0, kSampleBytes);
   char best = ',';

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -44,6 +45,9 @@ class CellTable {
   std::vector<std::string_view> cells_;
   std::vector<RowPlace> rows_;
 };
+
+/// Takes "sep=;" out of the first line, which spreadsheets write and read: the separator there.
+[[nodiscard]] std::optional<char> TakeSeparatorLine(std::string& text);
 
 /// The separator by which most of the first rows hold two numbers or more, and nothing else:
 /// tab, ";", ",", "|" or blanks. `excluded` is the decimal sign where it is known, else 0.

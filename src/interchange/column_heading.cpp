@@ -134,7 +134,7 @@ std::vector<Word> WordsOf(std::string_view heading) {
     const char c = text[at];
     if (!IsOfWord(c)) {
       if (c == '(' || c == '[' || c == '{') ++brackets;
-      if (c == ')' || c == ']' || c == '}') --brackets;
+      if (c == ')' || c == ']' || c == '}') brackets = std::max(brackets - 1, 0);
       if (c != ' ') mark = c;
       ++at;
       continue;

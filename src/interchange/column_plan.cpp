@@ -86,6 +86,8 @@ std::size_t ColumnOf(const std::vector<BlockColumn>& columns, const std::string&
   std::size_t number = 0;
   const char* const end = wanted.data() + wanted.size();
   const auto [at, error] = std::from_chars(wanted.data(), end, number);
+  const bool isNumber = error == std::errc() && at == end && number >= 1;
+  if (isNumber && number <= columns.size()) return number - 1;
   const std::string folded = platform::LowerCase(wanted);
   for (std::size_t column = 0; column < columns.size(); ++column) {
     const std::string heading = platform::LowerCase(columns[column].heading);
@@ -95,8 +97,7 @@ std::size_t ColumnOf(const std::vector<BlockColumn>& columns, const std::string&
       return column;
     }
   }
-  const bool isNumber = error == std::errc() && at == end && number >= 1;
-  return isNumber ? std::min(number - 1, columns.size()) : columns.size();
+  return columns.size();
 }
 
 std::vector<CurveColumns> PlanColumns(const std::vector<BlockColumn>& columns, std::size_t load,

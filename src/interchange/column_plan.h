@@ -23,8 +23,9 @@ struct CurveColumns {
   ColumnHeading timeHeading;
 };
 
-/// The number, from 0, of the column that `wanted` (its number from 1, or its heading with or
-/// without unit, letters compared without case) means; the count of columns when there is none.
+/// The number, from 0, of the column that `wanted` (its number from 1 or, where there is no such
+/// column, its heading with or without unit, letters compared without case) means; the count of
+/// columns when there is none.
 [[nodiscard]] std::size_t ColumnOf(const std::vector<BlockColumn>& columns,
                                    const std::string& wanted);
 

@@ -29,6 +29,7 @@ double TableTime(double time, TimeUnit unit) {
 struct Block {
   std::string title;
   std::vector<BlockColumn> columns;
+  bool hasHeader = false;
   std::size_t begin = 0;  // rows of numbers
   std::size_t end = 0;
 };
@@ -38,13 +39,13 @@ class Importer {
   Importer(const CellTable& table, char decimalSign, const ImportChoices& choices)
       : table_(table), decimalSign_(decimalSign), choices_(choices) {}
 
-  std::optional<Fault> Run(std::vector<ImportedCurve>& curves) {
+  std::optional<Fault> Run(ImportedText& text) {
     std::size_t row = 0;
     for (Block block; NextBlock(row, block);) {
-      if (auto fault = TakeBlock(block, curves)) return fault;
+      if (auto fault = TakeBlock(block, text)) return fault;
       row = block.end;
     }
-    if (curves.empty()) return Fault{FaultKind::NoNumbers};
+    if (text.curves.empty()) return Fault{FaultKind::NoNumbers};
     return std::nullopt;
   }
 
@@ -92,6 +93,7 @@ class Importer {
       AddHeading(row, block, isFresh);
       isFirst = false;
     }
+    block.hasHeader = !isFirst;
     block.begin = row;
     while (row < count && !table_.IsBlank(row) && HasNumber(row)) ++row;
     block.end = row;
@@ -129,7 +131,7 @@ class Importer {
     return Fault{FaultKind::NoColumn, wanted, table_.LineOf(block.begin)};
   }
 
-  std::optional<Fault> TakeBlock(const Block& block, std::vector<ImportedCurve>& curves) const {
+  std::optional<Fault> TakeBlock(const Block& block, ImportedText& text) const {
     std::size_t load = kUnknownColumn;
     std::size_t time = kUnknownColumn;
     if (auto fault = Find(block, choices_.load, load)) return fault;
@@ -149,9 +151,18 @@ class Importer {
         curve.name = block.title + (curve.name.empty() ? "" : ' ' + curve.name);
       }
       if (auto fault = TakePoints(block, columns, mayLack, curve)) return fault;
-      if (!curve.points.empty()) curves.push_back(std::move(curve));
+      if (curve.points.empty()) continue;
+      if (text.curves.empty()) TellColumns(block, columns, text);
+      text.curves.push_back(std::move(curve));
     }
     return std::nullopt;
+  }
+
+  static void TellColumns(const Block& block, const CurveColumns& columns, ImportedText& text) {
+    text.hasHeader = block.hasHeader;
+    text.load = columns.load;
+    text.time = columns.time;
+    for (const BlockColumn& column : block.columns) text.headings.push_back(column.heading);
   }
 
   [[nodiscard]] Fault FaultWithoutPlan(const Block& block) const {
@@ -189,17 +200,6 @@ class Importer {
   const ImportChoices& choices_;
 };
 
-// "sep=;" in the first line, which spreadsheets write and read.
-std::optional<char> TakeSeparatorLine(std::string& text) {
-  constexpr std::string_view kMark = "sep=";
-  if (!text.starts_with(kMark) || text.size() <= kMark.size() + 1) return std::nullopt;
-  const char separator = text[kMark.size()];
-  if (text.find_first_of("\r\n") != kMark.size() + 1) return std::nullopt;
-  // The line stays, so that lines keep their numbers.
-  text.erase(0, kMark.size() + 1);
-  return separator;
-}
-
 }  // namespace
 
 tables::Instrument ImportedCurve::Instrument() const {
@@ -222,7 +222,7 @@ Outcome<ImportedText> ImportCurves(std::string bytes, const ImportChoices& choic
     return Fault{FaultKind::TooManyLines, std::to_string(kMostRows), table.LineOf(kMostRows)};
   }
   result.decimalSign = choices.decimalSign.value_or(GuessDecimalSign(table));
-  if (auto fault = Importer(table, result.decimalSign, choices).Run(result.curves)) return *fault;
+  if (auto fault = Importer(table, result.decimalSign, choices).Run(result)) return *fault;
   return result;
 }
 
@@ -239,6 +239,7 @@ curves::Outcome<curves::ChosenPoints> PointsForTable(const ImportedCurve& curve,
 
 tables::CurveTableEntry EntryOf(const ImportedCurve& curve,
                                 const std::vector<curves::Point>& points) {
+  if (curve.stored) return curve.stored->entry;
   tables::CurveTableEntry entry = {
       curve.name, {}, curve.Milliseconds(), curve.AbsoluteValues(), curve.Instrument()};
   for (const curves::Point& point : points) {

@@ -7,6 +7,7 @@
 #include "curves/thinning.h"
 #include "interchange/column_heading.h"
 #include "interchange/fault.h"
+#include "interchange/library_json.h"
 #include "interchange/text_encoding.h"
 #include "tables/curve_table_entry.h"
 
@@ -33,6 +34,7 @@ struct ImportedCurve {
   std::vector<curves::Point> points;       // in their order, any number
   LoadUnit loadUnit = LoadUnit::Multiple;  // as the text has it
   TimeUnit timeUnit = TimeUnit::Second;
+  std::optional<JsonEntry> stored;  // the entry of a library that it is
 
   [[nodiscard]] bool Milliseconds() const { return timeUnit == TimeUnit::Millisecond; }
   [[nodiscard]] bool AbsoluteValues() const { return loadUnit != LoadUnit::Multiple; }
@@ -42,9 +44,14 @@ struct ImportedCurve {
 /// What a text was taken for, and the curves that it has then: one for each block of rows and each
 /// column of times in it.
 struct ImportedText {
+  bool isJson = false;  // then there is nothing to be taken for anything
   Encoding encoding = Encoding::Utf8;
   char separator = ',';
   char decimalSign = '.';
+  bool hasHeader = false;             // of the block that the first curve is of, and so on
+  std::vector<std::string> headings;  // of all its columns, some of them empty
+  std::size_t load = 0;               // the first curve's columns, from 0
+  std::size_t time = 0;
   std::vector<ImportedCurve> curves;  // at least one
 };
 
@@ -62,7 +69,7 @@ enum class Surplus { Thin, Cut };
 [[nodiscard]] curves::Outcome<curves::ChosenPoints> PointsForTable(const ImportedCurve& curve,
                                                                    Surplus surplus);
 
-/// The curve as an entry, with "." in its numbers.
+/// The curve as an entry, with "." in its numbers; that of a library as it is there.
 [[nodiscard]] tables::CurveTableEntry EntryOf(const ImportedCurve& curve,
                                               const std::vector<curves::Point>& points);
 

@@ -79,4 +79,16 @@ std::error_code Compare(platform::FileLayer& files, ComparedFile& before, Compar
   return {};
 }
 
+std::error_code ReadDifference(platform::FileLayer& files, const ComparedFile& before,
+                               const ComparedFile& after, const EntryDifference& difference,
+                               DifferentLines& lines) {
+  lines = {};
+  std::error_code error;
+  if (difference.before != kNoLine) {
+    error = LineSource(files, before).Read(difference.before, lines.before);
+  }
+  if (error || difference.after == kNoLine) return error;
+  return LineSource(files, after).Read(difference.after, lines.after);
+}
+
 }  // namespace zentab::interchange

@@ -38,4 +38,15 @@ struct ComparedFile {
                                       ComparedFile& after,
                                       std::vector<EntryDifference>& differences);
 
+/// The lines of a difference (a table file's bytes), each empty where its side has none. Fails as
+/// Compare does.
+struct DifferentLines {
+  std::string before;
+  std::string after;
+};
+[[nodiscard]] std::error_code ReadDifference(platform::FileLayer& files, const ComparedFile& before,
+                                             const ComparedFile& after,
+                                             const EntryDifference& difference,
+                                             DifferentLines& lines);
+
 }  // namespace zentab::interchange

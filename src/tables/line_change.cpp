@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/character_case.h"
@@ -69,15 +70,24 @@ std::uint64_t PlaceBetween(const LineChange& change, const TableListing& listing
   return best < count ? listing.lines[best].offset : listing.end;
 }
 
+std::unordered_set<std::string> NamesOf(std::string_view lines) {
+  std::unordered_set<std::string> names;
+  while (!lines.empty()) {
+    if (const auto name = ParseEntryName(TakeLine(lines))) names.insert(platform::LowerCase(*name));
+  }
+  return names;
+}
+
 // A line that gets a name of its own in other letters, capital or small, does not take it from
 // itself.
 bool IsNameTaken(const LineChange& change, const TableListing& listing) {
-  std::string_view after = change.after;
-  std::string_view before = change.before;
-  const std::optional<std::string> name = ParseEntryName(TakeLine(after));
-  if (!change.needsFreeName || !name || !listing.HasName(*name)) return false;
-  const std::optional<std::string> former = ParseEntryName(TakeLine(before));
-  return !former || platform::LowerCase(*former) != platform::LowerCase(*name);
+  if (!change.needsFreeName || change.after.empty()) return false;
+  std::unordered_set<std::string> wanted = NamesOf(change.after);
+  for (const std::string& name : NamesOf(change.before)) wanted.erase(name);
+  if (wanted.size() == 1) return listing.HasName(*wanted.begin());
+  return !wanted.empty() && std::ranges::any_of(listing.names, [&wanted](const std::string& name) {
+    return wanted.contains(platform::LowerCase(name));
+  });
 }
 
 }  // namespace

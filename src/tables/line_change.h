@@ -24,7 +24,7 @@ struct LineChange {
   std::optional<std::uint64_t> behind;
   // Whether a line end was written in front of the lines, which goes with them again.
   bool endsLine = false;
-  // Whether an entry of the same name as the one that is put back, or that another one gets, is a
+  // Whether an entry of the same name as one that is put back, or that another one gets, is a
   // reason not to do so: someone else has added it meanwhile.
   bool needsFreeName = false;
 

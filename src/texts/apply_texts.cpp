@@ -63,6 +63,8 @@ class Applier {
   void operator()(const StepName& name) const { texts_.history.steps[name.step] = text_; }
   void operator()(const ChartField& field) const { texts_.chart.*field.field = text_; }
   void operator()(const InterchangeField& field) const { texts_.interchange.*field.field = text_; }
+  void operator()(const CurveImportField& field) const { texts_.curveImport.*field.field = text_; }
+  void operator()(const ComparisonField& field) const { texts_.comparison.*field.field = text_; }
   void operator()(const CurveField& field) const { texts_.curve.*field.field = text_; }
   void operator()(const CurveDialogField& field) const { texts_.curveDialogs.*field.field = text_; }
   void operator()(const LibraryField& field) const { texts_.library.*field.field = text_; }

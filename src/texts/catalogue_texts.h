@@ -7,6 +7,7 @@
 #include "texts/chart_texts.h"
 #include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
+#include "texts/interchange_dialog_texts.h"
 #include "texts/interchange_texts.h"
 #include "texts/library_texts.h"
 #include "texts/report_texts.h"
@@ -175,7 +176,7 @@ struct ProgramTexts {
 };
 
 /// The steps of the history that have a name.
-inline constexpr std::size_t kEditSteps = 37;
+inline constexpr std::size_t kEditSteps = 39;
 
 /// What the history of a session says. The names of the steps stand in the order of
 /// editor::EditStep.
@@ -226,6 +227,8 @@ struct HistoryTexts {
       "Add new entry",
       "Remove entry",
       "Import entries",
+      "Import curve",
+      "Take over",
       "Bring back table",
   }};
 };
@@ -253,6 +256,8 @@ struct CatalogueTexts {
   ChartTexts chart;
   CurveTexts curve;
   InterchangeTexts interchange;
+  CurveImportTexts curveImport;
+  ComparisonTexts comparison;
   CurveDialogTexts curveDialogs;
   ReportTexts report;
   OutputTexts output;

@@ -284,7 +284,7 @@ constexpr std::array<const char*, kEditSteps> kStepKeys = {
     "STEP.CONVERT.TIMES", "STEP.FILL",        "STEP.CURVE",       "STEP.FIT",
     "STEP.THIN",          "STEP.RESAMPLE",    "STEP.POINT.MOVE",  "STEP.POINT.ADD",
     "STEP.UPDATE",        "STEP.ADDNEW",      "STEP.REMOVE",      "STEP.IMPORT",
-    "STEP.BRINGBACK",
+    "STEP.TAKECURVE",     "STEP.TAKEOVER",    "STEP.BRINGBACK",
 };
 
 // What is said of the points and asked by the tools on them.
@@ -351,6 +351,8 @@ std::vector<KeyRow> AllRows() {
   Append(table, OwnRows());
   Append(table, CurveRows());
   Append(table, InterchangeRows());
+  Append(table, CurveImportRows());
+  Append(table, ComparisonRows());
   Append(table, CurveDialogRows());
   Append(table, CurveMenuRows());
   Append(table, LibraryRows());

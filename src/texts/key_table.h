@@ -63,6 +63,12 @@ struct ChartField {
 struct InterchangeField {
   std::string InterchangeTexts::*field;
 };
+struct CurveImportField {
+  std::string CurveImportTexts::*field;
+};
+struct ComparisonField {
+  std::string ComparisonTexts::*field;
+};
 struct CurveField {
   std::string CurveTexts::*field;
 };
@@ -108,10 +114,10 @@ struct ShownIfAboveZero {  // a text that sorts after "0" shows, any other hides
 using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
-                 GraphField, ChartField, CurveField, InterchangeField, CurveDialogField,
-                 LibraryField, ReportField, OutputField, ExchangeField, EquationSlot, HistoryField,
-                 StepName, ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue,
-                 ShownIfAboveZero>;
+                 GraphField, ChartField, CurveField, InterchangeField, CurveImportField,
+                 ComparisonField, CurveDialogField, LibraryField, ReportField, OutputField,
+                 ExchangeField, EquationSlot, HistoryField, StepName, ImportField, TimeoutText,
+                 SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
@@ -122,6 +128,10 @@ struct KeyRow {
 /// The keys of the texts about characteristics and operations on curves.
 [[nodiscard]] const std::vector<KeyRow>& CurveRows();
 [[nodiscard]] const std::vector<KeyRow>& InterchangeRows();
+
+/// The keys of the dialogs for curves of other programs, and for another library.
+[[nodiscard]] const std::vector<KeyRow>& CurveImportRows();
+[[nodiscard]] const std::vector<KeyRow>& ComparisonRows();
 
 /// The keys of the menu for curves, its dialogs and the assessment.
 [[nodiscard]] const std::vector<KeyRow>& CurveMenuRows();

@@ -72,6 +72,7 @@ class AnsweringDialogs : public UserDialogs {
   QString ChooseGraphFile() override { return ++filesAsked, file; }
   QString ChooseNewTableFile() override { return ++filesAsked, file; }
   void OpenFolder(const QString& folder) override { asked.push_back(folder.toStdString()); }
+  QString ChooseFileToRead(const QString&) override { return ++filesAsked, file; }
   QString ChooseTargetFile() override { return ++filesAsked, file; }
   QString ChooseFileToWrite(const WriteQuestion& question) override {
     asked.push_back(question.name.toStdString());

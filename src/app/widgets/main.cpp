@@ -37,6 +37,7 @@ class NobodyToAsk final : public app::UserDialogs {
   std::vector<std::size_t> ChooseEntries(const QString&, const std::vector<std::string>&) override {
     return {};
   }
+  QString ChooseFileToRead(const QString&) override { return {}; }
   QString ChooseTargetFile() override { return {}; }
   QString ChooseNewTableFile() override { return {}; }
   void OpenFolder(const QString&) override {}

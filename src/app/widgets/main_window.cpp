@@ -27,6 +27,7 @@
 #include "app/widgets/curve/curve_controller.h"
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
+#include "app/widgets/interchange/interchange_commands.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_files_controller.h"
 #include "app/widgets/library/library_panel.h"
@@ -101,6 +102,8 @@ MainWindow::MainWindow(MainWindowParts parts)
       forms_(files_, parts.store, parts.title),
       tableFiles_(new LibraryFilesController(
           {session_, files_, parts.dialogs, forms_, *libraryController_, *exchange_}, this)),
+      interchange_(new InterchangeCommands({session_, files_, writer_, parts.dialogs,
+                                            *libraryController_, *undo_, *chart_->chart, *this})),
       curves_(new CurveController(session_, forms_, *chart_->chart, *this)),
       assessment_(
           new AssessmentController({session_, forms_, *libraryController_, *chart_, *curves_,
@@ -175,6 +178,7 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
   QMenu* const library = menuBar()->addMenu(QStringLiteral("Librar&y"));
   library->setObjectName(QStringLiteral("m_library"));
   tableFiles_->AddTo(*library);
+  interchange_->AddTo(*library);
   assessment_->AddTo(*curves_->AddMenu(*menuBar()));
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("Vie&w"));
@@ -193,9 +197,9 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
 void MainWindow::ConnectCommands() {
   const CommandListeners listeners = {*status_, *table_->grid, *recovery_,
                                       [this](editor::EditStep step) { Remember(step); }};
-  listeners.FollowAll(libraryController_, tableFiles_, exchange_, clipboard_, tools_, hand_,
-                      curves_, assessment_, report_, modes_, instruments_, timeTest_, graphs_,
-                      undo_, recovery_);
+  listeners.FollowAll(libraryController_, tableFiles_, interchange_, exchange_, clipboard_, tools_,
+                      hand_, curves_, assessment_, report_, modes_, instruments_, timeTest_,
+                      graphs_, undo_, recovery_);
 }
 
 void MainWindow::ConnectPanels() {
@@ -217,16 +221,13 @@ void MainWindow::ConnectPanels() {
   connect(&files_, &ResponsiveFiles::WaitEnded, status_, &StatusLine::HideWaiting);
   connect(status_, &StatusLine::GivenUp, &files_, &ResponsiveFiles::GiveUp);
   connect(clipboard_, &ClipboardController::TableChanged, this, &MainWindow::ShowEdits);
-  connect(exchange_, &ExchangeController::EntriesAdded, libraryController_,
-          &LibraryController::ShowAddedEntries);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
 }
 
 void MainWindow::ConnectLibraryFiles() {
-  connect(libraryController_, &LibraryController::TableFileChosen, tableFiles_,
-          &LibraryFilesController::Remember);
-  connect(new TableFileDrop(*this), &TableFileDrop::Dropped, tableFiles_,
-          &LibraryFilesController::Open);
+  auto* const drop = new TableFileDrop(*this);
+  connect(drop, &TableFileDrop::Dropped, tableFiles_, &LibraryFilesController::Open);
+  connect(drop, &TableFileDrop::CurvesDropped, interchange_, &InterchangeCommands::ImportFrom);
   connect(status_, &StatusLine::Refreshed, new WindowTitle(session_, *this), &WindowTitle::Refresh);
 }
 

@@ -30,6 +30,7 @@ class ClipboardController;
 class CurveController;
 class ExchangeController;
 class HistoryController;
+class InterchangeCommands;
 class InstrumentController;
 class LibraryController;
 class LibraryFilesController;
@@ -129,6 +130,7 @@ class MainWindow : public QMainWindow {
   CheckMarks* checks_;
   KeptForms forms_;
   LibraryFilesController* tableFiles_;
+  InterchangeCommands* interchange_;
   CurveController* curves_;
   AssessmentController* assessment_;
   PointToolsMenu* edit_ = nullptr;    // once there is a menu bar

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
@@ -91,6 +92,15 @@ QString QtUserDialogs::ChooseFile(const QString& folder, const QString& filter,
 QString QtUserDialogs::ChooseTableFile() {
   return ChooseFile(QString::fromStdString(session_.installFolder), QStringLiteral("Dat (*.dat)"),
                     QFileDialog::AcceptOpen);
+}
+
+QString QtUserDialogs::ChooseFileToRead(const QString& filters) {
+  if (read_.isEmpty()) {
+    read_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  }
+  const QString file = ChooseFile(read_, filters, QFileDialog::AcceptOpen);
+  if (!file.isEmpty()) read_ = QFileInfo(file).absolutePath();
+  return file;
 }
 
 QString QtUserDialogs::ChooseTargetFile() {

@@ -26,6 +26,7 @@ class QtUserDialogs : public UserDialogs {
   QString ChooseGraphFile() override;
   std::vector<std::size_t> ChooseEntries(const QString& title,
                                          const std::vector<std::string>& names) override;
+  QString ChooseFileToRead(const QString& filters) override;
   QString ChooseTargetFile() override;
   QString ChooseNewTableFile() override;
   void OpenFolder(const QString& folder) override;
@@ -43,6 +44,7 @@ class QtUserDialogs : public UserDialogs {
   const Session& session_;
   QWidget* parent_ = nullptr;
   QString written_;  // the folder of the last file that was written
+  QString read_;     // and of the last one of another program that was read
 };
 
 }  // namespace zentab::app

@@ -4,16 +4,28 @@
 #include <QMimeData>
 #include <QUrl>
 #include <QWidget>
+#include <algorithm>
 
 namespace zentab::app {
 namespace {
 
-// The one table file among what is dragged; empty where it is anything else.
+constexpr const char* kTableFile = ".dat";
+constexpr const char* kCurveFiles[] = {".csv", ".tsv", ".json"};
+
+bool HasEnd(const QString& file, const char* end) {
+  return file.endsWith(QLatin1String(end), Qt::CaseInsensitive);
+}
+
+bool HasCurves(const QString& file) {
+  return std::ranges::any_of(kCurveFiles, [&file](const char* end) { return HasEnd(file, end); });
+}
+
+// The one file of these kinds that is dragged; empty where it is anything else.
 QString FileIn(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
   if (urls.size() != 1) return {};
   const QString file = urls.first().toLocalFile();
-  return file.endsWith(QLatin1String(".dat"), Qt::CaseInsensitive) ? file : QString();
+  return HasEnd(file, kTableFile) || HasCurves(file) ? file : QString();
 }
 
 }  // namespace
@@ -31,7 +43,11 @@ bool TableFileDrop::eventFilter(QObject* watched, QEvent* event) {
   if (file.isEmpty()) return false;
   drag->setDropAction(Qt::CopyAction);
   drag->accept();
-  if (isDrop) Q_EMIT Dropped(file);
+  if (isDrop && HasCurves(file)) {
+    Q_EMIT CurvesDropped(file);
+  } else if (isDrop) {
+    Q_EMIT Dropped(file);
+  }
   return true;
 }
 

@@ -6,7 +6,8 @@ class QWidget;
 
 namespace zentab::app {
 
-/// Takes a table file that is dropped anywhere on a window.
+/// Takes a table file, or a file with curves of another program, that is dropped anywhere on a
+/// window.
 class TableFileDrop : public QObject {
   Q_OBJECT
 
@@ -17,6 +18,7 @@ class TableFileDrop : public QObject {
 
  Q_SIGNALS:
   void Dropped(const QString& path);
+  void CurvesDropped(const QString& path);
 };
 
 }  // namespace zentab::app

@@ -80,6 +80,9 @@ class UserDialogs {
       const QString& title, const std::vector<std::string>& names) = 0;
   /// Lets the user choose an existing reference graph file; empty when cancelled.
   [[nodiscard]] virtual QString ChooseGraphFile() = 0;
+  /// Lets the user choose an existing file of another program; empty when cancelled. `filters` as
+  /// those of WriteQuestion.
+  [[nodiscard]] virtual QString ChooseFileToRead(const QString& filters) = 0;
   /// Lets the user choose the table file to add entries to, which need not exist; empty when
   /// cancelled.
   [[nodiscard]] virtual QString ChooseTargetFile() = 0;

@@ -1,19 +1,17 @@
 #include "app/widgets/curve/curve_dialog.h"
 
-#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include "app/session_texts.h"
+#include "app/widgets/curve/beside_chart.h"
 #include "app/widgets/dialog_buttons.h"
 #include "editor/widgets/chart/preview_curve.h"
 
 namespace zentab::app {
 namespace {
 
-constexpr int kGap = 12;
 constexpr int kWidth = 380;
 constexpr double kPercent = 100.0;
 
@@ -45,15 +43,7 @@ CurveDialog::CurveDialog(const char* name, const Session& session, editor::Previ
   setMinimumWidth(kWidth);
 }
 
-void CurveDialog::OpenBeside(const QWidget& chart) {
-  if (!testAttribute(Qt::WA_Resized)) adjustSize();
-  const QPoint corner = chart.mapToGlobal(QPoint(0, 0));
-  const QRect screen = chart.screen()->availableGeometry();
-  const int left = std::max(corner.x() - kGap - width(), screen.left());
-  const int top = std::clamp(corner.y(), screen.top(), std::max(screen.bottom() - height(), 0));
-  move(left, top);
-  open();
-}
+void CurveDialog::OpenBeside(const QWidget& chart) { app::OpenBeside(*this, chart); }
 
 QLabel* CurveDialog::PlaceFor(const FormFault&) { return nullptr; }
 

@@ -38,7 +38,12 @@ QString CopiedText(const Session& session, const QString& path) {
 }  // namespace
 
 LibraryFilesController::LibraryFilesController(Parts parts, QObject* parent)
-    : QObject(parent), parts_(std::move(parts)) {}
+    : QObject(parent), parts_(std::move(parts)) {
+  connect(&parts_.library, &LibraryController::TableFileChosen, this,
+          &LibraryFilesController::Remember);
+  connect(&parts_.exchange, &ExchangeController::EntriesAdded, &parts_.library,
+          &LibraryController::ShowAddedEntries);
+}
 
 void LibraryFilesController::AddTo(QMenu& menu) {
   for (const CommandRow& row : kCommands) {

@@ -10,8 +10,10 @@ constexpr double kFar = 10000.0;  // logical pixels beyond which a place need no
 }  // namespace
 
 OverlayCurves::OverlayCurves(CurveChart& chart) : QCPLayerable(&chart), chart_(chart) {
-  chart.addLayer(QStringLiteral("overlays"), chart.layer(QStringLiteral("main")),
-                 QCustomPlot::limBelow);
+  if (chart.layer(QStringLiteral("overlays")) == nullptr) {
+    chart.addLayer(QStringLiteral("overlays"), chart.layer(QStringLiteral("main")),
+                   QCustomPlot::limBelow);
+  }
   setLayer(QStringLiteral("overlays"));
   connect(&chart, &CurveChart::PaletteChanged, this, [this] { picture_ = {}; });
 }

@@ -1,0 +1,336 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QProcess>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTableWidget>
+#include <QTest>
+#include <QUrl>
+
+#include "editor/clipboard_text.h"
+#include "editor/widgets/chart/curve_chart.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kLibrary =
+    "{\"Alpha\"\t(1.5;10)(2;4) 001}\r\n{\"Beta\"\t(1.5;20)(2;8) 001}\r\n"
+    "{\"Gamma\"\t(1.5;30)(2;12) 112}\r\n";
+const QByteArray kOther =
+    "{\"Gamma\"\t(1.5;30)(2;12)(3;9) 001}\r\n{\"alpha\"\t(1.5;10)(2;4) 001}\r\n"
+    "{\"Delta\"\t(1.5;40)(2;16) 001}\r\n";
+const QByteArray kTwoCurves =
+    "Strom (A);Abgang 1 [ms];Abgang 2 [ms]\r\n1,5;3440;5000\r\n2;2006;\r\n5;856;900\r\n";
+
+QByteArray RelayList() {
+  QByteArray rows = "I/In\tt [s]\n";
+  for (int row = 0; row < 120; ++row) {
+    const double load = 1.05 + 0.15 * row;
+    rows += QByteArray::number(load) + '\t' + QByteArray::number(0.5 + 9.0 / (load * load)) + '\n';
+  }
+  return rows;
+}
+
+// The windows for files of other programs and for another library.
+class InterchangeTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start() {
+    made_ = std::make_unique<WindowFixture>(kLibrary);
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    return *made_;
+  }
+  template <typename Control>
+  [[nodiscard]] static Control* In(const QDialog& dialog, const char* name) {
+    return dialog.findChild<Control*>(QLatin1String(name));
+  }
+  [[nodiscard]] QDialog* Opened(const char* action, const QString& file = {}) const {
+    made_->dialogs.file = file.isEmpty() ? file : made_->Path(file);
+    made_->Find<QAction>(action)->trigger();
+    return Shown();
+  }
+  // The dialog in front, once it has read what it is about.
+  [[nodiscard]] static QDialog* Shown() {
+    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) qFatal("no dialog opens");
+    Settle(*dialog);
+    return dialog;
+  }
+  static void Settle(const QDialog& dialog) {
+    const auto isBusy = [&dialog] { return Said(dialog).endsWith(QChar(0x2026)); };
+    if (!QTest::qWaitFor([&] { return !isBusy(); }, 60'000)) qFatal("the files are not read");
+  }
+  [[nodiscard]] static QString Said(const QDialog& dialog) {
+    return In<QLabel>(dialog, "LabelOutcome")->text();
+  }
+  // "field=identifier …"
+  static void Fill(const QDialog& dialog, const QString& fields) {
+    for (const QString& pair : fields.split(' ', Qt::SkipEmptyParts)) {
+      auto* const field =
+          dialog.findChild<QComboBox*>(QStringLiteral("Field_") + pair.section('=', 0, 0));
+      field->setCurrentIndex(field->findData(pair.section('=', 1)));
+    }
+    Settle(dialog);
+  }
+  [[nodiscard]] QStringList Points() const {
+    QString rows = QString::fromStdString(
+        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
+    while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
+    return rows.split('\r');
+  }
+  // What the companion prints, without its remarks.
+  [[nodiscard]] static QStringList Printed(const QStringList& arguments,
+                                           QString* remark = nullptr) {
+    QProcess process;
+    process.start(QStringLiteral(COMPANION), arguments);
+    if (!process.waitForFinished()) qFatal("the companion does not end");
+    QStringList lines =
+        QString::fromUtf8(process.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+    if (!lines.isEmpty() && lines.last().startsWith('#')) {
+      const QString last = lines.takeLast();
+      if (remark != nullptr) *remark = last.section('=', 1);
+    }
+    return lines;
+  }
+  [[nodiscard]] QString SaidBelow() const { return made_->window->statusBar()->currentMessage(); }
+  [[nodiscard]] QStringList Differences(const QDialog& dialog) const {
+    const auto* const model = In<QListView>(dialog, "ListDifferences")->model();
+    QStringList lines;
+    for (int row = 0; row < model->rowCount(); ++row) {
+      lines += model->index(row, 0).data().toString().replace(QChar(0x2212), '-').simplified();
+    }
+    return lines;
+  }
+  void Mark(const QDialog& dialog, const char* list, int row, bool isChosen = true) const {
+    auto* const model = In<QAbstractItemView>(dialog, list)->model();
+    model->setData(model->index(row, 0), isChosen ? Qt::Checked : Qt::Unchecked,
+                   Qt::CheckStateRole);
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void TheGridGetsWhatTheCompanionPrints_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("fields");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("settings");  // ms, absolute, instrument
+    const auto row = [](const char* name, const QByteArray& bytes, const char* fields,
+                        const char* arguments, const char* settings) {
+      QTest::newRow(name) << bytes << fields
+                          << QString::fromLatin1(arguments).split(' ', Qt::SkipEmptyParts)
+                          << settings;
+    };
+    row("german", kTwoCurves, "", "", "111");
+    row("english", "Load,Time [s]\n1.5,3.44\n2,2.006\n", "", "", "000");
+    row("list", RelayList(), "", "", "000");
+    row("cut", RelayList(), "surplus=cut", "--cut", "000");
+    row("units", "1.5;60\n2;30\n", "loadunit=ka timeunit=cycles60", "--units kA,cycles60", "011");
+    row("columns", "1;5;9\n2;6;10\n", "load=2 time=3 loadunit=v", "--load 2 --time 3 --units V,s",
+        "012");
+    row("signs", "1,5;3,44\n2;1\n", "separator=, header=no", "--separator , --header no", "000");
+    row("numbers", "1;2;3\n5;7;9\n6;4;3\n", "header=yes load=2 time=1",
+        "--header yes --load 2 --time 1", "000");
+    row("decimal", "1.000;2.000\n2.000;1.000\n", "decimal=,", "--decimal ,", "000");
+    row("json",
+        "{\"format\":\"zentab-library\",\"version\":1,\"entries\":[{\"name\":\"J\","
+        "\"milliseconds\":"
+        "true,\"absolute\":true,\"instrument\":\"voltage\",\"points\":[[1.5,10.0],[2.0,4.25]]}]}",
+        "", "", "112");
+  }
+  void TheGridGetsWhatTheCompanionPrints() {
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, fields);
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, settings);
+    const WindowFixture& f = Start();
+    f.Write("curve.txt", bytes);
+    QDialog* const dialog = Opened("m_impcurves", "curve.txt");
+    Fill(*dialog, fields);
+    QString remark;
+    const QStringList printed =
+        Printed(QStringList{"read", f.Path("curve.txt")} + arguments, &remark);
+    if (printed.isEmpty()) {
+      QVERIFY(!In<QPushButton>(*dialog, "CommandGrid")->isEnabled() && !Said(*dialog).isEmpty());
+      return;
+    }
+    if (!remark.isEmpty()) {
+      const QString percent = QString::number(remark.toDouble(), 'f', 2);
+      QVERIFY2(Said(*dialog).contains(percent), qPrintable(Said(*dialog) + percent));
+    }
+    In<QPushButton>(*dialog, "CommandGrid")->click();
+    QCOMPARE(Points(), printed);
+    const auto digit = [](auto value) { return QString::number(static_cast<int>(value)); };
+    QCOMPARE(digit(f.session.modes.milliseconds) + digit(f.session.modes.absoluteValues) +
+                 digit(f.session.instrument),
+             settings);
+    QVERIFY(f.session.table.tableModified);
+    f.Find<QAction>("m_undo")->trigger();
+    QCOMPARE(Points(), QStringList{QString()});
+    QVERIFY(!f.session.table.tableModified && !f.session.modes.absoluteValues);
+    QCOMPARE(f.Bytes(), kLibrary);
+  }
+
+  void ChosenCurvesBecomeEntriesInOneStep() {
+    const WindowFixture& f = Start();
+    f.Write("feeder.csv", kTwoCurves + "\r\nBeta\r\n1,5;1;2\r\n3;1;2\r\n");
+    QDialog* const dialog = Opened("m_impcurves", "feeder.csv");
+    auto* const add = In<QPushButton>(*dialog, "CommandAdd");
+    auto* const list = In<QTableView>(*dialog, "TableCurves");
+    QCOMPARE(list->model()->rowCount(), 4);
+    const auto name = [list](int row, const char* text) {
+      list->model()->setData(list->model()->index(row, 0), QLatin1String(text), Qt::EditRole);
+    };
+    Mark(*dialog, "TableCurves", 1, false);
+    Mark(*dialog, "TableCurves", 3, false);
+    for (const auto& [text, why] : {std::pair("bETA", "already has an entry \"bETA\""),
+                                    std::pair(" ", "no name"), std::pair("abgang 1", "Two of")}) {
+      name(2, text);
+      QVERIFY2(!add->isEnabled() && Said(*dialog).contains(QLatin1String(why)), why);
+    }
+    name(2, "New");
+    // Someone else takes the name meanwhile.
+    f.Write("relayTables.dat", kLibrary + "{\"new\"\t(1;2)(2;3) 001}\r\n");
+    add->click();
+    QVERIFY2(Said(*dialog).contains(QStringLiteral("\"New\"")), qPrintable(Said(*dialog)));
+    f.Write("relayTables.dat", kLibrary);
+    add->click();
+    QCOMPARE(f.Bytes(), kLibrary +
+                            "{\"Abgang 1\"\t(1.5;3440)(2;2006)(5;856) 111}\r\n"
+                            "{\"New\"\t(1.5;1)(3;1) 111}\r\n");
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Alpha|Beta|Gamma|Abgang 1|New"));
+    QCOMPARE(SaidBelow(), QStringLiteral("Curves added to the library: 2"));
+    f.Find<QAction>("m_undo")->trigger();
+    QCOMPARE(f.Bytes(), kLibrary);
+    f.Find<QAction>("m_redo")->trigger();
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Alpha|Beta|Gamma|Abgang 1|New"));
+  }
+
+  void WhatIsNoCurveChangesNothing_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("said");
+    QByteArray random;
+    for (int at = 0; at < 5000; ++at) random += static_cast<char>((at * 7919 + at / 7) % 256);
+    QTest::newRow("bytes") << random << "line 1: this is no text";
+    QTest::newRow("column") << QByteArray("1\n2\n3\n") << "line 1: there is one column only";
+    QTest::newRow("lines") << QByteArray("1;2\n").repeated(2'000'001)
+                           << "line 2000001: more than 2000000 lines";
+    QTest::newRow("signs") << QByteArray("1.5;3,4\n2,5;1.7\n3.5;1,2\n") << "is no number";
+    QTest::newRow("missing") << QByteArray("1.5;3\n2;\n3;1\n") << "line 2: a load or a time";
+    QTest::newRow("json") << QByteArray("{\"name\":\"x\"}") << "JSON, but no library";
+    QTest::newRow("broken") << QByteArray("{\"format\":\n]") << "line 2, column 1: this is no JSON";
+    QTest::newRow("empty") << QByteArray() << "no row of numbers";
+  }
+  void WhatIsNoCurveChangesNothing() {
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, said);
+    const WindowFixture& f = Start();
+    f.Write("bad.csv", bytes);
+    QDialog* const dialog = Opened("m_impcurves", "bad.csv");
+    QVERIFY2(Said(*dialog).contains(said), qPrintable(Said(*dialog)));
+    QVERIFY(!In<QPushButton>(*dialog, "CommandGrid")->isEnabled());
+    QVERIFY(!In<QPushButton>(*dialog, "CommandAdd")->isEnabled());
+    QVERIFY(In<QTableWidget>(*dialog, "TableRows")->rowCount() <= 300);
+    dialog->reject();
+    QCOMPARE(f.Bytes(), kLibrary);
+  }
+
+  void FilesAreDroppedAndCellsPasted() {
+    const WindowFixture& f = Start();
+    QApplication::clipboard()->clear();
+    f.Find<QAction>("m_pastecurves")->trigger();
+    QCOMPARE(SaidBelow(), QStringLiteral("The clipboard holds no text"));
+    QApplication::clipboard()->setText(QStringLiteral("1,5\t3,44\r\n2\t2,006\r\n"));
+    QDialog* dialog = Opened("m_pastecurves");
+    QCOMPARE(dialog->windowTitle(), QStringLiteral("Import curves – Clipboard"));
+    In<QPushButton>(*dialog, "CommandGrid")->click();
+    QCOMPARE(Points().join('|'), QStringLiteral("1.5\t3.44|2\t2.006"));
+    f.Write("Dropped.CSV", "1;2\n2;1\n");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(f.Path("Dropped.CSV"))});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(f.window.get(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(f.window.get(), &drop);
+    dialog = Shown();
+    QVERIFY(ShowsAsDesigned(*dialog, QStringLiteral(WINDOWS), QStringLiteral("FormImportCurves")));
+  }
+
+  void TheListIsWhatTheCompanionPrints() {
+    WindowFixture& f = Start();
+    f.Write("other.dat", kOther);
+    QDialog* const dialog = Opened("m_cmplibrary", "other.dat");
+    QCOMPARE(Differences(*dialog),
+             Printed({"diff", f.Path("relayTables.dat"), f.Path("other.dat")}));
+    const auto entry = [dialog] { return In<QLabel>(*dialog, "LabelEntry")->text(); };
+    QTRY_COMPARE(entry(), QStringLiteral("Name: Alpha → alpha"));
+    QVERIFY(ShowsAsDesigned(*dialog, QStringLiteral(WINDOWS), QStringLiteral("FormCompare")));
+    auto* const list = In<QListView>(*dialog, "ListDifferences");
+    list->setCurrentIndex(list->model()->index(2, 0));
+    QTRY_VERIFY(entry().contains(QStringLiteral("Points: 2 → 3")));
+    QVERIFY(entry().contains(QStringLiteral("Times: ms → s")));
+    In<QLineEdit>(*dialog, "TextFind")->setText(QStringLiteral("DEL"));
+    QCOMPARE(Differences(*dialog).join('|'), QStringLiteral("+ Delta"));
+    QTRY_VERIFY(entry().contains(QStringLiteral("Only in the other")));
+    dialog->reject();
+    f.dialogs.file = f.Path("relayTables.dat");
+    f.Find<QAction>("m_cmplibrary")->trigger();
+    QCOMPARE(SaidBelow(), QStringLiteral("This is the open library itself"));
+  }
+
+  void ChosenDifferencesAreTakenOverInOneStep() {
+    const WindowFixture& f = Start();
+    f.Write("other.dat", kOther);
+    f.Click("Command1");
+    QDialog* dialog = Opened("m_cmplibrary", "other.dat");
+    auto* const take = In<QPushButton>(*dialog, "CommandTakeOver");
+    QVERIFY(!take->isEnabled());
+    In<QAbstractButton>(*dialog, "CheckAll")->click();
+    Mark(*dialog, "ListDifferences", 0, false);
+    // Someone else is quicker: nothing is done, and the list is what it is now.
+    f.Write("relayTables.dat", kLibrary + "{\"Delta\"\t(9;9)(10;9) 001}\r\n");
+    take->click();
+    QTRY_VERIFY(Said(*dialog).contains(QStringLiteral("compared anew")));
+    QCOMPARE(f.Bytes(), kLibrary + "{\"Delta\"\t(9;9)(10;9) 001}\r\n");
+    QCOMPARE(Differences(*dialog).join('|'), QStringLiteral("~ Alpha|- Beta|~ Gamma|~ Delta"));
+    dialog->reject();
+    f.Write("relayTables.dat", kLibrary);
+    dialog = Opened("m_cmplibrary", "other.dat");
+    for (const int row : {1, 2, 3}) Mark(*dialog, "ListDifferences", row);
+    In<QPushButton>(*dialog, "CommandTakeOver")->click();
+    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+    const QByteArray taken =
+        "{\"Alpha\"\t(1.5;10)(2;4) 001}\r\n{\"Gamma\"\t(1.5;30)(2;12)(3;9) 001}\r\n"
+        "{\"Delta\"\t(1.5;40)(2;16) 001}\r\n";
+    QCOMPARE(f.Bytes(), taken);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Alpha|Gamma|Delta"));
+    QCOMPARE(SaidBelow(),
+             QStringLiteral("Taken over: 1 added, 1 removed, 1 changed: Beta, Gamma, Delta"));
+    QCOMPARE(Printed({"diff", f.Path("relayTables.dat"), f.Path("other.dat")}).join('|'),
+             QStringLiteral("~ Alpha"));
+    f.Find<QAction>("m_undo")->trigger();
+    QCOMPARE(f.Bytes(), kLibrary);
+    f.Find<QAction>("m_redo")->trigger();
+    QCOMPARE(f.Bytes(), taken);
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Alpha|Gamma|Delta"));
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::InterchangeTest)
+#include "interchange_test.moc"
