@@ -44,6 +44,10 @@ enum class EditStep {
   Update,
   AddNew,
   Remove,
+  RenameEntry,
+  DuplicateEntries,
+  MoveEntries,
+  SortLibrary,
   Import,
   // a table of a former session
   BringBack,

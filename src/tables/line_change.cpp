@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/character_case.h"
@@ -69,15 +70,29 @@ std::uint64_t PlaceBetween(const LineChange& change, const TableListing& listing
   return best < count ? listing.lines[best].offset : listing.end;
 }
 
-// A line that gets a name of its own in other letters, capital or small, does not take it from
-// itself.
+std::unordered_set<std::string> LowerNames(std::string_view lines) {
+  std::unordered_set<std::string> names;
+  while (!lines.empty()) {
+    if (const auto name = ParseEntryName(TakeLine(lines))) {
+      names.insert(platform::LowerCase(*name));
+    }
+  }
+  return names;
+}
+
+// What is called so before the change does not take the name from itself, in other letters, capital
+// or small, either.
 bool IsNameTaken(const LineChange& change, const TableListing& listing) {
-  std::string_view after = change.after;
-  std::string_view before = change.before;
-  const std::optional<std::string> name = ParseEntryName(TakeLine(after));
-  if (!change.needsFreeName || !name || !listing.HasName(*name)) return false;
-  const std::optional<std::string> former = ParseEntryName(TakeLine(before));
-  return !former || platform::LowerCase(*former) != platform::LowerCase(*name);
+  constexpr std::size_t kFew = 20;
+  if (!change.needsFreeName) return false;
+  std::unordered_set<std::string> added = LowerNames(change.after);
+  for (const std::string& name : LowerNames(change.before)) added.erase(name);
+  if (added.size() <= kFew) {
+    return std::ranges::any_of(added, [&](const auto& name) { return listing.HasName(name); });
+  }
+  return std::ranges::any_of(listing.names, [&](const std::string& name) {
+    return added.contains(platform::LowerCase(name));
+  });
 }
 
 }  // namespace

@@ -175,7 +175,7 @@ struct ProgramTexts {
 };
 
 /// The steps of the history that have a name.
-inline constexpr std::size_t kEditSteps = 37;
+inline constexpr std::size_t kEditSteps = 41;
 
 /// What the history of a session says. The names of the steps stand in the order of
 /// editor::EditStep.
@@ -225,6 +225,10 @@ struct HistoryTexts {
       "Update entry",
       "Add new entry",
       "Remove entry",
+      "Rename entry",
+      "Duplicate",
+      "Move entries",
+      "Sort file",
       "Import entries",
       "Bring back table",
   }};

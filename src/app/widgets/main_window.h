@@ -28,6 +28,7 @@ class ChartPanel;
 class CheckMarks;
 class ClipboardController;
 class CurveController;
+class EntryWork;
 class ExchangeController;
 class HistoryController;
 class InstrumentController;
@@ -129,6 +130,7 @@ class MainWindow : public QMainWindow {
   CheckMarks* checks_;
   KeptForms forms_;
   LibraryFilesController* tableFiles_;
+  EntryWork* entries_;
   CurveController* curves_;
   AssessmentController* assessment_;
   PointToolsMenu* edit_ = nullptr;    // once there is a menu bar
