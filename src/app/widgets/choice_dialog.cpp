@@ -17,7 +17,7 @@ ChoiceDialog::ChoiceDialog(const ChoiceQuestion& question, const Session& sessio
   auto* const layout = new QVBoxLayout(this);
   for (const Choice& choice : question.choices) {
     auto* const frame = new QGroupBox(choice.label, this);
-    auto* const column = new QVBoxLayout(frame);
+    frame->setLayout(new QVBoxLayout);
     auto* const group = new QButtonGroup(this);
     for (std::size_t answer = 0; answer < choice.answers.size(); ++answer) {
       auto* const button = new QRadioButton(choice.answers[answer], frame);
@@ -25,7 +25,7 @@ ChoiceDialog::ChoiceDialog(const ChoiceQuestion& question, const Session& sessio
       button->setAccessibleName(PlainCaption(choice.answers[answer]));
       button->setAccessibleDescription(choice.label);
       group->addButton(button, static_cast<int>(answer));
-      column->addWidget(button);
+      frame->layout()->addWidget(button);
     }
     if (QAbstractButton* const given = group->button(static_cast<int>(choice.given))) {
       given->setChecked(true);
