@@ -118,23 +118,14 @@ ParsedEntry ParseEntryLine(std::string_view line) {
 
 Instrument InstrumentOf(std::string_view bytes) {
   const std::string_view text = bytes.substr(0, bytes.find_last_not_of(' ') + 1);
-  const auto skipBlanks = [text](std::size_t at) {
-    return std::min(text.find_first_not_of(' ', at), text.size());
-  };
-  std::size_t bracket = text.find('(');
-  bool goesOn = bracket != std::string_view::npos && bracket > 0;
-  std::size_t rest = skipBlanks(bracket == std::string_view::npos ? 0 : bracket + 1);
-  while (rest < text.size() && goesOn) {
-    bracket = text.find('(', rest);
-    goesOn = bracket != std::string_view::npos && bracket > rest;
-    if (bracket != std::string_view::npos) rest = skipBlanks(bracket + 1);
-  }
-  const std::string_view settings = SettingsIn(text.substr(rest));
+  const std::string_view settings = SettingsIn(text.substr(text.rfind('(') + 1));
   if (!platform::IsAscii(settings)) {
     return ParseEntryLine(texts::DecodeLine(bytes)).instrument.value_or(Instrument::None);
   }
   const char digit = settings.size() > 2 ? settings[2] : '0';
-  return digit == '1' ? Instrument::Current : digit == '2' ? Instrument::Voltage : Instrument::None;
+  return digit == '1'   ? Instrument::Current
+         : digit == '2' ? Instrument::Voltage
+                        : Instrument::None;
 }
 
 std::optional<std::string> ParseEntryName(std::string_view bytes) {

@@ -36,7 +36,8 @@ struct ParsedEntry {
 [[nodiscard]] ParsedEntry ParseEntryLine(std::string_view line);
 
 /// The instrument that a line (the file's bytes) gives, as ParseEntryLine reads it; None where it
-/// gives none. Looks for brackets alone.
+/// gives none. Looks only behind the last bracket, as every line of a library is listed: where one
+/// bracket stands right behind another, which ends the points early, it may see more.
 [[nodiscard]] Instrument InstrumentOf(std::string_view bytes);
 
 /// The name in a line (the file's bytes): what stands from the third character up to the next

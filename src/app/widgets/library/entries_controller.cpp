@@ -60,7 +60,7 @@ void EntriesController::AddTo(QMenu& menu) {
   }
 }
 
-void EntriesController::AddSortTo(QMenu& menu) {
+void EntriesController::AddSortTo(QMenu& menu) const {
   QAction* const sort = menu.addAction(QStringLiteral("&Sort file…"));
   sort->setObjectName(QStringLiteral("m_sortfile"));
   connect(sort, &QAction::triggered, this, &EntriesController::SortFile);

@@ -33,7 +33,7 @@ class EntriesController : public QObject {
 
   /// Adds the commands on entries, and the one on the file.
   void AddTo(QMenu& menu);
-  void AddSortTo(QMenu& menu);
+  void AddSortTo(QMenu& menu) const;
 
  public Q_SLOTS:
   void RemoveChosen();

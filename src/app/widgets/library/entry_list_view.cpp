@@ -88,10 +88,12 @@ void EntryListView::CopyNames() const {
   QGuiApplication::clipboard()->setText(names);
 }
 
-// A click below the last entry leaves the choice as it is.
+// A click below the last entry leaves the choice as it is. What a command selects it selects alone,
+// whatever keys are still held down.
 QItemSelectionModel::SelectionFlags EntryListView::selectionCommand(const QModelIndex& index,
                                                                     const QEvent* event) const {
-  if (!index.isValid() && event != nullptr) return QItemSelectionModel::NoUpdate;
+  if (event == nullptr) return QItemSelectionModel::ClearAndSelect;
+  if (!index.isValid()) return QItemSelectionModel::NoUpdate;
   return QListView::selectionCommand(index, event);
 }
 
@@ -138,9 +140,7 @@ void EntryListView::dropEvent(QDropEvent* event) {
   if (!IsOwnDrag(*event) || row == kNowhere) return event->ignore();
   event->setDropAction(Qt::CopyAction);
   event->accept();
-  // The drag ends before a command begins.
-  QMetaObject::invokeMethod(
-      this, [this, row] { Q_EMIT MovedTo(row); }, Qt::QueuedConnection);
+  Q_EMIT MovedTo(row);
 }
 
 void EntryListView::paintEvent(QPaintEvent* event) {

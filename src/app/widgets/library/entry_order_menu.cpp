@@ -32,17 +32,16 @@ constexpr std::array<OrderRow, kEntryOrders> kOrders = {{
 
 EntryOrderMenu::EntryOrderMenu(QMenu& menu, LibraryPanel& panel, ResponsiveFiles& files,
                                KeptForms& forms)
-    : QObject(&menu), panel_(panel), files_(files), forms_(forms) {
+    : QObject(&menu), panel_(panel), files_(files), forms_(forms), group_(new QActionGroup(this)) {
   QMenu* const orders = menu.addMenu(QStringLiteral("&Order"));
   orders->setObjectName(QStringLiteral("m_order"));
-  auto* const group = new QActionGroup(this);
   const FormValues values = forms_.Last(kForm);
   const std::string& kept = ValueOf(values, kOrder);
   for (const OrderRow& row : kOrders) {
     QAction* const action = orders->addAction(QString::fromUtf8(row.caption));
     action->setObjectName(QLatin1String(row.name));
     action->setCheckable(true);
-    group->addAction(action);
+    group_->addAction(action);
     const bool isKept = kept == row.setting;
     action->setChecked(isKept || row.order == EntryOrder::File);
     if (isKept && row.order != EntryOrder::File) panel_.SetOrder(row.order);

@@ -4,6 +4,7 @@
 
 #include "app/entry_order.h"
 
+class QActionGroup;
 class QMenu;
 
 namespace zentab::app {
@@ -27,6 +28,7 @@ class EntryOrderMenu : public QObject {
   LibraryPanel& panel_;
   ResponsiveFiles& files_;
   KeptForms& forms_;
+  QActionGroup* group_;
 };
 
 }  // namespace zentab::app

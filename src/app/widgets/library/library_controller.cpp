@@ -178,6 +178,8 @@ void LibraryController::ListQuietly() {
 }
 
 void LibraryController::Take(tables::TableListing fresh) {
+  // To put a million names in order takes a while.
+  const ResponsiveFiles::Work work(files_);
   const tables::EntryMark mark = SelectedMark();
   const bool areSeveral = panel_.SelectedCount() > 1;
   const EntryMarks chosen =

@@ -44,8 +44,8 @@ std::size_t AnswerIn(const FormValues& kept, const char* field, std::size_t answ
 
 }  // namespace
 
-LibraryExportController::LibraryExportController(Parts parts, QObject* parent)
-    : QObject(parent), parts_(std::move(parts)) {}
+LibraryExportController::LibraryExportController(const Parts& parts, QObject* parent)
+    : QObject(parent), parts_(parts) {}
 
 void LibraryExportController::AddTo(QMenu& menu) {
   const auto add = [&](const char* name, const QString& caption, auto command) {

@@ -31,7 +31,7 @@ class LibraryExportController : public QObject {
     LibraryController& library;
     LibraryPanel& panel;
   };
-  LibraryExportController(Parts parts, QObject* parent);
+  LibraryExportController(const Parts& parts, QObject* parent);
 
   /// Adds the commands.
   void AddTo(QMenu& menu);

@@ -63,9 +63,11 @@ void LibraryPanel::BuildList() {
   // The field of the name closes before its entry is renamed.
   connect(model_, &EntryListModel::NameTyped, this, &LibraryPanel::RenameWanted,
           Qt::QueuedConnection);
-  connect(list1_, &EntryListView::MovedTo, this, [this](int row) {
+  // So does a drag.
+  const auto moveTo = [this](int row) {
     Q_EMIT MoveToWanted(row < model_->rowCount() ? model_->EntryOf(row) : tables::kNoLine);
-  });
+  };
+  connect(list1_, &EntryListView::MovedTo, this, moveTo, Qt::QueuedConnection);
 }
 
 QPushButton* LibraryPanel::AddButton(QGridLayout* layout, int place, const char* name,
