@@ -234,6 +234,11 @@ class LibraryListTest : public QObject {
     Go("m_copyentries");
     QCOMPARE(f.Bytes("other.dat"), kB + kA + kC);
     QCOMPARE(f.Bytes(), kA + kB + kC);
+    f.dialogs.file = f.Path("relayTables.dat");
+    Go("m_copyentries");
+    QCOMPARE(Names(), QStringLiteral("Anna|Berta|Clara|Anna|Clara"));
+    Go("m_undo");
+    QCOMPARE(f.Bytes(), kA + kB + kC);
     f.dialogs.asked.clear();
     Choose({0, 1, 2});
     Go("m_cmpentry");

@@ -47,6 +47,7 @@ EntryListView::EntryListView(QWidget* parent) : QListView(parent) {
 }
 
 void EntryListView::Rename() {
+  if (!currentIndex().isValid()) return;
   setFocus();
   scrollTo(currentIndex());
   edit(currentIndex());

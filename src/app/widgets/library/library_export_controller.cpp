@@ -35,6 +35,16 @@ interchange::CsvNotation OwnNotation(const Session& session) {
   return {hasComma ? ';' : ',', hasComma ? ',' : '.'};
 }
 
+bool AreOne(ResponsiveFiles& files, const std::filesystem::path& one,
+            const std::filesystem::path& other) {
+  return platform::AskFor(files,
+                          [one, other] {
+                            std::error_code unknown;
+                            return std::filesystem::equivalent(one, other, unknown);
+                          })
+      .value_or(false);
+}
+
 std::size_t AnswerIn(const FormValues& kept, const char* field, std::size_t answers) {
   for (std::size_t answer = 0; answer < answers; ++answer) {
     if (ValueOf(kept, field) == std::to_string(answer)) return answer;
@@ -125,11 +135,7 @@ std::error_code LibraryExportController::Write(const QString& file, const Plan& 
   Session& session = parts_.session;
   const std::filesystem::path source = ActiveTableFile(parts_.files, PlaceOf(session));
   const std::filesystem::path target = platform::ToPath(file.toStdString());
-  const auto isOne = platform::AskFor(parts_.files, [source, target] {
-    std::error_code unknown;
-    return std::filesystem::equivalent(source, target, unknown);
-  });
-  if (isOne.value_or(false)) return std::make_error_code(std::errc::file_exists);
+  if (AreOne(parts_.files, source, target)) return std::make_error_code(std::errc::file_exists);
   const auto job = std::make_shared<Job>(Job{{}, {}, plan, {}});
   if (const auto error = interchange::LibraryText::Read(parts_.files, source, job->text)) {
     return error;
@@ -182,6 +188,8 @@ void LibraryExportController::CopyToFile() {
                                                         : FailureText(texts, what, result.error));
     return;
   }
+  // The file may be added to itself.
+  if (AreOne(parts_.files, source, target)) parts_.library.ShowAddedEntries();
   const std::string count = std::to_string(result.copied);
   Q_EMIT Told(QString::fromStdString(Expanded(session, texts.entriesCopied, {count})));
 }
