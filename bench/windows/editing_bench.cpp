@@ -61,7 +61,7 @@ struct OpenWindow {
     grid->setFocus();
     grid->GridEdit(editor::kOpenWithText);
     for (int curve = 0; curve < overlays; ++curve) {
-      window->findChild<app::OverlayController*>()->AddEntry(static_cast<std::size_t>(curve));
+      window->findChild<app::OverlayController*>()->AddEntries({static_cast<std::size_t>(curve)});
     }
     QApplication::processEvents();
   }

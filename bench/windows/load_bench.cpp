@@ -32,6 +32,7 @@ class Agreeing final : public app::UserDialogs {
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
+  std::optional<std::vector<std::size_t>> Choose(const app::ChoiceQuestion&) override { return {}; }
   std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
   std::optional<app::PictureSize> AskPictureSize(const app::PictureSizeQuestion&) override {
     return {};

@@ -7,6 +7,7 @@
 #include "interchange/curve_file.h"
 #include "interchange/entry_addition.h"
 #include "interchange/entry_meaning.h"
+#include "interchange/library_export.h"
 #include "interchange/library_json.h"
 #include "interchange/library_text.h"
 #include "platform/file_text.h"
@@ -75,22 +76,6 @@ std::optional<std::vector<bool>> ChosenLines(const ExportOptions& options, const
   return chosen;
 }
 
-std::string Exported(const ExportOptions& options, const LibraryText& text,
-                     const std::vector<bool>& chosen) {
-  const bool isJson = options.format == "json";
-  const interchange::CsvNotation notation = {SeparatorOf(options.separator),
-                                             options.decimal.front()};
-  std::string result;
-  for (std::size_t line = 0; line < text.LineCount(); ++line) {
-    if (!chosen[line]) continue;
-    if (!result.empty()) result += isJson ? ",\n" : "\n";
-    result += isJson ? interchange::JsonOfLine(text.Line(line), text.Ending(line))
-                     : interchange::CsvOf(interchange::EntryOf(text.Line(line)), notation);
-  }
-  if (!isJson) return result;
-  return interchange::JsonBegin(text.HasByteOrderMark()) + result + interchange::JsonEnd();
-}
-
 Exit Export(const ExportOptions& options, Console& console) {
   if (options.decimal == options.separator) {
     return console.Misused("export: one sign cannot be both decimal sign and separator");
@@ -106,7 +91,10 @@ Exit Export(const ExportOptions& options, Console& console) {
   }
   const auto chosen = ChosenLines(options, text, file.Name(), console);
   if (!chosen) return Exit::Failed;
-  const std::string exported = Exported(options, text, *chosen);
+  const auto format =
+      options.format == "json" ? interchange::ExportFormat::Json : interchange::ExportFormat::Csv;
+  const std::string exported = interchange::Exported(
+      text, *chosen, format, {SeparatorOf(options.separator), options.decimal.front()});
   if (options.output.empty()) {
     console.Write(exported);
     return Exit::Done;

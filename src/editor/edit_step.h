@@ -44,6 +44,10 @@ enum class EditStep {
   Update,
   AddNew,
   Remove,
+  RenameEntry,
+  DuplicateEntries,
+  MoveEntries,
+  SortLibrary,
   Import,
   // another program's files, another library
   ImportCurve,

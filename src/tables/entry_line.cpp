@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/ascii.h"
 #include "texts/characters.h"
 #include "texts/line_encoding.h"
 #include "texts/number_text.h"
@@ -43,12 +44,16 @@ std::optional<bool> FlagAt(std::u32string_view flags, std::size_t at) {
   return flags[at] == U'1';
 }
 
-void ReadSettings(std::string_view rest, ParsedEntry& entry) {
+// Three characters, of at most four bytes each.
+std::string_view SettingsIn(std::string_view rest) {
   const std::size_t bracket = rest.find(')');
   if (bracket != std::string_view::npos) rest.remove_prefix(bracket + 1);
   if (rest.ends_with('}')) rest.remove_suffix(1);
-  // Three characters, of at most four bytes each.
-  const std::u32string flags = texts::ToCharacters(TrimBlanks(rest).substr(0, 12));
+  return TrimBlanks(rest).substr(0, 12);
+}
+
+void ReadSettings(std::string_view rest, ParsedEntry& entry) {
+  const std::u32string flags = texts::ToCharacters(SettingsIn(rest));
   entry.milliseconds = FlagAt(flags, 0);
   entry.absoluteValues = FlagAt(flags, 1);
   if (flags.size() > 2 && flags[2] == U'1') entry.instrument = Instrument::Current;
@@ -109,6 +114,18 @@ ParsedEntry ParseEntryLine(std::string_view line) {
   }
   ReadSettings(text.substr(rest), entry);
   return entry;
+}
+
+Instrument InstrumentOf(std::string_view bytes) {
+  const std::string_view text = bytes.substr(0, bytes.find_last_not_of(' ') + 1);
+  const std::string_view settings = SettingsIn(text.substr(text.rfind('(') + 1));
+  if (!platform::IsAscii(settings)) {
+    return ParseEntryLine(texts::DecodeLine(bytes)).instrument.value_or(Instrument::None);
+  }
+  const char digit = settings.size() > 2 ? settings[2] : '0';
+  return digit == '1'   ? Instrument::Current
+         : digit == '2' ? Instrument::Voltage
+                        : Instrument::None;
 }
 
 std::optional<std::string> ParseEntryName(std::string_view bytes) {

@@ -35,6 +35,11 @@ struct ParsedEntry {
 /// the point before it. Takes time in proportion to the line's length, whatever it holds.
 [[nodiscard]] ParsedEntry ParseEntryLine(std::string_view line);
 
+/// The instrument that a line (the file's bytes) gives, as ParseEntryLine reads it; None where it
+/// gives none. Looks only behind the last bracket, as every line of a library is listed: where one
+/// bracket stands right behind another, which ends the points early, it may see more.
+[[nodiscard]] Instrument InstrumentOf(std::string_view bytes);
+
 /// The name in a line (the file's bytes): what stands from the third character up to the next
 /// quote. Nothing when there is no quote from there on. The first two characters are not checked.
 [[nodiscard]] std::optional<std::string> ParseEntryName(std::string_view bytes);

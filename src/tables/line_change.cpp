@@ -70,23 +70,28 @@ std::uint64_t PlaceBetween(const LineChange& change, const TableListing& listing
   return best < count ? listing.lines[best].offset : listing.end;
 }
 
-std::unordered_set<std::string> NamesOf(std::string_view lines) {
+std::unordered_set<std::string> LowerNames(std::string_view lines) {
   std::unordered_set<std::string> names;
   while (!lines.empty()) {
-    if (const auto name = ParseEntryName(TakeLine(lines))) names.insert(platform::LowerCase(*name));
+    if (const auto name = ParseEntryName(TakeLine(lines))) {
+      names.insert(platform::LowerCase(*name));
+    }
   }
   return names;
 }
 
-// A line that gets a name of its own in other letters, capital or small, does not take it from
-// itself.
+// What is called so before the change does not take the name from itself, in other letters, capital
+// or small, either.
 bool IsNameTaken(const LineChange& change, const TableListing& listing) {
-  if (!change.needsFreeName || change.after.empty()) return false;
-  std::unordered_set<std::string> wanted = NamesOf(change.after);
-  for (const std::string& name : NamesOf(change.before)) wanted.erase(name);
-  if (wanted.size() == 1) return listing.HasName(*wanted.begin());
-  return !wanted.empty() && std::ranges::any_of(listing.names, [&wanted](const std::string& name) {
-    return wanted.contains(platform::LowerCase(name));
+  constexpr std::size_t kFew = 20;
+  if (!change.needsFreeName) return false;
+  std::unordered_set<std::string> added = LowerNames(change.after);
+  for (const std::string& name : LowerNames(change.before)) added.erase(name);
+  if (added.size() <= kFew) {
+    return std::ranges::any_of(added, [&](const auto& name) { return listing.HasName(name); });
+  }
+  return std::ranges::any_of(listing.names, [&](const std::string& name) {
+    return added.contains(platform::LowerCase(name));
   });
 }
 

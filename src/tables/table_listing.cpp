@@ -104,6 +104,22 @@ EntryMark TableListing::MarkOf(std::size_t index) const {
   return index < lines.size() ? EntryMark{index, lines[index].hash} : EntryMark{kNoLine, 0};
 }
 
+std::size_t TableListing::LineOf(std::size_t name) const {
+  if (name >= names.size()) return kNoLine;
+  std::size_t line = name;
+  for (const std::size_t without : nameless) {
+    if (without > line) break;
+    ++line;
+  }
+  return line;
+}
+
+std::size_t TableListing::NameIn(std::size_t line) const {
+  const auto without = std::lower_bound(nameless.begin(), nameless.end(), line);
+  if (line >= lines.size() || (without != nameless.end() && *without == line)) return kNoLine;
+  return line - static_cast<std::size_t>(without - nameless.begin());
+}
+
 std::size_t TableListing::PlaceOf(const EntryMark& mark) const {
   if (mark.index == kNoLine) return kNoLine;
   const std::size_t count = lines.size();
@@ -133,6 +149,7 @@ std::error_code ListEntries(platform::FileLayer& files, const fs::path& file,
     std::optional<std::string> name = ParseEntryName(line.text);
     if (name) {
       fresh.names.push_back(*std::move(name));
+      fresh.instruments.push_back(InstrumentOf(line.text));
     } else {
       fresh.nameless.push_back(fresh.lines.size());
     }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/file_layer.h"
+#include "tables/curve_table_entry.h"
 
 namespace zentab::tables {
 
@@ -45,6 +46,7 @@ inline constexpr std::size_t kNoLine = std::numeric_limits<std::size_t>::max();
 struct TableListing {
   std::optional<platform::FileStamp> stamp;  // nothing: there was no such file
   std::vector<std::string> names;
+  std::vector<Instrument> instruments;  // of the entries, one for each name
   std::vector<LineMark> lines;
   std::vector<std::size_t> nameless;  // the numbers, from 0, of the lines without a name
   std::uint64_t end = 0;              // the offset behind the last line
@@ -54,6 +56,12 @@ struct TableListing {
   [[nodiscard]] std::uint64_t EndOf(std::size_t index) const;
   /// The mark of an entry of the list; one that is not in it has no line to be found again.
   [[nodiscard]] EntryMark MarkOf(std::size_t index) const;
+  /// The number of the line that an entry of the list really stands in, by its place among the
+  /// names, and the mark of that line; kNoLine for one that is not in the list.
+  [[nodiscard]] std::size_t LineOf(std::size_t name) const;
+  [[nodiscard]] EntryMark MarkOfName(std::size_t name) const { return MarkOf(LineOf(name)); }
+  /// The place among the names of the entry in a line; kNoLine where the line has none.
+  [[nodiscard]] std::size_t NameIn(std::size_t line) const;
   /// Where the entry's line stands now: the nearest one of the same text, or kNoLine.
   [[nodiscard]] std::size_t PlaceOf(const EntryMark& mark) const;
   /// Whether one of the names equals `name`, letters of any alphabet compared without case.

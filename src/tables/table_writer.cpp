@@ -79,6 +79,7 @@ void PutLine(TableListing& listing, std::size_t index, std::string_view line) {
   const std::uint64_t former = listing.EndOf(index) - listing.lines[index].offset;
   const std::uint64_t change = line.size() - former;  // modulo 2^64 when it is shorter
   listing.lines[index] = LineMarkOf(listing.lines[index].offset, line);
+  if (index < listing.instruments.size()) listing.instruments[index] = InstrumentOf(line);
   for (std::size_t at = index + 1; at < listing.lines.size(); ++at) {
     listing.lines[at].offset += change;
   }
@@ -93,7 +94,9 @@ void TakeLine(TableListing& listing, std::size_t index) {
   }
   listing.end -= length;
   if (index < listing.names.size()) {
-    listing.names.erase(listing.names.begin() + static_cast<std::ptrdiff_t>(index));
+    const auto at = static_cast<std::ptrdiff_t>(index);
+    listing.names.erase(listing.names.begin() + at);
+    listing.instruments.erase(listing.instruments.begin() + at);
   }
 }
 
@@ -338,6 +341,7 @@ std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& lis
       stamp);
   if (error) return error;
   listing.names.push_back(entry.name);
+  listing.instruments.push_back(InstrumentOf(line));
   listing.lines.push_back(LineMarkOf(stamp.size - line.size(), line));
   listing.end = stamp.size;
   listing.stamp = stamp;

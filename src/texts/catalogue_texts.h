@@ -176,7 +176,7 @@ struct ProgramTexts {
 };
 
 /// The steps of the history that have a name.
-inline constexpr std::size_t kEditSteps = 39;
+inline constexpr std::size_t kEditSteps = 43;
 
 /// What the history of a session says. The names of the steps stand in the order of
 /// editor::EditStep.
@@ -226,6 +226,10 @@ struct HistoryTexts {
       "Update entry",
       "Add new entry",
       "Remove entry",
+      "Rename entry",
+      "Duplicate",
+      "Move entries",
+      "Sort file",
       "Import entries",
       "Import curve",
       "Take over",

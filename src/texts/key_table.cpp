@@ -283,7 +283,8 @@ constexpr std::array<const char*, kEditSteps> kStepKeys = {
     "STEP.SHIFT.LOADS",   "STEP.SHIFT.TIMES", "STEP.ROUND",       "STEP.CONVERT.LOADS",
     "STEP.CONVERT.TIMES", "STEP.FILL",        "STEP.CURVE",       "STEP.FIT",
     "STEP.THIN",          "STEP.RESAMPLE",    "STEP.POINT.MOVE",  "STEP.POINT.ADD",
-    "STEP.UPDATE",        "STEP.ADDNEW",      "STEP.REMOVE",      "STEP.IMPORT",
+    "STEP.UPDATE",        "STEP.ADDNEW",      "STEP.REMOVE",      "STEP.ENTRY.RENAME",
+    "STEP.ENTRY.COPY",    "STEP.ENTRY.MOVE",  "STEP.FILE.SORT",   "STEP.IMPORT",
     "STEP.TAKECURVE",     "STEP.TAKEOVER",    "STEP.BRINGBACK",
 };
 

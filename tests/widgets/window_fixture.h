@@ -55,6 +55,15 @@ class AnsweringDialogs : public UserDialogs {
     asked.push_back(question.title.toStdString());
     return number && question.accepts(*number) ? number : std::nullopt;
   }
+  /// Gives `choices`, where it is not empty; keeps the offered answers.
+  std::vector<std::size_t> choices;
+  std::optional<std::vector<std::size_t>> Choose(const ChoiceQuestion& question) override {
+    asked.push_back(question.title.toStdString());
+    for (const Choice& choice : question.choices) {
+      asked.push_back(choice.answers.at(choice.given).toStdString());
+    }
+    return choices.empty() ? std::nullopt : std::optional(choices);
+  }
   std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override {
     asked.push_back(question.loadLabel.toStdString());
     return limits;

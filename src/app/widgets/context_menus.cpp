@@ -49,7 +49,10 @@ void ContextMenus::FillListMenu() {
     connect(action, &QAction::triggered, button, &QAbstractButton::click);
   }
   listMenu_->addSeparator();
-  listMenu_->addAction(form_.findChild<QAction*>(QStringLiteral("m_cmpentry")));
+  for (const char* const name : {"m_rename", "m_duplicate", "m_entryup", "m_entrydown",
+                                 "m_copyentries", "m_exportentries", "m_cmpentry"}) {
+    listMenu_->addAction(form_.findChild<QAction*>(QLatin1String(name)));
+  }
 }
 
 bool ContextMenus::Show(QWidget& control, const QContextMenuEvent& event) {

@@ -8,6 +8,7 @@
 #include "app/settings.h"
 #include "app/start_up.h"
 #include "app/widgets/library/library_controller.h"
+#include "app/widgets/library/library_files_controller.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/qt_user_dialogs.h"
 #include "app/widgets/report/command_line.h"
@@ -21,6 +22,7 @@ namespace {
 using namespace zentab;
 
 constexpr const char* kTitle = "Zentab";
+constexpr int kWrongUsage = 2;
 
 // A picture is drawn without anyone who could answer.
 class NobodyToAsk final : public app::UserDialogs {
@@ -29,6 +31,7 @@ class NobodyToAsk final : public app::UserDialogs {
   void Inform(const texts::MessageText&) override {}
   void ReportError(const texts::MessageText&) override {}
   std::optional<double> AskNumber(const app::NumberQuestion&) override { return {}; }
+  std::optional<std::vector<std::size_t>> Choose(const app::ChoiceQuestion&) override { return {}; }
   std::optional<app::AxisLimits> AskLimits(const app::LimitsQuestion&) override { return {}; }
   std::optional<app::PictureSize> AskPictureSize(const app::PictureSizeQuestion&) override {
     return {};
@@ -83,10 +86,21 @@ int Run(int argc, char* argv[]) {
       "--chart FILE ENTRY -o chart.svg, which --report --help explains."));
   arguments.addHelpOption();
   arguments.addOption(screenshot);
+  arguments.addPositionalArgument(QStringLiteral("FILE"),
+                                  QStringLiteral("Table file to begin with; the one used last "
+                                                 "unless given."),
+                                  QStringLiteral("[FILE]"));
   arguments.process(application);
+  const QStringList named = arguments.positionalArguments();
+  if (named.size() > 1) {
+    std::fputs("Zentab: one table file at most\n", stderr);
+    return kWrongUsage;
+  }
   const QString picture = arguments.isSet(screenshot)
                               ? QFileInfo(arguments.value(screenshot)).absoluteFilePath()
                               : QString();
+
+  const QString table = named.isEmpty() ? QString() : QFileInfo(named.first()).absoluteFilePath();
 
   const std::filesystem::path executable = platform::ExecutablePath();
   const auto store = platform::UserSettingsStore();
@@ -100,6 +114,7 @@ int Run(int argc, char* argv[]) {
        picture.isEmpty() ? platform::UserDataFolder() : std::filesystem::path()});
   dialogs.SetParent(&window);
   window.Load();
+  if (!table.isEmpty()) window.findChild<app::LibraryFilesController*>()->OpenNamed(table);
   window.show();
   if (!picture.isEmpty()) return SaveScreenshot(window, picture) ? 0 : 1;
   window.ListenForEnd();

@@ -28,6 +28,7 @@
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
 #include "app/widgets/interchange/interchange_commands.h"
+#include "app/widgets/library/entry_work.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_files_controller.h"
 #include "app/widgets/library/library_panel.h"
@@ -71,7 +72,7 @@ MainWindow::MainWindow(MainWindowParts parts)
       writer_(files_, tables::Backups::AtFirstWrite),
       history_(session_, writer_),
       log_(session_, files_),
-      library_(new LibraryPanel(session_.listing.names, this)),
+      library_(new LibraryPanel(session_.listing, this)),
       table_(new TablePanel(session_.table, this)),
       chart_(new ChartPanel(this)),
       libraryController_(new LibraryController(session_, files_, writer_, parts.dialogs, *library_,
@@ -88,8 +89,8 @@ MainWindow::MainWindow(MainWindowParts parts)
       axes_(new AxesController(session_, files_, parts.store, parts.title, parts.dialogs,
                                *chart_->chart)),
       hand_(new PointHandController(session_, *chart_->chart, *table_->grid)),
-      overlays_(
-          new OverlayController(session_, files_, *libraryController_, parts.dialogs, *chart_)),
+      overlays_(new OverlayController(session_, files_, *libraryController_, parts.dialogs, *chart_,
+                                      *library_)),
       readOut_(new ReadOutController(session_, *chart_->chart, *table_->grid)),
       status_(new StatusLine(session_, statusBar())),
       undo_(new HistoryController(
@@ -104,6 +105,8 @@ MainWindow::MainWindow(MainWindowParts parts)
           {session_, files_, parts.dialogs, forms_, *libraryController_, *exchange_}, this)),
       interchange_(new InterchangeCommands({session_, files_, writer_, parts.dialogs,
                                             *libraryController_, *undo_, *chart_->chart, *this})),
+      entries_(new EntryWork(
+          {session_, files_, writer_, parts.dialogs, forms_, *libraryController_, *library_})),
       curves_(new CurveController(session_, forms_, *chart_->chart, *this)),
       assessment_(
           new AssessmentController({session_, forms_, *libraryController_, *chart_, *curves_,
@@ -175,10 +178,7 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
   undo_->AddTo(edit_->Menu());
   recovery_->AddTo(edit_->Menu());
 
-  QMenu* const library = menuBar()->addMenu(QStringLiteral("Librar&y"));
-  library->setObjectName(QStringLiteral("m_library"));
-  tableFiles_->AddTo(*library);
-  interchange_->AddTo(*library);
+  interchange_->AddTo(*entries_->AddMenu(*menuBar(), *tableFiles_));
   assessment_->AddTo(*curves_->AddMenu(*menuBar()));
 
   QMenu* const view = menuBar()->addMenu(QStringLiteral("Vie&w"));
@@ -197,9 +197,9 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
 void MainWindow::ConnectCommands() {
   const CommandListeners listeners = {*status_, *table_->grid, *recovery_,
                                       [this](editor::EditStep step) { Remember(step); }};
-  listeners.FollowAll(libraryController_, tableFiles_, interchange_, exchange_, clipboard_, tools_,
-                      hand_, curves_, assessment_, report_, modes_, instruments_, timeTest_,
-                      graphs_, undo_, recovery_);
+  listeners.FollowAll(libraryController_, tableFiles_, entries_, interchange_, exchange_,
+                      clipboard_, tools_, hand_, curves_, assessment_, report_, modes_,
+                      instruments_, timeTest_, graphs_, undo_, recovery_);
 }
 
 void MainWindow::ConnectPanels() {

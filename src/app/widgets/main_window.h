@@ -28,6 +28,7 @@ class ChartPanel;
 class CheckMarks;
 class ClipboardController;
 class CurveController;
+class EntryWork;
 class ExchangeController;
 class HistoryController;
 class InterchangeCommands;
@@ -131,6 +132,7 @@ class MainWindow : public QMainWindow {
   KeptForms forms_;
   LibraryFilesController* tableFiles_;
   InterchangeCommands* interchange_;
+  EntryWork* entries_;
   CurveController* curves_;
   AssessmentController* assessment_;
   PointToolsMenu* edit_ = nullptr;    // once there is a menu bar

@@ -14,6 +14,7 @@
 
 #include "app/widgets/chart/entry_choice_dialog.h"
 #include "app/widgets/chart/limits_dialog.h"
+#include "app/widgets/choice_dialog.h"
 #include "app/widgets/report/picture_size_dialog.h"
 #include "app/widgets/table/number_dialog.h"
 
@@ -47,6 +48,11 @@ void QtUserDialogs::ReportError(const texts::MessageText& message) {
 std::optional<double> QtUserDialogs::AskNumber(const NumberQuestion& question) {
   NumberDialog dialog(question, session_, WindowInFront());
   return dialog.exec() == QDialog::Accepted ? dialog.Number() : std::nullopt;
+}
+
+std::optional<std::vector<std::size_t>> QtUserDialogs::Choose(const ChoiceQuestion& question) {
+  ChoiceDialog dialog(question, session_, WindowInFront());
+  return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Answers()) : std::nullopt;
 }
 
 std::optional<AxisLimits> QtUserDialogs::AskLimits(const LimitsQuestion& question) {

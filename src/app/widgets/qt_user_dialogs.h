@@ -20,6 +20,7 @@ class QtUserDialogs : public UserDialogs {
   void Inform(const texts::MessageText& message) override;
   void ReportError(const texts::MessageText& message) override;
   std::optional<double> AskNumber(const NumberQuestion& question) override;
+  std::optional<std::vector<std::size_t>> Choose(const ChoiceQuestion& question) override;
   std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) override;
   std::optional<PictureSize> AskPictureSize(const PictureSizeQuestion& question) override;
   QString ChooseTableFile() override;

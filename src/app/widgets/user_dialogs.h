@@ -24,6 +24,17 @@ struct NumberQuestion {
   Rule accepts;   // which finite numbers are an answer
 };
 
+/// A question with some answers to choose one of.
+struct Choice {
+  QString label;
+  std::vector<QString> answers;
+  std::size_t given = 0;  // the one that is offered
+};
+struct ChoiceQuestion {
+  QString title;
+  std::vector<Choice> choices;
+};
+
 /// The question for a file to write.
 struct WriteQuestion {
   QString title;
@@ -63,6 +74,9 @@ class UserDialogs {
   virtual void ReportError(const texts::MessageText& message) = 0;
   /// Asks for a number; nothing when cancelled.
   [[nodiscard]] virtual std::optional<double> AskNumber(const NumberQuestion& question) = 0;
+  /// Asks for an answer to each of some questions, by their numbers; nothing when cancelled.
+  [[nodiscard]] virtual std::optional<std::vector<std::size_t>> Choose(
+      const ChoiceQuestion& question) = 0;
   /// Asks for the limits of the axes; nothing when cancelled.
   [[nodiscard]] virtual std::optional<AxisLimits> AskLimits(const LimitsQuestion& question) = 0;
   /// Asks how large a picture is to be; nothing when cancelled.

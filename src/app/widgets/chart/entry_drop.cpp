@@ -23,9 +23,7 @@ bool EntryDrop::eventFilter(QObject* watched, QEvent* event) {
   if (entries.empty()) return QObject::eventFilter(watched, event);
   drop->setDropAction(Qt::CopyAction);
   drop->accept();
-  if (isDrop) {
-    for (const std::size_t entry : entries) Q_EMIT Dropped(entry);
-  }
+  if (isDrop) Q_EMIT Dropped(entries);
   return true;
 }
 

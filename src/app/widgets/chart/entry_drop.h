@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <vector>
 
 class QWidget;
 
@@ -14,8 +15,8 @@ class EntryDrop : public QObject {
   explicit EntryDrop(QWidget& target);
 
  Q_SIGNALS:
-  /// An entry was dropped, by its place among all names.
-  void Dropped(std::size_t entry);
+  /// Entries were dropped, by their places among all names.
+  void Dropped(const std::vector<std::size_t>& entries);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

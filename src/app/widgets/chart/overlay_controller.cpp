@@ -10,6 +10,7 @@
 #include "app/widgets/files/responsive_files.h"
 #include "app/widgets/library/entry_list_model.h"
 #include "app/widgets/library/library_controller.h"
+#include "app/widgets/library/library_panel.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/user_dialogs.h"
 #include "editor/widgets/chart/chart_colours.h"
@@ -26,6 +27,7 @@ namespace {
 using editor::OverlayFault;
 
 constexpr double kCurveWidth = 2.0;
+constexpr std::size_t kMostAtOnce = 50;
 
 QString With(const std::string& text, const std::string& name) {
   return QString::fromStdString(texts::ExpandTemplate(text, {}, {ShownName(name).toStdString()}));
@@ -35,11 +37,12 @@ QString With(const std::string& text, const std::string& name) {
 
 OverlayController::OverlayController(Session& session, ResponsiveFiles& files,
                                      LibraryController& library, UserDialogs& dialogs,
-                                     ChartPanel& panel)
+                                     ChartPanel& panel, const LibraryPanel& list)
     : QObject(&panel),
       session_(session),
       files_(files),
       library_(library),
+      list_(list),
       dialogs_(dialogs),
       chart_(*panel.chart),
       legend_(*panel.legend),
@@ -61,7 +64,7 @@ OverlayController::OverlayController(Session& session, ResponsiveFiles& files,
   connect(&chart_, &editor::CurveChart::CurveShown, this, &OverlayController::ShowDifference);
   connect(&chart_, &editor::CurveChart::PaletteChanged, this, &OverlayController::ShowLegend);
   auto* const drop = new EntryDrop(*chart_.parentWidget());
-  connect(drop, &EntryDrop::Dropped, this, &OverlayController::AddEntry);
+  connect(drop, &EntryDrop::Dropped, this, &OverlayController::AddEntries);
 }
 
 void OverlayController::AddTo(QMenu& view) {
@@ -73,7 +76,7 @@ void OverlayController::AddTo(QMenu& view) {
     return action;
   };
   connect(add("m_cmpentry", QStringLiteral("Selected &entry as a further curve")),
-          &QAction::triggered, this, &OverlayController::AddSelectedEntry);
+          &QAction::triggered, this, &OverlayController::AddSelectedEntries);
   connect(add("m_cmpfile", QStringLiteral("Entries of another &file…")), &QAction::triggered, this,
           &OverlayController::AddFromFile);
   difference_ = add("m_difference", QStringLiteral("&Difference in per cent"));
@@ -83,17 +86,26 @@ void OverlayController::AddTo(QMenu& view) {
           &OverlayController::RemoveAll);
 }
 
-void OverlayController::AddSelectedEntry() {
-  const tables::EntryMark mark = library_.SelectedMark();
-  if (mark.index != tables::kNoLine) AddEntry(mark.index);
-}
+void OverlayController::AddSelectedEntries() { AddEntries(list_.SelectedPlaces()); }
 
-void OverlayController::AddEntry(std::size_t entry) {
-  if (files_.IsAtWork() || entry >= session_.listing.names.size()) return;
-  const std::string name = session_.listing.names[entry];
-  std::string line;
-  if (!library_.ReadLine(session_.listing.MarkOf(entry), line)) return;
-  Add(name, line);
+void OverlayController::AddEntries(const std::vector<std::size_t>& entries) {
+  if (files_.IsAtWork()) return;
+  if (entries.size() > kMostAtOnce) {
+    const std::string& text = session_.texts.library.tooManyCurves;
+    Q_EMIT library_.Failed(With(text, std::to_string(kMostAtOnce)));
+    return;
+  }
+  // Reading one may list all anew.
+  std::vector<std::pair<std::string, tables::EntryMark>> named;
+  for (const std::size_t entry : entries) {
+    if (entry >= session_.listing.names.size()) continue;
+    named.emplace_back(session_.listing.names[entry], session_.listing.MarkOfName(entry));
+  }
+  for (const auto& [name, mark] : named) {
+    std::string line;
+    if (!library_.ReadLine(mark, line)) break;
+    Add(name, line);
+  }
   Show();
 }
 

@@ -20,6 +20,7 @@ class OverlayCurves;
 namespace zentab::app {
 
 class LibraryController;
+class LibraryPanel;
 class ResponsiveFiles;
 class UserDialogs;
 class ChartPanel;
@@ -31,7 +32,7 @@ class OverlayController : public QObject {
 
  public:
   OverlayController(Session& session, ResponsiveFiles& files, LibraryController& library,
-                    UserDialogs& dialogs, ChartPanel& panel);
+                    UserDialogs& dialogs, ChartPanel& panel, const LibraryPanel& list);
 
   /// Adds the entries for it at the end of the View menu, and one that stands in the menu of the
   /// list as well.
@@ -40,9 +41,9 @@ class OverlayController : public QObject {
  public Q_SLOTS:
   /// The value modes or the texts are others.
   void Refresh();
-  /// An entry of the active table file, by its place among all names.
-  void AddEntry(std::size_t entry);
-  void AddSelectedEntry();
+  /// Entries of the active table file, by their places among all names.
+  void AddEntries(const std::vector<std::size_t>& entries);
+  void AddSelectedEntries();
   /// Entries that the user chooses from a file that he chooses. What cannot be read is said as of
   /// the library's own entries.
   void AddFromFile();
@@ -71,6 +72,7 @@ class OverlayController : public QObject {
   Session& session_;
   ResponsiveFiles& files_;
   LibraryController& library_;
+  const LibraryPanel& list_;
   UserDialogs& dialogs_;
   editor::CurveChart& chart_;
   editor::CurveLegend& legend_;

@@ -37,9 +37,9 @@ void InterchangeCommands::AddTo(QMenu& menu) {
   };
   connect(add("m_impcurves", QStringLiteral("&Import curves…")), &QAction::triggered, curves_,
           &CurveImportController::Import);
-  connect(add("m_pastecurves", QStringLiteral("&Paste curves…")), &QAction::triggered, curves_,
+  connect(add("m_pastecurves", QStringLiteral("P&aste curves…")), &QAction::triggered, curves_,
           &CurveImportController::Paste);
-  connect(add("m_cmplibrary", QStringLiteral("Compare &with…")), &QAction::triggered, comparison_,
+  connect(add("m_cmplibrary", QStringLiteral("Co&mpare with…")), &QAction::triggered, comparison_,
           &ComparisonController::CompareWith);
 }
 

@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <memory>
 
+#include "app/entry_commands.h"
 #include "app/widgets/files/responsive_files.h"
 #include "app/widgets/library/entry_list_model.h"
 #include "app/widgets/library/library_panel.h"
@@ -63,6 +64,7 @@ void LibraryController::Read() {
 }
 
 void LibraryController::Remove() {
+  if (panel_.SelectedCount() > 1) return SeveralRemovalsWanted();
   std::optional<tables::EntryMark> mark = Begin();
   if (!mark || !Agreed(MessageBox::ConfirmRemoval, *mark)) return;
   Q_EMIT AboutToChange(editor::EditStep::Remove);
@@ -176,13 +178,19 @@ void LibraryController::ListQuietly() {
 }
 
 void LibraryController::Take(tables::TableListing fresh) {
+  // To put a million names in order takes a while.
+  const ResponsiveFiles::Work work(files_);
   const tables::EntryMark mark = SelectedMark();
+  const bool areSeveral = panel_.SelectedCount() > 1;
+  const EntryMarks chosen =
+      areSeveral ? MarksOf(session_.listing, panel_.SelectedPlaces()) : EntryMarks();
   fresh.readings += session_.listing.readings;
   // To free a million names takes longer than to show them.
   auto former = std::make_shared<tables::TableListing>(std::move(session_.listing));
   session_.listing = std::move(fresh);
   files_.Post([former = std::move(former)]() mutable { former.reset(); });
   ShowChanged(mark);
+  if (areSeveral) panel_.SelectPlaces(PlacesOf(session_.listing, chosen));
 }
 
 void LibraryController::ShowAddedEntries() {

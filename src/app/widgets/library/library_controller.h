@@ -65,6 +65,8 @@ class LibraryController : public QObject {
   void GridNeeded();
   /// Grid and settings hold another table.
   void TableRead();
+  /// Several entries are selected that are to be removed.
+  void SeveralRemovalsWanted();
   /// Another table file became the active one.
   void TableFileChosen();
   /// The active file, its entries or the modified mark changed.

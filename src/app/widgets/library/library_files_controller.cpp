@@ -24,7 +24,7 @@ struct CommandRow {
   void (LibraryFilesController::*command)();
 };
 constexpr CommandRow kCommands[] = {
-    {"m_newlib", "&New library…", &LibraryFilesController::NewLibrary},
+    {"m_newlib", "New &library…", &LibraryFilesController::NewLibrary},
     {"m_savecopy", "Save a &copy…", &LibraryFilesController::SaveCopy},
     {"m_folder", "Open the &folder", &LibraryFilesController::OpenFolder},
     {"m_backup", "Entries of the &backup…", &LibraryFilesController::ShowBackup},
@@ -78,6 +78,16 @@ void LibraryFilesController::Remember() const {
 }
 
 void LibraryFilesController::Open(const QString& path) { parts_.library.OpenTable(path); }
+
+void LibraryFilesController::OpenNamed(const QString& path) {
+  std::optional<platform::FileStamp> stamp;
+  std::error_code error = parts_.files.StampOf(platform::ToPath(path.toStdString()), stamp);
+  if (!error && !stamp) error = std::make_error_code(std::errc::no_such_file_or_directory);
+  if (!error) return Open(path);
+  const texts::ProgramTexts& texts = parts_.session.texts.program;
+  const std::string what = QDir::toNativeSeparators(path).toStdString() + ": " + texts.listFailed;
+  Q_EMIT Told(FailureText(texts, what, error));
+}
 
 void LibraryFilesController::NewLibrary() {
   const QString path = parts_.dialogs.ChooseNewTableFile();

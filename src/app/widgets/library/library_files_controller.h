@@ -37,6 +37,9 @@ class LibraryFilesController : public QObject {
  public Q_SLOTS:
   /// Makes a file the active one.
   void Open(const QString& path);
+  /// The same with a file that was named when the program was started; one that is not there is
+  /// told of.
+  void OpenNamed(const QString& path);
   void NewLibrary();
   void SaveCopy();
   void OpenFolder();

@@ -4,7 +4,6 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
@@ -14,6 +13,8 @@
 #include <limits>
 
 #include "app/widgets/library/entry_list_model.h"
+#include "app/widgets/library/entry_list_view.h"
+#include "app/widgets/library/entry_rows.h"
 
 namespace zentab::app {
 namespace {
@@ -27,28 +28,16 @@ void AddShortcut(QPushButton* button, const QKeySequence& key) {
 
 }  // namespace
 
-LibraryPanel::LibraryPanel(const std::vector<std::string>& names, QWidget* parent)
+LibraryPanel::LibraryPanel(const tables::TableListing& listing, QWidget* parent)
     : QWidget(parent),
-      model_(new EntryListModel(names, this)),
+      model_(new EntryListModel(listing, this)),
       label1_(new QLabel(QStringLiteral("Curve &tables"), this)),
       filter_(new QLineEdit(this)),
-      list1_(new QListView(this)),
+      list1_(new EntryListView(this)),
       places_(new QStackedWidget(this)) {
   label1_->setObjectName(QStringLiteral("Label1"));
   label1_->setBuddy(list1_);
-  list1_->setObjectName(QStringLiteral("List1"));
-  list1_->setModel(model_);
-  list1_->setItemDelegate(new RoomyRows(list1_));
-  list1_->setUniformItemSizes(true);
-  list1_->setTextElideMode(Qt::ElideRight);
-  list1_->setDragDropMode(QAbstractItemView::DragOnly);
-  list1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  list1_->setToolTip(QStringLiteral("The curve tables of the active table file"));
-  connect(list1_, &QListView::activated, this, &LibraryPanel::ReadWanted);
-  auto* const remove = new QShortcut(QKeySequence(Qt::Key_Delete), list1_);
-  remove->setContext(Qt::WidgetShortcut);
-  connect(remove, &QShortcut::activated, this, &LibraryPanel::RemoveWanted);
-
+  BuildList();
   BuildFilter();
   BuildButtons();
   BuildNameBox();
@@ -60,6 +49,25 @@ LibraryPanel::LibraryPanel(const std::vector<std::string>& names, QWidget* paren
   layout->addWidget(places_);
   RefreshButtons();
   SetStorable(false);
+}
+
+void LibraryPanel::BuildList() {
+  list1_->setObjectName(QStringLiteral("List1"));
+  list1_->setModel(model_);
+  list1_->setItemDelegate(new EntryRows(list1_));
+  list1_->setToolTip(QStringLiteral("The curve tables of the active table file"));
+  connect(list1_, &QListView::activated, this, &LibraryPanel::ReadWanted);
+  auto* const remove = new QShortcut(QKeySequence(Qt::Key_Delete), list1_);
+  remove->setContext(Qt::WidgetShortcut);
+  connect(remove, &QShortcut::activated, this, &LibraryPanel::RemoveWanted);
+  // The field of the name closes before its entry is renamed.
+  connect(model_, &EntryListModel::NameTyped, this, &LibraryPanel::RenameWanted,
+          Qt::QueuedConnection);
+  // So does a drag.
+  const auto moveTo = [this](int row) {
+    Q_EMIT MoveToWanted(row < model_->rowCount() ? model_->EntryOf(row) : tables::kNoLine);
+  };
+  connect(list1_, &EntryListView::MovedTo, this, moveTo, Qt::QueuedConnection);
 }
 
 QPushButton* LibraryPanel::AddButton(QGridLayout* layout, int place, const char* name,
@@ -151,8 +159,12 @@ void LibraryPanel::ShowNames(std::size_t selected) {
 }
 
 void LibraryPanel::ShowNamesFrom(std::size_t place) {
+  const int former = list1_->currentIndex().row();
   ShowNames(place);
-  if (!SelectedIndex()) SelectRow(std::min(model_->RowFrom(place), model_->rowCount() - 1));
+  if (SelectedIndex() && model_->IsInFileOrder()) return;
+  // What comes next is what follows in the list.
+  const int next = model_->IsInFileOrder() ? model_->RowFrom(place) : std::max(former, 0);
+  SelectRow(std::min(next, model_->rowCount() - 1));
 }
 
 void LibraryPanel::ShowAllNames() {
@@ -188,6 +200,47 @@ void LibraryPanel::ApplyFilter(const QString& text) {
   RefreshButtons();
 }
 
+void LibraryPanel::SetOrder(EntryOrder order) {
+  const std::vector<std::size_t> selected = SelectedPlaces();
+  model_->SetOrder(order);
+  SelectPlaces(selected);
+  RefreshButtons();
+}
+
+bool LibraryPanel::ShowsWholeFile() const { return model_->IsWholeFile(); }
+
+int LibraryPanel::SelectedCount() const { return list1_->ChosenCount(); }
+
+std::vector<std::size_t> LibraryPanel::SelectedPlaces() const {
+  std::vector<std::size_t> places;
+  for (const QItemSelectionRange& range : list1_->selectionModel()->selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row)
+      places.push_back(model_->EntryOf(row));
+  }
+  std::ranges::sort(places);
+  return places;
+}
+
+void LibraryPanel::SelectPlaces(const std::vector<std::size_t>& places) {
+  std::vector<int> rows;
+  for (const std::size_t place : places) {
+    const int row = model_->RowFrom(place);
+    if (row < model_->rowCount() && model_->EntryOf(row) == place) rows.push_back(row);
+  }
+  if (rows.empty()) return;
+  std::ranges::sort(rows);
+  // Rows in a row are one range: a choice of a million is no more work than one of two.
+  QItemSelection selection;
+  for (std::size_t begin = 0, end = 0; begin < rows.size(); begin = end) {
+    while (end < rows.size() && rows[end] - rows[begin] == static_cast<int>(end - begin)) ++end;
+    selection.append({model_->index(rows[begin]), model_->index(rows[end - 1])});
+  }
+  const QModelIndex first = model_->index(rows.front());
+  list1_->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+  list1_->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+  list1_->scrollTo(first);
+}
+
 void LibraryPanel::SetKeepAlive(tables::KeepAlive keepAlive) {
   model_->SetKeepAlive(std::move(keepAlive));
 }
@@ -198,10 +251,12 @@ void LibraryPanel::SelectRow(int row) {
 }
 
 std::optional<std::size_t> LibraryPanel::SelectedIndex() const {
+  const QItemSelectionModel& selected = *list1_->selectionModel();
   const QModelIndex row = list1_->currentIndex();
+  if (selected.isSelected(row)) return model_->EntryOf(row.row());
   // The row with the keyboard's place need not be selected: Ctrl and a click take that away.
-  if (!list1_->selectionModel()->isSelected(row)) return std::nullopt;
-  return model_->EntryOf(row.row());
+  if (SelectedCount() != 1) return std::nullopt;
+  return model_->EntryOf(selected.selection().first().top());
 }
 
 void LibraryPanel::OpenNameBox() {

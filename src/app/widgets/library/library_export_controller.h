@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QObject>
+
+#include "app/entry_commands.h"
+#include "app/form_values.h"
+#include "app/widgets/user_dialogs.h"
+#include "editor/edit_step.h"
+#include "interchange/library_export.h"
+
+class QMenu;
+
+namespace zentab::app {
+
+class KeptForms;
+class LibraryController;
+class LibraryPanel;
+class ResponsiveFiles;
+
+/// Entries that leave the library: as CSV or JSON, and as lines of another table file.
+class LibraryExportController : public QObject {
+  Q_OBJECT
+
+ public:
+  struct Parts {
+    Session& session;
+    ResponsiveFiles& files;
+    tables::TableWriter& writer;
+    UserDialogs& dialogs;
+    KeptForms& forms;  // for the last answers
+    LibraryController& library;
+    LibraryPanel& panel;
+  };
+  LibraryExportController(const Parts& parts, QObject* parent);
+
+  /// Adds the commands.
+  void AddTo(QMenu& menu);
+
+ public Q_SLOTS:
+  /// Writes the selected entries or all of them to a file, in a format that the user chooses.
+  void Export();
+  /// Adds the selected entries to another table file that the user chooses.
+  void CopyToFile();
+
+ Q_SIGNALS:
+  void CommandBegun();
+  void AboutToChange(zentab::editor::EditStep step);
+  void Failed(const QString& text);
+  void Told(const QString& text);
+
+ private:
+  struct Plan {
+    bool takesAll;
+    interchange::ExportFormat format;
+    interchange::CsvNotation notation;
+    bool isForSpreadsheet;  // which tells UTF-8 by its mark
+  };
+
+  [[nodiscard]] std::optional<Plan> AskPlan(std::size_t selected);
+  [[nodiscard]] std::error_code Write(const QString& file, const Plan& plan,
+                                      const EntryMarks& marks, std::size_t& count);
+
+  Parts parts_;
+};
+
+}  // namespace zentab::app

@@ -1,0 +1,301 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSet>
+#include <QStatusBar>
+#include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
+
+#include "app/widgets/library/library_files_controller.h"
+#include "editor/widgets/chart/curve_legend.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kA = "{\"Anna\"\t(1.5;10)(2;4) 001}\r\n";
+const QByteArray kB = "{\"Berta\"\t(25;100)(30.5;4) 112}\r\n";
+const QByteArray kC = "{\"Clara\"\t(3;1) 001}\r\n";
+const QByteArray kTheirs = "{\"Berta\"\t(9;9) 112}\r\n";
+
+// The list of entries: several at once, their names and order.
+class LibraryListTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start(const QByteArray& library = kA + kB + kC,
+                       const std::string& separator = ".") {
+    made_ = std::make_unique<WindowFixture>(library, separator);
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    List()->setFocus();
+    return *made_;
+  }
+  [[nodiscard]] QListView* List() const { return made_->Find<QListView>("List1"); }
+  [[nodiscard]] QString Names() const { return NamesIn(*made_->window); }
+  [[nodiscard]] QString Said() const { return made_->window->statusBar()->currentMessage(); }
+  void Go(const char* action) const { made_->Find<QAction>(action)->trigger(); }
+  void Press(Qt::Key key, Qt::KeyboardModifiers with = {}) const {
+    QTest::keyClick(List(), key, with);
+  }
+  void Choose(std::initializer_list<int> rows) const {
+    auto* const selected = List()->selectionModel();
+    selected->clear();
+    for (const int row : rows) {
+      const QModelIndex index = List()->model()->index(row, 0);
+      selected->setCurrentIndex(index, QItemSelectionModel::Select);
+    }
+  }
+  [[nodiscard]] QString Chosen() const {
+    QStringList names;
+    for (const QModelIndex& row : List()->selectionModel()->selectedRows()) {
+      names += row.data().toString();
+    }
+    names.sort();
+    return names.join('|');
+  }
+  void Type(const QString& name) const {
+    Press(Qt::Key_F2);
+    auto* const field = List()->viewport()->findChild<QLineEdit*>();
+    if (field == nullptr) qFatal("no field opens");
+    field->setText(name);
+    QTest::keyClick(field, Qt::Key_Return);
+    // The field closes, and then its name is taken.
+    for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void KeysWorkOnAllThatAreChosenAndOneStepTakesItBack() {
+    WindowFixture& f = Start();
+    const struct {
+      const char* what;
+      std::initializer_list<int> rows;
+      Qt::Key key;
+      Qt::KeyboardModifiers with;
+      QString names;
+      QString chosen;
+    } cases[] = {
+        {"remove", {0, 2}, Qt::Key_Delete, {}, "Berta", "Berta"},
+        {"duplicate",
+         {0, 2},
+         Qt::Key_D,
+         Qt::ControlModifier,
+         "Anna|Anna #2|Berta|Clara|Clara #2",
+         "Anna #2|Clara #2"},
+        {"up", {2}, Qt::Key_Up, Qt::AltModifier, "Anna|Clara|Berta", "Clara"},
+        {"down", {0, 1}, Qt::Key_Down, Qt::AltModifier, "Clara|Anna|Berta", "Anna|Berta"},
+        {"up at the top", {0}, Qt::Key_Up, Qt::AltModifier, "Anna|Berta|Clara", "Anna"},
+    };
+    for (const auto& c : cases) {
+      Choose(c.rows);
+      Press(c.key, c.with);
+      QVERIFY2(Names() == c.names, qPrintable(c.what + Names()));
+      QVERIFY2(Chosen() == c.chosen, qPrintable(c.what + Chosen()));
+      if (Names() == QStringLiteral("Anna|Berta|Clara")) continue;
+      Go("m_undo");
+      QCOMPARE(f.Bytes(), kA + kB + kC);
+      QCOMPARE(Names(), QStringLiteral("Anna|Berta|Clara"));
+    }
+    QCOMPARE(f.dialogs.asked.size(), std::size_t{1});
+    QCOMPARE(f.dialogs.asked.front(),
+             std::string("Remove the 2 selected entries from the table file?"));
+    f.dialogs.answer = false;
+    Choose({0, 1});
+    Press(Qt::Key_Delete);
+    QCOMPARE(f.Bytes(), kA + kB + kC);
+    Press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Anna\nBerta\n"));
+    // The keys of the grid stay those of the grid.
+    f.Find<QWidget>("MSFlexGrid1")->setFocus();
+    QTest::keyClick(f.Find<QWidget>("MSFlexGrid1"), Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(f.Bytes(), kA + kB + kC);
+  }
+
+  void AClickBelowTheListAndOneWithCtrlLeaveWhatOneCanSee() {
+    const WindowFixture& f = Start();
+    f.Select(1);
+    QTest::mouseClick(List()->viewport(), Qt::LeftButton, {},
+                      {5, List()->viewport()->height() - 3});
+    QCOMPARE(Chosen(), QStringLiteral("Berta"));
+    const auto at = [this](int row) {
+      return List()->visualRect(List()->model()->index(row, 0)).center();
+    };
+    QTest::mouseClick(List()->viewport(), Qt::LeftButton, Qt::ControlModifier, at(2));
+    QTest::mouseClick(List()->viewport(), Qt::LeftButton, Qt::ControlModifier, at(2));
+    f.Click("Command2");
+    QCOMPARE(f.Bytes(), kA + kC);
+  }
+
+  void ANameIsTypedInTheList() {
+    WindowFixture& f = Start();
+    f.Select(1);
+    Type(QStringLiteral("  Dora "));
+    QCOMPARE(Names(), QStringLiteral("Anna|Dora|Clara"));
+    QCOMPARE(Chosen(), QStringLiteral("Dora"));
+    Type(QStringLiteral("anna"));
+    QVERIFY(f.dialogs.asked.back().find("already contains an entry") != std::string::npos);
+    Type(QStringLiteral("a(b"));
+    QCOMPARE(Said(), QStringLiteral("\"a(b\" cannot be the name of an entry"));
+    QCOMPARE(Names(), QStringLiteral("Anna|Dora|Clara"));
+    Go("m_undo");
+    QCOMPARE(f.Bytes(), kA + kB + kC);
+    // Someone else is quicker.
+    f.Select(1);
+    f.Write("relayTables.dat", kA + kTheirs);
+    Type(QStringLiteral("Dora"));
+    QVERIFY2(Said().startsWith(QStringLiteral("Another program has changed")), qPrintable(Said()));
+    QCOMPARE(f.Bytes(), kA + kTheirs);
+    QCOMPARE(Names(), QStringLiteral("Anna|Berta"));
+    QCOMPARE(f.SelectedRow(), -1);
+  }
+
+  void AnOrderIsAViewThatIsKept() {
+    const QByteArray library = kC + kB + kA;
+    WindowFixture& f = Start(library);
+    f.Select(0);
+    Go("m_ordername");
+    QCOMPARE(Names(), QStringLiteral("Anna|Berta|Clara"));
+    QCOMPARE(Chosen(), QStringLiteral("Clara"));
+    Press(Qt::Key_Up, Qt::AltModifier);
+    QVERIFY(Said().startsWith(QStringLiteral("Entries can be moved only")));
+    f.Find<QLineEdit>("TextFilter")->setText(QStringLiteral("R"));
+    QCOMPARE(Names(), QStringLiteral("Berta|Clara"));
+    f.Find<QLineEdit>("TextFilter")->clear();
+    f.Select(1);
+    f.Click("Command2");
+    QCOMPARE(f.Bytes(), kC + kA);
+    QCOMPARE(Chosen(), QStringLiteral("Clara"));
+    Go("m_undo");
+    QCOMPARE(Names(), QStringLiteral("Anna|Berta|Clara"));
+    Go("m_orderinstrument");
+    QCOMPARE(Names(), QStringLiteral("Anna|Clara|Berta"));
+    f.window.reset();
+    f.Open();
+    QCOMPARE(Names(), QStringLiteral("Anna|Clara|Berta"));
+    QVERIFY(f.Find<QAction>("m_orderinstrument")->isChecked());
+    QCOMPARE(f.Bytes(), library);
+    // Written into the file only when that is asked for.
+    Go("m_orderfile");
+    Go("m_sortfile");
+    QCOMPARE(f.Bytes(), library);
+    f.dialogs.choices = {1};
+    Go("m_sortfile");
+    QCOMPARE(f.Bytes(), kA + kC + kB);
+    Go("m_sortfile");
+    QCOMPARE(Said(), QStringLiteral("The table file has this order already"));
+    Go("m_undo");
+    QCOMPARE(f.Bytes(), library);
+  }
+
+  void EntriesLeaveInEveryFormat() {
+    WindowFixture& f = Start(kA + kB + kC, ",");
+    const struct {
+      std::initializer_list<int> rows;
+      std::vector<std::size_t> choices;
+      QByteArray written;
+    } cases[] = {
+        {{1}, {0, 0}, "\xEF\xBB\xBFLoad [V];Berta [ms]\n25;100\n30,5;4\n"},
+        {{0, 2},
+         {0, 1},
+         "Load [multiple],Anna [s]\n1.5,10\n2,4\n\nLoad [multiple],Clara [s]\n3,1\n"},
+        {{0},
+         {1, 1},
+         "Load [multiple],Anna [s]\n1.5,10\n2,4\n\nLoad [V],Berta [ms]\n25,100\n30.5,4\n\n"
+         "Load [multiple],Clara [s]\n3,1\n"},
+    };
+    for (const auto& c : cases) {
+      Choose(c.rows);
+      f.dialogs.choices = c.choices;
+      f.dialogs.file = f.Path("out");
+      Go("m_exportentries");
+      QCOMPARE(f.Bytes("out"), c.written);
+      QVERIFY(Said().startsWith(QStringLiteral("Exported: ")));
+    }
+    // The answers of the last time are offered.
+    f.dialogs.choices = {0, 2};
+    Go("m_exportentries");
+    Go("m_exportentries");
+    QVERIFY(f.Bytes("out").contains("\"name\"") && !f.Bytes("out").contains("Berta"));
+    QVERIFY(
+        std::ranges::count(f.dialogs.asked, "&JSON, from which the same table file can be made"));
+    f.dialogs.file = f.Path("relayTables.dat");
+    Go("m_exportentries");
+    QVERIFY(Said().startsWith(QStringLiteral("The entries could not be exported")));
+    f.dialogs.file = f.Path("other.dat");
+    f.Write("other.dat", kB);
+    Choose({0, 2});
+    Go("m_copyentries");
+    QCOMPARE(f.Bytes("other.dat"), kB + kA + kC);
+    QCOMPARE(f.Bytes(), kA + kB + kC);
+    f.dialogs.file = f.Path("relayTables.dat");
+    Go("m_copyentries");
+    QCOMPARE(Names(), QStringLiteral("Anna|Berta|Clara|Anna|Clara"));
+    Go("m_undo");
+    QCOMPARE(f.Bytes(), kA + kB + kC);
+    f.dialogs.asked.clear();
+    Choose({0, 1, 2});
+    Go("m_cmpentry");
+    QCOMPARE(f.Find<editor::CurveLegend>("ListLegend")->model()->rowCount(), 4);
+  }
+
+  void TheTooltipReadsTheEntryThatIsPointedAt() {
+    Start(kA + kB + kC, ",");
+    const QPoint place = List()->visualRect(List()->model()->index(1, 0)).center();
+    QHelpEvent event(QEvent::ToolTip, place, List()->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(List()->viewport(), &event);
+    QTRY_VERIFY(QToolTip::isVisible());
+    QTextDocument shown;
+    shown.setHtml(QToolTip::text());
+    QCOMPARE(shown.toPlainText().replace(QChar(0x2028), '\n'),
+             QStringLiteral("Berta\nVoltage\n2 points\nLoad: 25 to 30,5\nTime: 4 to 100 ms"));
+  }
+
+  void AFileNamedAtTheStartIsOpenedIfItIsThere() {
+    const WindowFixture& f = Start();
+    auto* const files = f.window->findChild<LibraryFilesController*>();
+    files->OpenNamed(f.Path("missing.dat"));
+    QVERIFY2(Said().contains(QStringLiteral("missing.dat: The table file could not be read")),
+             qPrintable(Said()));
+    QCOMPARE(Names(), QStringLiteral("Anna|Berta|Clara"));
+    f.Write("named.dat", kB);
+    files->OpenNamed(f.Path("named.dat"));
+    QCOMPARE(Names(), QStringLiteral("Berta"));
+  }
+
+  // In every language.
+  void NoTwoCommandsOfAMenuHaveOneLetter() {
+    for (const char* const language : {"", ".de", ".zh_CN"}) {
+      WindowFixture& f = Start();
+      QVERIFY(QFile::copy(QStringLiteral(CATALOGUES "/Zentab%1.txt").arg(language),
+                          f.Path("Zentab.txt")));
+      f.window.reset();
+      f.Open();
+      QContextMenuEvent event(QContextMenuEvent::Other, {5, 5}, {5, 5});
+      QApplication::sendEvent(List()->viewport(), &event);
+      for (const char* const name : {"m_listmenu", "m_library", "m_order"}) {
+        QSet<QChar> letters;
+        for (const QAction* const action : f.Find<QMenu>(name)->actions()) {
+          if (action->isSeparator()) continue;
+          const qsizetype at = action->text().indexOf('&') + 1;
+          const QString said = QLatin1String(language) + QLatin1String(name) + action->text();
+          QVERIFY2(at > 0 && !letters.contains(action->text().at(at).toUpper()), qPrintable(said));
+          letters.insert(action->text().at(at).toUpper());
+        }
+      }
+      f.Find<QMenu>("m_listmenu")->hide();
+    }
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::LibraryListTest)
+#include "library_list_test.moc"
