@@ -47,6 +47,9 @@ bool MathParser::StoreExpression(std::string_view text) {
   Compiler compiler(*catalogue_, table_);
   isCompiled_ = compiler.Compile(expression_);
   error_ = compiler.Error();
+  // The compiler does not see the blanks in front.
+  const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
+  errorPosition_ = isCompiled_ ? 0 : compiler.ErrorPosition() + static_cast<int>(blanks);
   varTop_ = static_cast<int>(table_.variables.size());
   Lowering(table_, program_).Lower();
   program_.values[kAngleFactorPlace] = kAngleUnits[static_cast<std::size_t>(angleUnit_)].factor;

@@ -92,6 +92,9 @@ class MathParser {
 
   /// The text of the last error, "" after a good compile.
   [[nodiscard]] const std::string& ErrorDescription() const { return error_; }
+  /// Where the text that was compiled last is at fault: its character, from 1, blanks counted; one
+  /// more than it has where something is missing at its end. 0 after a good compile.
+  [[nodiscard]] int ErrorPosition() const { return errorPosition_; }
 
   /// The value for the variables as they are set. Throws EvaluationError 1001.
   double Eval() {
@@ -162,6 +165,7 @@ class MathParser {
   const FunctionCatalogue* catalogue_;
   std::string expression_;
   std::string error_;
+  int errorPosition_ = 0;
   std::string decimalSeparator_ = ".";
   ExpressionTable table_;
   Program program_;

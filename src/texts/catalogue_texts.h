@@ -44,6 +44,8 @@ struct ExchangeTexts {
 enum class EquationStage { Difference, Value, Filter };
 inline constexpr int kEquationStages = 3;
 inline constexpr int kEquations = 10;
+/// The equations by stage and number, from 1; empty where there is none.
+using EquationTexts = std::array<std::array<std::string, kEquations + 1>, kEquationStages>;
 
 /// How the import of a time test begins; its fields can overrule it.
 struct ImportSettings {
@@ -249,7 +251,7 @@ struct CatalogueTexts {
   LabelTexts labels;
   ExchangeTexts importing;
   ExchangeTexts exporting;
-  std::array<std::array<std::string, kEquations + 1>, kEquationStages> equations;  // from 1
+  EquationTexts equations;
   ImportSettings import;
   ProgramTexts program;
   GraphTexts graph;

@@ -32,6 +32,7 @@ std::optional<double> PointEquation::Evaluate(const EquationPlace& place) {
   try {
     return parser_.Eval();
   } catch (const mathparser::EvaluationError&) {
+    ++failures_;
     return std::nullopt;
   }
 }
