@@ -139,6 +139,18 @@ double MathParser::EvalChecked() {
   return EvalAgain(kEvalError);
 }
 
+std::optional<double> MathParser::TryEvalChecked() {
+  if (!isCompiled_ || (varTop_ > 0 && explicit_ && !AreAssigned())) return std::nullopt;
+  if (program_.code.empty()) {
+    ShowRows();
+    return EvalRows(program_.values.data()) ? std::optional(rows_.Result()) : std::nullopt;
+  }
+  const double value = program_.Run();
+  if (!std::isfinite(value)) return std::nullopt;
+  ShowProgram();
+  return value;
+}
+
 // Row by row, for the sake of the message that the program could not give.
 double MathParser::EvalAgain(int errorNumber) {
   ShowRows();  // what the failure does not reach stays as the evaluation before has left it

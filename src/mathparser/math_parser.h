@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -106,6 +107,16 @@ class MathParser {
     return EvalChecked();
   }
 
+  /// The same value; nothing where Eval throws, which for lack of a message takes little time.
+  std::optional<double> TryEval() {
+    const double value = entry_(program_.code.data(), program_.values.data(), 0.0, 0.0);
+    if (!IsNumber(value)) [[unlikely]] {
+      return TryEvalChecked();
+    }
+    KeepVariables<1, 1>();
+    return value;
+  }
+
   /// The value for x in place of the only variable, which itself stays as it is. Throws
   /// EvaluationError 1002, also when there is more than one variable.
   double Eval1(double x);
@@ -151,6 +162,7 @@ class MathParser {
   void SetCounted(int variable, double value);
   void CountAssignment(int variable);
   double EvalChecked();
+  std::optional<double> TryEvalChecked();
   double EvalAgain(int errorNumber);
   bool EvalRows(const double* values);
   void ShowRows();

@@ -11,6 +11,7 @@
 #include "texts/interchange_texts.h"
 #include "texts/library_texts.h"
 #include "texts/report_texts.h"
+#include "texts/workbench_texts.h"
 
 namespace zentab::texts {
 
@@ -261,6 +262,7 @@ struct CatalogueTexts {
   CurveImportTexts curveImport;
   ComparisonTexts comparison;
   CurveDialogTexts curveDialogs;
+  WorkbenchTexts workbench;
   ReportTexts report;
   OutputTexts output;
   HistoryTexts history;
