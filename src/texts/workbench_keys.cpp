@@ -18,7 +18,8 @@ const std::vector<KeyRow>& StageRows() {
       {"WORKBENCH.DIFFERENCE", WorkbenchField{&W::difference}},
       {"WORKBENCH.FILTER", WorkbenchField{&W::filter}},
       {"WORKBENCH.MEAN", WorkbenchField{&W::mean}},
-      {"WORKBENCH.TABLE", WorkbenchField{&W::table}},
+      {"WORKBENCH.LEGEND.REMOVED", WorkbenchField{&W::legendRemoved}},
+      {"WORKBENCH.LEGEND.SHAPED", WorkbenchField{&W::legendShaped}},
       {"WORKBENCH.UNIT.S", WorkbenchField{&W::seconds}},
       {"WORKBENCH.UNIT.MS", WorkbenchField{&W::milliseconds}},
       {"WORKBENCH.TIP.TIMEOUT", WorkbenchField{&W::timeoutTip}},
@@ -36,7 +37,6 @@ const std::vector<KeyRow>& StageRows() {
       {"WORKBENCH.ONE", WorkbenchField{&W::equation}},
       {"WORKBENCH.TRY", WorkbenchField{&W::tryIt}},
       {"WORKBENCH.WRITE", WorkbenchField{&W::write}},
-      {"WORKBENCH.REVERT", WorkbenchField{&W::revert}},
   };
   return rows;
 }
@@ -44,6 +44,7 @@ const std::vector<KeyRow>& StageRows() {
 // What fields for equations say and complete.
 const std::vector<KeyRow>& EquationRows() {
   static const std::vector<KeyRow> rows = {
+      {"WORKBENCH.REVERT", WorkbenchField{&W::revert}},
       {"WORKBENCH.WRITTEN", WorkbenchField{&W::written}},
       {"WORKBENCH.NOTWRITTEN", WorkbenchField{&W::notWritten}},
       {"WORKBENCH.UNSAVED", WorkbenchField{&W::unwritten}},

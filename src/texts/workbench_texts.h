@@ -15,7 +15,8 @@ struct WorkbenchTexts {
   std::string difference = "&Difference type";
   std::string filter = "&Filter type";
   std::string mean = "&Mean";
-  std::string table = "Table";
+  std::string legendRemoved = "Removed";
+  std::string legendShaped = "After filter and mean";
   std::string seconds = "s";
   std::string milliseconds = "ms";
   std::string timeoutTip =

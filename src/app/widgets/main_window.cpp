@@ -50,6 +50,7 @@
 #include "app/widgets/testset/instrument_controller.h"
 #include "app/widgets/testset/reference_graph_controller.h"
 #include "app/widgets/testset/time_test_controller.h"
+#include "app/widgets/testset/workbench_controller.h"
 #include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
 #include "app/widgets/window_title.h"
@@ -125,6 +126,8 @@ MainWindow::MainWindow(MainWindowParts parts)
   ConnectTimeTest();
   ConnectInstruments();
   ConnectHistory();
+  new WorkbenchController(
+      {session_, files_, parts.store, parts.title, catalogues_, *timeTest_, *chart_});
   new ContextMenus(*this);
   names_ = new AccessibleNames(*this);
 }

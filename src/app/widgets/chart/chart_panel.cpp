@@ -101,6 +101,7 @@ QWidget* ChartPanel::BuildStrip() {
   buttons->addStretch(1);
   command10 = button("Command10", QStringLiteral("Im&port time test"), true);
   command10->setToolTip(QStringLiteral("Imports the table from the time test."));
+  commandPreview = button("CommandPreview", QStringLiteral("Import wit&h preview…"), true);
   return strip;
 }
 
