@@ -125,7 +125,6 @@ void WideMean(benchmark::State& state) {
       state, [=] { Import(Single(), 20'000); }, 0.0);
 }
 
-
 // What the workbench calculates when a parameter changes; its limit is 150 ms.
 void PreviewOfAChange(benchmark::State& state, const timetest::ImportOptions& options,
                       texts::EquationStage stage, const char* equation) {

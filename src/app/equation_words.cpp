@@ -19,10 +19,10 @@ struct VariableRow {
 };
 
 constexpr VariableRow kTimeTestVariables[] = {
-    {"t0", &W::timeOfPoint},    {"t1", &W::timeBefore},     {"t2", &W::timeBeforeThat},
-    {"v0", &W::loadOfPoint},    {"v1", &W::loadBefore},     {"v2", &W::loadBeforeThat},
-    {"y", &W::numberOfPoint},   {"z", &W::countOfPoints},   {"tMin", &W::shortestTime},
-    {"tMax", &W::longestTime},  {"vMin", &W::smallestLoad}, {"vMax", &W::largestLoad},
+    {"t0", &W::timeOfPoint},   {"t1", &W::timeBefore},     {"t2", &W::timeBeforeThat},
+    {"v0", &W::loadOfPoint},   {"v1", &W::loadBefore},     {"v2", &W::loadBeforeThat},
+    {"y", &W::numberOfPoint},  {"z", &W::countOfPoints},   {"tMin", &W::shortestTime},
+    {"tMax", &W::longestTime}, {"vMin", &W::smallestLoad}, {"vMax", &W::largestLoad},
 };
 constexpr VariableRow kCharacteristicVariables[] = {
     {"v", &W::load},
@@ -94,9 +94,9 @@ std::vector<EquationWord> WordsFor(const Session& session,
   std::vector<EquationWord> words = variables;
   for (const mathparser::FunctionDocumentation& row : mathparser::DocumentedFunctions()) {
     const std::string name(row.keyword);
-    std::string meaning = Expanded(session, texts.arguments,
-                                   {name + "(" + std::string(row.arguments) + ")",
-                                    std::string(row.meaning)});
+    std::string meaning =
+        Expanded(session, texts.arguments,
+                 {name + "(" + std::string(row.arguments) + ")", std::string(row.meaning)});
     meaning += '\n' + Expanded(session, texts.domain, {std::string(row.domain)}) + "; " +
                std::string(row.example);
     words.push_back({name + "(", meaning});

@@ -40,9 +40,9 @@ struct WordAtCursor {
 
 /// What is said of an equation as it is typed.
 struct EquationRemark {
-  std::string text;    // empty: nothing
-  int character = -1;  // at fault, from 0; the length of the text where something is missing
-  int length = 0;      // in characters
+  std::string text;      // empty: nothing
+  int character = -1;    // at fault, from 0; the length of the text where something is missing
+  int length = 0;        // in characters
   bool isFault = false;  // it is no equation; else a name is not known, which counts as 0
 };
 

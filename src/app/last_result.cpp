@@ -51,8 +51,7 @@ TimeTestPoints ReadPointsOf(platform::FileLayer& files, const std::filesystem::p
 std::optional<ResultFile> LastImported(const FormValues& kept, tables::Instrument instrument) {
   ResultFile file{ValueOf(kept, FieldOf(instrument, "file"))};
   const std::string& changed = ValueOf(kept, FieldOf(instrument, "changed"));
-  const auto read =
-      std::from_chars(changed.data(), changed.data() + changed.size(), file.changed);
+  const auto read = std::from_chars(changed.data(), changed.data() + changed.size(), file.changed);
   if (file.path.empty() || read.ec != std::errc()) return std::nullopt;
   return file;
 }

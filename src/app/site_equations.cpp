@@ -114,8 +114,8 @@ std::string WithText(std::string_view line, std::string_view equation) {
       std::ranges::all_of(equation, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
   const std::string text = isAscii ? std::string(line) : texts::DecodeLine(line);
   const std::size_t open = text.find('{') + 1;
-  const std::string changed = text.substr(0, open) + std::string(equation) +
-                              text.substr(text.find('}'));
+  const std::string changed =
+      text.substr(0, open) + std::string(equation) + text.substr(text.find('}'));
   return isAscii ? changed : texts::EncodeLine(changed);
 }
 
@@ -134,7 +134,8 @@ void Insert(std::string& catalogue, const std::vector<Line>& lines, std::size_t 
     catalogue.insert(lines[before].begin, line + end);
     return;
   }
-  const bool isOpen = !catalogue.empty() && !catalogue.ends_with('\n') && !catalogue.ends_with('\r');
+  const bool isOpen =
+      !catalogue.empty() && !catalogue.ends_with('\n') && !catalogue.ends_with('\r');
   catalogue += (isOpen ? end : "") + line + end;
 }
 

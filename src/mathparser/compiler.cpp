@@ -198,7 +198,7 @@ bool Compiler::OpenCall() {
   if (function == nullptr) {
     if (IsNumber()) return SyntaxErrorAt(position_);
     return Fail("Function < " + std::string(Token()) +
-                " > unknown at pos: " + std::to_string(tokenPosition_),
+                    " > unknown at pos: " + std::to_string(tokenPosition_),
                 tokenPosition_);
   }
   if (function->arguments == 1) return AddFunctionRow(*function, TokenRange());

@@ -111,7 +111,7 @@ class Compiler {
   Closed closed_ = Closed::No;
   bool parsed_ = false;  // operand_ is the token
   Operand operand_;
-  int unfinishedCall_ = 0;  // where its bracket closes
+  int unfinishedCall_ = 0;         // where its bracket closes
   std::vector<Bracket> brackets_;  // the first stands for the whole text
   std::vector<Call> calls_;
   std::array<std::int16_t, kMaxRows + 1> waiting_{};

@@ -113,7 +113,8 @@ bool Compiler::ParseToken() {
   } else {
     int variable = table_.FindVariable(Token());
     if (variable == 0) {
-      if (table_.variables.size() == kMaxVariables) return Fail("too many variables", tokenPosition_);
+      if (table_.variables.size() == kMaxVariables)
+        return Fail("too many variables", tokenPosition_);
       table_.variables.push_back({TokenRange()});
       variable = static_cast<int>(table_.variables.size());
     }

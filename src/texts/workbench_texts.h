@@ -40,7 +40,7 @@ struct WorkbenchTexts {
   std::string written = "Written to %1";
   std::string notWritten = "Not written to %1";
   std::string unwritten =
-      "%1 %2 is not in the catalogue yet: write it or revert it before the import.";
+      "%1 is not in the catalogue yet: write it or revert it before the import.";
   std::string cannotKeep = "A catalogue cannot keep a closing curly bracket";
   std::string fault = "Character %2: %1";
   std::string faultAtEnd = "At the end: %1";

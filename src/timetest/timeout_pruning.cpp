@@ -10,8 +10,7 @@ double TimeoutLevel(std::string_view catalogueText, double tMax) {
   return level < 1.0 ? tMax * 0.99 : level;
 }
 
-void PruneTimeouts(std::vector<MeasuredPoint>& points, double timeoutLevel,
-                   StageEffect* effect) {
+void PruneTimeouts(std::vector<MeasuredPoint>& points, double timeoutLevel, StageEffect* effect) {
   if (points.size() < 3) return;
   const auto isTimeout = [&](std::size_t at) { return !(points[at].time < timeoutLevel); };
   bool hasTripped = false;

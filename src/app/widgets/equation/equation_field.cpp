@@ -152,8 +152,8 @@ void EquationField::paintEvent(QPaintEvent* event) {
   const QRect cursor = cursorRect();
   const int origin = cursor.left() + kCursorMargin - widthUpTo(cursorPosition());
   const int left = origin + widthUpTo(remark_.character);
-  const int right = std::max(origin + widthUpTo(remark_.character + remark_.length),
-                             left + kLeastMark);
+  const int right =
+      std::max(origin + widthUpTo(remark_.character + remark_.length), left + kLeastMark);
   QPainter painter(this);
   painter.setClipRect(rect().adjusted(2, 2, -2, -2));
   const QColor base = palette().color(QPalette::Base);

@@ -210,8 +210,7 @@ void EquationEditor::Refresh() {
 void EquationEditor::Say(const QString& text, bool isFailure) {
   QPalette colours = palette();
   if (isFailure) {
-    colours.setColor(QPalette::WindowText,
-                     editor::FailureOn(palette().color(QPalette::Window)));
+    colours.setColor(QPalette::WindowText, editor::FailureOn(palette().color(QPalette::Window)));
   }
   remark_->setPalette(colours);
   remark_->setText(text);

@@ -19,7 +19,6 @@ using texts::EquationStage;
 
 constexpr int kFieldWidth = 90;
 constexpr int kSwatch = 10;
-constexpr int kLevelDecimals = 3;
 
 QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
@@ -55,6 +54,7 @@ StageFields::StageFields(const Session& session, const timetest::ImportOptions& 
   AddNumber(Filter, texts.filter, first.filterType, tips.filter, EquationStage::Filter);
   AddNumber(Mean, texts.mean, first.meanOver, tips.mean, EquationStage::Value);
   BuildLegend();
+  setFocusProxy(numbers_[static_cast<std::size_t>(EquationStage::Difference)]);
 }
 
 void StageFields::AddRow(Row row, const std::string& caption, QWidget* field) {
@@ -125,8 +125,7 @@ timetest::ImportOptions StageFields::Options() const {
 
 ImportFields StageFields::Fields() const {
   const auto text = [this](EquationStage stage) { return std::to_string(NumberOf(stage)); };
-  return {text(EquationStage::Difference), text(EquationStage::Filter),
-          text(EquationStage::Value)};
+  return {text(EquationStage::Difference), text(EquationStage::Filter), text(EquationStage::Value)};
 }
 
 int StageFields::NumberOf(EquationStage stage) const {
@@ -161,8 +160,8 @@ void StageFields::ShowEffects(const timetest::ImportEffects& effects) {
     return effects.failures[static_cast<std::size_t>(stage)];
   };
   add(Timeouts, texts.removed, effects.timeouts.removed.size());
-  const std::string level = texts::SetDecimalSeparator(
-      texts::FixedText(effects.timeoutLevel, kLevelDecimals), session_.localeDecimalSeparator);
+  const std::string level =
+      texts::NumberText(effects.timeoutLevel, session_.localeDecimalSeparator);
   said[Timeouts].push_back(Expanded(session_, texts.levelIs, {level + ' ' + TimeUnit(session_)}));
   add(Difference, texts.noValue, failed(EquationStage::Difference));
   add(Filter, texts.removed, effects.filter.removed.size());

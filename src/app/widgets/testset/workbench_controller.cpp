@@ -60,9 +60,9 @@ void WorkbenchController::Open() {
   parts_.timeTest.BeginPreview();
   const ChartPanel& panel = parts_.panel;
   const StageTips tips = {panel.text4->toolTip(), panel.text5->toolTip(), panel.text6->toolTip()};
-  dialog_ = new WorkbenchDialog(parts_.session, *preview_, *cloud_,
-                                ImportOptionsWith(parts_.session, FieldsOf(panel)), tips,
-                                panel.window());
+  dialog_ =
+      new WorkbenchDialog(parts_.session, *preview_, *cloud_,
+                          ImportOptionsWith(parts_.session, FieldsOf(panel)), tips, panel.window());
   dialog_->setWindowTitle(PlainTitle(panel.commandPreview->text()));
   connect(&dialog_->Equations(), &EquationEditor::WriteWanted, this, &WorkbenchController::Write);
   connect(dialog_, &QDialog::accepted, this, &WorkbenchController::Import);
@@ -81,12 +81,11 @@ void WorkbenchController::Read() {
     test->shown = ChartPoints(test->points.read.points);
     return std::shared_ptr<const Test>(std::move(test));
   };
-  parts_.files.Quietly(
-      read, [this, dialog = dialog_](const std::shared_ptr<const Test>& test) {
-        if (!dialog) return;
-        const FormValues kept = LoadForm(parts_.store, parts_.title, kLastResults);
-        dialog->TakeTest(test, LastImported(kept, parts_.session.instrument));
-      });
+  parts_.files.Quietly(read, [this, dialog = dialog_](const std::shared_ptr<const Test>& test) {
+    if (!dialog) return;
+    const FormValues kept = LoadForm(parts_.store, parts_.title, kLastResults);
+    dialog->TakeTest(test, LastImported(kept, parts_.session.instrument));
+  });
 }
 
 void WorkbenchController::Write(EquationId equation, const std::string& text) {
@@ -103,8 +102,8 @@ void WorkbenchController::Write(EquationId equation, const std::string& text) {
   }
   if (!dialog_) return;
   if (error) {
-    dialog_->Equations().TellFailure(FailureText(
-        session.texts.program, Expanded(session, texts.notWritten, {name}), error));
+    dialog_->Equations().TellFailure(
+        FailureText(session.texts.program, Expanded(session, texts.notWritten, {name}), error));
   } else {
     dialog_->Equations().TakeWritten(equation, Expanded(session, texts.written, {name}));
   }
@@ -128,8 +127,8 @@ void WorkbenchController::RememberResult() {
                      instrument = parts_.session.instrument](platform::FileLayer& files) {
     return ResultFileOf(files, folder, instrument);
   };
-  const auto keep = [this, instrument = parts_.session.instrument](
-                        const std::optional<ResultFile>& file) {
+  const auto keep = [this, instrument =
+                               parts_.session.instrument](const std::optional<ResultFile>& file) {
     if (!file) return;
     FormValues kept = LoadForm(parts_.store, parts_.title, kLastResults);
     KeepImported(*file, instrument, kept);

@@ -27,7 +27,7 @@ struct WorkbenchParts {
   Session& session;
   ResponsiveFiles& files;
   platform::SettingsStore& store;
-  std::string title;                                    // under which settings are kept
+  std::string title;                                     // under which settings are kept
   const std::vector<std::filesystem::path>& catalogues;  // in the order of their application
   TimeTestController& timeTest;
   ChartPanel& panel;

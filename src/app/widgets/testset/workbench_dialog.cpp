@@ -53,6 +53,7 @@ WorkbenchDialog::WorkbenchDialog(const Session& session, editor::PreviewCurve& p
        {EquationStage::Value, EquationStage::Filter, EquationStage::Difference}) {
     FollowNumber(stage, stages_->NumberOf(stage));
   }
+  stages_->setFocus();
   connect(stages_, &StageFields::Changed, this, &WorkbenchDialog::Follow);
   connect(stages_, &StageFields::NumberChosen, this, &WorkbenchDialog::FollowNumber);
   connect(equations_, &EquationEditor::Changed, this, &WorkbenchDialog::Follow);
@@ -113,9 +114,10 @@ CurveDialog::Proposed WorkbenchDialog::Propose() {
   const texts::CatalogueTexts& texts = CurrentSession().texts;
   if (!test_) return FormFault{{}, texts.workbench.reading};
   if (test_->points.error) {
-    return FormFault{{}, FailureText(texts.program, texts.program.timeTestUnreadable,
-                                     test_->points.error)
-                             .toStdString()};
+    return FormFault{
+        {},
+        FailureText(texts.program, texts.program.timeTestUnreadable, test_->points.error)
+            .toStdString()};
   }
   if (test_->points.read.points.empty()) return FormFault{{}, texts.program.noTimeTest};
   if (stages_->Options().timeout.empty()) return FormFault{{}, texts.workbench.noTimeout};
