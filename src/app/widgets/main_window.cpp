@@ -126,8 +126,6 @@ MainWindow::MainWindow(MainWindowParts parts)
   ConnectTimeTest();
   ConnectInstruments();
   ConnectHistory();
-  new WorkbenchController(
-      {session_, files_, parts.store, parts.title, catalogues_, *timeTest_, *chart_});
   new ContextMenus(*this);
   names_ = new AccessibleNames(*this);
 }
@@ -259,6 +257,7 @@ void MainWindow::ConnectTimeTest() {
           &TimeTestController::UpdateTimeTestAvailability);
   connect(instruments_, &InstrumentController::OpenFailed, timeTest_,
           &TimeTestController::Withdraw);
+  new WorkbenchController({session_, files_, forms_, catalogues_, *timeTest_, *chart_});
 }
 
 void MainWindow::ConnectInstruments() {

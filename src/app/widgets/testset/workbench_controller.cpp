@@ -81,10 +81,10 @@ void WorkbenchController::Read() {
     test->shown = ChartPoints(test->points.read.points);
     return std::shared_ptr<const Test>(std::move(test));
   };
-  parts_.files.Quietly(read, [this, dialog = dialog_](const std::shared_ptr<const Test>& test) {
-    if (!dialog) return;
-    const FormValues kept = LoadForm(parts_.store, parts_.title, kLastResults);
-    dialog->TakeTest(test, LastImported(kept, parts_.session.instrument));
+  const std::optional<ResultFile> last =
+      LastImported(parts_.forms.Last(kLastResults), session.instrument);
+  parts_.files.Quietly(read, [dialog = dialog_, last](const std::shared_ptr<const Test>& test) {
+    if (dialog) dialog->TakeTest(test, last);
   });
 }
 
@@ -130,11 +130,9 @@ void WorkbenchController::RememberResult() {
   const auto keep = [this, instrument =
                                parts_.session.instrument](const std::optional<ResultFile>& file) {
     if (!file) return;
-    FormValues kept = LoadForm(parts_.store, parts_.title, kLastResults);
+    FormValues kept = parts_.forms.Last(kLastResults);
     KeepImported(*file, instrument, kept);
-    // Without it an older result is not told as one.
-    [[maybe_unused]] const std::error_code dropped =
-        SaveForm(parts_.store, parts_.title, kLastResults, kept);
+    parts_.forms.Keep(kLastResults, kept);
   };
   parts_.files.Quietly(look, keep);
 }

@@ -8,7 +8,7 @@
 
 #include "app/session.h"
 #include "app/site_equations.h"
-#include "platform/settings_store.h"
+#include "app/widgets/files/kept_forms.h"
 
 namespace zentab::editor {
 class PointCloud;
@@ -26,8 +26,7 @@ class WorkbenchDialog;
 struct WorkbenchParts {
   Session& session;
   ResponsiveFiles& files;
-  platform::SettingsStore& store;
-  std::string title;                                     // under which settings are kept
+  KeptForms forms;
   const std::vector<std::filesystem::path>& catalogues;  // in the order of their application
   TimeTestController& timeTest;
   ChartPanel& panel;

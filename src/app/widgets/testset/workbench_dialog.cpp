@@ -60,6 +60,7 @@ WorkbenchDialog::WorkbenchDialog(const Session& session, editor::PreviewCurve& p
   connect(equations_, &EquationEditor::TryWanted, stages_, &StageFields::SetNumber);
   connect(&worker_, &PreviewWorker::Done, this, &WorkbenchDialog::TakePreview);
   connect(this, &QDialog::finished, this, [this] { cloud_.Hide(); });
+  Refresh();
 }
 
 void WorkbenchDialog::TakeTest(std::shared_ptr<const Test> test,
