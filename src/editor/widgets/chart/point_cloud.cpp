@@ -47,22 +47,21 @@ PointCloud::PointCloud(CurveChart& chart) : QCPLayerable(&chart), chart_(chart) 
   chart.addLayer(QStringLiteral("cloud"), chart.layer(QStringLiteral("main")),
                  QCustomPlot::limBelow);
   setLayer(QStringLiteral("cloud"));
-  connect(&chart, &CurveChart::PaletteChanged, this, [this] { picture_ = {}; });
+  connect(&chart, &CurveChart::PaletteChanged, this, [this] { shown_ = {}; });
 }
 
 void PointCloud::Show(Kind kind, Points points) {
-  points_[static_cast<std::size_t>(kind)] = std::move(points);
-  picture_ = {};
+  Dots& dots = dots_[static_cast<std::size_t>(kind)];
+  dots = {std::move(points), {}};
   if (kind == Kind::Measured) {
-    const Points& measured = points_[0];
-    chart_.SetExtent(this, measured ? ExtentOf(*measured) : std::nullopt);
+    chart_.SetExtent(this, dots.points ? ExtentOf(*dots.points) : std::nullopt);
   } else {
     chart_.replot(QCustomPlot::rpQueuedReplot);
   }
 }
 
 void PointCloud::Hide() {
-  points_ = {};
+  dots_ = {};
   Show(Kind::Measured, nullptr);
 }
 
@@ -84,16 +83,17 @@ void PointCloud::applyDefaultAntialiasingHint(QCPPainter* painter) const {
   painter->setAntialiasing(false);
 }
 
-void PointCloud::DrawDots(const std::vector<QPointF>& points, const QColor& colour, int size) {
+void PointCloud::DrawDots(QImage& picture, const std::vector<QPointF>& points, const QColor& colour,
+                          int size) const {
   const View& view = shown_;
-  const int width = picture_.width();
-  const int height = picture_.height();
+  const int width = picture.width();
+  const int height = picture.height();
   const QRgb dot = colour.rgb();
   PixelFinder columns(*chart_.xAxis, view.area.left(), view.ratio, width);
   PixelFinder rows(*chart_.yAxis, view.area.top(), view.ratio, height);
   std::vector<bool> isTaken(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-  auto* const bits = reinterpret_cast<QRgb*>(picture_.bits());
-  const auto lineLength = static_cast<std::ptrdiff_t>(picture_.bytesPerLine() / sizeof(QRgb));
+  auto* const bits = reinterpret_cast<QRgb*>(picture.bits());
+  const auto lineLength = static_cast<std::ptrdiff_t>(picture.bytesPerLine() / sizeof(QRgb));
   for (const QPointF& point : points) {
     const int column = columns.Of(point.x());
     const int row = column < 0 ? -1 : rows.Of(point.y());
@@ -112,26 +112,32 @@ void PointCloud::DrawDots(const std::vector<QPointF>& points, const QColor& colo
   }
 }
 
+QImage PointCloud::PictureOf(Kind kind, const std::vector<QPointF>& points) const {
+  QImage picture(shown_.area.size() * shown_.ratio, QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::transparent);
+  const QPalette& palette = chart_.palette();
+  const QColor colour =
+      ColourOf(kind, palette.color(QPalette::Base), palette.color(QPalette::Text));
+  const bool areFew = points.size() < static_cast<std::size_t>(picture.width());
+  const int size = areFew ? kLargeDot : kUsualDot;
+  DrawDots(picture, points, colour, static_cast<int>(std::lround(size * shown_.ratio)));
+  picture.setDevicePixelRatio(shown_.ratio);
+  return picture;
+}
+
 void PointCloud::draw(QCPPainter* painter) {
-  if (!points_[0]) return;
   const View view{chart_.xAxis->range(), chart_.yAxis->range(), clipRect(),
                   painter->device()->devicePixelRatioF(), chart_.Kinds()};
-  if (picture_.isNull() || !(view == shown_)) {
-    shown_ = view;
-    picture_ = QImage(view.area.size() * view.ratio, QImage::Format_ARGB32_Premultiplied);
-    picture_.fill(Qt::transparent);
-    const QColor background = chart_.palette().color(QPalette::Base);
-    const QColor text = chart_.palette().color(QPalette::Text);
-    for (std::size_t kind = 0; kind < kKinds; ++kind) {
-      if (!points_[kind]) continue;
-      const bool areFew = points_[kind]->size() < static_cast<std::size_t>(picture_.width());
-      const int size = areFew ? kLargeDot : kUsualDot;
-      DrawDots(*points_[kind], ColourOf(static_cast<Kind>(kind), background, text),
-               static_cast<int>(std::lround(size * view.ratio)));
+  const bool isOther = !(view == shown_);
+  shown_ = view;
+  for (std::size_t kind = 0; kind < kKinds; ++kind) {
+    Dots& dots = dots_[kind];
+    if (!dots.points) continue;
+    if (isOther || dots.picture.isNull()) {
+      dots.picture = PictureOf(static_cast<Kind>(kind), *dots.points);
     }
-    picture_.setDevicePixelRatio(view.ratio);
+    painter->drawImage(view.area.topLeft(), dots.picture);
   }
-  painter->drawImage(view.area.topLeft(), picture_);
 }
 
 }  // namespace zentab::editor

@@ -47,11 +47,18 @@ class PointCloud : public QCPLayerable {
     bool operator==(const View&) const = default;
   };
 
-  void DrawDots(const std::vector<QPointF>& points, const QColor& colour, int size);
+  // The points of a kind, and the picture of their dots; null where it is to be made.
+  struct Dots {
+    Points points;
+    QImage picture;
+  };
+
+  [[nodiscard]] QImage PictureOf(Kind kind, const std::vector<QPointF>& points) const;
+  void DrawDots(QImage& picture, const std::vector<QPointF>& points, const QColor& colour,
+                int size) const;
 
   CurveChart& chart_;
-  std::array<Points, kKinds> points_;
-  QImage picture_;
+  std::array<Dots, kKinds> dots_;
   View shown_;
 };
 
