@@ -143,9 +143,12 @@ EquationRemark CheckEquation(const Session& session, std::string_view equation,
   remark.length = 1;
   remark.character = std::min(parser.ErrorPosition() - 1, CharactersIn(equation));
   const W& texts = session.texts.workbench;
+  // What the parser says of some faults ends in their place, which is said in front here.
+  const std::string& description = parser.ErrorDescription();
+  const std::string what = description.substr(0, description.find(" at pos: "));
   const bool isAtEnd = remark.character == CharactersIn(equation);
   remark.text = Expanded(session, isAtEnd ? texts.faultAtEnd : texts.fault,
-                         {parser.ErrorDescription(), std::to_string(remark.character + 1)});
+                         {what, std::to_string(remark.character + 1)});
   return remark;
 }
 

@@ -141,14 +141,18 @@ double MathParser::EvalChecked() {
 
 std::optional<double> MathParser::TryEvalChecked() {
   if (!isCompiled_ || (varTop_ > 0 && explicit_ && !AreAssigned())) return std::nullopt;
-  if (program_.code.empty()) {
-    ShowRows();
-    return EvalRows(program_.values.data()) ? std::optional(rows_.Result()) : std::nullopt;
+  if (!program_.code.empty()) {
+    const double value = program_.Run();
+    if (std::isfinite(value)) {
+      ShowProgram();
+      return value;
+    }
   }
-  const double value = program_.Run();
-  if (!std::isfinite(value)) return std::nullopt;
-  ShowProgram();
-  return value;
+  rowsAreShown_ = true;
+  SetReady();
+  const bool hasValue =
+      rows_.Evaluate(table_, program_.values.data(), random_, decimalSeparator_, false);
+  return hasValue ? std::optional(rows_.Result()) : std::nullopt;
 }
 
 // Row by row, for the sake of the message that the program could not give.

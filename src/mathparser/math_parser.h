@@ -107,7 +107,7 @@ class MathParser {
     return EvalChecked();
   }
 
-  /// The same value; nothing where Eval throws, which for lack of a message takes little time.
+  /// The same value; nothing where Eval throws, which for lack of a message takes less time.
   std::optional<double> TryEval() {
     const double value = entry_(program_.code.data(), program_.values.data(), 0.0, 0.0);
     if (!IsNumber(value)) [[unlikely]] {

@@ -170,7 +170,8 @@ class WorkbenchTest : public QObject {
     QTest::keyClick(offered, Qt::Key_Return);
     QCOMPARE(field->text(), QStringLiteral("abs(t0-t1)*tMax"));
     QTest::keyClicks(field, "+)");
-    QCOMPARE(Said(dialog, "LabelRemark"), QStringLiteral("Character 17: missing argument"));
+    QCOMPARE(Said(dialog, "LabelRemark"),
+             QStringLiteral("Character 17: Too many closing brackets"));
     QVERIFY(!write->isEnabled());
     QTest::keyClick(field, Qt::Key_Backspace);
     QTest::keyClicks(field, "1");
