@@ -66,14 +66,14 @@ std::string_view TextOf(std::string_view catalogue, const Line& line) {
   return catalogue.substr(line.begin, line.end - line.begin);
 }
 
-// Where a line has a key, which counts in either case; npos: nowhere.
+// Where a line has a key, which is in capitals, in either case; npos: nowhere.
 std::size_t PlaceOfKey(std::string_view text, std::string_view key) {
-  const auto upper = [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  };
-  const auto found = std::ranges::search(text, key, {}, upper, upper);
-  return found.empty() ? std::string_view::npos
-                       : static_cast<std::size_t>(found.begin() - text.begin());
+  const auto found =
+      std::search(text.begin(), text.end(), key.begin(), key.end(), [](char a, char b) {
+        return (a >= 'a' && a <= 'z' ? static_cast<char>(a - 'a' + 'A') : a) == b;
+      });
+  return found == text.end() ? std::string_view::npos
+                             : static_cast<std::size_t>(found - text.begin());
 }
 
 // The first line that has the key, as a catalogue is searched; the number of lines: none.
@@ -189,11 +189,12 @@ std::filesystem::path SiteCatalogueFor(platform::FileLayer& files,
                                        std::span<const std::filesystem::path> catalogues,
                                        EquationId id) {
   const auto site = catalogues.last(kSiteCatalogues);
-  for (auto catalogue = site.rbegin(); catalogue != site.rend(); ++catalogue) {
+  std::filesystem::path chosen = site.front();
+  for (const std::filesystem::path& catalogue : site) {
     std::string text;
-    if (!LookUp(files, *catalogue, id, text) && !text.empty()) return *catalogue;
+    if (!LookUp(files, catalogue, id, text) && !text.empty()) chosen = catalogue;
   }
-  return site.front();
+  return chosen;
 }
 
 std::error_code WriteEquation(platform::FileLayer& files, const std::filesystem::path& catalogue,

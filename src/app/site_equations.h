@@ -18,7 +18,10 @@ struct EquationId {
   texts::EquationStage stage = texts::EquationStage::Difference;
   std::size_t number = 1;  // 1 to texts::kEquations
 
-  friend auto operator<=>(const EquationId&, const EquationId&) = default;
+  friend bool operator==(const EquationId&, const EquationId&) = default;
+  friend bool operator<(const EquationId& a, const EquationId& b) {
+    return a.stage != b.stage ? a.stage < b.stage : a.number < b.number;
+  }
 };
 
 /// Its text among others.

@@ -10,7 +10,13 @@ std::shared_ptr<const std::vector<QPointF>> ChartPoints(
   return made;
 }
 
-PreviewWorker::PreviewWorker(QObject* parent) : QObject(parent) { pool_.setMaxThreadCount(1); }
+PreviewWorker::PreviewWorker(QObject* parent) : QObject(parent) {
+  pool_.setMaxThreadCount(1);
+  const auto pass = [this](int number, const Preview& preview) {
+    if (newest_ == number) Q_EMIT Done(preview);
+  };
+  connect(this, &PreviewWorker::Calculated, this, pass, Qt::QueuedConnection);
+}
 
 PreviewWorker::~PreviewWorker() {
   ++newest_;
@@ -33,12 +39,7 @@ void PreviewWorker::Ask(const Points& points, const timetest::ImportOptions& opt
     preview->removed = ChartPoints(removed);
     if (effects.filter.moved + effects.averaged > 0) preview->shaped = ChartPoints(effects.shaped);
     effects.shaped = {};
-    QMetaObject::invokeMethod(
-        this,
-        [this, number, preview] {
-          if (newest_ == number) Q_EMIT Done(preview);
-        },
-        Qt::QueuedConnection);
+    Q_EMIT Calculated(number, preview);
   });
 }
 

@@ -36,8 +36,12 @@ class PreviewWorker : public QObject {
 
  Q_SIGNALS:
   void Done(const std::shared_ptr<const zentab::app::ImportPreview>& preview);
+  /// The preview of that number is ready; emitted beside the window's thread.
+  void Calculated(int number, const std::shared_ptr<const zentab::app::ImportPreview>& preview);
 
  private:
+  using Preview = std::shared_ptr<const ImportPreview>;
+
   QThreadPool pool_;
   std::atomic<int> newest_ = 0;
 };
