@@ -4,6 +4,7 @@
 //   twice the points      beside the whole import
 //   a value equation      beside the whole import
 //   a mean over 20,000    beside the whole import
+//   previews of a change  beside reading the points
 // "bytes a point" is how far the process grows while it imports.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -124,9 +125,48 @@ void WideMean(benchmark::State& state) {
       state, [=] { Import(Single(), 20'000); }, 0.0);
 }
 
+// What the workbench calculates when a parameter changes; its limit is 150 ms.
+void PreviewOfAChange(benchmark::State& state, const timetest::ImportOptions& options,
+                      texts::EquationStage stage, const char* equation) {
+  timetest::ReadPoints read;
+  const auto readAgain = [&read, &options] {
+    const timetest::ProgressReport none;
+    read = {};
+    Require(!timetest::ReadTimeTest(platform::SystemFiles(), Single(), options.modes,
+                                    timetest::ProgressMeter(none, 0.0, 1.0), read));
+  };
+  texts::EquationTexts equations;
+  equations[static_cast<std::size_t>(stage)][5] = equation;
+  readAgain();
+  const auto preview = [&] {
+    timetest::ImportEffects effects;
+    const auto result = timetest::ImportPoints(read, options, equations, nullptr, &effects);
+    Require(result.points.size() >= 2);
+  };
+  InTurns(state, preview, {{"reading", readAgain}}, 0.0);
+  state.counters["limit ms"] = 150.0;
+}
+void PreviewOfAMean(benchmark::State& state) {
+  PreviewOfAChange(state, {{false, false, 1.0}, 0, 3, 6, "0"}, texts::EquationStage::Value, "");
+}
+void PreviewOfAFilterEquation(benchmark::State& state) {
+  PreviewOfAChange(state, {{false, false, 1.0}, 0, 5, 5, "0"}, texts::EquationStage::Filter,
+                   "(t1<0.99*tMax)*max(min(t0,t1),min(max(t0,t1),t2))-(t1>=0.99*tMax)");
+}
+void PreviewOfADifferenceEquation(benchmark::State& state) {
+  PreviewOfAChange(state, {{false, false, 1.0}, 5, 3, 5, "0"}, texts::EquationStage::Difference,
+                   "((t2-t1)/(v2-v1)-(t1-t0)/(v1-v0))/t1");
+}
+
 BENCHMARK(WholeImport)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(25);
 BENCHMARK(TwiceThePoints)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
 BENCHMARK(ValueEquation)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(25);
+BENCHMARK(PreviewOfAMean)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(PreviewOfAFilterEquation)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+BENCHMARK(PreviewOfADifferenceEquation)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(15);
 BENCHMARK(WideMean)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
 }  // namespace

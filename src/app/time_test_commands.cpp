@@ -9,8 +9,8 @@ namespace {
 
 constexpr std::string_view kTraceFile = "Zentab_ImportTable.txt";
 
-void Take(std::int16_t& setting, const std::string& field, const std::string& separator) {
-  setting = texts::ShortInteger(texts::FileNumber(field, separator)).value_or(setting);
+std::int16_t Taken(const std::string& field, const std::string& separator, std::int16_t setting) {
+  return texts::ShortInteger(texts::FileNumber(field, separator)).value_or(setting);
 }
 
 }  // namespace
@@ -22,13 +22,29 @@ bool HasTimeTest(platform::FileLayer& files, const std::filesystem::path& instal
          timetest::HasEntries(files, source);
 }
 
+timetest::ImportOptions ImportOptionsWith(const Session& session, const ImportFields& fields) {
+  const texts::ImportSettings& settings = session.texts.import;
+  const editor::ValueModes& modes = session.modes;
+  const std::string& separator = session.localeDecimalSeparator;
+  const double pickup = editor::CellNumber(modes.pickup, separator).value_or(0.0);
+  return {{modes.absoluteValues, modes.milliseconds, pickup},
+          Taken(fields.differenceType, separator, settings.differenceType),
+          Taken(fields.filterType, separator, settings.filterType),
+          Taken(fields.meanOver, separator, settings.meanOver),
+          settings.timeout};
+}
+
 bool TimeTestCommands::HasTimeTest() const {
   return app::HasTimeTest(files_, platform::ToPath(session_.installFolder), session_.instrument);
 }
 
 ImportTimeTestOutcome TimeTestCommands::ImportTimeTest(const ImportFields& fields,
                                                        const timetest::ProgressReport& progress) {
-  TakeFields(fields);
+  const timetest::ImportOptions options = ImportOptionsWith(session_, fields);
+  texts::ImportSettings& settings = session_.texts.import;
+  settings.differenceType = options.differenceType;
+  settings.filterType = options.filterType;
+  settings.meanOver = options.meanOver;
   const std::filesystem::path folder = platform::ToPath(session_.installFolder);
   timetest::ResultSource source;
   ImportTimeTestOutcome outcome;
@@ -39,32 +55,12 @@ ImportTimeTestOutcome TimeTestCommands::ImportTimeTest(const ImportFields& field
     return outcome;
   }
   timetest::ImportTrace trace;
-  result = timetest::ImportCurve(files_, source, Options(), session_.texts,
-                                 session_.texts.import.printTable ? &trace : nullptr, progress);
-  session_.texts.import.differenceType = result.differenceType;
+  result = timetest::ImportCurve(files_, source, options, session_.texts,
+                                 settings.printTable ? &trace : nullptr, progress);
+  settings.differenceType = result.differenceType;
   if (result.outcome == timetest::ImportOutcome::Imported) ShowInGrid(result.points);
   outcome.traceError = trace.Save(files_, folder / kTraceFile);
   return outcome;
-}
-
-void TimeTestCommands::TakeFields(const ImportFields& fields) {
-  texts::ImportSettings& settings = session_.texts.import;
-  const std::string& separator = session_.localeDecimalSeparator;
-  Take(settings.differenceType, fields.differenceType, separator);
-  Take(settings.filterType, fields.filterType, separator);
-  Take(settings.meanOver, fields.meanOver, separator);
-}
-
-timetest::ImportOptions TimeTestCommands::Options() const {
-  const texts::ImportSettings& settings = session_.texts.import;
-  const editor::ValueModes& modes = session_.modes;
-  const double pickup =
-      editor::CellNumber(modes.pickup, session_.localeDecimalSeparator).value_or(0.0);
-  return {{modes.absoluteValues, modes.milliseconds, pickup},
-          settings.differenceType,
-          settings.filterType,
-          settings.meanOver,
-          settings.timeout};
 }
 
 void TimeTestCommands::ShowInGrid(const std::vector<timetest::MeasuredPoint>& points) {

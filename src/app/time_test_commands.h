@@ -26,6 +26,11 @@ struct ImportTimeTestOutcome {
                                const std::filesystem::path& installFolder,
                                tables::Instrument instrument);
 
+/// What an import works by that starts with such fields: one that is no 16-bit integer leaves the
+/// session's setting.
+[[nodiscard]] timetest::ImportOptions ImportOptionsWith(const Session& session,
+                                                        const ImportFields& fields);
+
 /// The command on the time test of the chosen instrument. It asks nothing.
 class TimeTestCommands {
  public:
@@ -41,8 +46,6 @@ class TimeTestCommands {
                                        const timetest::ProgressReport& progress);
 
  private:
-  void TakeFields(const ImportFields& fields);
-  [[nodiscard]] timetest::ImportOptions Options() const;
   void ShowInGrid(const std::vector<timetest::MeasuredPoint>& points);
 
   Session& session_;

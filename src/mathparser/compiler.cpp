@@ -21,15 +21,20 @@ bool IsComparisonSign(char c) { return c == '<' || c == '=' || c == '>'; }
 // A character that is not the first byte of its own.
 bool Continues(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
+int CharactersIn(std::string_view text) {
+  return static_cast<int>(std::ranges::count_if(text, [](char c) { return !Continues(c); }));
+}
+
 }  // namespace
 
-bool Compiler::Fail(std::string message) {
+bool Compiler::Fail(std::string message, int position) {
   error_ = std::move(message);
+  errorPosition_ = position;
   return false;
 }
 
 bool Compiler::SyntaxErrorAt(int position) {
-  return Fail("Syntax error at pos: " + std::to_string(position));
+  return Fail("Syntax error at pos: " + std::to_string(position), position);
 }
 
 NameRange Compiler::TokenRange() const {
@@ -76,10 +81,10 @@ bool Compiler::Compile(std::string_view text) {
   table_.hasGuards = false;
   table_.byRowsOnly = false;
   if (std::count(text.begin(), text.end(), '|') % 2 != 0) {
-    return Fail("abs symbols |.| mismatch");
+    return Fail("abs symbols |.| mismatch", CharactersIn(text.substr(0, text.rfind('|') + 1)));
   }
   brackets_.assign(1, {});
-  if (!Scan(text) || !Finish()) {
+  if (!Scan(text) || !Finish(CharactersIn(text))) {
     table_.rows.clear();
     return false;
   }
@@ -193,7 +198,8 @@ bool Compiler::OpenCall() {
   if (function == nullptr) {
     if (IsNumber()) return SyntaxErrorAt(position_);
     return Fail("Function < " + std::string(Token()) +
-                " > unknown at pos: " + std::to_string(tokenPosition_));
+                    " > unknown at pos: " + std::to_string(tokenPosition_),
+                tokenPosition_);
   }
   if (function->arguments == 1) return AddFunctionRow(*function, TokenRange());
   brackets_.back().call = static_cast<int>(calls_.size());
@@ -205,11 +211,13 @@ bool Compiler::OpenCall() {
 
 bool Compiler::CloseBracket() {
   if (brackets_.size() == 1) {
-    return Fail("Too many closing brackets at pos: " + std::to_string(position_));
+    return Fail("Too many closing brackets at pos: " + std::to_string(position_), position_);
   }
   const int call = brackets_.back().call;
   // Said only at the end of the text: what else is wrong with it comes first.
-  if (call >= 0 && calls_[static_cast<std::size_t>(call)].commas > 0) unfinishedCall_ = true;
+  if (call >= 0 && calls_[static_cast<std::size_t>(call)].commas > 0) {
+    unfinishedCall_ = position_;
+  }
   if (call >= 0) calls_.pop_back();
   brackets_.pop_back();
   closed_ = Closed::Bracket;
@@ -230,7 +238,7 @@ bool Compiler::Bar() {
 
 bool Compiler::Sign(char c) {
   if (!Pending()) {
-    if (IsClosing(last_)) return Fail("missing argument");
+    if (IsClosing(last_)) return Fail("missing argument", position_);
     sign_ = c;
     return true;
   }
@@ -265,7 +273,7 @@ bool Compiler::Postfix(char c) {
 bool Compiler::Comma() {
   Bracket& bracket = brackets_.back();
   if (bracket.call < 0 || calls_.back().commas == 0) {
-    return Fail("Too many arguments at pos: " + std::to_string(position_));
+    return Fail("Too many arguments at pos: " + std::to_string(position_), position_);
   }
   Call& call = calls_.back();
   const int arguments = call.function->arguments;
@@ -328,8 +336,9 @@ bool Compiler::Comparison(std::string_view text, std::size_t& at) {
   return true;
 }
 
-bool Compiler::Finish() {
-  if (brackets_.size() > 1) return Fail("Not enough closing brackets");
+bool Compiler::Finish(int characters) {
+  position_ = characters + 1;
+  if (brackets_.size() > 1) return Fail("Not enough closing brackets", position_);
   if (table_.rows.empty()) {
     // A lone operand is added to nothing.
     if (!AddRow({.function = &operators::kAdd, .level = 1, .position = 1, .takesOperand = false})) {
@@ -339,7 +348,7 @@ bool Compiler::Finish() {
   Operand operand;
   if (!TakeOperand(operand)) return false;
   SetLastOperand(operand);
-  if (unfinishedCall_) return Fail("missing argument");
+  if (unfinishedCall_ != 0) return Fail("missing argument", unfinishedCall_);
   while (waitingCount_ > 0) LinkTop(0);
   return true;
 }

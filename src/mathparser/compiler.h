@@ -26,6 +26,9 @@ class Compiler {
   /// Error() says why, and the table holds no expression, only the variables found so far.
   [[nodiscard]] bool Compile(std::string_view text);
   [[nodiscard]] const std::string& Error() const { return error_; }
+  /// Where the text is at fault: its character, from 1; one more than it has where something is
+  /// missing at its end. 0 after a good compile.
+  [[nodiscard]] int ErrorPosition() const { return errorPosition_; }
 
  private:
   // How far the token at hand is a number.
@@ -68,7 +71,7 @@ class Compiler {
   bool Postfix(char c);
   bool Comma();
   bool Comparison(std::string_view text, std::size_t& at);
-  bool Finish();
+  bool Finish(int characters);
 
   bool AddRow(const NewRow& made);
   bool AddFunctionRow(const FunctionEntry& function, NameRange written);
@@ -91,12 +94,13 @@ class Compiler {
   [[nodiscard]] NameRange TokenRange() const;
   [[nodiscard]] static Number NextNumber(Number state, char c);
   void ClearToken();
-  bool Fail(std::string message);
+  bool Fail(std::string message, int position);
   bool SyntaxErrorAt(int position);
 
   const FunctionCatalogue& catalogue_;
   ExpressionTable& table_;
   std::string error_;
+  int errorPosition_ = 0;
 
   int position_ = 0;  // of the character at hand, 1-based
   int tokenPosition_ = 0;
@@ -107,7 +111,7 @@ class Compiler {
   Closed closed_ = Closed::No;
   bool parsed_ = false;  // operand_ is the token
   Operand operand_;
-  bool unfinishedCall_ = false;
+  int unfinishedCall_ = 0;         // where its bracket closes
   std::vector<Bracket> brackets_;  // the first stands for the whole text
   std::vector<Call> calls_;
   std::array<std::int16_t, kMaxRows + 1> waiting_{};

@@ -36,7 +36,7 @@ bool Compiler::AddFunctionRow(const FunctionEntry& function, NameRange written) 
 }
 
 bool Compiler::AddRow(const NewRow& made) {
-  if (table_.rows.size() == kMaxRows) return Fail("too many rows");
+  if (table_.rows.size() == kMaxRows) return Fail("too many rows", position_);
   Row row;
   row.function = made.function;
   row.level = made.level;
@@ -103,9 +103,9 @@ bool Compiler::TakeOperand(Operand& operand) {
 }
 
 bool Compiler::ParseToken() {
-  if (Token().empty()) return Fail("missing argument");
+  if (Token().empty()) return Fail("missing argument", position_);
   ReadOperand read = ReadOperandToken(Token());
-  if (read.kind == ReadOperand::Kind::Failure) return Fail(std::move(read.message));
+  if (read.kind == ReadOperand::Kind::Failure) return Fail(std::move(read.message), tokenPosition_);
   operand_ = {};
   const std::int16_t sign = sign_ == '-' ? -1 : 1;
   if (read.kind == ReadOperand::Kind::Literal) {
@@ -113,7 +113,8 @@ bool Compiler::ParseToken() {
   } else {
     int variable = table_.FindVariable(Token());
     if (variable == 0) {
-      if (table_.variables.size() == kMaxVariables) return Fail("too many variables");
+      if (table_.variables.size() == kMaxVariables)
+        return Fail("too many variables", tokenPosition_);
       table_.variables.push_back({TokenRange()});
       variable = static_cast<int>(table_.variables.size());
     }

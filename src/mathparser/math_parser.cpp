@@ -47,6 +47,9 @@ bool MathParser::StoreExpression(std::string_view text) {
   Compiler compiler(*catalogue_, table_);
   isCompiled_ = compiler.Compile(expression_);
   error_ = compiler.Error();
+  // The compiler does not see the blanks in front.
+  const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
+  errorPosition_ = isCompiled_ ? 0 : compiler.ErrorPosition() + static_cast<int>(blanks);
   varTop_ = static_cast<int>(table_.variables.size());
   Lowering(table_, program_).Lower();
   program_.values[kAngleFactorPlace] = kAngleUnits[static_cast<std::size_t>(angleUnit_)].factor;
@@ -134,6 +137,22 @@ double MathParser::EvalChecked() {
     }
   }
   return EvalAgain(kEvalError);
+}
+
+std::optional<double> MathParser::TryEvalChecked() {
+  if (!isCompiled_ || (varTop_ > 0 && explicit_ && !AreAssigned())) return std::nullopt;
+  if (!program_.code.empty()) {
+    const double value = program_.Run();
+    if (std::isfinite(value)) {
+      ShowProgram();
+      return value;
+    }
+  }
+  rowsAreShown_ = true;
+  SetReady();
+  const bool hasValue =
+      rows_.Evaluate(table_, program_.values.data(), random_, decimalSeparator_, false);
+  return hasValue ? std::optional(rows_.Result()) : std::nullopt;
 }
 
 // Row by row, for the sake of the message that the program could not give.

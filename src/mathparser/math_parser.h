@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -92,6 +93,9 @@ class MathParser {
 
   /// The text of the last error, "" after a good compile.
   [[nodiscard]] const std::string& ErrorDescription() const { return error_; }
+  /// Where the text that was compiled last is at fault: its character, from 1, blanks counted; one
+  /// more than it has where something is missing at its end. 0 after a good compile.
+  [[nodiscard]] int ErrorPosition() const { return errorPosition_; }
 
   /// The value for the variables as they are set. Throws EvaluationError 1001.
   double Eval() {
@@ -101,6 +105,16 @@ class MathParser {
       return value;
     }
     return EvalChecked();
+  }
+
+  /// The same value; nothing where Eval throws, which for lack of a message takes less time.
+  std::optional<double> TryEval() {
+    const double value = entry_(program_.code.data(), program_.values.data(), 0.0, 0.0);
+    if (!IsNumber(value)) [[unlikely]] {
+      return TryEvalChecked();
+    }
+    KeepVariables<1, 1>();
+    return value;
   }
 
   /// The value for x in place of the only variable, which itself stays as it is. Throws
@@ -148,6 +162,7 @@ class MathParser {
   void SetCounted(int variable, double value);
   void CountAssignment(int variable);
   double EvalChecked();
+  std::optional<double> TryEvalChecked();
   double EvalAgain(int errorNumber);
   bool EvalRows(const double* values);
   void ShowRows();
@@ -162,6 +177,7 @@ class MathParser {
   const FunctionCatalogue* catalogue_;
   std::string expression_;
   std::string error_;
+  int errorPosition_ = 0;
   std::string decimalSeparator_ = ".";
   ExpressionTable table_;
   Program program_;

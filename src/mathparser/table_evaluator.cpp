@@ -70,7 +70,8 @@ void TableEvaluator::CopyVariables(const ExpressionTable& table, const double* v
 }
 
 bool TableEvaluator::Evaluate(const ExpressionTable& table, const double* values,
-                              RandomSource& random, std::string_view decimalSeparator) {
+                              RandomSource& random, std::string_view decimalSeparator,
+                              bool explains) {
   if (rows_.size() != table.rows.size()) Reset(table);
   CopyVariables(table, values);
   result_ = 0.0;
@@ -90,6 +91,7 @@ bool TableEvaluator::Evaluate(const ExpressionTable& table, const double* values
       }
       CallContext context{values[kAngleFactorPlace], &random, {}};
       if (!Run(row, at, context)) {
+        if (!explains) return false;
         error_ = context.message;
         if (error_.empty()) {
           error_ = "Evaluation error < " + RowText(table, row, at, decimalSeparator) +

@@ -26,9 +26,10 @@ class TableEvaluator {
   void Clear() { rows_.clear(); }
 
   /// Evaluates with the angle factor and the variables as a Program holds them. On false Error()
-  /// names the row; the rows before it keep their values.
+  /// names the row, unless nobody asks; the rows before it keep their values.
   [[nodiscard]] bool Evaluate(const ExpressionTable& table, const double* values,
-                              RandomSource& random, std::string_view decimalSeparator);
+                              RandomSource& random, std::string_view decimalSeparator,
+                              bool explains = true);
 
   [[nodiscard]] double Result() const { return result_; }
   [[nodiscard]] const std::string& Error() const { return error_; }

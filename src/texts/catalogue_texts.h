@@ -11,6 +11,7 @@
 #include "texts/interchange_texts.h"
 #include "texts/library_texts.h"
 #include "texts/report_texts.h"
+#include "texts/workbench_texts.h"
 
 namespace zentab::texts {
 
@@ -44,6 +45,8 @@ struct ExchangeTexts {
 enum class EquationStage { Difference, Value, Filter };
 inline constexpr int kEquationStages = 3;
 inline constexpr int kEquations = 10;
+/// The equations by stage and number, from 1; empty where there is none.
+using EquationTexts = std::array<std::array<std::string, kEquations + 1>, kEquationStages>;
 
 /// How the import of a time test begins; its fields can overrule it.
 struct ImportSettings {
@@ -253,7 +256,7 @@ struct CatalogueTexts {
   LabelTexts labels;
   ExchangeTexts importing;
   ExchangeTexts exporting;
-  std::array<std::array<std::string, kEquations + 1>, kEquationStages> equations;  // from 1
+  EquationTexts equations;
   ImportSettings import;
   ProgramTexts program;
   GraphTexts graph;
@@ -263,6 +266,7 @@ struct CatalogueTexts {
   CurveImportTexts curveImport;
   ComparisonTexts comparison;
   CurveDialogTexts curveDialogs;
+  WorkbenchTexts workbench;
   ReportTexts report;
   OutputTexts output;
   HistoryTexts history;

@@ -357,6 +357,7 @@ std::vector<KeyRow> AllRows() {
   Append(table, CurveDialogRows());
   Append(table, CurveMenuRows());
   Append(table, LibraryRows());
+  Append(table, WorkbenchRows());
   Append(table, OutputRows());
   Append(table, ReportRows());
   Append(table, MessageRows());

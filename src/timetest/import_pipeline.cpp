@@ -21,40 +21,54 @@ constexpr double kAfterMean = 1.0;
 
 class Import {
  public:
-  Import(platform::FileLayer& files, const ImportOptions& options,
-         const texts::CatalogueTexts& texts, ImportTrace* trace, const ProgressReport& progress)
-      : files_(files), options_(options), texts_(texts), trace_(trace), progress_(progress) {
+  Import(const ImportOptions& options, const texts::EquationTexts& equations, ImportTrace* trace,
+         const ProgressReport& progress, ImportEffects* effects)
+      : options_(options),
+        equations_(equations),
+        trace_(trace),
+        progress_(progress),
+        effects_(effects) {
     result_.differenceType = options.differenceType;
   }
 
-  ImportResult Run(const ResultSource& source) {
-    if (!Read(source) || !MeasureDifferences() || !Filter() || !Average()) {
-      return std::move(result_);
+  ImportResult ReadAndRun(platform::FileLayer& files, const ResultSource& source) {
+    ReadPoints read;
+    result_.readError = ReadTimeTest(files, source, options_.modes,
+                                     ProgressMeter(progress_, 0.0, kAfterReading), read);
+    if (result_.readError) {
+      End(result_.readError == platform::FileError::GivenUp ? ImportOutcome::Stopped
+                                                            : ImportOutcome::Unreadable);
+    } else if (read.points.empty()) {
+      End(ImportOutcome::NoEntries);
+    } else {
+      return Run(std::move(read.points), read.extremes);
     }
+    return std::move(result_);
+  }
+
+  ImportResult Run(std::vector<MeasuredPoint> points, const Extremes& extremes) {
+    points_ = std::move(points);
+    extremes_ = extremes;
+    Prune();
+    if (!MeasureDifferences() || !Filter() || !Average()) return std::move(result_);
     Selection chosen = SelectPoints(points_);
     if (Trace({" Selected entries"}, chosen.points, kAfterMean)) {
       result_.points = std::move(chosen.points);
       result_.selectedByRank = chosen.byRank;
     }
+    if (effects_ != nullptr) effects_->shaped = std::move(points_);
     return std::move(result_);
   }
 
  private:
-  // Each stage is false when it ends the import; the result says why.
-
-  bool Read(const ResultSource& source) {
-    ReadPoints read;
-    result_.readError = ReadTimeTest(files_, source, options_.modes,
-                                     ProgressMeter(progress_, 0.0, kAfterReading), read);
-    if (result_.readError == platform::FileError::GivenUp) return End(ImportOutcome::Stopped);
-    if (result_.readError) return End(ImportOutcome::Unreadable);
-    if (read.points.empty()) return End(ImportOutcome::NoEntries);
-    points_ = std::move(read.points);
-    extremes_ = read.extremes;
+  void Prune() {
     timeoutLevel_ = TimeoutLevel(options_.timeout, extremes_.tMax);
-    if (options_.filterType < kKeepsTimeouts) PruneTimeouts(points_, timeoutLevel_);
-    return true;
+    if (effects_ != nullptr) effects_->timeoutLevel = timeoutLevel_;
+    if (options_.filterType >= kKeepsTimeouts) return;
+    PruneTimeouts(points_, timeoutLevel_, effects_ == nullptr ? nullptr : &effects_->timeouts);
   }
+
+  // Each stage is false when it ends the import; the result says why.
 
   bool MeasureDifferences() {
     PointEquation compiled;
@@ -67,6 +81,7 @@ class Import {
                                       ProgressMeter(progress_, kAfterReading, kAfterDifferences))) {
       return End(ImportOutcome::Stopped);
     }
+    CountFailures(texts::EquationStage::Difference, compiled);
     return Trace({"Diff Type " + std::to_string(result_.differenceType)}, points_,
                  kAfterDifferences);
   }
@@ -78,9 +93,11 @@ class Import {
     if (!Compile(texts::EquationStage::Filter, options_.filterType, compiled, equation)) {
       return EndWith("Error in filter equation #", options_.filterType);
     }
-    return FilterSpikes(points_, options_.filterType, timeoutLevel_, equation,
-                        ProgressMeter(progress_, kAfterDifferences, kAfterFilter)) ||
-           End(ImportOutcome::Stopped);
+    const bool finished = FilterSpikes(points_, options_.filterType, timeoutLevel_, equation,
+                                       ProgressMeter(progress_, kAfterDifferences, kAfterFilter),
+                                       effects_ == nullptr ? nullptr : &effects_->filter);
+    CountFailures(texts::EquationStage::Filter, compiled);
+    return finished || End(ImportOutcome::Stopped);
   }
 
   bool Average() {
@@ -91,10 +108,13 @@ class Import {
       // The number shown is the filter's: catalogues and their manuals count on it.
       return EndWith("Error in value equation #", options_.filterType);
     }
+    const std::vector<double> before = effects_ == nullptr ? std::vector<double>() : Times();
     const ProgressMeter meter(progress_, kAfterFilter, kAfterMean);
     const bool finished = equation != nullptr ? TransformTimes(points_, *equation, meter)
                                               : AverageTimes(points_, options_.meanOver, meter);
     if (!finished) return End(ImportOutcome::Stopped);
+    CountFailures(texts::EquationStage::Value, compiled);
+    CountAveraged(before);
     return Trace({" After filter and mean", "Filter Type " + std::to_string(options_.filterType),
                   "Mean Over " + std::to_string(options_.meanOver)},
                  points_, kAfterMean);
@@ -106,10 +126,26 @@ class Import {
                PointEquation*& equation) const {
     if (number < 1 || number > texts::kEquations) return true;
     const std::string& text =
-        texts_.equations[static_cast<std::size_t>(stage)][static_cast<std::size_t>(number)];
+        equations_[static_cast<std::size_t>(stage)][static_cast<std::size_t>(number)];
     if (text.empty()) return true;
     equation = &compiled;
     return compiled.Compile(text, extremes_);
+  }
+
+  [[nodiscard]] std::vector<double> Times() const {
+    std::vector<double> times;
+    times.reserve(points_.size());
+    for (const MeasuredPoint& point : points_) times.push_back(point.time);
+    return times;
+  }
+  void CountAveraged(const std::vector<double>& before) const {
+    for (std::size_t at = 0; at < before.size(); ++at) {
+      if (points_[at].time != before[at]) ++effects_->averaged;
+    }
+  }
+  void CountFailures(texts::EquationStage stage, const PointEquation& equation) const {
+    if (effects_ == nullptr) return;
+    effects_->failures[static_cast<std::size_t>(stage)] = equation.Failures();
   }
 
   bool End(ImportOutcome outcome) {
@@ -129,11 +165,11 @@ class Import {
            End(ImportOutcome::Stopped);
   }
 
-  platform::FileLayer& files_;
   const ImportOptions& options_;
-  const texts::CatalogueTexts& texts_;
+  const texts::EquationTexts& equations_;
   ImportTrace* trace_;
   const ProgressReport& progress_;
+  ImportEffects* effects_;
   ImportResult result_;
   std::vector<MeasuredPoint> points_;
   Extremes extremes_;
@@ -145,7 +181,13 @@ class Import {
 ImportResult ImportCurve(platform::FileLayer& files, const ResultSource& source,
                          const ImportOptions& options, const texts::CatalogueTexts& texts,
                          ImportTrace* trace, const ProgressReport& progress) {
-  return Import(files, options, texts, trace, progress).Run(source);
+  return Import(options, texts.equations, trace, progress, nullptr).ReadAndRun(files, source);
+}
+
+ImportResult ImportPoints(const ReadPoints& read, const ImportOptions& options,
+                          const texts::EquationTexts& equations, const ProgressReport& progress,
+                          ImportEffects* effects) {
+  return Import(options, equations, nullptr, progress, effects).Run(read.points, read.extremes);
 }
 
 }  // namespace zentab::timetest

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -33,6 +34,16 @@ struct ImportResult {
   bool selectedByRank = false;        // the measures told too few of the points apart
 };
 
+/// What the stages of an import did to the points.
+struct ImportEffects {
+  double timeoutLevel = 0.0;  // in the unit of the times
+  StageEffect timeouts;
+  StageEffect filter;
+  std::size_t averaged = 0;           // points whose time the mean or the value equation changed
+  std::vector<MeasuredPoint> shaped;  // what the points of the curve are selected from
+  std::array<std::size_t, texts::kEquationStages> failures{};  // of a stage's equation
+};
+
 /// Turns the points of a time test into those of a curve: reads them, removes those that did not
 /// trip, measures how the curve bends, filters, averages or transforms the times, and selects at
 /// most 26 points. `trace` (null: none) gets the stages; `progress` may be empty.
@@ -40,5 +51,11 @@ struct ImportResult {
                                        const ImportOptions& options,
                                        const texts::CatalogueTexts& texts, ImportTrace* trace,
                                        const ProgressReport& progress);
+
+/// The same of points that are read already, which are not none; `effects` (null: none) get what
+/// each stage did.
+[[nodiscard]] ImportResult ImportPoints(const ReadPoints& read, const ImportOptions& options,
+                                        const texts::EquationTexts& equations,
+                                        const ProgressReport& progress, ImportEffects* effects);
 
 }  // namespace zentab::timetest

@@ -16,6 +16,12 @@ struct MeasuredPoint {
   friend bool operator==(const MeasuredPoint&, const MeasuredPoint&) = default;
 };
 
+/// What a stage of an import did to the points.
+struct StageEffect {
+  std::vector<MeasuredPoint> removed;  // in their order
+  std::size_t moved = 0;               // those that have another time
+};
+
 struct Extremes {
   double tMin = 0.0;
   double tMax = 0.0;

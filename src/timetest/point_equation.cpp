@@ -29,11 +29,9 @@ std::optional<double> PointEquation::Evaluate(const EquationPlace& place) {
                                                 place.point1.load,
                                                 place.point2.load};
   for (std::size_t at = 0; at < kChanging; ++at) parser_.VarValue(variables_[at], values[at]);
-  try {
-    return parser_.Eval();
-  } catch (const mathparser::EvaluationError&) {
-    return std::nullopt;
-  }
+  const std::optional<double> value = parser_.TryEval();
+  if (!value) ++failures_;
+  return value;
 }
 
 }  // namespace zentab::timetest

@@ -29,10 +29,14 @@ class PointEquation {
   /// The value; nothing where the evaluation fails, as in a division by zero.
   [[nodiscard]] std::optional<double> Evaluate(const EquationPlace& place);
 
+  /// At how many places the evaluation failed.
+  [[nodiscard]] std::size_t Failures() const { return failures_; }
+
  private:
   static constexpr std::size_t kChanging = 8;
 
   mathparser::MathParser parser_;
+  std::size_t failures_ = 0;
   std::array<int, kChanging> variables_{};  // their numbers in the parser, 0: not in the text
 };
 

@@ -42,16 +42,19 @@ bool ApplyEquation(PointEquation& equation, const Triple& triple, std::size_t co
 }  // namespace
 
 bool FilterSpikes(std::vector<MeasuredPoint>& points, std::int16_t type, double timeoutLevel,
-                  PointEquation* equation, ProgressMeter progress) {
+                  PointEquation* equation, ProgressMeter progress, StageEffect* effect) {
   if (points.size() < 3) return true;
   // The list so far is [0, kept) and, behind it, the middle point and all from `at` on.
   std::size_t kept = 1;
   MeasuredPoint middle = points[1];
   for (std::size_t at = 2; at < points.size(); ++at) {
+    const MeasuredPoint asFound = middle;
     const Triple triple = {points[kept - 1], middle, points[at]};
     const std::size_t count = kept + 1 + points.size() - at;
     const bool stays = equation == nullptr ? ApplyType(type, triple, timeoutLevel)
                                            : ApplyEquation(*equation, triple, count, kept + 2);
+    if (effect != nullptr && !stays) effect->removed.push_back(asFound);
+    if (effect != nullptr && stays && middle.time != asFound.time) ++effect->moved;
     if (stays) points[kept++] = middle;
     middle = points[at];
     if (!progress.Step(at, points.size())) return false;

@@ -17,9 +17,10 @@ namespace zentab::timetest {
 ///           others stay as they are.
 /// Any other type does nothing. With an equation, evaluated for the last point of the triple, the
 /// middle point gets its value as new time, or is deleted when that is negative; where it cannot be
-/// evaluated the point stays. False when `progress` stopped it.
+/// evaluated the point stays. `effect` (null: none) gets what it did. False when `progress` stopped
+/// it.
 [[nodiscard]] bool FilterSpikes(std::vector<MeasuredPoint>& points, std::int16_t type,
                                 double timeoutLevel, PointEquation* equation,
-                                ProgressMeter progress);
+                                ProgressMeter progress, StageEffect* effect = nullptr);
 
 }  // namespace zentab::timetest

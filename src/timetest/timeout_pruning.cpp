@@ -10,7 +10,7 @@ double TimeoutLevel(std::string_view catalogueText, double tMax) {
   return level < 1.0 ? tMax * 0.99 : level;
 }
 
-void PruneTimeouts(std::vector<MeasuredPoint>& points, double timeoutLevel) {
+void PruneTimeouts(std::vector<MeasuredPoint>& points, double timeoutLevel, StageEffect* effect) {
   if (points.size() < 3) return;
   const auto isTimeout = [&](std::size_t at) { return !(points[at].time < timeoutLevel); };
   bool hasTripped = false;
@@ -20,6 +20,7 @@ void PruneTimeouts(std::vector<MeasuredPoint>& points, double timeoutLevel) {
     if (!isTimeout(at)) {
       hasTripped = true;
     } else if (hasTripped || isTimeout(at + 1)) {
+      if (effect != nullptr) effect->removed.push_back(points[at]);
       continue;
     }
     points[kept++] = points[at];

@@ -13,7 +13,9 @@ namespace zentab::timetest {
 [[nodiscard]] double TimeoutLevel(std::string_view catalogueText, double tMax);
 
 /// Removes the points that did not trip: of those before the first trip all but the last, of those
-/// after it all. The first and the last point of the list stay in any case.
-void PruneTimeouts(std::vector<MeasuredPoint>& points, double timeoutLevel);
+/// after it all. The first and the last point of the list stay in any case. `effect` (null: none)
+/// gets what was removed.
+void PruneTimeouts(std::vector<MeasuredPoint>& points, double timeoutLevel,
+                   StageEffect* effect = nullptr);
 
 }  // namespace zentab::timetest

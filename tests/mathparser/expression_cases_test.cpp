@@ -47,6 +47,7 @@ void ExpectValue(MathParser& parser, double expected) {
   const double value = parser.Eval();
   EXPECT_NEAR(value, expected, 1e-14 * std::abs(expected));
   EXPECT_EQ(parser.Eval(), value);
+  EXPECT_EQ(parser.TryEval(), value);
   for (int variable = 1; variable <= parser.VarTop(); ++variable) {
     const std::vector<double> values(3, parser.VarValue(variable));
     EXPECT_EQ(parser.EvalMulti(values, variable), std::vector<double>(3, value));
@@ -62,6 +63,7 @@ void ExpectValue(MathParser& parser, double expected) {
 void ExpectError(MathParser& parser, const std::string& expected) {
   EXPECT_EQ(ErrorOf([&] { (void)parser.Eval(); }), expected);
   EXPECT_EQ("1001 " + parser.ErrorDescription(), expected);
+  EXPECT_EQ(parser.TryEval(), std::nullopt);
   for (int variable = 1; variable <= parser.VarTop(); ++variable) {
     const std::vector<double> values(3, parser.VarValue(variable));
     EXPECT_EQ(ErrorOf([&] { (void)parser.EvalMulti(values, variable); }), expected);

@@ -351,5 +351,22 @@ TEST(Members, DumpShowsTheLastEvaluation) {
   }
 }
 
+TEST(MathParserErrors, SayTheCharacter) {
+  const struct {
+    std::string_view text;
+    int position;
+  } cases[] = {
+      {"1+1", 0},  {"(x", 3},     {"x)", 2},       {"2*", 3},       {"", 1},
+      {"2**3", 3}, {"foo(1)", 1}, {"  foo(1)", 3}, {"1+foo(1)", 3}, {"max(1)+1", 6},
+      {"1+2a", 3}, {"|x", 1},     {"zz#+1", 1},    {"1,2", 2},      {"α+(1", 1},
+  };
+  MathParser parser;
+  for (const auto& row : cases) {
+    EXPECT_EQ(parser.StoreExpression(row.text), row.position == 0);
+    EXPECT_EQ(parser.ErrorPosition(), row.position)
+        << row.text << ": " << parser.ErrorDescription();
+  }
+}
+
 }  // namespace
 }  // namespace zentab::mathparser

@@ -51,6 +51,7 @@
 #include "app/widgets/testset/instrument_controller.h"
 #include "app/widgets/testset/reference_graph_controller.h"
 #include "app/widgets/testset/time_test_controller.h"
+#include "app/widgets/testset/workbench_controller.h"
 #include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
 #include "app/widgets/window_title.h"
@@ -256,6 +257,7 @@ void MainWindow::ConnectTimeTest() {
           &TimeTestController::UpdateTimeTestAvailability);
   connect(instruments_, &InstrumentController::OpenFailed, timeTest_,
           &TimeTestController::Withdraw);
+  new WorkbenchController({session_, files_, forms_, catalogues_, *timeTest_, *chart_});
 }
 
 void MainWindow::ConnectInstruments() {

@@ -101,6 +101,10 @@ QWidget* ChartPanel::BuildStrip() {
   buttons->addStretch(1);
   command10 = button("Command10", QStringLiteral("Im&port time test"), true);
   command10->setToolTip(QStringLiteral("Imports the table from the time test."));
+  commandPreview = button("CommandPreview", QStringLiteral("Import wit&h preview…"), true);
+  commandPreview->setToolTip(
+      QStringLiteral("Shows the points of the last time test and what the import makes of them, "
+                     "before it is done"));
   return strip;
 }
 

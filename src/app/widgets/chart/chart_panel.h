@@ -29,6 +29,7 @@ class ChartPanel : public QWidget {
   QPushButton* command5 = nullptr;   // Set GRH
   QPushButton* command6 = nullptr;   // Import GRH
   QPushButton* command10 = nullptr;  // Import time test
+  QPushButton* commandPreview = nullptr;
   QLineEdit* text4 = nullptr;        // difference type
   QLineEdit* text5 = nullptr;        // filter type
   QLineEdit* text6 = nullptr;        // width of the mean

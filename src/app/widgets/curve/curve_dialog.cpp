@@ -62,7 +62,7 @@ void CurveDialog::Refresh() {
   std::vector<QPointF> points;
   for (const curves::Point& point : proposal_.points) points.emplace_back(point.load, point.time);
   preview_.Show(points);
-  ok_->setEnabled(!proposal_.points.empty());
+  ok_->setEnabled(!proposal_.points.empty() && CanBeTaken());
   std::string text;
   if (fault == nullptr) text = Describe(proposal_);
   QLabel* const place = fault ? PlaceFor(*fault) : nullptr;

@@ -41,6 +41,8 @@ class CurveDialog : public QDialog {
   [[nodiscard]] virtual Proposed Propose() = 0;
   /// What to say of a proposal.
   [[nodiscard]] virtual std::string Describe(const CurveProposal& proposal) const;
+  /// Whether what is proposed may be confirmed as well.
+  [[nodiscard]] virtual bool CanBeTaken() const { return true; }
   /// Where to say what is wrong with a field; nothing: with the rest.
   [[nodiscard]] virtual QLabel* PlaceFor(const FormFault& fault);
 

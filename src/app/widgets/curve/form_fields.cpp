@@ -32,11 +32,15 @@ void FormFields::Add(std::string_view name, const std::string& label, QWidget* f
 
 QLineEdit* FormFields::AddText(std::string_view name, const std::string& label) {
   auto* const field = new QLineEdit(parent_);
+  AddText(name, label, field);
+  return field;
+}
+
+void FormFields::AddText(std::string_view name, const std::string& label, QLineEdit* field) {
   field->setMinimumWidth(kTextWidth);
   Add(name, label, field);
   texts_[std::string(name)] = field;
   connect(field, &QLineEdit::textChanged, this, &FormFields::Changed);
-  return field;
 }
 
 QComboBox* FormFields::AddChoice(std::string_view name, const std::string& label,

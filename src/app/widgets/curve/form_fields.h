@@ -28,6 +28,8 @@ class FormFields : public QObject {
   FormFields(QFormLayout& form, QWidget* parent);
 
   QLineEdit* AddText(std::string_view name, const std::string& label);
+  /// A field that was made already.
+  void AddText(std::string_view name, const std::string& label, QLineEdit* field);
   QComboBox* AddChoice(std::string_view name, const std::string& label, const Choices& choices);
   /// A heading above the rows that follow.
   void AddHeading(const std::string& text);

@@ -11,6 +11,7 @@
 #include "app/session_texts.h"
 #include "app/widgets/accessible_names.h"
 #include "app/widgets/curve/form_fields.h"
+#include "app/widgets/equation/equation_field.h"
 
 namespace zentab::app {
 namespace {
@@ -82,19 +83,24 @@ void StandardCurveDialog::BuildFields() {
       }
       fields_->AddChoice("spacing", texts.spacing, spacings);
     }
-    fields_->AddText(row.name, Expanded(session, texts.*row.label, {LoadUnit(session)}));
-    if (row.name == "equation") BuildEquationHint();
+    const std::string label = Expanded(session, texts.*row.label, {LoadUnit(session)});
+    if (row.name == "equation") {
+      BuildEquation(label);
+    } else {
+      fields_->AddText(row.name, label);
+    }
   }
 }
 
-void StandardCurveDialog::BuildEquationHint() {
+void StandardCurveDialog::BuildEquation(const std::string& label) {
   const Session& session = CurrentSession();
+  equation_ = new EquationField(session, CharacteristicVariables(session), this);
+  fields_->AddText("equation", label, equation_);
   equationFault_ = new QLabel(this);
   equationFault_->setObjectName(QStringLiteral("LabelEquation"));
   equationFault_->setWordWrap(true);
-  fields_->Field("equation")
-      ->setToolTip(
-          ToQt(Expanded(session, session.texts.curveDialogs.equationHint, {LoadUnit(session)})));
+  equation_->setToolTip(
+      ToQt(Expanded(session, session.texts.curveDialogs.equationHint, {LoadUnit(session)})));
   form_->addRow(QString(), equationFault_);
 }
 
@@ -184,6 +190,10 @@ FormValues StandardCurveDialog::Values() const {
 
 CurveDialog::Proposed StandardCurveDialog::Propose() {
   equationFault_->clear();
+  const EquationRemark& remark = equation_->Remark();
+  if (FamilyIn(Values()) == Family::Equation && remark.isFault) {
+    return FormFault{"equation", remark.text};
+  }
   return ProposeCurve(Values(), CurrentSession());
 }
 

@@ -9,6 +9,7 @@ class QLabel;
 
 namespace zentab::app {
 
+class EquationField;
 class FormFields;
 
 /// Makes a table of a characteristic.
@@ -32,7 +33,7 @@ class StandardCurveDialog final : public CurveDialog {
  private:
   void BuildFields();
   void BuildOwnRow();
-  void BuildEquationHint();
+  void BuildEquation(const std::string& label);
   void FollowFields();
   void FillForFamily(curves::Family former);
   void ListOwn();
@@ -46,6 +47,7 @@ class StandardCurveDialog final : public CurveDialog {
   QComboBox* ownName_;
   QWidget* ownRow_;
   QLabel* formula_;
+  EquationField* equation_;
   QLabel* equationFault_;
   curves::Family family_ = curves::Family::IecA;
 };

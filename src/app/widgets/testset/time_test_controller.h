@@ -28,6 +28,8 @@ class TimeTestController : public QObject {
   /// The user comes back to the window, perhaps from a time test: looks again, unless withdrawn.
   void LookAgain();
   void ImportTimeTest();
+  /// What the command would do is going to be shown.
+  void BeginPreview() { Q_EMIT GridNeeded(); }
 
  Q_SIGNALS:
   /// Table or library are about to change, in one step of the user's.

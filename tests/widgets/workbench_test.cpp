@@ -1,0 +1,275 @@
+#include <QCheckBox>
+#include <QDateTime>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+
+#include "app/form_values.h"
+#include "editor/clipboard_text.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kSite =
+    "F1.LOGGFILE {on}\r\n"
+    "TABLE.PRINT {1}\r\n"
+    "DIFF.EQUATION.1 {(t2-t1)-(t1-t0)}\r\n"
+    "FILTER.EQUATION.7 {t1*(t1<3)-(t1>=3)}\r\n"
+    "FILTER.EQUATION.8 {t1+*2}\r\n"
+    "VALUE.EQUATION.3 {t0*2}\r\n";
+const QString kCatalogue = QStringLiteral("Zentab1.txt");
+const QString kResult = QStringLiteral("data/current/result.txt");
+
+class WorkbenchTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start(const std::string& separator = ".") {
+    made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n", separator);
+    made_->Write(kCatalogue, kSite);
+    made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
+    QDir(made_->Path(".")).mkpath("data/current");
+    QByteArray result = "Test\r\n";
+    for (int point = 1; point <= 60; ++point) {
+      const int time = point < 5 ? 60000 : 90000 / point + (point % 9 == 0 ? 700 : 0);
+      result += QByteArray::number(point) + '\t' + QByteArray::number(point / 10.0) + '\t' +
+                QByteArray::number(time) + "\t\r\n";
+    }
+    made_->Write(kResult, result);
+    made_->window.reset();
+    made_->Open();
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Click("Option1");
+    return *made_;
+  }
+  [[nodiscard]] QDialog* Opened() const {
+    made_->Click("CommandPreview");
+    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) qFatal("no dialog opens");
+    return dialog;
+  }
+  [[nodiscard]] static QString Said(const QDialog& dialog, const char* label) {
+    return dialog.findChild<QLabel*>(QLatin1String(label))->text();
+  }
+  static void Set(const QDialog& dialog, const char* field, int number) {
+    dialog.findChild<QSpinBox*>(QLatin1String(field))->setValue(number);
+  }
+  [[nodiscard]] static QPushButton* Ok(const QDialog& dialog) {
+    return dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+  }
+  [[nodiscard]] QString Grid() const {
+    return QString::fromStdString(
+        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
+  }
+  // What an import leaves behind, whoever gave the command.
+  struct Outcome {
+    QString grid;
+    QByteArray log;
+    QByteArray trace;
+    std::vector<std::string> asked;
+    QString fields;
+    QString undo;
+
+    bool operator==(const Outcome&) const = default;
+  };
+  [[nodiscard]] Outcome Left() const {
+    Outcome outcome{Grid(), {}, made_->Bytes("Zentab_ImportTable.txt"), made_->dialogs.asked,
+                    {},     {}};
+    // Lines begin with the time.
+    for (const QByteArray& line : made_->Bytes("Zentab.log").split('\n')) {
+      outcome.log += line.mid(line.indexOf(' ', 1)) + '\n';
+    }
+    for (const char* const field : {"Text4", "Text5", "Text6"}) {
+      outcome.fields += made_->Find<QLineEdit>(field)->text() + ' ';
+    }
+    made_->Find<QAction>("m_undo")->trigger();
+    outcome.undo = Grid();
+    return outcome;
+  }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void AcceptingDoesWhatTheButtonDoes_data() {
+    QTest::addColumn<int>("difference");
+    QTest::addColumn<int>("filter");
+    QTest::addColumn<int>("mean");
+    QTest::addColumn<QString>("timeout");  // of the catalogue, for the button
+    QTest::addColumn<bool>("edited");
+    QTest::addColumn<bool>("answer");
+    int number = 0;
+    const auto row = [&number](int difference, int filter, int mean, const char* timeout,
+                               bool edited = false, bool answer = true) {
+      QTest::addRow("%d", ++number) << difference << filter << mean << timeout << edited << answer;
+    };
+    row(0, 0, 0, "0");
+    row(0, 2, 1, "0");
+    row(1, 3, 5, "0");
+    row(1, 7, 3, "0");
+    row(5, 0, 3, "2.5");
+    row(-3, 1, 32767, "30");
+    row(0, -32768, 2, "0.5");
+    row(0, 0, 2, "0", true, true);
+    row(0, 0, 2, "0", true, false);
+  }
+  void AcceptingDoesWhatTheButtonDoes() {
+    QFETCH(int, difference);
+    QFETCH(int, filter);
+    QFETCH(int, mean);
+    QFETCH(QString, timeout);
+    QFETCH(bool, edited);
+    QFETCH(bool, answer);
+    const auto begin = [&] {
+      WindowFixture& fixture = Start(",");
+      fixture.dialogs.answer = answer;
+      fixture.session.table.grid.SetCell(1, 1, "mine");
+      fixture.session.table.tableModified = edited;
+    };
+    begin();
+    made_->session.texts.import.timeout = timeout.toStdString();
+    made_->Find<QLineEdit>("Text4")->setText(QString::number(difference));
+    made_->Find<QLineEdit>("Text5")->setText(QString::number(filter));
+    made_->Find<QLineEdit>("Text6")->setText(QString::number(mean));
+    made_->Click("Command10");
+    const Outcome byButton = Left();
+    begin();
+    const QDialog& dialog = *Opened();
+    Set(dialog, "Field_difference", difference);
+    Set(dialog, "Field_filter", filter);
+    Set(dialog, "Field_mean", mean);
+    dialog.findChild<QLineEdit*>("Field_timeout")->setText(timeout.replace('.', ','));
+    QTRY_VERIFY(Ok(dialog)->isEnabled());
+    Ok(dialog)->click();
+    QVERIFY(Left() == byButton);
+    QCOMPARE(byButton.asked.size(), std::size_t{edited ? 1U : 0U});
+    QCOMPARE(made_->session.texts.import.timeout, std::string());
+  }
+
+  void AnEquationIsWrittenCorrectedAndTried() {
+    Start();
+    const QDialog& dialog = *Opened();
+    auto* const list = dialog.findChild<QListWidget*>("ListEquations");
+    auto* const field = dialog.findChild<QLineEdit*>("Field_equation");
+    const auto* const write = dialog.findChild<QPushButton*>("CommandWrite");
+    QTRY_VERIFY(Ok(dialog)->isEnabled());
+    list->setCurrentRow(3);
+    field->setFocus();
+    QTest::keyClicks(field, "abs(t0-t1)*tm");
+    auto* const offered = QApplication::activePopupWidget();
+    QVERIFY(offered != nullptr && offered->objectName() == QLatin1String("ListCompletions"));
+    QTest::keyClick(offered, Qt::Key_Down);
+    QTest::keyClick(offered, Qt::Key_Return);
+    QCOMPARE(field->text(), QStringLiteral("abs(t0-t1)*tMax"));
+    QTest::keyClicks(field, "+)");
+    QCOMPARE(Said(dialog, "LabelRemark"),
+             QStringLiteral("Character 17: Too many closing brackets"));
+    QVERIFY(!write->isEnabled());
+    QTest::keyClick(field, Qt::Key_Backspace);
+    QTest::keyClicks(field, "1");
+    QCOMPARE(Said(dialog, "LabelRemark"), QString());
+    QVERIFY(Ok(dialog)->isEnabled());  // it is not in use
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(dialog.findChild<QSpinBox*>("Field_difference")->value(), 4);
+    QVERIFY(dialog.isVisible() && !Ok(dialog)->isEnabled());
+    QCOMPARE(made_->Bytes(kCatalogue), kSite);
+    dialog.findChild<QPushButton*>("CommandWrite")->click();
+    QCOMPARE(made_->Bytes(kCatalogue), kSite + "DIFF.EQUATION.4 {abs(t0-t1)*tMax+1}\r\n");
+    QCOMPARE(made_->session.texts.equations[0][4], std::string("abs(t0-t1)*tMax+1"));
+    QTRY_VERIFY(Ok(dialog)->isEnabled());
+    // One that cannot be written says so, and stays a draft.
+    made_->files.bytesThatFit = 0;
+    QTest::keyClicks(field, "2");
+    dialog.findChild<QPushButton*>("CommandWrite")->click();
+    QVERIFY(Said(dialog, "LabelRemark").startsWith(QLatin1String("Not written to Zentab1.txt: ")));
+    QVERIFY(write->isEnabled() && !Ok(dialog)->isEnabled());
+    QVERIFY(made_->Bytes(kCatalogue).endsWith("tMax+1}\r\n"));
+    dialog.findChild<QPushButton*>("CommandRevert")->click();
+    QTRY_VERIFY(Ok(dialog)->isEnabled());
+  }
+
+  void StagesSayWhatTheyDoAndWhatIsWrong() {
+    Start();
+    const QDialog& dialog = *Opened();
+    const QString source = Said(dialog, "LabelSource");
+    QTRY_COMPARE(Said(dialog, "LabelEffect0"), QStringLiteral("60 points"));
+    QTRY_COMPARE(Said(dialog, "LabelEffect1"), QStringLiteral("2 removed, from 59.4 s"));
+    Set(dialog, "Field_mean", 2);
+    Set(dialog, "Field_filter", 2);
+    QTRY_VERIFY(Said(dialog, "LabelEffect3").endsWith(QLatin1String(" removed")));
+    QTRY_VERIFY(Said(dialog, "LabelEffect4").endsWith(QLatin1String(" moved")));
+    Set(dialog, "Field_filter", 8);
+    QTRY_COMPARE(Said(dialog, "LabelOutcome"), QStringLiteral("Error in filter equation #8"));
+    QVERIFY(!Ok(dialog)->isEnabled());
+    Set(dialog, "Field_filter", 0);
+    QTRY_VERIFY(Ok(dialog)->isEnabled());
+    dialog.findChild<QLineEdit*>("Field_timeout")->setText("-1");
+    QVERIFY(!Ok(dialog)->isEnabled());
+  }
+
+  void AnOlderResultSaysSoHereAlone() {
+    Start();
+    made_->Click("Command10");
+    QTRY_VERIFY(made_->store.values.contains("LastResults"));
+    const auto changeAt = [this](int days) {
+      QFile file(made_->Path(kResult));
+      QVERIFY(file.open(QIODevice::ReadWrite));
+      QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(days),
+                               QFileDevice::FileModificationTime));
+    };
+    const auto isOlder = [this] {
+      QDialog* const dialog = Opened();
+      if (!QTest::qWaitFor([&] { return Ok(*dialog)->isEnabled(); })) qFatal("nothing is read");
+      const bool isTold = dialog->findChild<QLabel*>("LabelOlder")->isVisible();
+      dialog->reject();
+      return isTold;
+    };
+    QVERIFY(!isOlder());
+    changeAt(1);
+    QVERIFY(!isOlder());
+    changeAt(-1);
+    QVERIFY(isOlder());
+    // Imported in spite of that, it is the last one.
+    const std::string before = made_->store.values["LastResults"];
+    made_->Click("Command10");
+    QTRY_VERIFY(made_->store.values["LastResults"] != before);
+    QVERIFY(!isOlder());
+  }
+
+  void TheCommandIsOfferedWhereTheClassicOneIs() {
+    WindowFixture& fixture = Start();
+    const auto* const command = fixture.Find<QPushButton>("CommandPreview");
+    QVERIFY(command->isVisible() && command->isEnabled());
+    made_->Click("Option2");
+    QVERIFY(!command->isEnabled());
+    made_->Click("Option1");
+    QVERIFY(command->isEnabled());
+    // A file that goes while it is shown, and a dialog that goes while it reads.
+    QVERIFY(QFile::remove(fixture.Path(kResult)));
+    QDialog* const dialog = Opened();
+    QTRY_COMPARE(Said(*dialog, "LabelOutcome"),
+                 QString::fromStdString(fixture.session.texts.program.noTimeTest));
+    QVERIFY(!Ok(*dialog)->isEnabled());
+    dialog->reject();
+    Opened()->reject();
+    QCoreApplication::processEvents();
+    fixture.Write("Zentab2.txt", "F1.IMPORT.TIMETEST.BUTTON.ENABLE {0}\r\n");
+    fixture.window.reset();
+    fixture.Open();
+    QVERIFY(!fixture.Find<QPushButton>("CommandPreview")->isVisible());
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::WorkbenchTest)
+#include "workbench_test.moc"
