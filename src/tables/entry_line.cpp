@@ -123,9 +123,7 @@ Instrument InstrumentOf(std::string_view bytes) {
     return ParseEntryLine(texts::DecodeLine(bytes)).instrument.value_or(Instrument::None);
   }
   const char digit = settings.size() > 2 ? settings[2] : '0';
-  return digit == '1'   ? Instrument::Current
-         : digit == '2' ? Instrument::Voltage
-                        : Instrument::None;
+  return digit == '1' ? Instrument::Current : digit == '2' ? Instrument::Voltage : Instrument::None;
 }
 
 std::optional<std::string> ParseEntryName(std::string_view bytes) {

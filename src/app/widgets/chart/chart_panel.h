@@ -30,9 +30,9 @@ class ChartPanel : public QWidget {
   QPushButton* command6 = nullptr;   // Import GRH
   QPushButton* command10 = nullptr;  // Import time test
   QPushButton* commandPreview = nullptr;
-  QLineEdit* text4 = nullptr;        // difference type
-  QLineEdit* text5 = nullptr;        // filter type
-  QLineEdit* text6 = nullptr;        // width of the mean
+  QLineEdit* text4 = nullptr;  // difference type
+  QLineEdit* text5 = nullptr;  // filter type
+  QLineEdit* text6 = nullptr;  // width of the mean
 
  private:
   [[nodiscard]] QWidget* BuildChartPlace();
