@@ -6,12 +6,6 @@
 #include "texts/text_catalogue.h"
 
 namespace zentab::app {
-namespace {
-
-constexpr std::string_view kSuiteKey = "SOFTWARE\\HALDOR\\MIRAXWIN";
-constexpr std::string_view kSuiteValue = "MIRAX";
-
-}  // namespace
 
 std::string FindInstallFolder(const platform::Registry& registry,
                               const std::filesystem::path& executable) {

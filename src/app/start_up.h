@@ -12,6 +12,10 @@
 
 namespace zentab::app {
 
+/// Where the registry names the test-set suite's installation.
+inline constexpr std::string_view kSuiteKey = "SOFTWARE\\HALDOR\\MIRAXWIN";
+inline constexpr std::string_view kSuiteValue = "MIRAX";
+
 /// The folder of the test-set suite's installation: what the registry says, trimmed of blanks,
 /// else the folder of the program's own executable. A relative one is taken from the folder the
 /// program was started in, once and for all.

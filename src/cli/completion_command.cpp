@@ -105,8 +105,9 @@ std::string ZshArgument(const CLI::Option& option) {
   }
   std::string arguments;
   for (const std::string& name : NamesOf(option)) {
-    arguments +=
-        " \\\n        '" + name + '[' + ZshText(option.get_description()) + ']' + action + '\'';
+    arguments += " \\\n        '" + name + '[';
+    arguments += ZshText(option.get_description()) + ']';
+    arguments += action + '\'';
   }
   return arguments;
 }

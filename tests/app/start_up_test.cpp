@@ -1,5 +1,6 @@
 #include "app/start_up.h"
 
+#include "app/demo_copy.h"
 #include "platform/paths.h"
 #include "support/environment.h"
 #include "support/temporary_folder.h"
@@ -56,6 +57,27 @@ TEST_F(StartUpFolder, ASessionBeginsInTheInstallationWithTheSettings) {
     EXPECT_EQ(session.modes.pickup, "2,5");
   }
 }
+
+#ifndef _WIN32
+TEST_F(StartUpFolder, TheDemoIsCopiedToWhereTheRegistryFindsIt) {
+  const std::filesystem::path executable = Folder() / "bin" / "Zentab";
+  const std::filesystem::path scratch = Folder() / "scratch";
+  EXPECT_EQ(CopyDemo(executable, scratch), std::errc::no_such_file_or_directory);
+  for (const char* const folder : {"share", "bin", "bin/instruments"}) {
+    std::filesystem::create_directories(Folder() / folder);
+  }
+  // A package keeps it elsewhere.
+  std::filesystem::create_directory_symlink("../share", Folder() / "bin" / "demo");
+  Write("share/relayTables.dat", "table");
+  Write("bin/instruments/CURR_API.so", "module");
+  ASSERT_FALSE(CopyDemo(executable, scratch));
+  const test::Variable folder("ZENTAB_REGISTRY_DIR", (scratch / "registry").string());
+  const std::filesystem::path found = FindInstallFolder(*platform::SystemRegistry(), executable);
+  EXPECT_EQ(found, scratch / "installation");
+  EXPECT_EQ(test::BytesOf(found / "relayTables.dat"), "table");
+  EXPECT_EQ(test::BytesOf(found / "CURR_API.so"), "module");
+}
+#endif
 
 TEST(StartUp, TheDecimalSeparatorIsCleanedOfWhatTheSystemAdds) {
   const std::pair<std::optional<std::string>, std::string_view> cases[] = {

@@ -196,6 +196,18 @@ class WorkbenchTest : public QObject {
     QTRY_VERIFY(Ok(dialog)->isEnabled());
   }
 
+  void WhatIsNotWrittenIsThereTheNextTime() {
+    Start();
+    QDialog* dialog = Opened();
+    dialog->findChild<QLineEdit*>("Field_equation")->setText("t0+");
+    dialog->reject();
+    dialog = Opened();
+    QCOMPARE(dialog->findChild<QLineEdit*>("Field_equation")->text(), QStringLiteral("t0+"));
+    dialog->findChild<QPushButton*>("CommandRevert")->click();
+    dialog->reject();
+    QVERIFY(!Opened()->findChild<QPushButton*>("CommandRevert")->isEnabled());
+  }
+
   void StagesSayWhatTheyDoAndWhatIsWrong() {
     Start();
     const QDialog& dialog = *Opened();

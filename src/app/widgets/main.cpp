@@ -1,10 +1,14 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
+#include "app/demo_copy.h"
 #include "app/settings.h"
 #include "app/start_up.h"
 #include "app/widgets/library/library_controller.h"
@@ -71,38 +75,70 @@ int RunWithoutWindow(int argc, char* argv[], const std::vector<std::string>& arg
   return app::RunWindowless(arguments);
 }
 
-int Run(int argc, char* argv[]) {
-  platform::ReportFileSizeLimit();
-  const std::vector<std::string> given = platform::ProgramArguments(argc, argv);
-  if (app::IsWindowless(given)) return RunWithoutWindow(argc, argv, given);
-  QApplication application(argc, argv);
-  QCommandLineParser arguments;
+struct Arguments {
+  QString picture;
+  QString table;
+  bool isDemo = false;
+};
+
+// Nothing where there are too many.
+std::optional<Arguments> ReadArguments(const QApplication& application) {
+  QCommandLineParser parser;
   const QCommandLineOption screenshot(
       QStringLiteral("screenshot"),
       QStringLiteral("Draw the window with the first entry into a PNG file and end."),
       QStringLiteral("file"));
-  arguments.setApplicationDescription(QStringLiteral(
+  const QCommandLineOption demo(
+      QStringLiteral("demo"),
+      QStringLiteral("Work on a fresh copy of the demo installation, with simulated instruments."));
+  parser.setApplicationDescription(QStringLiteral(
       "Relay curve tables. Without a window: --report FILE ENTRY... -o report.pdf and "
       "--chart FILE ENTRY -o chart.svg, which --report --help explains."));
-  arguments.addHelpOption();
-  arguments.addOption(screenshot);
-  arguments.addPositionalArgument(QStringLiteral("FILE"),
-                                  QStringLiteral("Table file to begin with; the one used last "
-                                                 "unless given."),
-                                  QStringLiteral("[FILE]"));
-  arguments.process(application);
-  const QStringList named = arguments.positionalArguments();
-  if (named.size() > 1) {
+  parser.addHelpOption();
+  parser.addOptions({screenshot, demo});
+  parser.addPositionalArgument(QStringLiteral("FILE"),
+                               QStringLiteral("Table file to begin with; the one used last "
+                                              "unless given."),
+                               QStringLiteral("[FILE]"));
+  parser.process(application);
+  const auto whole = [](const QString& path) {
+    return path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
+  };
+  const QStringList named = parser.positionalArguments();
+  if (named.size() > 1) return std::nullopt;
+  return Arguments{whole(parser.value(screenshot)), whole(named.value(0)), parser.isSet(demo)};
+}
+
+// The copy stays behind, with what was tried on it; the system clears its temporary files away.
+bool BeginDemo(const std::filesystem::path& executable) {
+  QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/zentab-demo-XXXXXX"));
+  folder.setAutoRemove(false);
+  const std::error_code error =
+      app::CopyDemo(executable, platform::ToPath(folder.path().toStdString()));
+  if (error) {
+    std::fprintf(stderr, "Zentab: the demo installation cannot be copied: %s\n",
+                 error.message().c_str());
+    return false;
+  }
+  std::printf("The demo installation is %s/installation\n", qPrintable(folder.path()));
+  qputenv("ZENTAB_REGISTRY_DIR", QFile::encodeName(folder.filePath(QStringLiteral("registry"))));
+  qputenv("ZENTAB_SETTINGS_DIR", QFile::encodeName(folder.filePath(QStringLiteral("settings"))));
+  return true;
+}
+
+int Run(int argc, char* argv[]) {
+  platform::ReportFileSizeLimit();
+  const std::vector<std::string> given = platform::ProgramArguments(argc, argv);
+  if (app::IsWindowless(given)) return RunWithoutWindow(argc, argv, given);
+  const QApplication application(argc, argv);
+  const std::optional<Arguments> arguments = ReadArguments(application);
+  if (!arguments) {
     std::fputs("Zentab: one table file at most\n", stderr);
     return kWrongUsage;
   }
-  const QString picture = arguments.isSet(screenshot)
-                              ? QFileInfo(arguments.value(screenshot)).absoluteFilePath()
-                              : QString();
-
-  const QString table = named.isEmpty() ? QString() : QFileInfo(named.first()).absoluteFilePath();
-
+  const auto& [picture, table, isDemo] = *arguments;
   const std::filesystem::path executable = platform::ExecutablePath();
+  if (isDemo && !BeginDemo(executable)) return 1;
   const auto store = platform::UserSettingsStore();
   app::Settings settings = app::LoadSettings(*store, platform::BaseName(executable), kTitle);
   app::Session session = app::StartSession(settings, *platform::SystemRegistry(), executable);

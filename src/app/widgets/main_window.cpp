@@ -257,7 +257,8 @@ void MainWindow::ConnectTimeTest() {
           &TimeTestController::UpdateTimeTestAvailability);
   connect(instruments_, &InstrumentController::OpenFailed, timeTest_,
           &TimeTestController::Withdraw);
-  new WorkbenchController({session_, files_, forms_, catalogues_, *timeTest_, *chart_});
+  workbench_ =
+      new WorkbenchController({session_, files_, forms_, catalogues_, *timeTest_, *chart_});
 }
 
 void MainWindow::ConnectInstruments() {

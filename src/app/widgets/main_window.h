@@ -49,6 +49,7 @@ class StatusLine;
 class TablePanel;
 class TimeTestController;
 class ValueModeBinding;
+class WorkbenchController;
 
 /// What the main window works with; all of it outlives the window.
 struct MainWindowParts {
@@ -114,6 +115,7 @@ class MainWindow : public QMainWindow {
   ChartPanel* chart_;
   LibraryController* libraryController_;
   TimeTestController* timeTest_;
+  WorkbenchController* workbench_ = nullptr;  // once the test is connected
   InstrumentController* instruments_;
   ReferenceGraphController* graphs_;
   ClipboardController* clipboard_;

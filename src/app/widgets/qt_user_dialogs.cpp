@@ -104,7 +104,7 @@ QString QtUserDialogs::ChooseFileToRead(const QString& filters) {
   if (read_.isEmpty()) {
     read_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
   }
-  const QString file = ChooseFile(read_, filters, QFileDialog::AcceptOpen);
+  QString file = ChooseFile(read_, filters, QFileDialog::AcceptOpen);
   if (!file.isEmpty()) read_ = QFileInfo(file).absolutePath();
   return file;
 }

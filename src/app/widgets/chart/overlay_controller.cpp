@@ -75,7 +75,7 @@ void OverlayController::AddTo(QMenu& view) {
     action->setObjectName(QLatin1String(name));
     return action;
   };
-  connect(add("m_cmpentry", QStringLiteral("Selected &entry as a further curve")),
+  connect(add("m_cmpentry", QStringLiteral("Selected &entries as further curves")),
           &QAction::triggered, this, &OverlayController::AddSelectedEntries);
   connect(add("m_cmpfile", QStringLiteral("Entries of another &file…")), &QAction::triggered, this,
           &OverlayController::AddFromFile);

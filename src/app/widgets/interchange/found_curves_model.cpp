@@ -30,7 +30,7 @@ QString FoundCurvesModel::Text(const Row& row, int column) const {
   const FoundCurve& curve = *row.curve;
   if (column == kNameColumn) return ShownName(row.name);
   const auto* const table = std::get_if<curves::ChosenPoints>(&curve.table);
-  const QString count = QString::number(curve.pointCount);
+  QString count = QString::number(curve.pointCount);
   if (column == kPointsColumn) {
     if (table == nullptr || table->points.size() == curve.pointCount) return count;
     return QStringLiteral("%1 → %2").arg(count).arg(table->points.size());

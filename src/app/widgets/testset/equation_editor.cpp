@@ -142,6 +142,14 @@ texts::EquationTexts EquationEditor::Equations() const {
   return equations;
 }
 
+void EquationEditor::TakeDrafts(const DraftTexts& drafts) {
+  drafts_ = drafts;
+  std::erase_if(drafts_, [this](const auto& draft) {
+    return draft.second == EquationOf(session_.texts.equations, draft.first);
+  });
+  ShowStage();
+}
+
 void EquationEditor::Choose(EquationId equation) {
   const auto row = std::ranges::find(kStages, equation.stage, &StageRow::stage);
   stages_->setCurrentIndex(static_cast<int>(row - std::begin(kStages)));

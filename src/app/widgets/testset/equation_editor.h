@@ -20,7 +20,13 @@ class EquationEditor : public QWidget {
   Q_OBJECT
 
  public:
+  using DraftTexts = std::map<EquationId, std::string>;
+
   EquationEditor(const Session& session, QWidget* parent);
+
+  /// Goes on with drafts; those that the catalogue has meanwhile are none.
+  void TakeDrafts(const DraftTexts& drafts);
+  [[nodiscard]] const DraftTexts& Drafts() const { return drafts_; }
 
   /// Shows an equation.
   void Choose(EquationId equation);
@@ -55,7 +61,7 @@ class EquationEditor : public QWidget {
   [[nodiscard]] const std::string& TextOf(EquationId equation) const;
 
   const Session& session_;
-  std::map<EquationId, std::string> drafts_;
+  DraftTexts drafts_;
   QTabBar* stages_;
   QListWidget* list_;
   QLabel* caption_;

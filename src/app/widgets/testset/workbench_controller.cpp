@@ -21,6 +21,23 @@ namespace zentab::app {
 namespace {
 
 constexpr const char* kLastResults = "LastResults";
+constexpr const char* kDrafts = "EquationDrafts";
+
+std::string FieldOf(EquationId equation) {
+  return std::to_string(static_cast<int>(equation.stage)) + '.' + std::to_string(equation.number);
+}
+
+EquationEditor::DraftTexts DraftsIn(const FormValues& values) {
+  EquationEditor::DraftTexts drafts;
+  for (int stage = 0; stage < texts::kEquationStages; ++stage) {
+    for (std::size_t number = 1; number <= texts::kEquations; ++number) {
+      const EquationId equation{static_cast<texts::EquationStage>(stage), number};
+      const auto found = values.find(FieldOf(equation));
+      if (found != values.end()) drafts[equation] = found->second;
+    }
+  }
+  return drafts;
+}
 
 ImportFields FieldsOf(const ChartPanel& panel) {
   return {panel.text4->text().toStdString(), panel.text5->text().toStdString(),
@@ -65,6 +82,8 @@ void WorkbenchController::Open() {
                           ImportOptionsWith(parts_.session, FieldsOf(panel)), tips, panel.window());
   dialog_->setWindowTitle(PlainTitle(panel.commandPreview->text()));
   connect(&dialog_->Equations(), &EquationEditor::WriteWanted, this, &WorkbenchController::Write);
+  dialog_->Equations().TakeDrafts(DraftsIn(parts_.forms.Last(kDrafts)));
+  connect(dialog_, &QDialog::finished, this, &WorkbenchController::KeepDrafts);
   connect(dialog_, &QDialog::accepted, this, &WorkbenchController::Import);
   dialog_->OpenBeside(*panel.chart->parentWidget());
   Read();
@@ -120,6 +139,15 @@ void WorkbenchController::Import() {
   const std::string kept = std::exchange(setting, timeout);
   parts_.timeTest.ImportTimeTest();
   setting = kept;
+}
+
+// What was typed and not written to the catalogue is there the next time.
+void WorkbenchController::KeepDrafts() {
+  FormValues values;
+  for (const auto& [equation, text] : dialog_->Equations().Drafts()) {
+    values[FieldOf(equation)] = text;
+  }
+  if (values != parts_.forms.Last(kDrafts)) parts_.forms.Keep(kDrafts, values);
 }
 
 void WorkbenchController::RememberResult() {

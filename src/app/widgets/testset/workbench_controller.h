@@ -50,6 +50,7 @@ class WorkbenchController : public QObject {
   void Write(EquationId equation, const std::string& text);
   void Import();
   void RememberResult();
+  void KeepDrafts();
 
   WorkbenchParts parts_;
   editor::PreviewCurve* preview_;
