@@ -30,7 +30,7 @@ class CatalogueBytes final : public platform::InputFile {
   explicit CatalogueBytes(std::string_view bytes) : bytes_(bytes) {}
   std::error_code ReadAt(std::uint64_t offset, char* to, std::size_t size,
                          std::size_t& count) override {
-    const std::size_t begin = std::min<std::size_t>(offset, bytes_.size());
+    const auto begin = static_cast<std::size_t>(std::min<std::uint64_t>(offset, bytes_.size()));
     count = bytes_.copy(to, size, begin);
     return {};
   }

@@ -87,7 +87,7 @@ class ChartWorkTest : public ChartFixture {
     QVERIFY(Reads().isEmpty());
   }
 
-  void PointsAreDraggedAddedAndRemovedByHand() {
+  void PointsAreDragged() {
     WindowFixture& f = Start();
     const QString before = QStringLiteral("2;10|4;5|8;3|16;2");
     const struct {
@@ -119,7 +119,11 @@ class ChartWorkTest : public ChartFixture {
       QCOMPARE(Points(), before);
       QCOMPARE(View(), view);
     }
-    // The cell follows while the button is held, and the view stays.
+  }
+
+  void TheCellFollowsAHeldPointAndEscapeTakesItBack() {
+    WindowFixture& f = Start();
+    const QString before = Points();
     const QString view = View();
     Mouse(QEvent::MouseButtonPress, PlaceOf(16, 2), Qt::LeftButton);
     MoveTo(PlaceOf(16, 2) + QPointF(0, -60), Qt::LeftButton);
@@ -142,6 +146,12 @@ class ChartWorkTest : public ChartFixture {
     Mouse(QEvent::MouseButtonRelease, {}, Qt::NoButton);
     QCOMPARE(Points(), before);
     QCOMPARE(f.Find<QAction>("m_undo")->isEnabled(), canUndo);
+  }
+
+  void PointsAreAddedAndRemoved() {
+    WindowFixture& f = Start();
+    const QString before = Points();
+    const QString view = View();
     const QPointF middle = (PlaceOf(4, 5) + PlaceOf(8, 3)) / 2.0;
     DoubleClick(middle + QPointF(2, 2));
     QVERIFY2(Points().startsWith(QStringLiteral("2;10|4;5|5.")), qPrintable(Points()));

@@ -211,7 +211,6 @@ class WorkbenchTest : public QObject {
   void StagesSayWhatTheyDoAndWhatIsWrong() {
     Start();
     const QDialog& dialog = *Opened();
-    const QString source = Said(dialog, "LabelSource");
     QTRY_COMPARE(Said(dialog, "LabelEffect0"), QStringLiteral("60 points"));
     QTRY_COMPARE(Said(dialog, "LabelEffect1"), QStringLiteral("2 removed, from 59.4 s"));
     Set(dialog, "Field_mean", 2);

@@ -132,7 +132,7 @@ std::error_code LibraryExportController::Write(const QString& file, const Plan& 
     Plan plan;
     std::string written;
   };
-  Session& session = parts_.session;
+  const Session& session = parts_.session;
   const std::filesystem::path source = ActiveTableFile(parts_.files, PlaceOf(session));
   const std::filesystem::path target = platform::ToPath(file.toStdString());
   if (AreOne(parts_.files, source, target)) return std::make_error_code(std::errc::file_exists);
