@@ -47,9 +47,9 @@ TEST_F(SafeFileReplacement, OneReplacesAtATime) {
   constexpr int kEach = 100;
   const auto addLines = [&file](char line) {
     for (int count = 0; count < kEach; ++count) {
-      EXPECT_FALSE(ReplaceFile(SystemFiles(), file, [&](OutputFile& output) {
-        return output.Write(BytesOf(file) + line);
-      }));
+      EXPECT_EQ(ReplaceFile(SystemFiles(), file,
+                            [&](OutputFile& output) { return output.Write(BytesOf(file) + line); }),
+                std::error_code());
     }
   };
   std::thread other(addLines, 'b');

@@ -135,17 +135,23 @@ class WindowsFileLayer final : public FileLayer {
   std::error_code TryLock(const fs::path& path, std::unique_ptr<FileLock>& lock) override {
     fs::path name = path;
     name += ".lock";
-    const HANDLE handle =
-        CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
-                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    if (handle != INVALID_HANDLE_VALUE) {
-      lock = std::make_unique<WindowsFileLock>(handle);
-      return {};
+    // Between its last handle and its end the file is there, but closed to everyone. It may end
+    // before it is looked for: only the second refusal without a file is one of the folder.
+    for (bool isFirst = true;; isFirst = false) {
+      const HANDLE handle =
+          CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                      FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+      if (handle != INVALID_HANDLE_VALUE) {
+        lock = std::make_unique<WindowsFileLock>(handle);
+        return {};
+      }
+      const std::error_code error = LastError();
+      const bool isDenied = error.value() == ERROR_ACCESS_DENIED;
+      if (error.value() == ERROR_SHARING_VIOLATION || (isDenied && IsNamed(name))) {
+        return FileError::LockedByOther;
+      }
+      if (!isDenied || !isFirst) return error;
     }
-    const std::error_code error = LastError();
-    // Between its last handle and its end the file is there, but closed to everyone.
-    const bool isEnding = error.value() == ERROR_ACCESS_DENIED && IsNamed(name);
-    return error.value() == ERROR_SHARING_VIOLATION || isEnding ? FileError::LockedByOther : error;
   }
 };
 
