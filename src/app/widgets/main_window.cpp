@@ -27,6 +27,7 @@
 #include "app/widgets/curve/curve_controller.h"
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
+#include "app/widgets/instrument_captions.h"
 #include "app/widgets/interchange/interchange_commands.h"
 #include "app/widgets/library/entry_work.h"
 #include "app/widgets/library/library_controller.h"
@@ -355,27 +356,7 @@ void MainWindow::RefreshChart() {
 }
 
 void MainWindow::RefreshCaptions() {
-  const texts::InstrumentTexts instrument = InstrumentInUse(session_);
-  const bool isChosen = session_.instrument != tables::Instrument::None;
-  // What an instrument has no text for stays as it was.
-  const std::string& tip =
-      isChosen ? instrument.pickupTip : session_.texts.program.selectInstrument;
-  if (!tip.empty()) table_->text2->setToolTip(QString::fromStdString(tip));
-  // Without an instrument the field is that of the current one.
-  const std::string& label = instrument.pickupLabel.empty()
-                                 ? session_.texts.instruments[1].pickupLabel
-                                 : instrument.pickupLabel;
-  if (!label.empty()) table_->labelText2->setText(QString::fromStdString(label));
-  if (!instrument.setGraphCaption.empty()) {
-    chart_->command5->setText(QString::fromStdString(instrument.setGraphCaption));
-  }
-  if (!instrument.setGraphTip.empty()) {
-    chart_->command5->setToolTip(QString::fromStdString(instrument.setGraphTip));
-  }
-  table_->HideButtonsWithoutCaption();
-  const LabelPair labels = LabelsFor(session_);
-  table_->label3->setText(QString::fromStdString(labels.load));
-  table_->label2->setText(QString::fromStdString(labels.time));
+  ShowInstrumentCaptions(session_, *table_, *chart_);
   session_.table.grid.SetHeadings(session_.texts.program.loadHeading,
                                   session_.texts.program.timeHeading);
   table_->grid->ShowAll();

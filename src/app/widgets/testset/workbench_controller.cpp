@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QLineEdit>
-#include <QPushButton>
 #include <utility>
 
 #include "app/session_texts.h"
@@ -50,27 +49,31 @@ WorkbenchController::WorkbenchController(WorkbenchParts parts)
     : QObject(&parts.panel),
       parts_(std::move(parts)),
       preview_(new editor::PreviewCurve(*parts_.panel.chart)),
-      cloud_(new editor::PointCloud(*parts_.panel.chart)) {
+      cloud_(new editor::PointCloud(*parts_.panel.chart)),
+      commandPreview_(parts_.panel.commandPreview) {
   parts_.panel.command10->installEventFilter(this);
   connect(parts_.panel.commandPreview, &QPushButton::clicked, this, &WorkbenchController::Open);
   connect(&parts_.timeTest, &TimeTestController::TableImported, this,
           &WorkbenchController::RememberResult);
 }
 
+// The last events come while the panel is being destroyed: only a QWidget is left of what is
+// watched.
 bool WorkbenchController::eventFilter(QObject* watched, QEvent* event) {
-  const QPushButton& command = *parts_.panel.command10;
+  if (!commandPreview_) return false;
+  const auto& command = *static_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::EnabledChange:
-      parts_.panel.commandPreview->setEnabled(command.isEnabled());
+      commandPreview_->setEnabled(command.isEnabled());
       break;
     case QEvent::ShowToParent:
     case QEvent::HideToParent:
-      parts_.panel.commandPreview->setHidden(command.isHidden());
+      commandPreview_->setHidden(command.isHidden());
       break;
     default:
       break;
   }
-  return QObject::eventFilter(watched, event);
+  return false;
 }
 
 void WorkbenchController::Open() {

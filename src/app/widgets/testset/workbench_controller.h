@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QPushButton>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -55,6 +56,7 @@ class WorkbenchController : public QObject {
   WorkbenchParts parts_;
   editor::PreviewCurve* preview_;
   editor::PointCloud* cloud_;
+  QPointer<QPushButton> commandPreview_;
   QPointer<WorkbenchDialog> dialog_;
 };
 
