@@ -111,34 +111,19 @@ void PutIntoGrid(const tables::CurveTableEntry& entry, Session& session) {
   session.table.tableModified = true;
 }
 
-ShownPoints PointsInChart(const tables::CurveTableEntry& entry, const Session& session) {
+ShownEntry EntryInChart(const tables::CurveTableEntry& entry, const Session& session) {
   const editor::OverlayTable table = {entry.name, entry.points, entry.absoluteValues,
                                       entry.milliseconds};
   editor::ValueModes modes = session.modes;
   editor::ConvertedCurve converted = editor::Converted(table, modes);
-  ShownPoints shown;
+  ShownEntry shown;
   if (converted.fault == editor::OverlayFault::NoPickup) {
     shown.areConverted = false;
     modes.absoluteValues = entry.absoluteValues;
     converted = editor::Converted(table, modes);
   }
-  for (const editor::ChartPoint& point : converted.curve.points) {
-    shown.points.push_back({point.load, point.time});
-  }
+  shown.curve = std::move(converted.curve);
   return shown;
-}
-
-const std::string& LoadUnitOf(const tables::CurveTableEntry& entry, const Session& session) {
-  const texts::CurveDialogTexts& texts = session.texts.curveDialogs;
-  if (!entry.absoluteValues) return texts.multiples;
-  switch (entry.instrument) {
-    case tables::Instrument::Current:
-      return texts.amperes;
-    case tables::Instrument::Voltage:
-      return texts.volts;
-    default:
-      return texts.amperesOrVolts;
-  }
 }
 
 }  // namespace zentab::app

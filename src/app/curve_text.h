@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/session.h"
+#include "editor/chart_curve.h"
 #include "interchange/curve_file.h"
 #include "interchange/text_preview.h"
 
@@ -49,17 +50,12 @@ struct NamedCurve {
 /// Makes an entry the session's table, in its own units, which counts as modified.
 void PutIntoGrid(const tables::CurveTableEntry& entry, Session& session);
 
-/// An entry's points as the chart would show them. Where nothing converts its loads into those of
+/// An entry's curve as the chart would show it. Where nothing converts its loads into those of
 /// the chart they are as they are.
-struct ShownPoints {
-  std::vector<curves::Point> points;
+struct ShownEntry {
+  editor::ChartCurve curve;
   bool areConverted = true;
 };
-[[nodiscard]] ShownPoints PointsInChart(const tables::CurveTableEntry& entry,
-                                        const Session& session);
-
-/// The unit of an entry's loads.
-[[nodiscard]] const std::string& LoadUnitOf(const tables::CurveTableEntry& entry,
-                                            const Session& session);
+[[nodiscard]] ShownEntry EntryInChart(const tables::CurveTableEntry& entry, const Session& session);
 
 }  // namespace zentab::app

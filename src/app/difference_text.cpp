@@ -14,7 +14,7 @@ using interchange::Difference;
 using tables::CurveTableEntry;
 
 std::string LoadsText(const CurveTableEntry& entry, const Session& session) {
-  return LoadUnitOf(entry, session);
+  return LoadUnitOf(entry.absoluteValues, entry.instrument, session);
 }
 
 std::string TimesText(const CurveTableEntry& entry, const Session&) {

@@ -4,6 +4,7 @@
 #include <numeric>
 #include <string>
 
+#include "app/library_change.h"
 #include "app/library_commands.h"
 #include "tables/chosen_lines.h"
 #include "tables/entry_rename.h"
@@ -65,12 +66,7 @@ std::error_code EntryCommands::Remove(EntryMarks& marks) {
           tables::RemovalOf(writer_.Files(), File(), session_.listing, lines, change)) {
     return error;
   }
-  if (const auto error = writer_.Make(change, session_.listing)) return error;
-  // What the user took away himself nobody else can have changed.
-  const auto isSource = [this](const tables::EntryMark& mark) {
-    return session_.source && session_.source->hash == mark.hash;
-  };
-  if (std::ranges::any_of(marks, isSource)) session_.source.reset();
+  if (const auto error = MakeChange(change, session_, writer_)) return error;
   marks.clear();
   return {};
 }

@@ -139,6 +139,20 @@ LabelPair LabelsFor(const Session& session) {
   return {LoadLabel(session, session.modes.absoluteValues), TimeLabel(session)};
 }
 
+const std::string& LoadUnitOf(bool absoluteValues, tables::Instrument instrument,
+                              const Session& session) {
+  const texts::CurveDialogTexts& texts = session.texts.curveDialogs;
+  if (!absoluteValues) return texts.multiples;
+  switch (instrument) {
+    case tables::Instrument::Current:
+      return texts.amperes;
+    case tables::Instrument::Voltage:
+      return texts.volts;
+    default:
+      return texts.amperesOrVolts;
+  }
+}
+
 LabelPair AxisTitlesFor(const Session& session, bool absoluteLoads) {
   const texts::ProgramTexts& texts = session.texts.program;
   return {Expanded(session, texts.loadAxis, {LoadLabel(session, absoluteLoads)}),

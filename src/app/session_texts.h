@@ -57,6 +57,10 @@ struct LabelPair {
 /// The captions of load levels and trip times that the value modes call for.
 [[nodiscard]] LabelPair LabelsFor(const Session& session);
 
+/// The unit of loads that are absolute values of an instrument, or multiples of the pickup value.
+[[nodiscard]] const std::string& LoadUnitOf(bool absoluteValues, tables::Instrument instrument,
+                                            const Session& session);
+
 /// The captions of the chart's axes, which hold those of the value modes; the load axis may have
 /// another mode.
 [[nodiscard]] LabelPair AxisTitlesFor(const Session& session, bool absoluteLoads);

@@ -245,16 +245,7 @@ std::string PlainLabel(std::string label, const Session& session) {
 }
 
 const std::string& LoadUnit(const Session& session) {
-  const T& texts = session.texts.curveDialogs;
-  if (!session.modes.absoluteValues) return texts.multiples;
-  switch (session.instrument) {
-    case tables::Instrument::Current:
-      return texts.amperes;
-    case tables::Instrument::Voltage:
-      return texts.volts;
-    default:
-      return texts.amperesOrVolts;
-  }
+  return LoadUnitOf(session.modes.absoluteValues, session.instrument, session);
 }
 
 std::variant<curves::CharacteristicCurve, FormFault> CharacteristicIn(const FormValues& values,

@@ -1,9 +1,8 @@
 #include "interchange/take_over.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <vector>
 
-#include "platform/character_case.h"
 #include "platform/file_reader.h"
 
 namespace zentab::interchange {
@@ -149,11 +148,11 @@ class Taking {
 
 // A name that the library has more than once already is no reason against a further one.
 bool AreNamesNew(const tables::TableListing& listing, std::span<const EntryDifference> chosen) {
-  std::unordered_set<std::string> names;
-  for (const std::string& name : listing.names) names.insert(platform::LowerCase(name));
-  return std::ranges::none_of(chosen, [&names](const EntryDifference& difference) {
-    return difference.before == kNoLine && names.contains(platform::LowerCase(difference.name));
-  });
+  std::vector<std::string> names;
+  for (const EntryDifference& difference : chosen) {
+    if (difference.before == kNoLine) names.push_back(difference.name);
+  }
+  return !listing.FirstTaken(names);
 }
 
 }  // namespace

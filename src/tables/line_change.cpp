@@ -83,16 +83,10 @@ std::unordered_set<std::string> LowerNames(std::string_view lines) {
 // What is called so before the change does not take the name from itself, in other letters, capital
 // or small, either.
 bool IsNameTaken(const LineChange& change, const TableListing& listing) {
-  constexpr std::size_t kFew = 20;
   if (!change.needsFreeName) return false;
   std::unordered_set<std::string> added = LowerNames(change.after);
   for (const std::string& name : LowerNames(change.before)) added.erase(name);
-  if (added.size() <= kFew) {
-    return std::ranges::any_of(added, [&](const auto& name) { return listing.HasName(name); });
-  }
-  return std::ranges::any_of(listing.names, [&](const std::string& name) {
-    return added.contains(platform::LowerCase(name));
-  });
+  return listing.FirstTaken({added.begin(), added.end()}).has_value();
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstring>
 #include <memory>
+#include <unordered_map>
 
 #include "platform/ascii.h"
 #include "platform/character_case.h"
@@ -98,6 +99,26 @@ bool TableListing::HasName(std::string_view name, const KeepAlive& keepAlive) co
     return std::equal(other.begin(), other.end(), wanted.begin(), wanted.end(),
                       [](char c, char lower) { return platform::LowerAscii(c) == lower; });
   });
+}
+
+std::optional<std::string> TableListing::FirstTaken(const std::vector<std::string>& wanted) const {
+  constexpr std::size_t kFew = 20;  // are looked for one by one
+  auto taken = wanted.end();
+  if (wanted.size() <= kFew) {
+    taken = std::ranges::find_if(wanted, [this](const auto& name) { return HasName(name); });
+  } else {
+    std::unordered_map<std::string, std::size_t> places;
+    for (std::size_t at = 0; at < wanted.size(); ++at) {
+      places.try_emplace(platform::LowerCase(wanted[at]), at);
+    }
+    std::size_t first = wanted.size();
+    for (const std::string& name : names) {
+      const auto found = places.find(platform::LowerCase(name));
+      if (found != places.end()) first = std::min(first, found->second);
+    }
+    taken = wanted.begin() + static_cast<std::ptrdiff_t>(first);
+  }
+  return taken == wanted.end() ? std::nullopt : std::optional(*taken);
 }
 
 EntryMark TableListing::MarkOf(std::size_t index) const {

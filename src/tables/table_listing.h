@@ -66,6 +66,8 @@ struct TableListing {
   [[nodiscard]] std::size_t PlaceOf(const EntryMark& mark) const;
   /// Whether one of the names equals `name`, letters of any alphabet compared without case.
   [[nodiscard]] bool HasName(std::string_view name, const KeepAlive& keepAlive = {}) const;
+  /// The first of some names that one of the entries has, compared in the same way.
+  [[nodiscard]] std::optional<std::string> FirstTaken(const std::vector<std::string>& wanted) const;
 };
 
 /// Reads a table file. A missing one has no lines and no stamp. Fails, and leaves the listing as it

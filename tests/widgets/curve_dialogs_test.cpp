@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QProcess>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -16,6 +15,7 @@
 #include "editor/widgets/chart/chart_colours.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/curve_grid_view.h"
+#include "widgets/companion.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -50,18 +50,6 @@ class CurveDialogsTest : public QObject {
         editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
     while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
     return rows.split('\r');
-  }
-  // What the companion prints, without its remarks.
-  [[nodiscard]] QStringList Printed(const QStringList& arguments, QString* remark = nullptr) const {
-    QProcess process;
-    process.start(QStringLiteral(COMPANION), arguments);
-    if (!process.waitForFinished()) qFatal("the companion does not end");
-    QStringList lines = QString::fromUtf8(process.readAllStandardOutput()).trimmed().split('\n');
-    if (lines.last().startsWith('#')) {
-      const QString last = lines.takeLast();
-      if (remark != nullptr) *remark = last.section('=', 1);
-    }
-    return lines;
   }
   [[nodiscard]] QString Library() const { return made_->Path(QStringLiteral("relayTables.dat")); }
   [[nodiscard]] QDialog* Opened(const char* action) {

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QProcess>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTableView>
@@ -16,6 +15,7 @@
 
 #include "editor/clipboard_text.h"
 #include "editor/widgets/chart/curve_chart.h"
+#include "widgets/companion.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -89,20 +89,6 @@ class InterchangeTest : public QObject {
         editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
     while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
     return rows.split('\r');
-  }
-  // What the companion prints, without its remarks.
-  [[nodiscard]] static QStringList Printed(const QStringList& arguments,
-                                           QString* remark = nullptr) {
-    QProcess process;
-    process.start(QStringLiteral(COMPANION), arguments);
-    if (!process.waitForFinished()) qFatal("the companion does not end");
-    QStringList lines =
-        QString::fromUtf8(process.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    if (!lines.isEmpty() && lines.last().startsWith('#')) {
-      const QString last = lines.takeLast();
-      if (remark != nullptr) *remark = last.section('=', 1);
-    }
-    return lines;
   }
   [[nodiscard]] QString SaidBelow() const { return made_->window->statusBar()->currentMessage(); }
   [[nodiscard]] QStringList Differences(const QDialog& dialog) const {

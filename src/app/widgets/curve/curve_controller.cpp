@@ -68,9 +68,11 @@ void CurveController::Open(CurveDialog* dialog, editor::EditStep step, const cha
                            const QString& title) {
   dialog->setWindowTitle(title);
   connect(dialog, &QDialog::accepted, this, [this, dialog, step, form] {
+    // The dialog may be gone once files have been waited for.
+    const std::vector<curves::Point> points = dialog->Proposal().points;
     forms_.Keep(form, dialog->Values());
     Q_EMIT AboutToChange(step);
-    PutIntoGrid(dialog->Proposal().points, session_);
+    PutIntoGrid(points, session_);
     Q_EMIT TableChanged();
   });
   dialog->OpenBeside(*chart_.parentWidget());
@@ -92,8 +94,9 @@ void CurveController::ChooseReference() {
   CurveDialog* const dialog = MakeStandardDialog();
   dialog->setWindowTitle(TitleOf("m_standard"));
   connect(dialog, &QDialog::accepted, this, [this, dialog] {
-    forms_.Keep(kStandardForm, dialog->Values());
-    Q_EMIT ReferenceChosen(dialog->Values());
+    const FormValues values = dialog->Values();
+    forms_.Keep(kStandardForm, values);
+    Q_EMIT ReferenceChosen(values);
   });
   dialog->OpenBeside(*chart_.parentWidget());
 }

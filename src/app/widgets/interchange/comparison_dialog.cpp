@@ -42,22 +42,6 @@ QPixmap Sample(const QPen& pen, const QWidget& on) {
   return picture;
 }
 
-// The entry's curve in the units of the chart, as far as there is one.
-editor::ChartCurve CurveInChart(const std::vector<curves::Point>& points) {
-  editor::ChartCurve curve;
-  for (const curves::Point& point : points) {
-    curve.points.push_back({curve.rowCount++, point.load, point.time});
-    const bool isFirst = curve.points.size() == 1;
-    const auto widen = [isFirst](editor::Range& range, double value) {
-      range.minimum = isFirst ? value : std::min(range.minimum, value);
-      range.maximum = isFirst ? value : std::max(range.maximum, value);
-    };
-    widen(curve.load, point.load);
-    widen(curve.time, point.time);
-  }
-  return curve;
-}
-
 }  // namespace
 
 ComparisonDialog::ComparisonDialog(const Session& session, Curves curves, const QString& otherName,
@@ -214,8 +198,8 @@ void ComparisonDialog::ShowEntry(const ComparedEntry& entry) {
   for (const std::string& line : DifferenceLines(difference->kind, entry, session_)) {
     text += (text.empty() ? "" : "\n") + line;
   }
-  const ShownPoints own = PointsInChart(entry.own, session_);
-  const ShownPoints other = PointsInChart(entry.other, session_);
+  const ShownEntry own = EntryInChart(entry.own, session_);
+  const ShownEntry other = EntryInChart(entry.other, session_);
   if (!own.areConverted || !other.areConverted) {
     text += "\n" + session_.texts.comparison.noCurve;
   }
@@ -225,15 +209,9 @@ void ComparisonDialog::ShowEntry(const ComparedEntry& entry) {
   otherSample_->setPixmap(Sample(QPen(editor::ProposalOn(base), kLineWidth, Qt::DashLine), *this));
   // Curves in units that nothing converts would not be beside one another.
   std::vector<editor::DrawnOverlay> drawn;
-  if (own.areConverted && own.points.size() > 1) {
-    drawn.push_back({kOwnCurve, CurveInChart(own.points)});
-  }
+  if (own.areConverted && own.curve.points.size() > 1) drawn.push_back({kOwnCurve, own.curve});
   drawn_.own.Show(std::move(drawn));
-  std::vector<QPointF> points;
-  if (other.areConverted) {
-    for (const curves::Point& point : other.points) points.emplace_back(point.load, point.time);
-  }
-  drawn_.other.Show(points);
+  drawn_.other.Show(other.areConverted ? other.curve : editor::ChartCurve());
 }
 
 }  // namespace zentab::app

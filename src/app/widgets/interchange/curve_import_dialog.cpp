@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTableWidget>
+#include <unordered_set>
 
 #include "app/session_texts.h"
 #include "app/widgets/accessible_names.h"
@@ -50,7 +51,6 @@ CurveImportDialog::CurveImportDialog(const Session& session, editor::PreviewCurv
   setAttribute(Qt::WA_DeleteOnClose);
   setFont(parent->font());
   setWindowModality(Qt::WindowModal);
-  for (const std::string& name : session.listing.names) taken_.insert(platform::LowerCase(name));
   auto* const layout = new QVBoxLayout(this);
   auto* const forms = new QHBoxLayout;
   layout->addLayout(forms);
@@ -148,7 +148,6 @@ void CurveImportDialog::Show(std::shared_ptr<const CurveReading> reading) {
   curves_->selectRow(std::min(row, model_->rowCount() - 1));
   ShowRows();
   ShowChosen();
-  ShowCurrent();
 }
 
 void CurveImportDialog::ShowRows() {
@@ -167,8 +166,8 @@ void CurveImportDialog::ShowRows() {
     const bool isLoad = isRead && static_cast<int>(text.load) == column;
     const bool isTime = isRead && static_cast<int>(text.time) == column;
     const texts::ProgramTexts& texts = session_.texts.program;
-    const std::string kind = isLoad ? texts.loadHeading : isTime ? texts.timeHeading : "";
-    headings += kind.empty() ? number : number + QLatin1String(": ") + ToQt(kind);
+    const std::string& kind = isLoad ? texts.loadHeading : texts.timeHeading;
+    headings += isLoad || isTime ? number + QLatin1String(": ") + ToQt(kind) : number;
   }
   rows_->setHorizontalHeaderLabels(headings);
   QStringList lines;
@@ -204,16 +203,19 @@ std::string CurveImportDialog::CurrentText(const FoundCurve& curve) const {
 }
 
 // Why the chosen curves cannot be entries of the library.
-std::string CurveImportDialog::NameFault() const {
+std::string CurveImportDialog::NameFault(const std::vector<NamedCurve>& chosen) const {
   const texts::CurveImportTexts& texts = session_.texts.curveImport;
-  std::unordered_set<std::string> names;
-  for (const NamedCurve& chosen : model_->Chosen()) {
-    if (chosen.name.empty()) return texts.nameMissing;
-    const std::string folded = platform::LowerCase(chosen.name);
-    if (taken_.contains(folded)) return Expanded(session_, texts.nameTaken, {chosen.name});
-    if (!names.insert(folded).second) return Expanded(session_, texts.nameTwice, {chosen.name});
+  std::unordered_set<std::string> folded;
+  std::vector<std::string> names;
+  for (const NamedCurve& each : chosen) {
+    if (each.name.empty()) return texts.nameMissing;
+    if (!folded.insert(platform::LowerCase(each.name)).second) {
+      return Expanded(session_, texts.nameTwice, {each.name});
+    }
+    names.push_back(each.name);
   }
-  return {};
+  const std::optional<std::string> taken = session_.listing.FirstTaken(names);
+  return taken ? Expanded(session_, texts.nameTaken, {*taken}) : std::string();
 }
 
 void CurveImportDialog::ShowChosen() {
@@ -223,7 +225,8 @@ void CurveImportDialog::ShowChosen() {
   count_->setText(ToQt(Expanded(session_, session_.texts.curveImport.found, {count, marked})));
   const bool areTables = std::ranges::all_of(
       chosen, [](const NamedCurve& each) { return curves::FaultOf(each.curve->table) == nullptr; });
-  add_->setEnabled(!chosen.empty() && areTables && NameFault().empty());
+  nameFault_ = NameFault(chosen);
+  add_->setEnabled(!chosen.empty() && areTables && nameFault_.empty());
   ShowCurrent();
 }
 
@@ -238,18 +241,17 @@ void CurveImportDialog::ShowCurrent() {
   }
   const FoundCurve* const curve = model_->CurveAt(curves_->currentIndex().row());
   std::string text = curve == nullptr ? std::string() : CurrentText(*curve);
-  std::vector<QPointF> points;
+  editor::ChartCurve shown;
   if (entry) {
-    const ShownPoints shown = PointsInChart(*entry, session_);
-    for (const curves::Point& point : shown.points) points.emplace_back(point.load, point.time);
-    if (!shown.areConverted) {
+    ShownEntry inChart = EntryInChart(*entry, session_);
+    shown = std::move(inChart.curve);
+    if (!inChart.areConverted) {
       text += "\n" + Expanded(session_, session_.texts.curveImport.ownUnits,
-                              {LoadUnitOf(*entry, session_)});
+                              {LoadUnitOf(entry->absoluteValues, entry->instrument, session_)});
     }
   }
-  preview_.Show(points);
-  const std::string fault = NameFault();
-  outcome_->setText(ToQt(fault.empty() ? text : text + "\n" + fault));
+  preview_.Show(shown);
+  outcome_->setText(ToQt(nameFault_.empty() ? text : text + "\n" + nameFault_));
 }
 
 }  // namespace zentab::app

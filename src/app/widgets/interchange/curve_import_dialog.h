@@ -2,7 +2,8 @@
 
 #include <QDialog>
 #include <memory>
-#include <unordered_set>
+#include <string>
+#include <vector>
 
 #include "app/curve_text.h"
 
@@ -57,12 +58,13 @@ class CurveImportDialog : public QDialog {
   void ShowRows();
   void ShowCurrent();
   void ShowChosen();
-  [[nodiscard]] std::string NameFault() const;
+  [[nodiscard]] std::string NameFault(const std::vector<NamedCurve>& chosen) const;
   [[nodiscard]] std::string CurrentText(const FoundCurve& curve) const;
 
   const Session& session_;
   editor::PreviewCurve& preview_;
-  std::unordered_set<std::string> taken_;  // the library's names, in small letters
+  std::string
+      nameFault_;  // why the chosen curves cannot be entries of the library; empty: they can
   std::shared_ptr<const CurveReading> reading_;
   ReadingFields* fields_;
   QTableWidget* rows_;

@@ -37,7 +37,7 @@ constexpr CommandRow kCommands[] = {
 
 }  // namespace
 
-EntriesController::EntriesController(const Parts& parts, QObject* parent)
+EntriesController::EntriesController(const EntryParts& parts, QObject* parent)
     : QObject(parent), parts_(parts), commands_(parts.session, parts.writer) {
   connect(&parts.library, &LibraryController::SeveralRemovalsWanted, this,
           &EntriesController::RemoveChosen);

@@ -4,16 +4,12 @@
 #include <functional>
 
 #include "app/entry_commands.h"
-#include "app/widgets/user_dialogs.h"
+#include "app/widgets/library/entry_parts.h"
 #include "editor/edit_step.h"
 
 class QMenu;
 
 namespace zentab::app {
-
-class LibraryController;
-class LibraryPanel;
-class ResponsiveFiles;
 
 /// The commands on several entries at once, and on their names and order in the file. Each is one
 /// step of the history; an entry that someone else has changed meanwhile stops it.
@@ -21,15 +17,7 @@ class EntriesController : public QObject {
   Q_OBJECT
 
  public:
-  struct Parts {
-    Session& session;
-    ResponsiveFiles& files;
-    tables::TableWriter& writer;
-    UserDialogs& dialogs;
-    LibraryController& library;
-    LibraryPanel& panel;
-  };
-  EntriesController(const Parts& parts, QObject* parent);
+  EntriesController(const EntryParts& parts, QObject* parent);
 
   /// Adds the commands on entries, and the one on the file.
   void AddTo(QMenu& menu);
@@ -56,7 +44,7 @@ class EntriesController : public QObject {
   [[nodiscard]] bool MayMove();
   std::error_code Run(editor::EditStep step, EntryMarks marks, const Work& work);
 
-  Parts parts_;
+  EntryParts parts_;
   EntryCommands commands_;
 };
 

@@ -12,15 +12,11 @@
 
 namespace zentab::app {
 
-EntryWork::EntryWork(const Parts& parts)
+EntryWork::EntryWork(const EntryParts& parts)
     : QObject(&parts.panel),
       parts_(parts),
-      entries_(new EntriesController(
-          {parts.session, parts.files, parts.writer, parts.dialogs, parts.library, parts.panel},
-          this)),
-      export_(new LibraryExportController({parts.session, parts.files, parts.writer, parts.dialogs,
-                                           parts.forms, parts.library, parts.panel},
-                                          this)) {
+      entries_(new EntriesController(parts, this)),
+      export_(new LibraryExportController(parts, this)) {
   new EntryTips(parts.session, parts.files, parts.panel.List());
   connect(entries_, &EntriesController::CommandBegun, this, &EntryWork::CommandBegun);
   connect(entries_, &EntriesController::AboutToChange, this, &EntryWork::AboutToChange);

@@ -2,9 +2,8 @@
 
 #include <QObject>
 
-#include "app/session.h"
+#include "app/widgets/library/entry_parts.h"
 #include "editor/edit_step.h"
-#include "tables/table_writer.h"
 
 class QMenu;
 class QMenuBar;
@@ -12,13 +11,8 @@ class QMenuBar;
 namespace zentab::app {
 
 class EntriesController;
-class KeptForms;
-class LibraryController;
 class LibraryExportController;
 class LibraryFilesController;
-class LibraryPanel;
-class ResponsiveFiles;
-class UserDialogs;
 
 /// All that is done with the entries of the list beyond reading, updating, adding and removing one:
 /// its parts, and the menu Library.
@@ -26,16 +20,7 @@ class EntryWork : public QObject {
   Q_OBJECT
 
  public:
-  struct Parts {
-    Session& session;
-    ResponsiveFiles& files;
-    tables::TableWriter& writer;
-    UserDialogs& dialogs;
-    KeptForms& forms;
-    LibraryController& library;
-    LibraryPanel& panel;
-  };
-  explicit EntryWork(const Parts& parts);
+  explicit EntryWork(const EntryParts& parts);
 
   /// Adds the menu, with the commands on the file as a whole first.
   QMenu* AddMenu(QMenuBar& bar, LibraryFilesController& tableFiles);
@@ -47,7 +32,7 @@ class EntryWork : public QObject {
   void Told(const QString& text);
 
  private:
-  Parts parts_;
+  EntryParts parts_;
   EntriesController* entries_;
   LibraryExportController* export_;
 };

@@ -54,7 +54,7 @@ std::size_t AnswerIn(const FormValues& kept, const char* field, std::size_t answ
 
 }  // namespace
 
-LibraryExportController::LibraryExportController(const Parts& parts, QObject* parent)
+LibraryExportController::LibraryExportController(const EntryParts& parts, QObject* parent)
     : QObject(parent), parts_(parts) {}
 
 void LibraryExportController::AddTo(QMenu& menu) {

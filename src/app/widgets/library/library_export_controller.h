@@ -4,7 +4,7 @@
 
 #include "app/entry_commands.h"
 #include "app/form_values.h"
-#include "app/widgets/user_dialogs.h"
+#include "app/widgets/library/entry_parts.h"
 #include "editor/edit_step.h"
 #include "interchange/library_export.h"
 
@@ -12,26 +12,12 @@ class QMenu;
 
 namespace zentab::app {
 
-class KeptForms;
-class LibraryController;
-class LibraryPanel;
-class ResponsiveFiles;
-
 /// Entries that leave the library: as CSV or JSON, and as lines of another table file.
 class LibraryExportController : public QObject {
   Q_OBJECT
 
  public:
-  struct Parts {
-    Session& session;
-    ResponsiveFiles& files;
-    tables::TableWriter& writer;
-    UserDialogs& dialogs;
-    KeptForms& forms;  // for the last answers
-    LibraryController& library;
-    LibraryPanel& panel;
-  };
-  LibraryExportController(const Parts& parts, QObject* parent);
+  LibraryExportController(const EntryParts& parts, QObject* parent);
 
   /// Adds the commands.
   void AddTo(QMenu& menu);
@@ -60,7 +46,7 @@ class LibraryExportController : public QObject {
   [[nodiscard]] std::error_code Write(const QString& file, const Plan& plan,
                                       const EntryMarks& marks, std::size_t& count);
 
-  Parts parts_;
+  EntryParts parts_;
 };
 
 }  // namespace zentab::app

@@ -68,18 +68,26 @@ std::map<QString, UsedFont> FontsOf(const QString& characters) {
   return fonts;
 }
 
-hb_blob_t* TableOf(hb_face_t*, hb_tag_t tag, void* font) {
+// The tables of a font; what makes a subset looks into one that it has given back.
+struct FontTables {
+  QRawFont font;
+  std::map<hb_tag_t, QByteArray> taken;
+};
+
+hb_blob_t* TableOf(hb_face_t*, hb_tag_t tag, void* tables) {
   constexpr std::size_t kTagLength = 4;
   std::array<char, kTagLength + 1> name{};
   hb_tag_to_string(tag, name.data());
-  const QByteArray table = static_cast<const QRawFont*>(font)->fontTable(name.data());
+  auto& [font, taken] = *static_cast<FontTables*>(tables);
+  const QByteArray& table = taken.try_emplace(tag, font.fontTable(name.data())).first->second;
   return hb_blob_create(table.constData(), static_cast<unsigned>(table.size()),
-                        HB_MEMORY_MODE_DUPLICATE, nullptr, nullptr);
+                        HB_MEMORY_MODE_READONLY, nullptr, nullptr);
 }
 
 // The font with those characters alone; empty where it cannot be taken apart.
-QByteArray Reduced(UsedFont& used) {
-  const Face whole(hb_face_create_for_tables(TableOf, &used.font, nullptr));
+QByteArray Reduced(const UsedFont& used) {
+  FontTables tables{used.font, {}};
+  const Face whole(hb_face_create_for_tables(TableOf, &tables, nullptr));
   const SubsetInput input(hb_subset_input_create_or_fail());
   if (!input) return {};
   for (const char32_t character : used.characters) {
@@ -94,7 +102,7 @@ QByteArray Reduced(UsedFont& used) {
 }
 
 // All fonts go by the name that the texts have, each for its own characters.
-QByteArray RuleOf(const QString& family, UsedFont& used) {
+QByteArray RuleOf(const QString& family, const UsedFont& used) {
   const QByteArray font = Reduced(used);
   if (font.isEmpty()) return {};
   QByteArrayList ranges;
@@ -110,7 +118,7 @@ QByteArray RuleOf(const QString& family, UsedFont& used) {
 QByteArray WithFonts(const QByteArray& svg) {
   const Texts texts = TextsOf(svg);
   QByteArray rules;
-  for (auto& [name, used] : FontsOf(texts.characters)) rules += RuleOf(texts.family, used);
+  for (const auto& [name, used] : FontsOf(texts.characters)) rules += RuleOf(texts.family, used);
   const qsizetype place = svg.indexOf("<defs>");
   if (rules.isEmpty() || place < 0) return svg;
   QByteArray result = svg;

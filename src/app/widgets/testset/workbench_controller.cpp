@@ -85,7 +85,8 @@ void WorkbenchController::Open() {
                           ImportOptionsWith(parts_.session, FieldsOf(panel)), tips, panel.window());
   dialog_->setWindowTitle(PlainTitle(panel.commandPreview->text()));
   connect(&dialog_->Equations(), &EquationEditor::WriteWanted, this, &WorkbenchController::Write);
-  dialog_->Equations().TakeDrafts(DraftsIn(parts_.forms.Last(kDrafts)));
+  drafts_ = parts_.forms.Last(kDrafts);
+  dialog_->Equations().TakeDrafts(DraftsIn(drafts_));
   connect(dialog_, &QDialog::finished, this, &WorkbenchController::KeepDrafts);
   connect(dialog_, &QDialog::accepted, this, &WorkbenchController::Import);
   dialog_->OpenBeside(*panel.chart->parentWidget());
@@ -150,7 +151,7 @@ void WorkbenchController::KeepDrafts() {
   for (const auto& [equation, text] : dialog_->Equations().Drafts()) {
     values[FieldOf(equation)] = text;
   }
-  if (values != parts_.forms.Last(kDrafts)) parts_.forms.Keep(kDrafts, values);
+  if (values != drafts_) parts_.forms.Keep(kDrafts, values);
 }
 
 void WorkbenchController::RememberResult() {

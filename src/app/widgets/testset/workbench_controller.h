@@ -58,6 +58,7 @@ class WorkbenchController : public QObject {
   editor::PointCloud* cloud_;
   QPointer<QPushButton> commandPreview_;
   QPointer<WorkbenchDialog> dialog_;
+  FormValues drafts_;  // as they were when it opened
 };
 
 }  // namespace zentab::app

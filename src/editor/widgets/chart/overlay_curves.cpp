@@ -62,8 +62,7 @@ void OverlayCurves::draw(QCPPainter* painter) {
     DrawLines(*painter);
     return;
   }
-  const View view{chart_.xAxis->range(), chart_.yAxis->range(), clipRect(),
-                  painter->device()->devicePixelRatioF(), chart_.Kinds()};
+  const ChartView view = ViewOf(chart_, *painter);
   if (picture_.isNull() || !(view == shown_)) {
     shown_ = view;
     picture_ = QPixmap(view.area.size() * view.ratio);

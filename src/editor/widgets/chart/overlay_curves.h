@@ -3,7 +3,7 @@
 #include <QPixmap>
 #include <vector>
 
-#include "editor/widgets/chart/curve_chart.h"
+#include "editor/widgets/chart/chart_view.h"
 
 namespace zentab::editor {
 
@@ -29,21 +29,12 @@ class OverlayCurves : public QCPLayerable {
   void draw(QCPPainter* painter) override;
 
  private:
-  /// What a picture shows.
-  struct View {
-    QCPRange loads;
-    QCPRange times;
-    QRect area;
-    double ratio = 0.0;
-    AxisKinds kinds;
-    friend bool operator==(const View&, const View&) = default;
-  };
   void DrawLines(QPainter& painter) const;
 
   CurveChart& chart_;
   std::vector<DrawnOverlay> overlays_;
   QPixmap picture_;
-  View shown_;  // in the picture
+  ChartView shown_;  // in the picture
 };
 
 }  // namespace zentab::editor

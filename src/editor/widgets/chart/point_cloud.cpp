@@ -85,7 +85,7 @@ void PointCloud::applyDefaultAntialiasingHint(QCPPainter* painter) const {
 
 void PointCloud::DrawDots(QImage& picture, const std::vector<QPointF>& points, const QColor& colour,
                           int size) const {
-  const View& view = shown_;
+  const ChartView& view = shown_;
   const int width = picture.width();
   const int height = picture.height();
   const QRgb dot = colour.rgb();
@@ -126,8 +126,7 @@ QImage PointCloud::PictureOf(Kind kind, const std::vector<QPointF>& points) cons
 }
 
 void PointCloud::draw(QCPPainter* painter) {
-  const View view{chart_.xAxis->range(), chart_.yAxis->range(), clipRect(),
-                  painter->device()->devicePixelRatioF(), chart_.Kinds()};
+  const ChartView view = ViewOf(chart_, *painter);
   const bool isOther = !(view == shown_);
   shown_ = view;
   for (std::size_t kind = 0; kind < kKinds; ++kind) {

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "editor/widgets/chart/curve_chart.h"
+#include "editor/widgets/chart/chart_view.h"
 
 namespace zentab::editor {
 
@@ -36,17 +36,6 @@ class PointCloud : public QCPLayerable {
   void draw(QCPPainter* painter) override;
 
  private:
-  // What the picture was made for.
-  struct View {
-    QCPRange loads;
-    QCPRange times;
-    QRect area;
-    double ratio = 0.0;
-    AxisKinds kinds;
-
-    bool operator==(const View&) const = default;
-  };
-
   // The points of a kind, and the picture of their dots; null where it is to be made.
   struct Dots {
     Points points;
@@ -59,7 +48,7 @@ class PointCloud : public QCPLayerable {
 
   CurveChart& chart_;
   std::array<Dots, kKinds> dots_;
-  View shown_;
+  ChartView shown_;
 };
 
 }  // namespace zentab::editor

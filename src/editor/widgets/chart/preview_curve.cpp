@@ -27,6 +27,12 @@ void PreviewCurve::Show(const std::vector<QPointF>& points) {
   chart_.SetExtent(this, ExtentOf(points));
 }
 
+void PreviewCurve::Show(const ChartCurve& curve) {
+  std::vector<QPointF> points;
+  for (const ChartPoint& point : curve.points) points.emplace_back(point.load, point.time);
+  Show(points);
+}
+
 void PreviewCurve::ApplyPalette() {
   const QColor base = chart_.palette().color(QPalette::Base);
   line_->SetColours(ProposalOn(base), base, Qt::DashLine);

@@ -4,6 +4,8 @@
 #include <QPointF>
 #include <vector>
 
+#include "editor/chart_curve.h"
+
 namespace zentab::editor {
 
 class CurveChart;
@@ -18,7 +20,8 @@ class PreviewCurve : public QObject {
 
   /// Shows points of load and time, in the units of the chart's axes; none hide it.
   void Show(const std::vector<QPointF>& points);
-  void Hide() { Show({}); }
+  void Show(const ChartCurve& curve);
+  void Hide() { Show(std::vector<QPointF>()); }
 
  private:
   void ApplyPalette();
