@@ -40,7 +40,7 @@ endfunction()
 function(zentab_widgets name)
   zentab_layer(${name} ${ARGN})
   zentab_precompile_qt(${name})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
 endfunction()
 
 function(zentab_layer name)

@@ -36,6 +36,7 @@
 #include "app/widgets/panel_focus.h"
 #include "app/widgets/panel_walk.h"
 #include "app/widgets/plain_texts.h"
+#include "app/widgets/quick_commands.h"
 #include "app/widgets/report/report_controller.h"
 #include "app/widgets/report/report_menu.h"
 #include "app/widgets/session_end.h"
@@ -131,6 +132,7 @@ MainWindow::MainWindow(MainWindowParts parts)
   ConnectInstruments();
   ConnectHistory();
   new ContextMenus(*this);
+  new QuickCommands(*menuBar());
   names_ = new AccessibleNames(*this);
 }
 
@@ -360,6 +362,7 @@ void MainWindow::RefreshCaptions() {
   session_.table.grid.SetHeadings(session_.texts.program.loadHeading,
                                   session_.texts.program.timeHeading);
   table_->grid->ShowAll();
+  undo_->RefreshTexts();
   axes_->Refresh();
   overlays_->Refresh();
   readOut_->Refresh();

@@ -39,32 +39,38 @@ QList<QKeySequence> Keys(std::initializer_list<QKeyCombination> own,
 HistoryController::HistoryController(Parts parts) : QObject(&parts.table), parts_(parts) {}
 
 void HistoryController::AddTo(QMenu& menu) {
-  auto* const undo = new QAction(&menu);
-  auto* const redo = new QAction(&menu);
-  undo->setObjectName(QStringLiteral("m_undo"));
-  redo->setObjectName(QStringLiteral("m_redo"));
-  undo->setShortcuts(Keys({Qt::CTRL | Qt::Key_Z}, QKeySequence::Undo));
-  redo->setShortcuts(
+  undo_ = new QAction(&menu);
+  redo_ = new QAction(&menu);
+  undo_->setObjectName(QStringLiteral("m_undo"));
+  redo_->setObjectName(QStringLiteral("m_redo"));
+  undo_->setShortcuts(Keys({Qt::CTRL | Qt::Key_Z}, QKeySequence::Undo));
+  redo_->setShortcuts(
       Keys({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z}, QKeySequence::Redo));
-  connect(undo, &QAction::triggered, this, &HistoryController::Undo);
-  connect(redo, &QAction::triggered, this, &HistoryController::Redo);
-  menu.insertActions(menu.actions().value(0), {undo, redo});
-  connect(&menu, &QMenu::aboutToShow, this, [this, undo, redo] { ShowCaptions(undo, redo); });
-  // The keys look for a step themselves.
-  connect(&menu, &QMenu::aboutToHide, undo, [undo, redo] {
-    undo->setEnabled(true);
-    redo->setEnabled(true);
-  });
+  connect(undo_, &QAction::triggered, this, &HistoryController::Undo);
+  connect(redo_, &QAction::triggered, this, &HistoryController::Redo);
+  menu.insertActions(menu.actions().value(0), {undo_, redo_});
+  connect(&menu, &QMenu::aboutToShow, this, &HistoryController::NameSteps);
+  connect(&menu, &QMenu::aboutToHide, this, &HistoryController::RefreshTexts);
+  RefreshTexts();
 }
 
-void HistoryController::ShowCaptions(QAction* undo, QAction* redo) {
+// Keys and buttons look for a step themselves.
+void HistoryController::RefreshTexts() {
+  const texts::HistoryTexts& texts = parts_.session.texts.history;
+  undo_->setText(Caption(parts_.session, texts.undo, std::nullopt));
+  redo_->setText(Caption(parts_.session, texts.redo, std::nullopt));
+  undo_->setEnabled(true);
+  redo_->setEnabled(true);
+}
+
+void HistoryController::NameSteps() {
   const texts::HistoryTexts& texts = parts_.session.texts.history;
   const std::optional<editor::EditStep> done = parts_.history.UndoStep();
   const std::optional<editor::EditStep> undone = parts_.history.RedoStep();
-  undo->setText(Caption(parts_.session, texts.undo, done));
-  undo->setEnabled(done.has_value());
-  redo->setText(Caption(parts_.session, texts.redo, undone));
-  redo->setEnabled(undone.has_value());
+  undo_->setText(Caption(parts_.session, texts.undo, done));
+  undo_->setEnabled(done.has_value());
+  redo_->setText(Caption(parts_.session, texts.redo, undone));
+  redo_->setEnabled(undone.has_value());
 }
 
 void HistoryController::Undo() { Go(&SessionHistory::Undo); }

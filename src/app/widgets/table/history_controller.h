@@ -31,12 +31,14 @@ class HistoryController : public QObject {
   };
   explicit HistoryController(Parts parts);
 
-  /// Puts both commands at the top of a menu; their captions name the step.
+  /// Puts both commands at the top of a menu; while it is open their captions name the step.
   void AddTo(QMenu& menu);
 
  public Q_SLOTS:
   void Undo();
   void Redo();
+  /// The session's texts are other ones.
+  void RefreshTexts();
   /// The session has got another table without a command: shows it.
   void ShowTable();
 
@@ -50,9 +52,11 @@ class HistoryController : public QObject {
 
  private:
   void Go(HistoryOutcome (SessionHistory::*step)());
-  void ShowCaptions(QAction* undo, QAction* redo);
+  void NameSteps();
 
   Parts parts_;
+  QAction* undo_ = nullptr;  // once there is a menu
+  QAction* redo_ = nullptr;
 };
 
 }  // namespace zentab::app

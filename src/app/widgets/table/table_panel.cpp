@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionGroupBox>
+#include <QStylePainter>
 
 namespace zentab::app {
 namespace {
@@ -17,6 +19,22 @@ Control* Named(Control* control, const char* name, const QString& tip = {}) {
   control->setToolTip(tip);
   return control;
 }
+
+constexpr int kHeadSpace = 3;
+
+// Told from what is around it by its heading and by space, without a frame.
+class HeadedGroup : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    option.subControls &= ~QStyle::SC_GroupBoxFrame;
+    QStylePainter(this).drawComplexControl(QStyle::CC_GroupBox, option);
+  }
+};
 
 QLabel* LabelFor(QWidget* field, const char* name, const QString& caption) {
   auto* const label = Named(new QLabel(caption, field->parentWidget()), name);
@@ -39,13 +57,14 @@ TablePanel::TablePanel(editor::WorkingTable& table, QWidget* parent) : QWidget(p
 }
 
 QGroupBox* TablePanel::BuildInstruments() {
-  auto* const frame = Named(new QGroupBox(QStringLiteral("Select Instrument"), this), "Frame1");
+  auto* const frame = Named(new HeadedGroup(QStringLiteral("Select Instrument"), this), "Frame1");
   option1 = Named(new QRadioButton(QStringLiteral("&Current"), frame), "Option1",
                   QStringLiteral("The table belongs to the current time test"));
   option2 = Named(new QRadioButton(QStringLiteral("Vo&ltage"), frame), "Option2",
                   QStringLiteral("The table belongs to the voltage time test"));
   option3 = Named(new QRadioButton(frame), "Option3");
   auto* const row = new QHBoxLayout(frame);
+  row->setContentsMargins(0, kHeadSpace, 0, kHeadSpace);
   row->addWidget(option1);
   row->addWidget(option2);
   row->addWidget(option3);
