@@ -21,6 +21,13 @@ for preset in dev bench; do
     "build/$preset/compile_commands.json" >"build/static/$preset/compile_commands.json"
 done
 
+# With it clang-tidy takes half of the time, and finds the same in the project's files.
+module=build/static/tidy_scope.so
+if [ ! "$module" -nt scripts/tidy_scope.cpp ]; then
+  c++ -std=c++17 -O1 -shared -fPIC -fno-rtti -isystem /usr/lib/llvm-14/include \
+    scripts/tidy_scope.cpp -o "$module"
+fi
+
 tidy() { # PRESET FILE...
   local preset=$1 file files=()
   shift

@@ -37,7 +37,7 @@ window_packages=(qt6-base-dev qt6-svg-dev libgl-dev libqcustomplot-dev libqcusto
   libharfbuzz-dev fonts-dejavu-core fonts-noto-cjk)
 test_packages=(libgtest-dev poppler-utils)
 windows_packages=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 wine64)
-static_packages=(clang clang-tidy cppcheck)
+static_packages=(clang clang-tidy cppcheck libclang-14-dev)
 fuzz_packages=(clang libclang-rt-dev llvm)
 fault_packages=(acl attr)
 bench_packages=(libbenchmark-dev libmuparser-dev)

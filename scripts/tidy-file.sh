@@ -6,7 +6,9 @@
 set -euo pipefail
 build=$1 file=$2
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/zentab/clang-tidy
-tidy=(clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option)
+# With the module that keeps it to the project's own declarations.
+tidy=(clang-tidy --load=build/static/tidy_scope.so --checks=zentab-project-scope --quiet
+  --extra-arg=-Wno-unknown-warning-option)
 
 # The file's commands (one for each target that it belongs to), freed from the file format's escapes.
 commands() {
@@ -26,6 +28,7 @@ preprocessed() {
 seen() {
   clang-tidy --version
   git ls-files -z '*.clang-tidy' | xargs -0 cat
+  cat scripts/tidy_scope.cpp
   echo "${tidy[@]}" "$file"
   commands
   cat "$file"
