@@ -1,6 +1,7 @@
 # What an installation holds. The editor looks for its catalogue beside itself, so it lives in a
 # folder of its own, with links to where a system keeps programs and data.
 include(GNUInstallDirs)
+include(${PROJECT_SOURCE_DIR}/src/mathparser/install.cmake)
 set(program_dir ${CMAKE_INSTALL_LIBDIR}/zentab)
 set(data_dir ${CMAKE_INSTALL_DATADIR}/zentab)
 

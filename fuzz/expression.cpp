@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "fuzz/fuzzing.h"
+#include "mathparser/expression_table.h"
 #include "mathparser/math_parser.h"
 
 namespace zentab::fuzz {

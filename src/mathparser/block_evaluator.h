@@ -17,7 +17,7 @@ class BlockEvaluator {
  public:
   static constexpr std::size_t kBlock = 256;
 
-  /// `values` as a Program holds them: the angle factor and the variables. They and the table must
+  /// `values` as a program takes them: the angle factor and the variables. They and the table must
   /// outlive the object and stay as they are.
   BlockEvaluator(const ExpressionTable& table, const double* values, int variable);
 

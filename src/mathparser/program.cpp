@@ -48,12 +48,12 @@ const Forms& NegateForms() { return *operators::kNegate.forms; }
 }  // namespace
 
 std::uint16_t Lowering::NewPlace(double value) {
-  program_.values[firstFreePlace_] = value;
+  values_[firstFreePlace_] = value;
   return firstFreePlace_++;
 }
 
 Instruction& Lowering::Emit(const HandlerSet& handlers) {
-  Instruction& made = program_.code.emplace_back();
+  Instruction& made = code_.emplace_back();
   made.handler = handlers[static_cast<std::size_t>(Mode::Plain)];
   emitted_ = &handlers;
   joinable_ = {};
@@ -166,7 +166,7 @@ bool Lowering::JoinLeaf(const FunctionEntry& function, const Value& right) {
   const HandlerSet* wider =
       joinable_.wider(joinable_.inner, joinable_.outer, function.forms->fusion);
   if (wider == nullptr) return false;
-  Instruction& last = program_.code.back();
+  Instruction& last = code_.back();
   constexpr auto kSpilling = static_cast<std::size_t>(Mode::Spilling);
   constexpr auto kPlain = static_cast<std::size_t>(Mode::Plain);
   last.handler = (*wider)[last.handler == (*emitted_)[kPlain] ? kPlain : kSpilling];
@@ -318,16 +318,16 @@ void Lowering::Finish(int number, Value result) {
 }
 
 void Lowering::Lower() {
-  program_.code.clear();
-  std::fill_n(program_.values.begin() + 1, kMaxVariables, 0.0);
+  code_.clear();
+  std::fill_n(values_.begin() + 1, kMaxVariables, 0.0);
   if (table_.byRowsOnly || table_.rows.empty()) return;
-  program_.code.reserve(table_.rows.size() + 1);
+  code_.reserve(table_.rows.size() + 1);
   if (table_.hasGuards) PlaceFarGuards();
   for (const std::int16_t row : table_.hasGuards ? GuardsFirst() : table_.postfix) LowerRow(row);
   Compute(stack_[0]);
   // The last operation gives the result itself, unless it has to spill first. A false guard may
   // still lead to the end behind it.
-  Instruction& last = program_.code.back();
+  Instruction& last = code_.back();
   const Handler plain = (*emitted_)[static_cast<std::size_t>(Mode::Plain)];
   const Handler ending = (*emitted_)[static_cast<std::size_t>(Mode::Last)];
   if (last.handler == plain && ending != nullptr) last.handler = ending;

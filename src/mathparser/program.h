@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "mathparser/expression_table.h"
@@ -12,23 +14,17 @@ namespace zentab::mathparser {
 /// Of a program's values: the angle factor, the variables, a literal for every row and one more, a
 /// spill and a shared result for every row.
 inline constexpr std::size_t kPlaces = 1 + kMaxVariables + 3 * kMaxRows + 1;
+using ProgramValues = std::span<double, kPlaces>;
 
-/// An expression table lowered to code that runs without names, links or allocation. It gives the
+/// Lowers an expression table to code that runs without names, links or allocation. It gives the
 /// very bits that the table's operations give one by one, and NaN or an infinity when one of them
-/// fails; which one and why, only the table knows.
-struct Program {
-  std::vector<Instruction> code;  // empty when the expression cannot be lowered (random numbers)
-  // The angle factor, the variables from place 1, the rest. Not on the heap, where they would have
-  // to be found anew for every variable that is set.
-  std::array<double, kPlaces> values{};
-
-  [[nodiscard]] double Run() { return code.front().handler(code.data(), values.data(), 0.0, 0.0); }
-};
-
-/// Makes `program` anew from a table; its variables are 0 then, the angle factor stays.
+/// fails; which one and why, only the table knows. Both are made anew: the code, empty when the
+/// expression cannot be lowered (random numbers), and the values, the variables being 0 then; the
+/// angle factor stays.
 class Lowering {
  public:
-  Lowering(const ExpressionTable& table, Program& program) : table_(table), program_(program) {}
+  Lowering(const ExpressionTable& table, std::vector<Instruction>& code, ProgramValues values)
+      : table_(table), code_(code), values_(values) {}
   void Lower();
 
  private:
@@ -87,7 +83,8 @@ class Lowering {
   std::uint16_t NewPlace(double value);
 
   const ExpressionTable& table_;
-  Program& program_;
+  std::vector<Instruction>& code_;
+  ProgramValues values_;
   std::array<Value, kMaxRows + 2> stack_{};
   std::size_t depth_ = 0;
   std::uint16_t firstFreePlace_ = kMaxVariables + 1;

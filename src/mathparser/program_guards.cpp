@@ -47,7 +47,7 @@ int Lowering::GuardAmongFactors(const Row& row) {
 void Lowering::EndJump(int product) {
   joinable_ = {};  // what follows is not guarded
   const std::size_t jump = jump_[static_cast<std::size_t>(product)];
-  program_.code[jump].skip = static_cast<std::uint16_t>(program_.code.size() - jump);
+  code_[jump].skip = static_cast<std::uint16_t>(code_.size() - jump);
 }
 
 // The end of a guarded product, which is reached only when it is the guarded factor as it is.
@@ -68,14 +68,14 @@ bool Lowering::EmitGuard(int number, Value& result) {
   if (guard == 0) return false;
   if (guard == number) {
     Compute(result);
-    jump_[static_cast<std::size_t>(product)] = program_.code.size();
+    jump_[static_cast<std::size_t>(product)] = code_.size();
     Emit(kGuard);
     inAccumulator_ = nullptr;
     return true;
   }
   if (row.guard == guard || GuardAmongFactors(table_.At(product)) != 0) return false;
   Compute(result);
-  jump_[static_cast<std::size_t>(product)] = program_.code.size();
+  jump_[static_cast<std::size_t>(product)] = code_.size();
   Emit(kFarGuard).operand[0] = sharedPlace_[static_cast<std::size_t>(guard)];
   return false;
 }

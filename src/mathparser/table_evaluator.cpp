@@ -86,12 +86,14 @@ bool TableEvaluator::Evaluate(const ExpressionTable& table, const double* values
       at.result = at.arguments[1];
     } else if (runs) {
       if (row.function->kernel == nullptr) {
+        errorPosition_ = row.position;
         error_ = "Function <" + std::to_string(row.function->code) + "> missing?";
         return false;
       }
       CallContext context{values[kAngleFactorPlace], &random, {}};
       if (!Run(row, at, context)) {
         if (!explains) return false;
+        errorPosition_ = row.position;
         error_ = context.message;
         if (error_.empty()) {
           error_ = "Evaluation error < " + RowText(table, row, at, decimalSeparator) +

@@ -25,14 +25,17 @@ class TableEvaluator {
   /// Forgets all values; the next evaluation begins with those of Reset.
   void Clear() { rows_.clear(); }
 
-  /// Evaluates with the angle factor and the variables as a Program holds them. On false Error()
-  /// names the row, unless nobody asks; the rows before it keep their values.
+  /// Evaluates with the angle factor and the variables as a program takes them. On false Error()
+  /// and ErrorPosition()
+  /// name the row, unless nobody asks; the rows before it keep their values.
   [[nodiscard]] bool Evaluate(const ExpressionTable& table, const double* values,
                               RandomSource& random, std::string_view decimalSeparator,
                               bool explains = true);
 
   [[nodiscard]] double Result() const { return result_; }
   [[nodiscard]] const std::string& Error() const { return error_; }
+  /// The row's character in the trimmed text, from 1.
+  [[nodiscard]] int ErrorPosition() const { return errorPosition_; }
   [[nodiscard]] const std::vector<RowValues>& Rows() const { return rows_; }
 
  private:
@@ -41,6 +44,7 @@ class TableEvaluator {
   std::vector<RowValues> rows_;
   double result_ = 0.0;
   std::string error_;
+  int errorPosition_ = 0;
 };
 
 }  // namespace zentab::mathparser

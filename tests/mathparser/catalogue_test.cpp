@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "mathparser/function_catalogue.h"
 #include "mathparser/math_parser.h"
 
 namespace zentab::mathparser {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "mathparser/function_catalogue.h"
 #include "mathparser/function_documentation.h"
 #include "mathparser/math_parser.h"
 

@@ -365,6 +365,41 @@ TEST(MathParserErrors, SayTheCharacter) {
     EXPECT_EQ(parser.StoreExpression(row.text), row.position == 0);
     EXPECT_EQ(parser.ErrorPosition(), row.position)
         << row.text << ": " << parser.ErrorDescription();
+    EXPECT_EQ(parser.ErrorNumber(), row.position == 0 ? 0 : 1001);
+  }
+}
+
+// Of an evaluation: number, character and text, in what is thrown and in the parser.
+TEST(MathParserErrors, OfAnEvaluationSayTheOperation) {
+  using Action = std::function<void(MathParser&)>;
+  const Action eval = [](MathParser& p) { (void)p.Eval(); };
+  const Action eval1 = [](MathParser& p) { (void)p.Eval1(0.0); };
+  const Action multi = [](MathParser& p) { (void)p.EvalMulti(std::vector<double>{1.0, 0.0}); };
+  const Action unassigned = [](MathParser& p) { p.OpAssignExplicit(true), (void)p.Eval(); };
+  const struct {
+    const char* text;
+    const Action& evaluate;
+    int number, position;
+  } cases[] = {
+      {"1+1/x", eval, 1001, 4},   {"  x/ln(x)", eval, 1001, 7}, {" 2+1/x", eval1, 1002, 5},
+      {"1/x", multi, 1001, 2},    {"x+y", eval1, 1002, 0},      {"5", multi, 1001, 0},
+      {"(x", eval, 1001, 3},      {"(x", eval1, 1002, 3},       {"x", unassigned, 1001, 0},
+      {"zeta(1)", eval, 1001, 5},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.text);
+    MathParser parser;
+    (void)parser.StoreExpression(row.text);
+    try {
+      row.evaluate(parser);
+      ADD_FAILURE() << "has a value";
+    } catch (const EvaluationError& error) {
+      EXPECT_EQ(error.Number(), row.number);
+      EXPECT_EQ(error.Position(), row.position) << error.what();
+      EXPECT_EQ(parser.ErrorNumber(), row.number);
+      EXPECT_EQ(parser.ErrorPosition(), row.position);
+      EXPECT_EQ(parser.ErrorDescription(), error.Description());
+    }
   }
 }
 

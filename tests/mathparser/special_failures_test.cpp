@@ -5,6 +5,7 @@
 #include <limits>
 #include <string_view>
 
+#include "mathparser/function_catalogue.h"
 #include "mathparser/math_parser.h"
 #include "mathparser/special/special_functions.h"
 

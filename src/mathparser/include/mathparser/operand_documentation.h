@@ -5,10 +5,11 @@
 
 namespace zentab::mathparser {
 
-/// What a user is told of a name that stands for a number: English, UTF-8, in one line.
+/// What a user is told of a name that stands for a number: English, UTF-8, in one line. All rows
+/// and their texts live as long as the program; any thread may read them.
 struct OperandDocumentation {
-  std::string_view name;  // as it is written
-  std::string_view meaning;
+  std::string_view name;     ///< as it is written
+  std::string_view meaning;  ///< what it stands for
 };
 
 /// The constants, with the "#" that belongs to their names.

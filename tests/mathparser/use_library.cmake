@@ -1,0 +1,82 @@
+# Builds and runs the program of docs/expressions.md with the evaluator, as somebody else would:
+#   WAY=package    with what the component "mathparser" of BUILD installs
+#   WAY=folder     with the evaluator's folder as a part of the program's own build
+#   WAY=project    with what the evaluator's folder installs that is built by itself
+# Other variables: SOURCE (the checkout), WORK (a folder that is made anew); the environment says what
+# to build with.
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${ARGN}\n${output}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+# take_block(LANGUAGE NUMBER RESULT): a block of code in the document, its semicolons kept.
+function(take_block language number result)
+  file(READ ${SOURCE}/docs/expressions.md rest)
+  foreach(i RANGE 1 ${number})
+    string(FIND "${rest}" "```${language}\n" begin)
+    string(LENGTH "```${language}\n" length)
+    math(EXPR begin "${begin} + ${length}")
+    string(SUBSTRING "${rest}" ${begin} -1 rest)
+  endforeach()
+  string(FIND "${rest}" "```" end)
+  string(SUBSTRING "${rest}" 0 ${end} block)
+  set(${result} "${block}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK}/build)
+take_block(cmake 1 project)
+take_block(cmake 2 folder)
+take_block(cpp 1 program)
+set(prefix ${WORK}/prefix)
+if(WAY STREQUAL "package")
+  run(${CMAKE_COMMAND} --install ${BUILD} --component mathparser --prefix ${prefix})
+elseif(WAY STREQUAL "project")
+  set(library ${WORK}/library)
+  run(${CMAKE_COMMAND} -S ${SOURCE}/src/mathparser -B ${library})
+  run(${CMAKE_COMMAND} --build ${library})
+  run(${CMAKE_COMMAND} --install ${library} --prefix ${prefix})
+else()
+  string(REGEX REPLACE "find_package[^\n]*\n" "${folder}" project "${project}")
+  file(CREATE_LINK ${SOURCE} ${WORK}/zentab SYMBOLIC)
+endif()
+file(WRITE ${WORK}/CMakeLists.txt "${project}")
+file(WRITE ${WORK}/relay_time.cpp "#if __has_include(\"mathparser/compiler.h\") || __has_include(\"platform/paths.h\")
+#error \"sees what is none of its business\"
+#endif
+${program}")
+
+if(IS_DIRECTORY ${prefix})
+  file(GLOB_RECURSE headers RELATIVE ${prefix}/include ${prefix}/include/*)
+  list(JOIN headers " " headers)
+  string(REGEX REPLACE "([a-z_]+)" "zentab/mathparser/\\1.h" public
+    "function_documentation math_parser operand_documentation")
+  if(NOT headers STREQUAL public)
+    message(FATAL_ERROR "installed headers: ${headers}")
+  endif()
+endif()
+run(${CMAKE_COMMAND} -S ${WORK} -B ${WORK}/build -DCMAKE_PREFIX_PATH=${prefix}
+  -DCMAKE_EXPORT_COMPILE_COMMANDS=ON)
+file(READ ${WORK}/build/compile_commands.json commands)
+string(JSON last LENGTH "${commands}")
+math(EXPR last "${last} - 1")
+foreach(i RANGE ${last})
+  string(JSON file GET "${commands}" ${i} file)
+  if(file MATCHES "relay_time")
+    string(JSON command GET "${commands}" ${i} command)
+    string(REGEX MATCHALL " -(W|D|U|f|m|I|isystem|include)[^ ]*" options "${command}")
+    list(LENGTH options count)
+    # Where the headers are, and nothing else.
+    if(NOT (count EQUAL 1 AND options MATCHES "^ -(I|isystem)"))
+      message(FATAL_ERROR "compiled by ${command}")
+    endif()
+  endif()
+endforeach()
+run(${CMAKE_COMMAND} --build ${WORK}/build)
+run(${WORK}/build/relay_time)
+if(NOT output MATCHES "^2\\.9706")
+  message(FATAL_ERROR "prints ${output}")
+endif()
