@@ -3,6 +3,7 @@
 #   ./test.sh             the development build
 #   ./test.sh asan        the same under AddressSanitizer and UndefinedBehaviorSanitizer
 #   ./test.sh no-gui      what lies outside widgets/, without Qt
+#   ./test.sh format      whether clang-format would change anything
 #   ./test.sh static      clang-tidy and cppcheck
 #   ./test.sh fuzz        every fuzz target for FUZZ_RUNS executions (1,000,000 unless set)
 #   ./test.sh fuzz-short  every fuzz target for ten seconds
@@ -12,10 +13,11 @@
 #                         processes, for 60 s
 #   ./test.sh load        the window on a library of 1,000,000 entries, and hostile expressions,
 #                         each beside its limit
+#   ./test.sh speed       every benchmark beside its yardstick, as one table; writes docs/speed.md
 #   ./test.sh mutants [N [SEED [OPTION...]]]   makes N small faults (60), one at a time, and tells which
 #                         of them no test catches; see scripts/mutants.py --help
 #   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
-#                         benchmarks build, hardened
+#                         benchmarks build, hardened, and the evaluator's documentation
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
@@ -107,8 +109,17 @@ load() {
   build/bench/bin/hostile_bench
 }
 
+speed() {
+  need "${build_packages[@]}" "${window_packages[@]}" "${bench_packages[@]}"
+  # The table says so where it is missing.
+  need "${peer_packages[@]}" || true
+  build bench
+  scripts/speed.py build/bench docs/speed.md
+}
+
 case "${1:-dev}" in
   dev | asan | no-gui) run "${1:-dev}" ;;
+  format) check_format ;;
   static) scripts/check-static.sh ;;
   fuzz) fuzz -runs="${FUZZ_RUNS:-1000000}" ;;
   fuzz-short) fuzz -max_total_time=10 ;;
@@ -117,18 +128,22 @@ case "${1:-dev}" in
     scripts/check-static.sh
     for preset in dev no-gui asan; do run "$preset"; done
     fuzz -max_total_time=10
-    need "${bench_packages[@]}"
+    need "${bench_packages[@]}" "${peer_packages[@]}" "${docs_packages[@]}"
     build bench
+    # Here at the latest doxygen is found.
+    cmake --preset no-gui >/dev/null
+    cmake --build --preset no-gui --target evaluator_docs
     scripts/check-hardening.sh bench
     ;;
   faults) faults "${@:2}" ;;
   load) load ;;
+  speed) speed ;;
   mutants)
     need "${build_packages[@]}" "${test_packages[@]}" "${window_packages[@]}"
     scripts/mutants.py "${@:2}"
     ;;
   *)
-    sed -n '2,18s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,20s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

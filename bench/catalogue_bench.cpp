@@ -6,6 +6,7 @@
 #include <fstream>
 #include <random>
 
+#include "bench/speed_reporter.h"
 #include "platform/file_layer.h"
 #include "texts/apply_texts.h"
 
@@ -53,4 +54,4 @@ void FiveCatalogues(benchmark::State& state) {
 }  // namespace
 
 BENCHMARK(FiveCatalogues)->Unit(benchmark::kMillisecond)->MinTime(1.0);
-BENCHMARK_MAIN();
+int main(int argc, char** argv) { return zentab::bench::RunBenchmarks(argc, argv); }

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "bench/in_turns.h"
+#include "bench/speed_reporter.h"
 
 namespace {
 
@@ -85,6 +86,7 @@ void EvalBatch(benchmark::State& state) {
   }
   state.counters["per second"] =
       benchmark::Counter(kExpressions, benchmark::Counter::kIsIterationInvariantRate);
+  state.counters["least per second"] = 300'000.0;
 }
 
 void Start(benchmark::State& state) {
@@ -94,6 +96,7 @@ void Start(benchmark::State& state) {
   }
   state.counters["ms of CPU"] =
       (ChildSeconds() - before) * 1000.0 / static_cast<double>(state.iterations());
+  state.counters["most ms of CPU"] = 3.0;
 }
 
 BENCHMARK(List)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(40);
@@ -102,4 +105,4 @@ BENCHMARK(Start)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(100
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) { return zentab::bench::RunBenchmarks(argc, argv); }

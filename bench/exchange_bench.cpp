@@ -1,11 +1,12 @@
 // Copying 50,000 selected entries of a library of 100,000 into another file, flushed and not,
 // beside plain copies of the library, all of which has to be read, and of the selected bytes alone.
-// The counters are ratios of the medians; "target" is what "x library" should stay below.
+// The counters are ratios of the medians; "most" is what they should stay below.
 
 #include <benchmark/benchmark.h>
 
 #include "bench/in_turns.h"
 #include "bench/library_file.h"
+#include "bench/speed_reporter.h"
 #include "bench/unflushed_files.h"
 #include "exchange/entry_copy.h"
 
@@ -70,4 +71,4 @@ ZENTAB_COPY(second_half_unflushed, SecondHalf, false);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) { return zentab::bench::RunBenchmarks(argc, argv); }

@@ -16,6 +16,7 @@
 
 #include "bench/in_turns.h"
 #include "bench/library_file.h"
+#include "bench/speed_reporter.h"
 #include "bench/unflushed_files.h"
 #include "tables/table_writer.h"
 
@@ -116,4 +117,4 @@ BENCHMARK(ReadLineNearEnd)->UseManualTime()->Unit(benchmark::kMillisecond)->Iter
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) { return zentab::bench::RunBenchmarks(argc, argv); }

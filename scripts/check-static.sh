@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 
 need "${build_packages[@]}" "${test_packages[@]}" "${window_packages[@]}" "${bench_packages[@]}" \
-  "${static_packages[@]}"
+  "${peer_packages[@]}" "${static_packages[@]}"
 
 # The tests of the windows include what Qt's generator makes of them while they are built; of the
 # benchmarks the arguments of the compiler are enough.
@@ -55,6 +55,6 @@ else
   cppcheck -j2 --quiet --cppcheck-build-dir="$cache" --std=c++20 --language=c++ --library=qt,googletest \
     --enable=warning,performance,portability,style --inline-suppr \
     --suppressions-list=scripts/cppcheck-suppressions.txt --error-exitcode=1 \
-    -D'Q_EMIT=' -I src -I . src simulator tools bench tests || failed=1
+    -D'Q_EMIT=' -I src -I src/mathparser/include -I . src simulator tools bench tests || failed=1
 fi
 exit "$failed"

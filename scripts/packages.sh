@@ -40,7 +40,9 @@ windows_packages=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 wine64)
 static_packages=(clang clang-tidy cppcheck libclang-14-dev)
 fuzz_packages=(clang libclang-rt-dev llvm)
 fault_packages=(acl attr)
-bench_packages=(libbenchmark-dev libmuparser-dev)
+bench_packages=(libbenchmark-dev)
+peer_packages=(libmuparser-dev)
+docs_packages=(doxygen)
 
 # build PRESET: configures once (again in a checkout that was moved), then builds what changed.
 build() {

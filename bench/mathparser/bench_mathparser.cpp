@@ -1,32 +1,19 @@
 #include <benchmark/benchmark.h>
-#include <muParser.h>
 
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "formulas.h"
+#include "inputs.h"
 #include "mathparser/math_parser.h"
+#include "muparser_bench.h"
 #include "ratio_reporter.h"
 
 namespace zentab::mathparser::bench {
 namespace {
 
-constexpr std::size_t kPoints = 2048;  // of the single evaluations, small enough for L1/L2
 constexpr std::size_t kMultiPoints = 1000000;
-
-std::vector<double> RandomInputs(const Formula& formula, std::size_t count) {
-  std::mt19937_64 random(20240501);
-  std::uniform_real_distribution<double> in(formula.lowest, formula.highest);
-  std::vector<double> inputs(count);
-  for (double& input : inputs) input = in(random);
-  return inputs;
-}
-
-void CountItems(benchmark::State& state, std::size_t perIteration) {
-  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(perIteration));
-}
 
 template <std::size_t... I>
 void SingleNative(benchmark::State& state, const Formula& formula, std::index_sequence<I...>) {
@@ -50,30 +37,6 @@ void SingleEval(benchmark::State& state, const Formula& formula, std::index_sequ
     for (std::size_t p = 0; p < kPoints; ++p) {
       const double* v = &inputs[p * sizeof...(I)];
       (parser.VarValue(static_cast<int>(I) + 1, v[I]), ...);
-      benchmark::DoNotOptimize(parser.Eval());
-    }
-  }
-  CountItems(state, kPoints);
-}
-
-void PrepareMuParser(mu::Parser& parser, const Formula& formula, std::vector<double>& variables) {
-  variables.resize(formula.variables.size());
-  for (std::size_t i = 0; i < variables.size(); ++i) {
-    parser.DefineVar(std::string(formula.variables[i]), &variables[i]);
-  }
-}
-
-template <std::size_t... I>
-void SingleMuParser(benchmark::State& state, const Formula& formula, std::index_sequence<I...>) {
-  const std::vector<double> inputs = RandomInputs(formula, kPoints * sizeof...(I));
-  std::vector<double> variables;
-  mu::Parser parser;
-  PrepareMuParser(parser, formula, variables);
-  parser.SetExpr(std::string(formula.muParserText));
-  for (auto _ : state) {
-    for (std::size_t p = 0; p < kPoints; ++p) {
-      const double* v = &inputs[p * sizeof...(I)];
-      ((variables[I] = v[I]), ...);
       benchmark::DoNotOptimize(parser.Eval());
     }
   }
@@ -145,32 +108,12 @@ void Compile(benchmark::State& state, const Formula& formula) {
   CountItems(state, 1);
 }
 
-// muParser compiles at the first evaluation.
-void CompileMuParser(benchmark::State& state, const Formula& formula) {
-  std::vector<double> variables;
-  mu::Parser parser;
-  PrepareMuParser(parser, formula, variables);
-  for (double& variable : variables) variable = 2.5;
-  const std::string text(formula.muParserText);
-  for (auto _ : state) {
-    parser.SetExpr(text);
-    benchmark::DoNotOptimize(parser.Eval());
-  }
-  CountItems(state, 1);
-}
-
 template <std::size_t N>
 void RegisterSingles(const Formula& formula, const std::string& number) {
   if (formula.variables.size() != N) return;
   using Indices = std::make_index_sequence<N>;
-  const auto add = [&](const char* what, auto function) {
-    benchmark::RegisterBenchmark((what + number).c_str(), [&formula, function](auto& state) {
-      function(state, formula, Indices());
-    });
-  };
-  add("Native/", [](auto& s, const Formula& f, auto i) { SingleNative(s, f, i); });
-  add("Eval/", [](auto& s, const Formula& f, auto i) { SingleEval(s, f, i); });
-  add("MuParserEval/", [](auto& s, const Formula& f, auto i) { SingleMuParser(s, f, i); });
+  RegisterFor("Native/" + number, formula, [](auto& s, auto& f) { SingleNative(s, f, Indices()); });
+  RegisterFor("Eval/" + number, formula, [](auto& s, auto& f) { SingleEval(s, f, Indices()); });
 }
 
 template <std::size_t... N>
@@ -183,15 +126,11 @@ void Register() {
     const Formula& formula = Formulas()[i];
     const std::string number = std::to_string(i);
     RegisterAnyOf(formula, number, std::make_index_sequence<8>());
-    const auto add = [&](const char* what, void (*function)(benchmark::State&, const Formula&)) {
-      benchmark::RegisterBenchmark((what + number).c_str(),
-                                   [&formula, function](auto& state) { function(state, formula); });
-    };
-    add("NativeMulti/", MultiNative);
-    add("EvalMulti/", MultiEval);
-    add("EvalMultiVector/", MultiEvalVector);
-    add("Compile/", Compile);
-    add("MuParserCompile/", CompileMuParser);
+    RegisterFor("NativeMulti/" + number, formula, MultiNative);
+    RegisterFor("EvalMulti/" + number, formula, MultiEval);
+    RegisterFor("EvalMultiVector/" + number, formula, MultiEvalVector);
+    RegisterFor("Compile/" + number, formula, Compile);
+    RegisterMuParser(formula, number);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/speed_reporter.h"
 #include "mathparser/math_parser.h"
 
 // What texts that nobody writes by hand cost, to the error or the value: compiled, evaluated and
@@ -48,7 +49,8 @@ const HostileText kTexts[] = {
     {"SlowestSeries", [] { return std::string("hypgeom(0.9999999999999999,150.5,1E3,12345.5)"); }},
 };
 
-void Hostile(benchmark::State& state, const HostileText& hostile) {
+void Hostile(benchmark::State& state) {
+  const HostileText& hostile = kTexts[static_cast<std::size_t>(state.range(0))];
   const std::string text = hostile.make();
   for (auto _ : state) {
     MathParser parser;
@@ -61,23 +63,12 @@ void Hostile(benchmark::State& state, const HostileText& hostile) {
     }
     benchmark::DoNotOptimize(parser.ET_Dump());
   }
+  state.SetLabel(hostile.name);
+  state.counters["most ms"] = 1000.0;
 }
-
-void Register() {
-  for (const HostileText& hostile : kTexts) {
-    benchmark::RegisterBenchmark(hostile.name, [&hostile](auto& state) {
-      Hostile(state, hostile);
-    })->Unit(benchmark::kMillisecond);
-  }
-}
+BENCHMARK(Hostile)->DenseRange(0, std::ssize(kTexts) - 1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace zentab::mathparser::bench
 
-int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  zentab::mathparser::bench::Register();
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+int main(int argc, char** argv) { return zentab::bench::RunBenchmarks(argc, argv); }

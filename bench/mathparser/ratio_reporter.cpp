@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "bench/speed_line.h"
 #include "formulas.h"
 
 namespace zentab::mathparser::bench {
@@ -57,6 +58,24 @@ void RatioReporter::Finalize() {
   };
   std::printf("| geometric mean | | | %.2f | %.2f | | | %.2f | %.2f | | %.2f |\n", mean(0), mean(1),
               mean(2), mean(3), mean(4));
+  PrintSpeedLines(mean(0));
+}
+
+void RatioReporter::PrintSpeedLines(double meanOfEval) const {
+  using zentab::bench::Aim;
+  const auto print = zentab::bench::PrintSpeedLine;
+  print("Eval, geometric mean", "x native function", meanOfEval, Aim::Most, 2.0);
+  for (std::size_t i = 0; i < Formulas().size(); ++i) {
+    const auto ratio = [&](const char* one, const char* other) {
+      return Nanoseconds(one, i) / Nanoseconds(other, i);
+    };
+    print("muParser's evaluation", "x Eval", ratio("MuParserEval", "Eval"), Aim::Least, 2.0);
+    print("EvalMulti, million points", "x native function", ratio("EvalMulti", "NativeMulti"),
+          Aim::Most, 1.2);
+    print("Compiling", "us", Nanoseconds("Compile", i) / 1e3, Aim::Most, 4.0);
+    print("muParser's compilation", "x Compile", ratio("MuParserCompile", "Compile"), Aim::Least,
+          3.0);
+  }
 }
 
 }  // namespace zentab::mathparser::bench

@@ -17,6 +17,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
   void Finalize() override;
 
  private:
+  void PrintSpeedLines(double meanOfEval) const;
   [[nodiscard]] double Nanoseconds(const std::string& what, std::size_t formula) const;
 
   std::map<std::string, std::vector<double>> times_;  // nanoseconds per item

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "bench/speed_line.h"
 #include "special_peers.h"
 #include "special_reference.h"
 
@@ -178,7 +179,9 @@ std::string TimeTable(const std::map<std::string, References>& families) {
     logarithms += std::log(ratio);
     ++compared;
   }
-  table << "| geometric mean | | | " << Format("%.2f", std::exp(logarithms / compared)) << " | |\n";
+  const double mean = std::exp(logarithms / compared);
+  table << "| geometric mean | | | " << Format("%.2f", mean) << " | |\n";
+  zentab::bench::PrintSpeedLine("Special functions, geometric mean", "x Boost.Math", mean);
   return table.str();
 }
 

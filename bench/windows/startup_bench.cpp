@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "bench/speed_line.h"
+
 namespace {
 
 struct Times {
@@ -75,5 +77,7 @@ int main(int, char* argv[]) {
   std::printf("editor             %6.1f ms wall  %6.1f ms CPU\n", 1e3 * Median(wall[1]),
               1e3 * Median(cpu[1]));
   std::printf("ratio              %6.2f (median of pairs)\n", Median(ratios));
+  zentab::bench::PrintSpeedLine("Start to the first painted window", "x empty window",
+                                Median(ratios));
   return 0;
 }

@@ -1,0 +1,7 @@
+#include "muparser_bench.h"
+
+namespace zentab::mathparser::bench {
+
+void RegisterMuParser(const Formula&, const std::string&) {}
+
+}  // namespace zentab::mathparser::bench
