@@ -16,7 +16,7 @@ class Registry {
 
   /// The text of a value, or nothing when the key or the value is missing, unreadable or longer
   /// than 1023 characters. A string ends at its first NUL; a 32-bit number comes as its unsigned
-  /// decimal text.
+  /// decimal text. A 64-bit program on Windows finds what 32-bit ones wrote, too.
   [[nodiscard]] virtual std::optional<std::string> ReadRegistryValue(
       RootKey root, std::string_view keyPath, std::string_view valueName) const = 0;
 };
