@@ -21,11 +21,11 @@ class Registry {
       RootKey root, std::string_view keyPath, std::string_view valueName) const = 0;
 };
 
-/// The system's registry. Where the platform has none: the INI file "registry.ini" in the folder
-/// that the environment variable ZENTAB_REGISTRY_DIR names, else in the user's configuration
-/// folder; a section is a key path with its root (HKEY_LOCAL_MACHINE\SOFTWARE\...), a number is
-/// written as in exported registry files, dword:0000001f. A relative name is that of a folder in
-/// what is the working folder now.
+/// The system's registry, unless the environment variable ZENTAB_REGISTRY_DIR names a folder: then,
+/// and where the platform has no registry, the INI file "registry.ini" in that folder, else in the
+/// user's configuration folder. A section is a key path with its root
+/// (HKEY_LOCAL_MACHINE\SOFTWARE\...), a number is written as in exported registry files,
+/// dword:0000001f. A relative name is that of a folder in what is the working folder now.
 [[nodiscard]] std::unique_ptr<Registry> SystemRegistry();
 
 }  // namespace zentab::platform

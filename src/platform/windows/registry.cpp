@@ -7,6 +7,8 @@
 #include <cstring>
 
 #include "platform/ansi_code_page.h"
+#include "platform/ini_registry.h"
+#include "platform/windows/named_folder.h"
 
 namespace zentab::platform {
 namespace {
@@ -63,6 +65,10 @@ class WindowsRegistry final : public Registry {
 
 }  // namespace
 
-std::unique_ptr<Registry> SystemRegistry() { return std::make_unique<WindowsRegistry>(); }
+std::unique_ptr<Registry> SystemRegistry() {
+  std::filesystem::path named = NamedFolder(L"ZENTAB_REGISTRY_DIR");
+  if (!named.empty()) return RegistryInFile(std::move(named));
+  return std::make_unique<WindowsRegistry>();
+}
 
 }  // namespace zentab::platform
