@@ -16,6 +16,9 @@ target_compile_options(zentab_options INTERFACE
   $<${released}:-U_FORTIFY_SOURCE>
   $<${released}:-D_FORTIFY_SOURCE=2>)
 if(MINGW)
+  # Nothing tells where the program was built.
+  target_compile_options(zentab_options INTERFACE
+    $<${released}:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
   # The guard of the stack is in a library of its own there.
   target_link_options(zentab_options INTERFACE
     $<${released}:-fstack-protector-strong> -Wl,--nxcompat,--dynamicbase)

@@ -13,13 +13,15 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# Programs and modules run without any DLL of the compiler.
-set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
-set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
-set(CMAKE_MODULE_LINKER_FLAGS_INIT -static)
+# Programs and modules run without any DLL of the compiler, and the same source gives the same bytes.
+foreach(kind EXE SHARED MODULE)
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp")
+endforeach()
 
 # Debian's wine64 alone puts no command into the PATH.
 find_program(wine NAMES wine64 wine wine64-stable HINTS /usr/lib/wine)
 if(wine AND ZENTAB_WINDOWS_CPU STREQUAL x86_64)
   set(CMAKE_CROSSCOMPILING_EMULATOR ${wine})
+elseif(wine)
+  set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/wine32.sh)
 endif()

@@ -4,7 +4,7 @@
 
 #include "app/settings.h"
 #include "fuzz/fuzzing.h"
-#include "platform/posix/ini_text.h"
+#include "platform/ini_text.h"
 #include "platform/registry.h"
 
 namespace zentab::fuzz {

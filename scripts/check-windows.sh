@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Cross-compiles everything but the windows, with the simulated instruments, for Windows: for
-# 64 bits with all tests, which run under Wine, and for 32 bits, where a test set's modules live.
+# 64 bits and for 32 bits, where a test set's modules live. The tests run under Wine, those for 32
+# bits where scripts/wine32.sh --make has made a Wine for them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -31,7 +32,12 @@ check_exports CURR_API.DLL _CURRENT__openFiles@4 _CURRENT__getIstartUp@0 \
 check_exports VOLT_API.DLL _VOLTAGE__openFiles@4 _VOLTAGE__getUstartUp@0 \
   _VOLTAGE__closeFiles@0 _VOLTAGE__setRefgraph@8
 
-# A registry of its own, made anew, and no windows: the tests show none.
-rm -rf build/wine
+# Registries of their own, made anew, and no windows: the tests show none.
+rm -rf build/wine build/wine32
 unset DISPLAY WAYLAND_DISPLAY
 ctest --preset windows
+if scripts/wine32.sh --find; then
+  ctest --preset windows32
+else
+  echo "The 32-bit tests are compiled and not run: scripts/wine32.sh --make makes a Wine for them."
+fi

@@ -44,7 +44,7 @@ const std::map<string, LayerSet> kAllowedWindows = {
     {"app/widgets", {"editor/widgets", "exchange/widgets", "cli"}},
 };
 
-// "editor/widgets" of "editor/widgets/grid.h", "platform" of "platform/posix/ini_text.h".
+// "editor/widgets" of "editor/widgets/grid.h", "platform" of "platform/posix/access_list.h".
 string LayerOf(const fs::path& file) {
   auto part = file.begin();
   string layer = part->string();

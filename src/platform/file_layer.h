@@ -54,7 +54,8 @@ class FileLayer {
   virtual ~FileLayer() = default;
 
   /// Opens a regular file for reading; others may write, replace and remove it meanwhile. Fails
-  /// with std::errc::no_such_file_or_directory when there is none.
+  /// with std::errc::no_such_file_or_directory when there is none, on Windows with
+  /// FileError::OpenElsewhere when someone has kept everybody out for a second.
   [[nodiscard]] virtual std::error_code Open(const std::filesystem::path& path,
                                              std::unique_ptr<InputFile>& file) = 0;
   /// The stamp of a regular file, behind any symbolic links; nothing when there is none. Fails when

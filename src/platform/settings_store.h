@@ -31,9 +31,9 @@ class SettingsStore {
                                              const std::vector<Setting>& settings) = 0;
 };
 
-/// The user's store: Software\application\section of the current user's registry on Windows;
-/// elsewhere one INI file an application in the folder that the environment variable
-/// ZENTAB_SETTINGS_DIR names, else in the user's configuration folder. A relative name is that of
+/// The user's store: one INI file an application in the folder that the environment variable
+/// ZENTAB_SETTINGS_DIR names; without it Software\application\section of the current user's registry
+/// on Windows, elsewhere such files in the user's configuration folder. A relative name is that of
 /// a folder in what is the working folder now.
 [[nodiscard]] std::unique_ptr<SettingsStore> UserSettingsStore();
 

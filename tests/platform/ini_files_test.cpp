@@ -1,7 +1,7 @@
-// The settings store and the registry of platforms that keep both in INI files.
+// The settings store and the registry in INI files.
 #include <thread>
 
-#include "platform/posix/ini_text.h"
+#include "platform/ini_text.h"
 #include "platform/registry.h"
 #include "platform/settings_store.h"
 #include "support/environment.h"
@@ -42,8 +42,8 @@ TEST(IniText, ChangesValuesAndLeavesAllElse) {
 
 class IniFiles : public test::TemporaryFolder {
  protected:
-  const test::Variable settings_{"ZENTAB_SETTINGS_DIR", Folder() / "settings"};
-  const test::Variable registry_{"ZENTAB_REGISTRY_DIR", Folder()};
+  const test::Variable settings_{"ZENTAB_SETTINGS_DIR", (Folder() / "settings").string()};
+  const test::Variable registry_{"ZENTAB_REGISTRY_DIR", Folder().string()};
   std::unique_ptr<SettingsStore> store_ = UserSettingsStore();
 };
 
@@ -60,6 +60,7 @@ TEST_F(IniFiles, ARelativeFolderStaysWhereItWasAtTheStart) {
   EXPECT_EQ(registry->ReadRegistryValue(RootKey::CurrentUser, "K", "v"), "1");
 }
 
+#ifndef _WIN32
 TEST_F(IniFiles, WithoutAVariableOfTheirOwnTheyLieWhereSettingsDo) {
   settings_.Set({});
   const test::Variable home("HOME", Folder() / "home");
@@ -78,6 +79,7 @@ TEST_F(IniFiles, WithoutAVariableOfTheirOwnTheyLieWhereSettingsDo) {
   home.Set({});
   EXPECT_TRUE(UserSettingsStore()->Save("Zentab", "S", {{"a", "1"}}));
 }
+#endif
 
 TEST_F(IniFiles, SettingsComeBackWithoutRegardToCase) {
   EXPECT_EQ(store_->Read("Zentab", "Settings", "TableName"), std::nullopt);

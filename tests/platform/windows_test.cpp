@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <functional>
+#include <thread>
 
 #include "platform/ansi_code_page.h"
 #include "platform/character_case.h"
@@ -58,6 +59,29 @@ TEST_F(WindowsRegistryTest, GivesTextsAndNumbers) {
   EXPECT_EQ(Value("longer"), "none");
   EXPECT_EQ(Value("missing"), "none");
   EXPECT_FALSE(SystemRegistry()->ReadRegistryValue(RootKey::LocalMachine, kKey, "text"));
+}
+
+// A key that each kind of program has for itself; the program's own comes first.
+TEST(WindowsRegistryViews, AreThoseOfBothKindsOfPrograms) {
+  constexpr const char* kSuite = "SOFTWARE\\ZentabTest";
+  const auto found = [] {
+    return SystemRegistry()->ReadRegistryValue(RootKey::LocalMachine, kSuite, "MIRAX");
+  };
+  for (const auto& [view, folder] :
+       {std::pair<REGSAM, std::string>{KEY_WOW64_32KEY, "C:\\suite"}, {REGSAM{0}, "C:\\own"}}) {
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyExA(HKEY_LOCAL_MACHINE, kSuite, 0, nullptr, 0, KEY_ALL_ACCESS | view,
+                              nullptr, &key, nullptr),
+              ERROR_SUCCESS);
+    RegSetValueExA(key, "MIRAX", 0, REG_SZ, reinterpret_cast<const BYTE*>(folder.c_str()),
+                   static_cast<DWORD>(folder.size() + 1));
+    RegCloseKey(key);
+    EXPECT_EQ(found(), folder);
+  }
+  for (const REGSAM view : {REGSAM{KEY_WOW64_32KEY}, REGSAM{0}}) {
+    RegDeleteKeyExA(HKEY_LOCAL_MACHINE, kSuite, view, 0);
+  }
+  EXPECT_FALSE(found());
 }
 
 TEST_F(WindowsRegistryTest, KeepsSettingsOfEveryAlphabet) {
@@ -142,6 +166,25 @@ TEST_F(WindowsFiles, ThatOthersHaveOpenAreWaitedFor) {
     EXPECT_EQ(test::BytesOf(file), "new");
     EXPECT_EQ(Names(), std::vector<std::string>{"table.dat"});
   }
+}
+
+// As a virus scanner keeps others out.
+TEST_F(WindowsFiles, ThatNobodyMayReadAreAskedForAgain) {
+  const auto file = Write("table.dat", "old");
+  const auto open = [&file] {
+    std::unique_ptr<InputFile> input;
+    return SystemFiles().Open(file, input);
+  };
+  HANDLE const held =
+      CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(held, INVALID_HANDLE_VALUE);
+  EXPECT_EQ(open(), FileError::OpenElsewhere);
+  std::thread scanner([held] {
+    Sleep(100);
+    CloseHandle(held);
+  });
+  EXPECT_FALSE(open());
+  scanner.join();
 }
 
 // A file for its owner alone, where the folder hands down more.

@@ -1,6 +1,8 @@
 #include "platform/windows/input_file.h"
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 
 #include "platform/file_errors.h"
 
@@ -11,6 +13,21 @@ std::error_code LastError() { return {static_cast<int>(GetLastError()), std::sys
 
 std::uint64_t Joined(DWORD high, DWORD low) {
   return (static_cast<std::uint64_t>(high) << 32) | low;
+}
+
+// Virus scanners and backups keep everyone out for moments.
+HANDLE OpenPatiently(const std::filesystem::path& path) {
+  constexpr std::chrono::seconds kLongestWait(1);
+  constexpr std::chrono::milliseconds kPause(20);
+  const auto start = std::chrono::steady_clock::now();
+  for (;;) {
+    const HANDLE handle = OpenShared(path, GENERIC_READ);
+    if (handle != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION ||
+        std::chrono::steady_clock::now() - start > kLongestWait) {
+      return handle;
+    }
+    std::this_thread::sleep_for(kPause);
+  }
 }
 
 class WindowsInputFile final : public InputFile {
@@ -65,9 +82,10 @@ HANDLE OpenShared(const std::filesystem::path& path, DWORD access) {
 }
 
 std::error_code OpenInput(const std::filesystem::path& path, std::unique_ptr<InputFile>& file) {
-  const HANDLE handle = OpenShared(path, GENERIC_READ);
+  const HANDLE handle = OpenPatiently(path);
   if (handle == INVALID_HANDLE_VALUE) {
     const std::error_code error = LastError();
+    if (error.value() == ERROR_SHARING_VIOLATION) return FileError::OpenElsewhere;
     const DWORD attributes = GetFileAttributesW(path.c_str());
     const bool isFolder =
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;

@@ -1,7 +1,7 @@
 #include "platform/settings_store.h"
 
-#include <cstdlib>
-
+#include "platform/ini_settings_store.h"
+#include "platform/windows/named_folder.h"
 #include "platform/windows/wide_text.h"
 
 namespace zentab::platform {
@@ -50,19 +50,20 @@ class RegistrySettingsStore final : public SettingsStore {
   }
 };
 
+constexpr const wchar_t* kFolderVariable = L"ZENTAB_SETTINGS_DIR";
+
 }  // namespace
 
 std::unique_ptr<SettingsStore> UserSettingsStore() {
+  std::filesystem::path named = NamedFolder(kFolderVariable);
+  if (!named.empty()) return SettingsStoreInFiles(std::move(named));
   return std::make_unique<RegistrySettingsStore>();
 }
 
 std::filesystem::path UserDataFolder() {
-  std::error_code error;
-  if (const wchar_t* const named = _wgetenv(L"ZENTAB_SETTINGS_DIR")) {
-    return std::filesystem::absolute(named, error);
-  }
-  const wchar_t* const data = _wgetenv(L"LOCALAPPDATA");
-  return data == nullptr ? std::filesystem::path() : std::filesystem::path(data) / L"Zentab";
+  if (std::filesystem::path named = NamedFolder(kFolderVariable); !named.empty()) return named;
+  const std::filesystem::path data = NamedFolder(L"LOCALAPPDATA");
+  return data.empty() ? data : data / L"Zentab";
 }
 
 }  // namespace zentab::platform
