@@ -223,7 +223,7 @@ class GuideWalkTest : public QObject {
     Key(Qt::Key_Escape);  // the list of completions
     if (QApplication::activeModalWidget() == nullptr) qFatal("Escape left the dialog");
     Key(Qt::Key_Return);
-    QTRY_VERIFY2(Said("LabelEffect2").contains("removed"), qPrintable(Said("LabelEffect2")));
+    QTRY_VERIFY2(Said("LabelEffect3").contains("removed"), qPrintable(Said("LabelEffect3")));
     Picture("equations");
     Access('W');
     QTRY_VERIFY(
@@ -236,7 +236,7 @@ class GuideWalkTest : public QObject {
 
   void ARelayIsAssessed() {
     Start();
-    ImportTest("1");
+    ImportTest("3");
     Key(Qt::Key_2, Qt::AltModifier);
     Key(Qt::Key_Home, Qt::ControlModifier);
     Key(Qt::Key_Minus, Qt::ControlModifier);
