@@ -1,8 +1,10 @@
 // Types what the pages of the guide tell to type, each page's in a copy of the demo installation of
 // its own, and looks for what they say comes out.
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <optional>
+#include <regex>
 #include <utility>
 #include <vector>
 
@@ -79,6 +81,43 @@ TEST_F(GuidePages, CommandsDoWhatTheySay) {
     RunPage(entry.path());
   }
   EXPECT_GE(pages, 12u);
+}
+
+// What the catalogue shows: captions without their access keys, texts with anything in their
+// fields.
+std::vector<std::regex> ShownTexts() {
+  const string catalogue = BytesOf(CATALOGUE);
+  const std::regex row("\\n[A-Z0-9.]+ \\{([^}]+)\\}"), field("%[1-3]"), sign("[()+?.*^$|]");
+  std::vector<std::regex> shown;
+  for (std::sregex_iterator at(catalogue.begin(), catalogue.end(), row), end; at != end; ++at) {
+    string text = (*at)[1];
+    std::erase(text, '&');
+    if (std::regex_replace(text, field, "").find_first_not_of(' ') == string::npos) continue;
+    text = std::regex_replace(std::regex_replace(text, sign, "\\$&"), field, ".*");
+    shown.emplace_back(text);
+  }
+  return shown;
+}
+
+TEST_F(GuidePages, BoldWordsAreThoseOfTheWindow) {
+  const std::vector<std::regex> shown = ShownTexts();
+  const auto isShown = [&](const string& text) {
+    return std::ranges::any_of(shown, [&](const auto& one) { return std::regex_match(text, one); });
+  };
+  const std::regex bold("<b>([^<]*)</b>"), blanks("\\s+"), between(", ");
+  for (const auto& entry : fs::directory_iterator(GUIDE)) {
+    if (entry.path().extension() != ".html") continue;
+    const string page = BytesOf(entry.path());
+    for (std::sregex_iterator at(page.begin(), page.end(), bold), end; at != end; ++at) {
+      const string words = Plain(std::regex_replace((*at)[1].str(), blanks, " "));
+      if (isShown(words)) continue;
+      // The way through a menu.
+      for (std::sregex_token_iterator part(words.begin(), words.end(), between, -1), none;
+           part != none; ++part) {
+        EXPECT_TRUE(isShown(*part)) << entry.path().filename() << ": " << words;
+      }
+    }
+  }
 }
 
 // A page or picture that is linked is there.
