@@ -67,7 +67,9 @@ class GuidePages : public CommandLine {
 #endif
       Write("step", "set -e\n" + command);
       EXPECT_EQ(Run(prefix + ">../out 2>../err"), 0) << command << BytesOf(Folder() / "err");
-      if (output) EXPECT_EQ(BytesOf(Folder() / "out"), *output) << command;
+      if (output) {
+        EXPECT_EQ(BytesOf(Folder() / "out"), *output) << command;
+      }
     }
   }
 };

@@ -11,6 +11,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 
 #include "editor/clipboard_text.h"
 #include "widgets/window_fixture.h"
@@ -56,9 +57,13 @@ class GuideWalkTest : public QObject {
   // Where the keys of a user would go.
   [[nodiscard]] QWidget* InFront() const {
     if (QWidget* const menu = QApplication::activePopupWidget()) return menu;
-    if (QWidget* const focus = QApplication::focusWidget()) return focus;
     QWidget* const dialog = QApplication::activeModalWidget();
-    return dialog != nullptr ? dialog : made_->window.get();
+    QWidget* const top = dialog != nullptr ? dialog : made_->window.get();
+    // There is no window manager that would do it when a dialog closes.
+    if (!top->isActiveWindow()) top->activateWindow();
+    if (!QTest::qWaitForWindowActive(top)) qFatal("the window stays inactive");
+    if (QWidget* const focus = QApplication::focusWidget()) return focus;
+    return top->focusWidget() != nullptr ? top->focusWidget() : top;
   }
   void Key(int key, Qt::KeyboardModifiers modifiers = {}, int times = 1) const {
     for (; times > 0; --times) {
@@ -70,8 +75,25 @@ class GuideWalkTest : public QObject {
     for (const QChar letter : text) QTest::keyClick(InFront(), letter.toLatin1());
     QCoreApplication::processEvents();
   }
-  // Alt and a letter.
-  void Access(char letter) const { Key(letter, Qt::AltModifier); }
+  // Alt and a letter; a button takes a moment.
+  void Access(char letter) const {
+    Key(letter, Qt::AltModifier);
+    const auto isPressed = [] {
+      const QWidgetList widgets = QApplication::allWidgets();
+      return std::ranges::any_of(widgets, [](const QWidget* widget) {
+        const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+        return button != nullptr && button->isDown();
+      });
+    };
+    if (!QTest::qWaitFor([&] { return !isPressed(); })) qFatal("a button stays pressed");
+  }
+  // The current cell gets another number.
+  void Replace(const QString& number) const {
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Home, Qt::ShiftModifier);
+    Type(number);
+    Key(Qt::Key_Return);
+  }
   // The letters of a menu and of the entries in it.
   void Menu(const char* letters) const {
     Access(*letters);
@@ -180,9 +202,8 @@ class GuideWalkTest : public QObject {
     Key(Qt::Key_2, Qt::AltModifier);
     Key(Qt::Key_Home, Qt::ControlModifier);
     Key(Qt::Key_Right);
-    Type("30");
-    Key(Qt::Key_Return);
-    QVERIFY(Points().value(0).endsWith("\t30"));
+    Replace("30");
+    QVERIFY2(Points().value(0).endsWith("\t30"), qPrintable(Points().join(' ')));
     Key(Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(!Points().value(0).endsWith("\t30"));
     AddAs("My first curve");
@@ -267,8 +288,7 @@ class GuideWalkTest : public QObject {
     Key(Qt::Key_2, Qt::AltModifier);
     Key(Qt::Key_Home, Qt::ControlModifier);
     Key(Qt::Key_Right);
-    Type("66");
-    Key(Qt::Key_Return);
+    Replace("66");
     Key(Qt::Key_S, Qt::ControlModifier);
     QTRY_VERIFY(Line("IEC VI TMS 0.25").contains("(1.05;66)"));
     Menu("YM");
@@ -307,8 +327,7 @@ class GuideWalkTest : public QObject {
     Key(Qt::Key_2, Qt::AltModifier);
     Key(Qt::Key_Home, Qt::ControlModifier);
     Key(Qt::Key_Right);
-    Type("42");
-    Key(Qt::Key_Return);
+    Replace("42");
     Key(Qt::Key_S, Qt::ControlModifier);
     QTRY_VERIFY(f.window->statusBar()->currentMessage().startsWith("Another program has changed"));
     QCOMPARE(f.Bytes(), theirs);
