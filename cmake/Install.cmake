@@ -43,6 +43,11 @@ install(FILES ${shells}/zsh DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-comp
   RENAME _zentab-cli COMPONENT program)
 install_manual(docs/zentab-cli.1 zentab-cli.1.gz)
 install(DIRECTORY catalogues examples/installation DESTINATION ${data_dir} COMPONENT program)
+# The guide refers to the documents one folder up.
+file(GLOB documents ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.png)
+install(FILES ${documents} DESTINATION ${data_dir}/docs COMPONENT program)
+install(DIRECTORY docs/guide docs/waveforms DESTINATION ${data_dir}/docs COMPONENT program)
+install_link(${data_dir}/docs/guide ${CMAKE_INSTALL_DATADIR}/doc/zentab/guide)
 install(TARGETS CURR_API VOLT_API LIBRARY DESTINATION ${program_dir}/instruments
   COMPONENT program)
 
@@ -52,6 +57,7 @@ if(ZENTAB_GUI)
   install_link(${program_dir}/Zentab ${CMAKE_INSTALL_BINDIR}/zentab)
   install_link(${data_dir}/catalogues/Zentab.txt ${program_dir}/Zentab.txt)
   install_link(${data_dir}/installation ${program_dir}/demo)
+  install_link(${data_dir}/docs/guide ${program_dir}/guide)
   install_manual(docs/Zentab.1 zentab.1.gz)
   install(FILES packaging/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
     COMPONENT program)

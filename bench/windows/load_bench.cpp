@@ -49,6 +49,8 @@ class Agreeing final : public app::UserDialogs {
   void ShowPreview(QPrinter&, const app::PagePainter&) override {}
   QString ChooseNewTableFile() override { return {}; }
   void OpenFolder(const QString&) override {}
+  bool OpenPage(const QString&) override { return false; }
+  bool StartProgram(const QString&, const QStringList&) override { return false; }
   QString ChooseGraphFile() override { return {}; }
 };
 

@@ -1,11 +1,24 @@
 #include "app/demo_copy.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include "app/start_up.h"
 #include "platform/paths.h"
 
 namespace zentab::app {
+namespace {
+
+constexpr const char* kParts[] = {"demo", "instruments"};
+
+}  // namespace
+
+bool HasDemo(const std::filesystem::path& executable) {
+  return std::ranges::all_of(kParts, [&](const char* part) {
+    std::error_code unreadable;
+    return std::filesystem::is_directory(executable.parent_path() / part, unreadable);
+  });
+}
 
 std::error_code CopyDemo(const std::filesystem::path& executable,
                          const std::filesystem::path& folder) {
@@ -16,7 +29,7 @@ std::error_code CopyDemo(const std::filesystem::path& executable,
     fs::create_directories(folder / name, error);
     if (error) return error;
   }
-  for (const char* const part : {"demo", "instruments"}) {
+  for (const char* const part : kParts) {
     const fs::path from = fs::canonical(executable.parent_path() / part, error);
     if (!error) fs::copy(from, installation, fs::copy_options::recursive, error);
     if (error) return error;

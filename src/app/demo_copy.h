@@ -5,6 +5,9 @@
 
 namespace zentab::app {
 
+/// Whether the program has beside it what CopyDemo copies.
+[[nodiscard]] bool HasDemo(const std::filesystem::path& executable);
+
 /// A demo installation to play with: the one that a package keeps in "demo" beside the program,
 /// copied into `folder`/installation, with the simulated instruments of "instruments" in it. An
 /// empty `folder`/settings is made, and `folder`/registry names the installation to programs that

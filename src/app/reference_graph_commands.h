@@ -40,7 +40,7 @@ struct ImportGraphOutcome {
 /// Set GRH and Import GRH: the grid's curve to the time test's module and back from a file.
 class ReferenceGraphCommands {
  public:
-  ReferenceGraphCommands(Session& session, platform::FileLayer& files, const EventLog& log,
+  ReferenceGraphCommands(Session& session, platform::FileLayer& files, EventLog& log,
                          testset::InstrumentSession& instruments)
       : session_(session), files_(files), log_(log), instruments_(instruments) {}
 
@@ -61,7 +61,7 @@ class ReferenceGraphCommands {
 
   Session& session_;
   platform::FileLayer& files_;
-  const EventLog& log_;
+  EventLog& log_;
   testset::InstrumentSession& instruments_;
 };
 

@@ -28,6 +28,7 @@ struct Session {
   std::string stored = editor::PackPoints({}, {});
   std::string exchangeFile;      // the file chosen last for copying entries
   tables::TableListing listing;  // of the active table file, as List1 shows it
+  bool isWithoutSuite = false;   // no installation is known: the folder is the program's own
 };
 
 }  // namespace zentab::app

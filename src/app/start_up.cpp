@@ -6,13 +6,21 @@
 #include "texts/text_catalogue.h"
 
 namespace zentab::app {
+namespace {
 
-std::string FindInstallFolder(const platform::Registry& registry,
-                              const std::filesystem::path& executable) {
+// Empty where none is known.
+std::string SuiteFolder(const platform::Registry& registry) {
   const std::string value =
       registry.ReadRegistryValue(platform::RootKey::LocalMachine, kSuiteKey, kSuiteValue)
           .value_or(std::string());
-  const std::string_view folder = texts::TrimBlanks(value);
+  return std::string(texts::TrimBlanks(value));
+}
+
+}  // namespace
+
+std::string FindInstallFolder(const platform::Registry& registry,
+                              const std::filesystem::path& executable) {
+  const std::string folder = SuiteFolder(registry);
   return platform::ToText(
       platform::AbsolutePath(folder.empty() ? executable.parent_path() : platform::ToPath(folder)));
 }
@@ -46,6 +54,7 @@ Session StartSession(const Settings& settings, const platform::Registry& registr
   Session session;
   session.baseName = platform::BaseName(executable);
   session.installFolder = FindInstallFolder(registry, executable);
+  session.isWithoutSuite = SuiteFolder(registry).empty();
   [[maybe_unused]] const std::error_code dropped =
       platform::ChangeCurrentFolder(platform::ToPath(session.installFolder));
   session.localeDecimalSeparator = DecimalSeparatorFrom(platform::UserDecimalSeparator());

@@ -68,6 +68,7 @@ class Applier {
   void operator()(const CurveField& field) const { texts_.curve.*field.field = text_; }
   void operator()(const CurveDialogField& field) const { texts_.curveDialogs.*field.field = text_; }
   void operator()(const LibraryField& field) const { texts_.library.*field.field = text_; }
+  void operator()(const HelpField& field) const { texts_.help.*field.field = text_; }
   void operator()(const WorkbenchField& field) const { texts_.workbench.*field.field = text_; }
   void operator()(const ReportField& field) const { texts_.report.*field.field = text_; }
   void operator()(const OutputField& field) const { texts_.output.*field.field = text_; }

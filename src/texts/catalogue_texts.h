@@ -7,6 +7,7 @@
 #include "texts/chart_texts.h"
 #include "texts/curve_dialog_texts.h"
 #include "texts/curve_texts.h"
+#include "texts/help_texts.h"
 #include "texts/interchange_dialog_texts.h"
 #include "texts/interchange_texts.h"
 #include "texts/library_texts.h"
@@ -271,6 +272,7 @@ struct CatalogueTexts {
   OutputTexts output;
   HistoryTexts history;
   LibraryTexts library;
+  HelpTexts help;
   PointTexts points;
   ToolTexts tools;
   bool logSwitch = false;

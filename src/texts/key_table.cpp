@@ -266,6 +266,7 @@ const std::vector<KeyRow>& MenuRows() {
       {"F1.MENU.2.GO.GRID", Caption{"m_gogrid"}, kExpanded},
       {"F1.MENU.2.GO.CHART", Caption{"m_gochart"}, kExpanded},
       {"F1.MENU.2.NEXTPANEL", Caption{"m_panel"}, kExpanded},
+      {"F1.MENU.2.FORMERPANEL", Caption{"m_panelback"}, kExpanded},
       {"F1.GRID.SPOKEN", SpokenName{"MSFlexGrid1"}, kExpanded},
       {"F1.CHART.SPOKEN", SpokenName{"MSChart1"}, kExpanded},
       {"F1.FILTER.SPOKEN", SpokenName{"TextFilter"}, kExpanded},
@@ -357,6 +358,7 @@ std::vector<KeyRow> AllRows() {
   Append(table, CurveDialogRows());
   Append(table, CurveMenuRows());
   Append(table, LibraryRows());
+  Append(table, HelpRows());
   Append(table, WorkbenchRows());
   Append(table, OutputRows());
   Append(table, ReportRows());

@@ -78,6 +78,9 @@ struct CurveDialogField {
 struct LibraryField {
   std::string LibraryTexts::*field;
 };
+struct HelpField {
+  std::string HelpTexts::*field;
+};
 struct WorkbenchField {
   std::string WorkbenchTexts::*field;
 };
@@ -118,9 +121,9 @@ using TextEffect =
     std::variant<Caption, Tooltip, Placeholder, SpokenName, FrameCaption, NamesFromCaptions,
                  InstrumentField, MessageField, LabelField, ProgramField, PointField, ToolField,
                  GraphField, ChartField, CurveField, InterchangeField, CurveImportField,
-                 ComparisonField, CurveDialogField, LibraryField, WorkbenchField, ReportField,
-                 OutputField, ExchangeField, EquationSlot, HistoryField, StepName, ImportField,
-                 TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
+                 ComparisonField, CurveDialogField, LibraryField, HelpField, WorkbenchField,
+                 ReportField, OutputField, ExchangeField, EquationSlot, HistoryField, StepName,
+                 ImportField, TimeoutText, SwitchOn, TraceSwitch, ShownIfTrue, ShownIfAboveZero>;
 
 struct KeyRow {
   std::string key;  // empty: no text is looked up, the effect always takes place
@@ -144,6 +147,8 @@ struct KeyRow {
 
 /// The keys of the menu for the library as a whole.
 [[nodiscard]] const std::vector<KeyRow>& LibraryRows();
+/// The keys of the help menu, its windows and the welcome of a first start.
+[[nodiscard]] const std::vector<KeyRow>& HelpRows();
 /// The keys of the import with preview, and of fields for equations.
 [[nodiscard]] std::vector<KeyRow> WorkbenchRows();
 /// The keys of the texts on reports, and of what the window says about them.

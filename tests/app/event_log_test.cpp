@@ -26,7 +26,7 @@ class EventLogTest : public test::TemporaryFolder {
 };
 
 TEST_F(EventLogTest, WritesLinesOnlyWhileItIsSwitchedOn) {
-  const EventLog log(session, platform::SystemFiles());
+  EventLog log(session, platform::SystemFiles());
   log.WriteLogLine("%D %E Started");
   EXPECT_TRUE(Names().empty());
   session.texts.logSwitch = true;
@@ -47,7 +47,7 @@ TEST_F(EventLogTest, APipeOfItsNameIsNeitherWaitedForNorWritten) {
   session.texts.logSwitch = true;
   const std::string name = (Folder() / "Zentab.log").string();
   ASSERT_EQ(::mkfifo(name.c_str(), 0600), 0);
-  const EventLog log(session, platform::SystemFiles());
+  EventLog log(session, platform::SystemFiles());
   log.WriteLogLine("nobody reads this");
   const int reader = ::open(name.c_str(), O_RDONLY | O_NONBLOCK);
   log.WriteLogLine("nor this");

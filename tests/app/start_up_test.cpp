@@ -34,6 +34,8 @@ TEST(StartUp, TheInstallationIsWhereTheRegistrySaysOrBesideTheProgram) {
     EXPECT_EQ(FindInstallFolder(FakeRegistry(value), executable),
               platform::ToText(std::filesystem::absolute(folder)))
         << value.value_or("none");
+    const bool isKnown = value.value_or("").find_first_not_of(' ') != std::string::npos;
+    EXPECT_NE(StartSession({}, FakeRegistry(value), executable).isWithoutSuite, isKnown);
   }
 }
 
@@ -55,6 +57,7 @@ TEST_F(StartUpFolder, ASessionBeginsInTheInstallationWithTheSettings) {
     EXPECT_EQ(session.tablePath, "my.dat");
     EXPECT_EQ(session.modes.absoluteValues, absolute) << setting;
     EXPECT_EQ(session.modes.pickup, "2,5");
+    EXPECT_FALSE(session.isWithoutSuite);
   }
 }
 
@@ -63,6 +66,7 @@ TEST_F(StartUpFolder, TheDemoIsCopiedToWhereTheRegistryFindsIt) {
   const std::filesystem::path executable = Folder() / "bin" / "Zentab";
   const std::filesystem::path scratch = Folder() / "scratch";
   EXPECT_EQ(CopyDemo(executable, scratch), std::errc::no_such_file_or_directory);
+  EXPECT_FALSE(HasDemo(executable));
   for (const char* const folder : {"share", "bin", "bin/instruments"}) {
     std::filesystem::create_directories(Folder() / folder);
   }
@@ -70,6 +74,7 @@ TEST_F(StartUpFolder, TheDemoIsCopiedToWhereTheRegistryFindsIt) {
   std::filesystem::create_directory_symlink("../share", Folder() / "bin" / "demo");
   Write("share/relayTables.dat", "table");
   Write("bin/instruments/CURR_API.so", "module");
+  EXPECT_TRUE(HasDemo(executable));
   ASSERT_FALSE(CopyDemo(executable, scratch));
   const test::Variable folder("ZENTAB_REGISTRY_DIR", (scratch / "registry").string());
   const std::filesystem::path found = FindInstallFolder(*platform::SystemRegistry(), executable);

@@ -81,6 +81,14 @@ class AnsweringDialogs : public UserDialogs {
   QString ChooseGraphFile() override { return ++filesAsked, file; }
   QString ChooseNewTableFile() override { return ++filesAsked, file; }
   void OpenFolder(const QString& folder) override { asked.push_back(folder.toStdString()); }
+  bool OpenPage(const QString& page) override {
+    asked.push_back(page.toStdString());
+    return answer;
+  }
+  bool StartProgram(const QString& program, const QStringList& arguments) override {
+    asked.push_back((QStringList(program) + arguments).join(' ').toStdString());
+    return answer;
+  }
   QString ChooseFileToRead(const QString&) override { return ++filesAsked, file; }
   QString ChooseTargetFile() override { return ++filesAsked, file; }
   QString ChooseFileToWrite(const WriteQuestion& question) override {

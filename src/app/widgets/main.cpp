@@ -48,6 +48,8 @@ class NobodyToAsk final : public app::UserDialogs {
   QString ChooseTargetFile() override { return {}; }
   QString ChooseNewTableFile() override { return {}; }
   void OpenFolder(const QString&) override {}
+  bool OpenPage(const QString&) override { return false; }
+  bool StartProgram(const QString&, const QStringList&) override { return false; }
   QString ChooseGraphFile() override { return {}; }
   QString ChooseFileToWrite(const app::WriteQuestion&) override { return {}; }
   bool ChoosePrinter(QPrinter&) override { return false; }

@@ -27,6 +27,9 @@
 #include "app/widgets/curve/curve_controller.h"
 #include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/form_texts.h"
+#include "app/widgets/help/guide.h"
+#include "app/widgets/help/help_menu.h"
+#include "app/widgets/help/welcome.h"
 #include "app/widgets/instrument_captions.h"
 #include "app/widgets/interchange/interchange_commands.h"
 #include "app/widgets/library/entry_work.h"
@@ -196,6 +199,10 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
   new PanelWalk(*view, {{{library_, library_->findChild<QListView*>()},
                          {table_, table_->grid},
                          {chart_, chart_->chart}}});
+  guide_ = new Guide(session_, parts.dialogs, parts.executable, *this);
+  new HelpMenu({session_, log_, *this, *guide_});
+  new Welcome({session_, parts.dialogs, *libraryController_, *tableFiles_, *chart_, *this,
+               parts.executable});
 }
 
 void MainWindow::ConnectCommands() {
@@ -203,7 +210,7 @@ void MainWindow::ConnectCommands() {
                                       [this](editor::EditStep step) { Remember(step); }};
   listeners.FollowAll(libraryController_, tableFiles_, entries_, interchange_, exchange_,
                       clipboard_, tools_, hand_, curves_, assessment_, report_, modes_,
-                      instruments_, timeTest_, graphs_, undo_, recovery_);
+                      instruments_, timeTest_, graphs_, undo_, recovery_, guide_);
 }
 
 void MainWindow::ConnectPanels() {

@@ -30,6 +30,7 @@ class ClipboardController;
 class CurveController;
 class EntryWork;
 class ExchangeController;
+class Guide;
 class HistoryController;
 class InterchangeCommands;
 class InstrumentController;
@@ -138,6 +139,7 @@ class MainWindow : public QMainWindow {
   CurveController* curves_;
   AssessmentController* assessment_;
   PointToolsMenu* edit_ = nullptr;    // once there is a menu bar
+  Guide* guide_ = nullptr;            // once there is a menu bar
   AccessibleNames* names_ = nullptr;  // once there is something to be named
   SessionEnd* end_;
 };

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QMenu>
-#include <QShortcut>
 
 namespace zentab::app {
 namespace {
@@ -51,13 +50,20 @@ PanelWalk::PanelWalk(QMenu& view, const std::array<Panel, 3>& panels)
     connect(action, &QAction::triggered, this,
             [this, place] { [[maybe_unused]] const bool dropped = FocusOn(panels_[place]); });
   }
-  QAction* const next = view.addAction(QStringLiteral("&Next panel"));
-  next->setObjectName(QStringLiteral("m_panel"));
-  next->setShortcut(Qt::Key_F6);
-  connect(next, &QAction::triggered, this, [this] { Walk(1); });
-  auto* const back = new QShortcut(Qt::SHIFT | Qt::Key_F6, &view);
-  back->setParent(panels_.front().panel->window());
-  connect(back, &QShortcut::activated, this, [this] { Walk(-1); });
+  struct StepRow {
+    const char* name;
+    const char* caption;
+    QKeyCombination key;
+    int step;
+  };
+  for (const auto& [name, caption, key, step] :
+       {StepRow{"m_panel", "&Next panel", Qt::Key_F6, 1},
+        StepRow{"m_panelback", "Pre&vious panel", Qt::SHIFT | Qt::Key_F6, -1}}) {
+    QAction* const action = view.addAction(QString::fromUtf8(caption));
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, [this, way = step] { Walk(way); });
+  }
 }
 
 void PanelWalk::Walk(int step) const {

@@ -8,6 +8,7 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
@@ -121,6 +122,14 @@ QString QtUserDialogs::ChooseNewTableFile() {
 
 void QtUserDialogs::OpenFolder(const QString& folder) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+bool QtUserDialogs::OpenPage(const QString& page) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(page));
+}
+
+bool QtUserDialogs::StartProgram(const QString& program, const QStringList& arguments) {
+  return QProcess::startDetached(program, arguments);
 }
 
 QString QtUserDialogs::ChooseFileToWrite(const WriteQuestion& question) {

@@ -31,6 +31,8 @@ class QtUserDialogs : public UserDialogs {
   QString ChooseTargetFile() override;
   QString ChooseNewTableFile() override;
   void OpenFolder(const QString& folder) override;
+  bool OpenPage(const QString& page) override;
+  bool StartProgram(const QString& program, const QStringList& arguments) override;
   QString ChooseFileToWrite(const WriteQuestion& question) override;
   bool ChoosePrinter(QPrinter& printer) override;
   void ShowPreview(QPrinter& printer, const PagePainter& paint) override;

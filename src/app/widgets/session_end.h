@@ -38,7 +38,7 @@ struct SessionEndParts {
   UserDialogs& dialogs;
   ResponsiveFiles& files;
   RecoveryKeeper& recovery;
-  const EventLog& log;
+  EventLog& log;
   testset::InstrumentSession& instruments;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <optional>
 #include <string>
@@ -89,6 +90,10 @@ class UserDialogs {
   [[nodiscard]] virtual QString ChooseNewTableFile() = 0;
   /// Shows a folder in the system's file manager.
   virtual void OpenFolder(const QString& folder) = 0;
+  /// Shows a page, a file, in the system's browser; false where there is none.
+  [[nodiscard]] virtual bool OpenPage(const QString& page) = 0;
+  /// Starts a program beside this one; false where that fails.
+  [[nodiscard]] virtual bool StartProgram(const QString& program, const QStringList& arguments) = 0;
   /// Lets the user choose some of the entries of a file, by their places among the names.
   [[nodiscard]] virtual std::vector<std::size_t> ChooseEntries(
       const QString& title, const std::vector<std::string>& names) = 0;

@@ -30,6 +30,11 @@ void ChartPanel::AddBelowChart(QWidget* panel) {
   split_->setStretchFactor(split_->indexOf(panel), 0);
 }
 
+void ChartPanel::PutInEmptyChart(QWidget* panel) {
+  place_->addWidget(panel, 0, 0);
+  panel->stackUnder(chart);
+}
+
 QWidget* ChartPanel::BuildChartPlace() {
   auto* const place = new QFrame(this);
   place->setFrameShape(QFrame::StyledPanel);
@@ -44,15 +49,15 @@ QWidget* ChartPanel::BuildChartPlace() {
   chart = new editor::CurveChart(place);
   chart->hide();
   // One place for both: the chart covers the hint while it is shown.
-  auto* const layout = new QGridLayout(place);
-  layout->setContentsMargins(1, 1, 1, 1);
-  layout->addWidget(hint, 0, 0);
-  layout->addWidget(chart, 0, 0);
-  layout->setRowStretch(0, 1);
+  place_ = new QGridLayout(place);
+  place_->setContentsMargins(1, 1, 1, 1);
+  place_->addWidget(hint, 0, 0);
+  place_->addWidget(chart, 0, 0);
+  place_->setRowStretch(0, 1);
   differences = new editor::DifferencePanel(*chart, place);
-  layout->addWidget(differences, 1, 0);
+  place_->addWidget(differences, 1, 0);
   legend = new editor::CurveLegend(place);
-  layout->addWidget(legend, 2, 0);
+  place_->addWidget(legend, 2, 0);
   return place;
 }
 
@@ -101,7 +106,7 @@ QWidget* ChartPanel::BuildStrip() {
   buttons->addStretch(1);
   command10 = button("Command10", QStringLiteral("Im&port time test"), true);
   command10->setToolTip(QStringLiteral("Imports the table from the time test."));
-  commandPreview = button("CommandPreview", QStringLiteral("Import wit&h preview…"), true);
+  commandPreview = button("CommandPreview", QStringLiteral("Import with pr&eview…"), true);
   commandPreview->setToolTip(
       QStringLiteral("Shows the points of the last time test and what the import makes of them, "
                      "before it is done"));

@@ -6,6 +6,7 @@
 #include "editor/widgets/chart/curve_legend.h"
 #include "editor/widgets/chart/difference_panel.h"
 
+class QGridLayout;
 class QLineEdit;
 class QPushButton;
 class QSplitter;
@@ -20,6 +21,8 @@ class ChartPanel : public QWidget {
  public:
   explicit ChartPanel(QWidget* parent);
 
+  /// Puts a panel over the hint in the place of the chart, which covers both while it is shown.
+  void PutInEmptyChart(QWidget* panel);
   /// Puts a panel between the chart and the strip.
   void AddBelowChart(QWidget* panel);
 
@@ -39,6 +42,7 @@ class ChartPanel : public QWidget {
   [[nodiscard]] QWidget* BuildStrip();
 
   QSplitter* split_;
+  QGridLayout* place_ = nullptr;
 };
 
 }  // namespace zentab::app

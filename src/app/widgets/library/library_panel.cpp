@@ -86,7 +86,7 @@ void LibraryPanel::BuildFilter() {
   filter_->setClearButtonEnabled(true);
   connect(filter_, &QLineEdit::textChanged, this, &LibraryPanel::FilterWanted);
   connect(filter_, &QLineEdit::returnPressed, list1_, [this] { list1_->setFocus(); });
-  auto* const find = new QShortcut(QKeySequence::Find, this);
+  auto* const find = new QShortcut(QKeySequence::Find, filter_);
   connect(find, &QShortcut::activated, filter_, [this] {
     filter_->setFocus(Qt::ShortcutFocusReason);
     filter_->selectAll();

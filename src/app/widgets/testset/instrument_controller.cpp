@@ -12,8 +12,8 @@
 
 namespace zentab::app {
 
-InstrumentController::InstrumentController(Session& session, const EventLog& log,
-                                           UserDialogs& dialogs, TablePanel& panel)
+InstrumentController::InstrumentController(Session& session, EventLog& log, UserDialogs& dialogs,
+                                           TablePanel& panel)
     : QObject(&panel),
       session_(session),
       dialogs_(dialogs),

@@ -20,8 +20,7 @@ class InstrumentController : public QObject {
   Q_OBJECT
 
  public:
-  InstrumentController(Session& session, const EventLog& log, UserDialogs& dialogs,
-                       TablePanel& panel);
+  InstrumentController(Session& session, EventLog& log, UserDialogs& dialogs, TablePanel& panel);
 
   /// The session's instrument was set without the user's click: chooses it, unless it is already.
   void FollowSession();

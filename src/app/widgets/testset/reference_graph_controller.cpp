@@ -10,7 +10,7 @@
 namespace zentab::app {
 
 ReferenceGraphController::ReferenceGraphController(Session& session, platform::FileLayer& files,
-                                                   UserDialogs& dialogs, const EventLog& log,
+                                                   UserDialogs& dialogs, EventLog& log,
                                                    testset::InstrumentSession& instruments,
                                                    QWidget& window)
     : QObject(&window),

@@ -16,8 +16,7 @@ class ReferenceGraphController : public QObject {
 
  public:
   ReferenceGraphController(Session& session, platform::FileLayer& files, UserDialogs& dialogs,
-                           const EventLog& log, testset::InstrumentSession& instruments,
-                           QWidget& window);
+                           EventLog& log, testset::InstrumentSession& instruments, QWidget& window);
 
  public Q_SLOTS:
   /// `tableName` is the selected entry's.

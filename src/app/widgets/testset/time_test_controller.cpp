@@ -13,7 +13,7 @@
 namespace zentab::app {
 
 TimeTestController::TimeTestController(Session& session, ResponsiveFiles& files,
-                                       UserDialogs& dialogs, const EventLog& log, ChartPanel& panel)
+                                       UserDialogs& dialogs, EventLog& log, ChartPanel& panel)
     : QObject(&panel),
       session_(session),
       files_(files),

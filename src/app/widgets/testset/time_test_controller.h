@@ -17,8 +17,8 @@ class TimeTestController : public QObject {
   Q_OBJECT
 
  public:
-  TimeTestController(Session& session, ResponsiveFiles& files, UserDialogs& dialogs,
-                     const EventLog& log, ChartPanel& panel);
+  TimeTestController(Session& session, ResponsiveFiles& files, UserDialogs& dialogs, EventLog& log,
+                     ChartPanel& panel);
 
  public Q_SLOTS:
   /// The instrument was chosen: the command is offered when its time test has an entry.
@@ -48,7 +48,7 @@ class TimeTestController : public QObject {
   ResponsiveFiles& files_;
   TimeTestCommands commands_;
   UserDialogs& dialogs_;
-  const EventLog& log_;
+  EventLog& log_;
   ChartPanel& panel_;
   bool withdrawn_ = true;
 };

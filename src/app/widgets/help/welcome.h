@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QFrame>
+#include <filesystem>
+
+#include "app/session.h"
+#include "app/widgets/user_dialogs.h"
+
+namespace zentab::app {
+
+class ChartPanel;
+class LibraryController;
+class LibraryFilesController;
+
+/// What a first start shows in the place of the chart, while neither an installation of the suite
+/// nor a table file is known: three ways to begin. It is gone for good once a table file is open or
+/// a curve is shown.
+class Welcome : public QFrame {
+  Q_OBJECT
+
+ public:
+  struct Parts {
+    const Session& session;
+    UserDialogs& dialogs;
+    LibraryController& library;
+    LibraryFilesController& files;
+    ChartPanel& chart;
+    QWidget& form;
+    std::filesystem::path executable;  // started once more for the demo
+  };
+
+  explicit Welcome(Parts parts);
+
+  /// The library or the chart may show something else.
+  void Refresh();
+
+ private:
+  void AddButtons();
+  void OpenDemo();
+
+  Parts parts_;
+  bool isOver_ = false;
+};
+
+}  // namespace zentab::app

@@ -1,0 +1,164 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableWidget>
+#include <QTest>
+#include <QToolButton>
+
+#include "app/widgets/accessible_names.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+// The help menu and the welcome of a first start.
+class HelpTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+
+  WindowFixture& Start() {
+    made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n");
+    return *made_;
+  }
+  // What a window of the menu lets one copy, a line a row.
+  [[nodiscard]] QStringList Shown(const char* action) const {
+    made_->Find<QAction>(action)->trigger();
+    QWidget* const dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr || dialog->objectName() != "FormHelp") qFatal("no window opens");
+    dialog->findChild<QPushButton*>("CommandCopyAll")->click();
+    QStringList lines = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+    if (dialog->findChild<QTableWidget*>()->rowCount() + 1 != lines.size()) qFatal("lines lost");
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    return lines;
+  }
+  [[nodiscard]] bool IsWelcome() const { return made_->Find<QWidget>("PanelWelcome")->isVisible(); }
+
+ private Q_SLOTS:
+  void cleanup() { made_.reset(); }
+
+  void TheKeysAreThoseOfTheWindow() {
+    const WindowFixture& f = Start();
+    const QStringList lines = Shown("m_keys");
+    for (const char* const line :
+         {"View > Whole curve\tCtrl+0", "View > Previous panel\tShift+F6", "Read\tAlt+R, Ctrl+R",
+          "Find a name\tCtrl+F, Esc, Down", "Help > Guide\tF1"}) {
+      QVERIFY2(lines.contains(QLatin1String(line)), qPrintable(lines.join('\n')));
+    }
+    f.Find<QAction>("m_fit")->setShortcut(Qt::Key_F12);
+    QVERIFY(Shown("m_keys").contains("View > Whole curve\tF12"));
+  }
+
+  void TheLogIsThatOfTheSessionWhetherItIsWrittenOrNot() {
+    WindowFixture& f = Start();
+    f.Click("Option1");
+    QStringList lines = Shown("m_sessionlog");
+    QVERIFY2(lines.value(1).endsWith("Started"), qPrintable(lines.join('\n')));
+    QVERIFY2(lines.contains(" Current selected "), qPrintable(lines.join('|')));
+    QVERIFY(!QFile::exists(f.Path("Zentab.log")));
+    f.Write("Zentab.txt", "F1.LOGGFILE {on}\n");
+    f.window.reset();
+    f.Write("Zentab.log", "former\r\n");
+    f.Open();
+    lines = Shown("m_sessionlog");
+    QCOMPARE(f.Bytes("Zentab.log"), "former\r\n" + lines.mid(1).join("\r\n").toUtf8() + "\r\n");
+  }
+
+  void TheProgramTellsWhatItIsMadeOf() {
+    Start();
+    const QString all = Shown("m_about").join('\n');
+    QVERIFY2(all.contains(QStringLiteral("Qt\t") + qVersion()), qPrintable(all));
+    QVERIFY(!all.contains("\t\t"));
+  }
+
+  void AGuideThatIsMissingIsSaidToBe() {
+    const WindowFixture& f = Start();
+    f.Find<QAction>("m_guide")->trigger();
+    QCOMPARE(f.window->statusBar()->currentMessage(), QStringLiteral("The guide is not installed"));
+  }
+
+  // Those of the menu bar, the buttons and the fields are pressed in the same window.
+  void NoTwoAccessKeysOfTheWindowAreAlike() {
+    for (const char* const language : {"", ".de", ".zh_CN"}) {
+      WindowFixture& f = Start();
+      QVERIFY(QFile::copy(QStringLiteral(CATALOGUES "/Zentab%1.txt").arg(language),
+                          f.Path("Zentab.txt")));
+      f.window.reset();
+      f.Open();
+      QStringList captions;
+      for (const auto* const label : f.window->findChildren<QLabel*>()) {
+        if (label->buddy() != nullptr && label->isVisible()) captions += label->text();
+      }
+      for (const auto* const button : f.window->findChildren<QAbstractButton*>()) {
+        // Those without a caption have no access key either.
+        const bool hasCaption = qobject_cast<const QToolButton*>(button) == nullptr;
+        if (button->isVisible() && hasCaption) captions += button->text();
+      }
+      const auto areUnlike = [&](const QList<QAction*>& actions, QStringList texts) {
+        for (const QAction* const action : actions) {
+          if (!action->isSeparator()) texts += action->text();
+        }
+        QSet<QChar> letters;
+        for (const QString& text : texts) {
+          const qsizetype at = text.indexOf('&') + 1;
+          if (at == 0) continue;
+          const QChar letter = text.at(at).toUpper();
+          QVERIFY2(!letters.contains(letter), qPrintable(QLatin1String(language) + text));
+          letters.insert(letter);
+        }
+      };
+      areUnlike(f.window->menuBar()->actions(), captions);
+      for (const char* const menu : {"m_help", "m_view"}) {
+        areUnlike(f.Find<QMenu>(menu)->actions(), {});
+      }
+    }
+  }
+
+  void AFirstStartOffersThreeWaysToBegin() {
+    WindowFixture& f = Start();
+    QVERIFY(!IsWelcome());
+    f.window.reset();
+    QFile::remove(f.Path("relayTables.dat"));
+    QVERIFY(QDir().mkpath(f.Path("demo")) && QDir().mkpath(f.Path("instruments")));
+    f.session.isWithoutSuite = true;
+    f.Open();
+    QVERIFY(IsWelcome());
+    f.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(f.window.get()));
+    QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("CommandDemo"));
+    QVERIFY(!QApplication::focusWidget()->accessibleName().isEmpty());
+    f.dialogs.answer = false;
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QVERIFY(f.dialogs.asked.back().ends_with("Zentab --demo") && f.window->isVisible());
+    f.dialogs.file = f.Path("mine.dat");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QVERIFY(QFile::exists(f.Path("mine.dat")) && !IsWelcome());
+    QVERIFY(f.Find<QWidget>("LabelChart")->isVisible());
+  }
+
+  void TheWelcomeIsOverOnceACurveIsShown() {
+    WindowFixture& f = Start();
+    f.window.reset();
+    QFile::remove(f.Path("relayTables.dat"));
+    f.session.isWithoutSuite = true;
+    f.Open();
+    QVERIFY(IsWelcome() && !f.Find<QWidget>("CommandDemo")->isVisible());
+    QGuiApplication::clipboard()->setText(QStringLiteral("1\t2\r\n3\t1\r\n"));
+    f.Find<QWidget>("MSFlexGrid1")->setFocus();
+    f.Find<QAction>("m_paste")->trigger();
+    QVERIFY(!IsWelcome() && f.Find<QWidget>("MSChart1")->isVisible());
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::HelpTest)
+#include "help_test.moc"
