@@ -21,7 +21,7 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME zentab)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk, qt6-translations-l10n")
 
 # What Debian wants beside the files: the licence, and the changes as a Debian changelog.
 set(doc ${CMAKE_BINARY_DIR}/debian)

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,7 @@ class ExchangeController;
 class HistoryController;
 class InterchangeCommands;
 class InstrumentController;
+class LanguageMenu;
 class LibraryController;
 class LibraryFilesController;
 class LibraryPanel;
@@ -49,6 +51,7 @@ class StatusLine;
 class TablePanel;
 class TimeTestController;
 class ValueModeBinding;
+class WindowTexts;
 class WorkbenchController;
 
 /// What the main window works with; all of it outlives the window.
@@ -71,6 +74,7 @@ class MainWindow : public QMainWindow {
 
  public:
   explicit MainWindow(MainWindowParts parts);
+  ~MainWindow() override;
 
   /// Brings up what the settings say; runs once, before the window is shown.
   void Load();
@@ -99,7 +103,6 @@ class MainWindow : public QMainWindow {
   void ShowTable();
   void ShowEdits();
   void RefreshChart();
-  void ApplyCatalogue(const std::filesystem::path& file);
   void RefreshCaptions();
 
   Session& session_;
@@ -137,8 +140,10 @@ class MainWindow : public QMainWindow {
   EntryWork* entries_;
   CurveController* curves_;
   AssessmentController* assessment_;
-  PointToolsMenu* edit_ = nullptr;    // once there is a menu bar
-  AccessibleNames* names_ = nullptr;  // once there is something to be named
+  PointToolsMenu* edit_ = nullptr;  // once there is a menu bar
+  LanguageMenu* languages_ = nullptr;
+  AccessibleNames* names_ = nullptr;    // once there is something to be named
+  std::unique_ptr<WindowTexts> texts_;  // likewise
   SessionEnd* end_;
 };
 

@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QSplitter>
 
+#include "app/widgets/window_font.h"
+
 namespace zentab::app {
 namespace {
 
@@ -80,7 +82,7 @@ QWidget* ChartPanel::BuildStrip() {
     label->setBuddy(text);
     label->hide();
     text->setObjectName(QLatin1String(name));
-    text->setMaximumWidth(kFieldWidth);
+    text->setMaximumWidth(static_cast<int>(kFieldWidth * TextScale()));
     text->hide();
     fields->addWidget(label);
     fields->addWidget(text);
