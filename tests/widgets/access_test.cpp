@@ -97,6 +97,8 @@ QSize NeededBy(const QWidget& control) {
   if (qobject_cast<const QAbstractSpinBox*>(&control) != nullptr) {
     return {0, control.sizeHint().height()};
   }
+  const auto* const tool = qobject_cast<const QToolButton*>(&control);
+  if (tool != nullptr && tool->toolButtonStyle() == Qt::ToolButtonIconOnly) return {};
   if (qobject_cast<const QGroupBox*>(&control) != nullptr) return control.minimumSizeHint();
   return qobject_cast<const QAbstractButton*>(&control) != nullptr ? control.sizeHint() : QSize();
 }

@@ -44,6 +44,7 @@ class LanguagesTest : public QObject {
   // All that the window says.
   [[nodiscard]] QStringList Said() const {
     const WindowFixture& f = *made_;
+    QCoreApplication::processEvents();
     f.window->resize(1500, 900);
     f.Click("Command1");
     QMenu* const edit = f.Find<QMenu>("m_edit");
