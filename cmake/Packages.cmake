@@ -24,7 +24,7 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME zentab)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "fonts-noto-cjk")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "fonts-noto-cjk, qt6-translations-l10n")
 
 set(evaluator_package libzentab-mathparser-dev)
 set(CPACK_DEBIAN_MATHPARSER_PACKAGE_NAME ${evaluator_package})

@@ -42,7 +42,8 @@ std::string VerdictOn(const curves::Assessment& assessment, const Session& sessi
   const std::string passed = std::to_string(assessment.passed);
   const std::string failed = std::to_string(assessment.failed);
   const std::string outside = std::to_string(assessment.outside);
-  return Expanded(session, assessment.IsPassed() ? texts.allPassed : texts.notPassed,
+  const std::string& all = texts::ForCount(assessment.passed, texts.onePassed, texts.allPassed);
+  return Expanded(session, assessment.IsPassed() ? all : texts.notPassed,
                   {passed, failed, outside});
 }
 

@@ -51,7 +51,7 @@ std::string SummaryOf(const Session& session, std::string_view name, std::string
       session.texts.instruments.at(static_cast<std::size_t>(instrument));
   std::string summary(name);
   if (instrument != tables::Instrument::None && !words.name.empty()) summary += '\n' + words.name;
-  const std::string& points = entry.pointCount == 1 ? texts.onePoint : texts.points;
+  const std::string& points = texts::ForCount(entry.pointCount, texts.onePoint, texts.points);
   summary += '\n' + (entry.points.empty()
                          ? texts.noPoints
                          : texts::ExpandTemplate(points, {}, {std::to_string(entry.pointCount)}));

@@ -1,13 +1,14 @@
 #include "app/windowless_session.h"
 
 #include <map>
+#include <vector>
 
+#include "app/languages.h"
 #include "app/session_texts.h"
 #include "app/start_up.h"
 #include "platform/file_layer.h"
 #include "platform/locale_queries.h"
 #include "platform/paths.h"
-#include "texts/apply_texts.h"
 
 namespace zentab::app {
 namespace {
@@ -42,7 +43,8 @@ class InstrumentChoices : public texts::TextTarget {
 }  // namespace
 
 Session WindowlessSession(const Settings& settings, const platform::Registry& registry,
-                          const std::filesystem::path& executable) {
+                          const std::filesystem::path& executable,
+                          const std::filesystem::path& language) {
   Session session;
   session.baseName = platform::BaseName(executable);
   session.installFolder = FindInstallFolder(registry, executable);
@@ -50,18 +52,26 @@ Session WindowlessSession(const Settings& settings, const platform::Registry& re
   session.tablePath = settings.tableName;
   session.texts.instruments[1].name = "Current";
   session.texts.instruments[2].name = "Voltage";
-  for (const std::filesystem::path& catalogue :
-       CatalogueCandidates(session.installFolder, executable)) {
+  const std::vector<std::filesystem::path> catalogues =
+      CatalogueCandidates(session.installFolder, executable);
+  const auto take = [&session](const std::filesystem::path& catalogue, texts::Extent extent) {
     // Most places for a catalogue have none.
-    [[maybe_unused]] const std::error_code dropped = TakeTexts(session, catalogue);
+    [[maybe_unused]] const std::error_code dropped = TakeTexts(session, catalogue, extent);
+  };
+  for (const auto& catalogue : catalogues) take(catalogue, texts::Extent::WordsAndSettings);
+  if (language.empty()) return session;
+  for (const auto& catalogue : OrderOfWords(catalogues, language)) {
+    take(catalogue, texts::Extent::Words);
   }
   return session;
 }
 
-std::error_code TakeTexts(Session& session, const std::filesystem::path& catalogue) {
+std::error_code TakeTexts(Session& session, const std::filesystem::path& catalogue,
+                          texts::Extent extent) {
   InstrumentChoices choices(session.texts);
-  return texts::ApplyTexts(platform::SystemFiles(), catalogue, choices, session.texts,
-                           [&session](std::string_view text) { return Expanded(session, text); });
+  return texts::ApplyTexts(
+      platform::SystemFiles(), catalogue, choices, session.texts,
+      [&session](std::string_view text) { return Expanded(session, text); }, extent);
 }
 
 }  // namespace zentab::app

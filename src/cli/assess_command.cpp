@@ -108,7 +108,8 @@ Exit Assess(const AssessOptions& options, Console& console) {
     WriteLines(rows, options.format == "csv", console);
   }
   if (assessment.IsPassed()) return Exit::Done;
-  return console.Fail(entry->name + ": of " + std::to_string(rows.size()) + " points " +
+  return console.Fail(entry->name + ": of " + std::to_string(rows.size()) +
+                      (rows.size() == 1 ? " point " : " points ") +
                       std::to_string(assessment.passed) + " passed, " +
                       std::to_string(assessment.failed) + " failed, " +
                       std::to_string(assessment.outside) + " outside the reference");

@@ -23,7 +23,9 @@ static_assert(kTexts.size() == static_cast<std::size_t>(FaultKind::PickupNeeded)
 
 std::string FaultText(const Fault& fault, const texts::CurveTexts& texts,
                       std::string_view decimalSeparator) {
-  std::string message = texts.*kTexts[static_cast<std::size_t>(fault.kind)];
+  const bool isNone = fault.kind == FaultKind::TooFewPoints && fault.value == 1.0;
+  std::string message =
+      isNone ? texts.noPoint : texts.*kTexts[static_cast<std::size_t>(fault.kind)];
   const std::size_t field = message.find("%1");
   if (field == std::string::npos) return message;
   return message.replace(

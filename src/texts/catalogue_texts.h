@@ -127,6 +127,8 @@ struct ToolTexts {
 
 /// What the window says apart from captions of its controls.
 struct ProgramTexts {
+  std::string language = "en";            // as of files with translations: de, zh_CN
+  std::string languageName = "English";   // in the language itself
   std::string loadAxis = "%1";            // "%1" stands for the load caption of the value mode
   std::string timeAxis = "%1";            // and here for its time caption
   std::string loadHeading = "LoadLevel";  // of the grid's columns

@@ -22,6 +22,8 @@ const std::vector<KeyRow>& ChartRows() {
       {"F1.MENU.2.COLOURS.SYSTEM", Caption{"m_colsystem"}, kExpanded},
       {"F1.MENU.2.COLOURS.LIGHT", Caption{"m_collight"}, kExpanded},
       {"F1.MENU.2.COLOURS.DARK", Caption{"m_coldark"}, kExpanded},
+      {"F1.MENU.2.LANGUAGE", Caption{"m_language"}, kExpanded},
+      {"F1.MENU.2.LANGUAGE.INSTALLED", Caption{"m_langinstalled"}, kExpanded},
       {"CHART.PICKUP.LINE", ChartField{&ChartTexts::pickupLine}},
       {"F1.MENU.2.MARKER.A", Caption{"m_marka"}, kExpanded},
       {"F1.MENU.2.MARKER.B", Caption{"m_markb"}, kExpanded},

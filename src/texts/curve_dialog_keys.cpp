@@ -35,6 +35,7 @@ const std::vector<KeyRow>& CurveMenuRows() {
       {"ASSESS.FAILED", CurveDialogField{&T::failed}},
       {"ASSESS.OUTSIDE", CurveDialogField{&T::outside}},
       {"ASSESS.ALL.PASSED", CurveDialogField{&T::allPassed}},
+      {"ASSESS.ONE.PASSED", CurveDialogField{&T::onePassed}},
       {"ASSESS.NOT.PASSED", CurveDialogField{&T::notPassed}},
       {"ASSESS.LARGEST", CurveDialogField{&T::largest}},
       {"ASSESS.CHOOSE", CurveDialogField{&T::chooseReference}},
@@ -96,6 +97,7 @@ const std::vector<KeyRow>& CurveDialogRows() {
       {"CURVE.FIT.ONE", CurveDialogField{&T::fitPoint}},
       {"CURVE.FIT.USE", CurveDialogField{&T::fitUse}},
       {"CURVE.FIT.BELOW", CurveDialogField{&T::fitBelow}},
+      {"CURVE.FIT.BELOW.ONE", CurveDialogField{&T::fitBelowOne}},
       {"CURVE.THIN.POINTS", CurveDialogField{&T::thinPoints}},
       {"CURVE.THIN.RESULT", CurveDialogField{&T::thinned}},
   };

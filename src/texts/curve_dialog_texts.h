@@ -54,6 +54,7 @@ struct CurveDialogTexts {
   std::string fitPoint = "%1:  %2,  %3 s";
   std::string fitUse = "OK puts the times of the chosen characteristic into the table.";
   std::string fitBelow = "It does not operate at %1 of the points; they are left out.";
+  std::string fitBelowOne = "It does not operate at one of the points, which is left out.";
   std::string thinPoints = "Points to &keep";
   std::string thinned = "%1 of %2 points, the lines between them deviate by up to %3 %";
   std::string reference = "Reference:";
@@ -82,9 +83,10 @@ struct CurveDialogTexts {
   std::string failed = "failed";
   std::string outside = "outside";
   std::string allPassed = "Assessment passed: all %1 points are within the limits";
+  std::string onePassed = "Assessment passed: the point is within the limits";
   std::string notPassed =
-      "Assessment not passed: %1 points within the limits, %2 beyond them, %3 outside the "
-      "reference";
+      "Assessment not passed. Points within the limits: %1, beyond them: %2, outside the "
+      "reference: %3";
   std::string largest = "Largest deviation: %1 %%";
   std::string chooseReference =
       "Choose what to assess against: the selected entry or a standard curve.";

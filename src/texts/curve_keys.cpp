@@ -21,6 +21,7 @@ const std::vector<KeyRow>& CurveRows() {
       {"FAMILY.OWN", CurveField{&CurveTexts::own}},
       {"FAMILY.EQUATION", CurveField{&CurveTexts::equation}},
       {"CURVE.FAULT.FEW", CurveField{&CurveTexts::tooFewPoints}},
+      {"CURVE.FAULT.NONE", CurveField{&CurveTexts::noPoint}},
       {"CURVE.FAULT.LOAD", CurveField{&CurveTexts::badLoad}},
       {"CURVE.FAULT.TIME", CurveField{&CurveTexts::badTime}},
       {"CURVE.FAULT.EQUAL", CurveField{&CurveTexts::equalLoads}},

@@ -24,6 +24,7 @@ struct CurveTexts {
   std::string own = "Own k, α and c";
   std::string equation = "Equation";
   std::string tooFewPoints = "At least %1 points with different loads are needed";
+  std::string noPoint = "At least one point is needed";
   std::string badLoad = "Point %1: the load is negative or no number";
   std::string badTime = "Point %1: the time is zero, negative or no number";
   std::string equalLoads = "Two points have the same load, %1";

@@ -137,6 +137,8 @@ const std::vector<KeyRow>& ImportRows() {
 // Texts of controls and messages that came later than the catalogues of the test-set suite.
 const std::vector<KeyRow>& OwnRows() {
   static const std::vector<KeyRow> rows = {
+      {"LANGUAGE.CODE", ProgramField{&P::language}},
+      {"LANGUAGE.NAME", ProgramField{&P::languageName}},
       {"F1.PICKUP.LABEL", InstrumentField{1, &I::pickupLabel}, kExpanded},
       {"F1.PICKUP.LABEL2", InstrumentField{2, &I::pickupLabel}, kExpanded},
       {"F1.PICKUP.LABEL3", InstrumentField{3, &I::pickupLabel}, kExpanded},

@@ -27,6 +27,12 @@ using TemplateArguments = std::array<std::string_view, 3>;
 [[nodiscard]] std::string ExpandTemplate(std::string_view text, const TemplateFields& fields,
                                          const TemplateArguments& arguments = {});
 
+/// Of two texts that tell a count, in "%1", the one whose words fit it.
+[[nodiscard]] inline const std::string& ForCount(std::size_t count, const std::string& one,
+                                                 const std::string& more) {
+  return count == 1 ? one : more;
+}
+
 /// A text that ExpandTemplate gives back as it is, whatever percent signs it holds.
 [[nodiscard]] std::string AsTemplate(std::string_view text);
 

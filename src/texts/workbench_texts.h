@@ -8,6 +8,7 @@ namespace zentab::texts {
 /// so on are filled in.
 struct WorkbenchTexts {
   std::string source = "%1, %2: %3 points";  // the file, its date, how many
+  std::string sourceOne = "%1, %2: %3 point";
   std::string older = "Older than the result imported last (%1, %2)";  // its file and date
   std::string reading = "Reading the time test…";
   std::string measured = "Measured";
@@ -23,9 +24,10 @@ struct WorkbenchTexts {
       "From this time on a point did not trip; below 1: from 99 % of the longest time. OK imports "
       "with it this once.";
   std::string left = "%1 points";
+  std::string leftOne = "%1 point";
   std::string removed = "%1 removed";
   std::string moved = "%1 moved";
-  std::string noValue = "no value at %1";
+  std::string noValue = "%1 without a value";
   std::string levelIs = "from %1";  // the level in use, with its unit
   std::string noTimeout = "The timeout is a number from 0 up";
   std::string equations = "&Equations";

@@ -1,6 +1,9 @@
 #include "texts/apply_texts.h"
 
+#include <algorithm>
 #include <map>
+#include <set>
+#include <sstream>
 
 #include "support/temporary_folder.h"
 #include "texts/text_catalogue.h"
@@ -175,21 +178,43 @@ TEST_F(ApplyTextsTest, SwitchesAndFieldsFollowTheirTexts) {
   EXPECT_FALSE(texts.import.printTable);
 }
 
+// What stands in front of the texts of a catalogue's lines.
+std::vector<std::string> KeysIn(const std::string& catalogue) {
+  std::vector<std::string> keys;
+  std::istringstream lines(catalogue);
+  for (std::string line; std::getline(lines, line);) {
+    const std::size_t end = line.find(" {");
+    if (end != std::string::npos) keys.push_back(line.substr(0, end));
+  }
+  return keys;
+}
+
 TEST(ShippedCatalogues, HaveEveryKeyOnceAndNoneBehindALongerOne) {
-  for (const char* const name : {"Zentab.txt", "Zentab.de.txt", "Zentab.zh_CN.txt"}) {
-    const std::string file = std::string(CATALOGUES) + "/" + name;
+  std::set<std::string> languages;
+  for (const auto& entry : std::filesystem::directory_iterator(CATALOGUES)) {
+    const std::filesystem::path& file = entry.path();
+    const std::string name = file.filename().string();
     const std::string all = "\n" + test::BytesOf(file);
+    for (const std::string& key : KeysIn(all)) {
+      EXPECT_TRUE(std::ranges::count(CatalogueKeys(), key))
+          << name << ": no text is called " << key;
+    }
     for (const std::string& key : CatalogueKeys()) {
       const std::size_t line = all.find("\n" + key + " {");
-      ASSERT_NE(line, std::string::npos) << name << " lacks " << key;
+      if (line == std::string::npos) ADD_FAILURE() << name << " lacks " << key;
+      if (line == std::string::npos) continue;
       EXPECT_EQ(all.find("\n" + key + " {", line + 1), std::string::npos) << name << ": " << key;
       EXPECT_EQ(all.find(key), line + 1) << name << ": another line is found for " << key;
       const std::size_t begin = line + key.size() + 3;
       std::string text;
       EXPECT_FALSE(LookupText(platform::SystemFiles(), key, file, text));
       EXPECT_EQ(text, all.substr(begin, all.find('}', begin) - begin));
+      if (key == "LANGUAGE.CODE") {
+        EXPECT_TRUE(languages.insert(text).second) << name << ": " << text;
+      }
     }
   }
+  EXPECT_GE(languages.size(), 3u);
 }
 
 }  // namespace

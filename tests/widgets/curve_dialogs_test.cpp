@@ -270,8 +270,8 @@ class CurveDialogsTest : public QObject {
     auto* const table = Find<QTableWidget>("TableAssessment");
     QCOMPARE(Find<QLabel>("LabelReference")->text(), QStringLiteral("Reference"));
     QCOMPARE(verdict(),
-             QStringLiteral("Assessment not passed: 10 points within the limits, 1 beyond them, 1 "
-                            "outside the reference · Largest deviation: 8.42 %"));
+             QStringLiteral("Assessment not passed. Points within the limits: 10, beyond them: 1, "
+                            "outside the reference: 1 · Largest deviation: 8.42 %"));
     QCOMPARE(table->item(0, 7)->text(), QStringLiteral("outside"));
     Find<QLineEdit>("Limit_percent")->setText(QStringLiteral("-1"));
     QVERIFY(verdict().contains(QStringLiteral("from 0 up")));
@@ -315,7 +315,7 @@ class CurveDialogsTest : public QObject {
     f.session.table.grid.SetCell(5, 2, "1.3");
     Q_EMIT Find<editor::CurveGridView>("MSFlexGrid1")->EditingLeft();
     QVERIFY(verdict().startsWith(
-        QStringLiteral("Assessment not passed: 11 points within the limits, 1 bey")));
+        QStringLiteral("Assessment not passed. Points within the limits: 11, beyond them: 1")));
     QVERIFY(isMarked());
     f.Click("CommandCloseAssessment");
     QVERIFY(Find<QWidget>("PanelAssessment")->isHidden() && !isMarked());

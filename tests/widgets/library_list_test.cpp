@@ -279,7 +279,10 @@ class LibraryListTest : public QObject {
       f.Open();
       QContextMenuEvent event(QContextMenuEvent::Other, {5, 5}, {5, 5});
       QApplication::sendEvent(List()->viewport(), &event);
-      for (const char* const name : {"m_listmenu", "m_library", "m_order"}) {
+      Q_EMIT f.Find<QMenu>("m_edit")->aboutToShow();
+      for (const char* const name :
+           {"m_listmenu", "m_library", "m_order", "m_opt", "m_edit", "m_calc", "m_curve", "m_view",
+            "m_axes", "m_compare", "m_colours"}) {
         QSet<QChar> letters;
         for (const QAction* const action : f.Find<QMenu>(name)->actions()) {
           if (action->isSeparator()) continue;

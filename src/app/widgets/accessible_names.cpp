@@ -1,6 +1,7 @@
 #include "app/widgets/accessible_names.h"
 
 #include <QAbstractButton>
+#include <QAccessibleWidget>
 #include <QLabel>
 #include <QRegularExpression>
 #include <QToolButton>
@@ -20,6 +21,13 @@ constexpr NameRow kNames[] = {
     {"Text1", "Name of the new entry"},
 };
 
+// Qt knows what its own controls are.
+QAccessibleInterface* ChartInterface(const QString& kind, QObject* object) {
+  const bool isChart = kind == QLatin1String("QCustomPlot") && object->isWidgetType();
+  return isChart ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Chart)
+                 : nullptr;
+}
+
 }  // namespace
 
 QString PlainCaption(QString caption) {
@@ -33,6 +41,7 @@ QString PlainTitle(const QString& caption) {
 }
 
 AccessibleNames::AccessibleNames(QMainWindow& form) : QObject(&form), form_(form) {
+  QAccessible::installFactory(ChartInterface);
   for (const NameRow& row : kNames) {
     if (auto* const control = form.findChild<QWidget*>(QLatin1String(row.control))) {
       control->setAccessibleName(QString::fromUtf8(row.name));

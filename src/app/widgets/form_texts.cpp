@@ -1,6 +1,7 @@
 #include "app/widgets/form_texts.h"
 
 #include <QMetaProperty>
+#include <algorithm>
 
 namespace zentab::app {
 namespace {
@@ -8,6 +9,11 @@ namespace {
 QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+// Words of catalogues that others show, as soon as there are some: they follow the instrument. The
+// title has the name of a file behind it before any catalogue has given another one.
+constexpr std::pair<const char*, const char*> kSetByOthers[] = {
+    {"Command5", "text"}, {"Command5", "toolTip"}, {"Text2", "toolTip"}, {"LabelText2", "text"}};
 
 // A control's caption is the one of these properties that it has.
 const char* CaptionProperty(const QObject& control) {
@@ -19,10 +25,15 @@ const char* CaptionProperty(const QObject& control) {
 
 }  // namespace
 
-FormTexts::FormTexts(QMainWindow& form) {
+FormTexts::FormTexts(QMainWindow& form) : former_({{&form, "windowTitle", form.windowTitle()}}) {
   controls_.insert(form.objectName(), &form);
   for (QObject* const child : form.findChildren<QObject*>()) {
     if (!child->objectName().isEmpty()) controls_.insert(child->objectName(), child);
+  }
+  for (const auto& [name, property] : kSetByOthers) {
+    if (QObject* const control = Find(name)) {
+      former_.push_back({control, property, control->property(property)});
+    }
   }
 }
 
@@ -34,14 +45,34 @@ void FormTexts::SetProperty(std::string_view control, const char* property, cons
   if (QObject* const found = Find(control)) found->setProperty(property, value);
 }
 
-void FormTexts::SetCaption(std::string_view control, std::string_view text) {
-  if (const QObject* const found = Find(control)) {
-    SetProperty(control, CaptionProperty(*found), ToQt(text));
+void FormTexts::SetWord(std::string_view control, const char* property, std::string_view text) {
+  QObject* const found = Find(control);
+  if (found == nullptr) return;
+  const bool isKnown = std::ranges::any_of(former_, [&](const FormerWord& word) {
+    return word.control == found && std::string_view(word.property) == property;
+  });
+  if (!isKnown) former_.push_back({found, property, found->property(property)});
+  found->setProperty(property, ToQt(text));
+}
+
+void FormTexts::ForgetWords() {
+  for (const FormerWord& word : former_) {
+    if (word.control != nullptr) word.control->setProperty(word.property, word.value);
   }
 }
 
+void FormTexts::SetCaption(std::string_view control, std::string_view text) {
+  if (const QObject* const found = Find(control)) {
+    SetWord(control, CaptionProperty(*found), text);
+  }
+}
+
+void FormTexts::SetContent(std::string_view control, std::string_view text) {
+  SetProperty(control, "text", ToQt(text));
+}
+
 void FormTexts::SetTooltip(std::string_view control, std::string_view text) {
-  SetProperty(control, "toolTip", ToQt(text));
+  SetWord(control, "toolTip", text);
 }
 
 void FormTexts::SetShown(std::string_view control, bool shown) {
@@ -49,11 +80,11 @@ void FormTexts::SetShown(std::string_view control, bool shown) {
 }
 
 void FormTexts::SetPlaceholder(std::string_view control, std::string_view text) {
-  SetProperty(control, "placeholderText", ToQt(text));
+  SetWord(control, "placeholderText", text);
 }
 
 void FormTexts::SetSpokenName(std::string_view control, std::string_view text) {
-  SetProperty(control, "accessibleName", ToQt(text));
+  SetWord(control, "accessibleName", text);
 }
 
 std::string FormTexts::Caption(std::string_view control) const {

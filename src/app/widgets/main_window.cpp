@@ -26,12 +26,12 @@
 #include "app/widgets/curve/assessment_controller.h"
 #include "app/widgets/curve/curve_controller.h"
 #include "app/widgets/exchange/exchange_controller.h"
-#include "app/widgets/form_texts.h"
 #include "app/widgets/help/guide.h"
 #include "app/widgets/help/help_menu.h"
 #include "app/widgets/help/welcome.h"
 #include "app/widgets/instrument_captions.h"
 #include "app/widgets/interchange/interchange_commands.h"
+#include "app/widgets/language_menu.h"
 #include "app/widgets/library/entry_work.h"
 #include "app/widgets/library/library_controller.h"
 #include "app/widgets/library/library_files_controller.h"
@@ -42,6 +42,7 @@
 #include "app/widgets/quick_commands.h"
 #include "app/widgets/report/report_controller.h"
 #include "app/widgets/report/report_menu.h"
+#include "app/widgets/scrolling_frame.h"
 #include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
 #include "app/widgets/table/check_marks.h"
@@ -59,6 +60,7 @@
 #include "app/widgets/testset/workbench_controller.h"
 #include "app/widgets/window_font.h"
 #include "app/widgets/window_placement.h"
+#include "app/widgets/window_texts.h"
 #include "app/widgets/window_title.h"
 #include "editor/chart_curve.h"
 
@@ -137,7 +139,13 @@ MainWindow::MainWindow(MainWindowParts parts)
   new ContextMenus(*this);
   new QuickCommands(*menuBar());
   names_ = new AccessibleNames(*this);
+  texts_ = std::make_unique<WindowTexts>(*this, session_, files_, [this](std::error_code error) {
+    const texts::ProgramTexts& texts = session_.texts.program;
+    status_->ShowFailure(FailureText(texts, texts.catalogueFailed, error));
+  });
 }
+
+MainWindow::~MainWindow() = default;
 
 void MainWindow::BuildPanels() {
   auto* const splitter = new QSplitter(this);
@@ -154,7 +162,7 @@ void MainWindow::BuildPanels() {
   auto* const layout = new QHBoxLayout(frame);
   layout->setContentsMargins(kMargin, kMargin, kMargin, 0);
   layout->addWidget(splitter);
-  setCentralWidget(frame);
+  setCentralWidget(new ScrollingFrame(frame, this));
   new PanelFocus(frame, {library_, table_, chart_});
 }
 
@@ -196,6 +204,8 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
   readOut_->AddTo(*view);
   overlays_->AddTo(*view);
   new ColourScheme(*view, files_, parts.store, parts.title);
+  languages_ = new LanguageMenu(
+      *view, {session_, files_, parts.store, parts.title, parts.executable, catalogues_});
   new PanelWalk(*view, {{{library_, library_->findChild<QListView*>()},
                          {table_, table_->grid},
                          {chart_, chart_->chart}}});
@@ -224,7 +234,7 @@ void MainWindow::ConnectPanels() {
     instruments_->FollowSession();
   });
   connect(libraryController_, &LibraryController::TableFileChosen, this, [this] {
-    ApplyCatalogue(catalogues_.front());
+    texts_->Apply(catalogues_.front());
     RefreshCaptions();
   });
   connect(libraryController_, &LibraryController::LibraryChanged, status_, &StatusLine::Refresh);
@@ -233,6 +243,7 @@ void MainWindow::ConnectPanels() {
   connect(status_, &StatusLine::GivenUp, &files_, &ResponsiveFiles::GiveUp);
   connect(clipboard_, &ClipboardController::TableChanged, this, &MainWindow::ShowEdits);
   connect(modes_, &ValueModeBinding::Changed, this, &MainWindow::RefreshCaptions);
+  connect(languages_, &LanguageMenu::Switched, this, &MainWindow::RefreshCaptions);
 }
 
 void MainWindow::ConnectLibraryFiles() {
@@ -316,7 +327,8 @@ void MainWindow::ConnectHistory() {
 
 void MainWindow::Load() {
   chart_->chart->SetDecimalSeparator(QString::fromStdString(session_.localeDecimalSeparator));
-  for (const std::filesystem::path& catalogue : catalogues_) ApplyCatalogue(catalogue);
+  for (const std::filesystem::path& catalogue : catalogues_) texts_->Apply(catalogue);
+  languages_->Begin(*texts_);
   libraryController_->FillEntryList();
   log_.WriteLogLine("%D %E Started");
   QCoreApplication::processEvents();
@@ -332,17 +344,6 @@ void MainWindow::Load() {
 void MainWindow::OfferRecovery() { recovery_->Offer(); }
 
 void MainWindow::ListenForEnd() { end_->Listen(); }
-
-void MainWindow::ApplyCatalogue(const std::filesystem::path& file) {
-  FormTexts form(*this);
-  const std::error_code error =
-      texts::ApplyTexts(files_, file, form, session_.texts,
-                        [this](std::string_view text) { return Expanded(session_, text); });
-  // Most places for a catalogue have none.
-  if (!error || error == std::errc::no_such_file_or_directory) return;
-  status_->ShowFailure(
-      FailureText(session_.texts.program, session_.texts.program.catalogueFailed, error));
-}
 
 void MainWindow::ShowTable() {
   chart_->chart->Fit();

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,7 @@ class Guide;
 class HistoryController;
 class InterchangeCommands;
 class InstrumentController;
+class LanguageMenu;
 class LibraryController;
 class LibraryFilesController;
 class LibraryPanel;
@@ -50,6 +52,7 @@ class StatusLine;
 class TablePanel;
 class TimeTestController;
 class ValueModeBinding;
+class WindowTexts;
 class WorkbenchController;
 
 /// What the main window works with; all of it outlives the window.
@@ -72,6 +75,7 @@ class MainWindow : public QMainWindow {
 
  public:
   explicit MainWindow(MainWindowParts parts);
+  ~MainWindow() override;
 
   /// Brings up what the settings say; runs once, before the window is shown.
   void Load();
@@ -100,7 +104,6 @@ class MainWindow : public QMainWindow {
   void ShowTable();
   void ShowEdits();
   void RefreshChart();
-  void ApplyCatalogue(const std::filesystem::path& file);
   void RefreshCaptions();
 
   Session& session_;
@@ -138,9 +141,11 @@ class MainWindow : public QMainWindow {
   EntryWork* entries_;
   CurveController* curves_;
   AssessmentController* assessment_;
-  PointToolsMenu* edit_ = nullptr;    // once there is a menu bar
-  Guide* guide_ = nullptr;            // once there is a menu bar
-  AccessibleNames* names_ = nullptr;  // once there is something to be named
+  PointToolsMenu* edit_ = nullptr;  // once there is a menu bar
+  Guide* guide_ = nullptr;          // likewise
+  LanguageMenu* languages_ = nullptr;
+  AccessibleNames* names_ = nullptr;    // once there is something to be named
+  std::unique_ptr<WindowTexts> texts_;  // likewise
   SessionEnd* end_;
 };
 

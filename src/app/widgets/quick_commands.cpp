@@ -57,6 +57,11 @@ void QuickCommands::FollowFont() {
 void QuickCommands::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::FontChange) FollowFont();
+  if (event->type() != QEvent::LanguageChange) return;
+  // Keys have other names.
+  for (const QToolButton* const button : findChildren<QToolButton*>()) {
+    Q_EMIT button->defaultAction()->changed();
+  }
 }
 
 QToolButton* QuickCommands::AddButton(QAction& action, const QString& icon) {

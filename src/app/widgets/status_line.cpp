@@ -61,10 +61,10 @@ void StatusLine::Refresh() {
   const std::filesystem::path full =
       platform::ToPath(session_.installFolder) / platform::ToPath(session_.tablePath);
   file_->setToolTip(QDir::toNativeSeparators(QString::fromStdString(platform::ToText(full))));
-  const std::string count = std::to_string(session_.listing.names.size());
+  const std::size_t count = session_.listing.names.size();
   const texts::ProgramTexts& texts = session_.texts.program;
-  const std::string& entries = count == "1" ? texts.oneEntry : texts.entries;
-  count_->setText(QString::fromStdString(Expanded(session_, entries, {count})));
+  const std::string& entries = texts::ForCount(count, texts.oneEntry, texts.entries);
+  count_->setText(QString::fromStdString(Expanded(session_, entries, {std::to_string(count)})));
   RefreshModified();
 }
 

@@ -1,12 +1,16 @@
 #include "app/widgets/window_font.h"
 
+#include <QApplication>
 #include <QFontInfo>
 #include <QWidget>
+#include <algorithm>
 
 #include "platform/locale_queries.h"
 
 namespace zentab::app {
 namespace {
+
+constexpr double kUsualSize = 12.0;  // points: the largest that a desktop begins with
 
 class QtFontSystem : public texts::FontSystem {
  public:
@@ -23,11 +27,13 @@ class QtFontSystem : public texts::FontSystem {
 
 }  // namespace
 
+double TextScale() { return std::max(1.0, QApplication::font().pointSizeF() / kUsualSize); }
+
 void ApplyUiFont(QWidget& window, texts::UiFontChoice& choice) {
   const texts::UiFont& chosen = choice.ChooseUiFont(QtFontSystem());
   QFont font = window.font();
   if (!chosen.face.empty()) font.setFamily(QString::fromStdString(chosen.face));
-  if (chosen.size > 0) font.setPointSize(chosen.size);
+  if (chosen.size > 0) font.setPointSizeF(chosen.size * TextScale());
   // Controls take over their window's font; the loop reaches those that were given one of their
   // own.
   window.setFont(font);

@@ -5,7 +5,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
+
+#include "app/widgets/window_font.h"
 
 namespace zentab::app {
 namespace {
@@ -85,7 +88,7 @@ QWidget* ChartPanel::BuildStrip() {
     label->setBuddy(text);
     label->hide();
     text->setObjectName(QLatin1String(name));
-    text->setMaximumWidth(kFieldWidth);
+    text->setMaximumWidth(static_cast<int>(kFieldWidth * TextScale()));
     text->hide();
     fields->addWidget(label);
     fields->addWidget(text);
@@ -106,10 +109,12 @@ QWidget* ChartPanel::BuildStrip() {
   buttons->addStretch(1);
   command10 = button("Command10", QStringLiteral("Im&port time test"), true);
   command10->setToolTip(QStringLiteral("Imports the table from the time test."));
-  commandPreview = button("CommandPreview", QStringLiteral("Import with pr&eview…"), true);
+  commandPreview = button("CommandPreview", QStringLiteral("Import with preview…"), true);
   commandPreview->setToolTip(
       QStringLiteral("Shows the points of the last time test and what the import makes of them, "
                      "before it is done"));
+  auto* const preview = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), commandPreview);
+  connect(preview, &QShortcut::activated, commandPreview, &QPushButton::click);
   return strip;
 }
 

@@ -8,9 +8,11 @@
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/assessment_texts.h"
 #include "app/standard_curve.h"
+#include "app/widgets/window_font.h"
 #include "editor/widgets/chart/chart_colours.h"
 
 namespace zentab::app {
@@ -78,7 +80,8 @@ void AssessmentPanel::BuildLimitsRow() {
     auto* const label = new QLabel(this);
     auto* const field = new QLineEdit(this);
     field->setObjectName(QLatin1String("Limit_") + QLatin1String(name));
-    field->setMaximumWidth(name == std::string_view("factors") ? kFactorsWidth : kFieldWidth);
+    const int width = name == std::string_view("factors") ? kFactorsWidth : kFieldWidth;
+    field->setMaximumWidth(static_cast<int>(width * TextScale()));
     label->setBuddy(field);
     limits_[name] = field;
     limitLabels_[name] = label;
@@ -136,6 +139,13 @@ void AssessmentPanel::ShowTexts() {
   QStringList headings;
   for (const std::string& heading : AssessmentHeadings(session_)) headings.append(ToQt(heading));
   table_->setHorizontalHeaderLabels(headings);
+  // Where there is no room for all headings the table scrolls.
+  QHeaderView& header = *table_->horizontalHeader();
+  int widest = 0;
+  for (int column = 0; column < kColumns; ++column) {
+    widest = std::max(widest, header.sectionSizeHint(column));
+  }
+  header.setMinimumSectionSize(widest);
 }
 
 void AssessmentPanel::ShowReference(const std::string& name) {

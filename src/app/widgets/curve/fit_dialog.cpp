@@ -11,6 +11,7 @@
 
 #include "app/grid_curve.h"
 #include "app/session_texts.h"
+#include "app/widgets/window_font.h"
 #include "texts/number_text.h"
 
 namespace zentab::app {
@@ -74,7 +75,7 @@ void FitDialog::BuildPoints() {
   auto* const label = new QLabel(ToQt(texts.fitPoints), this);
   label->setBuddy(points_);
   points_->setObjectName(QStringLiteral("ListPoints"));
-  points_->setMaximumHeight(kPointsHeight);
+  points_->setMaximumHeight(static_cast<int>(kPointsHeight * TextScale()));
   const GridCurve grid = CurveInGrid(session);
   const std::vector<curves::Point> seconds = grid.table.InSeconds();
   for (std::size_t at = 0; at < seconds.size(); ++at) {
@@ -156,9 +157,10 @@ std::string FitDialog::Describe(const CurveProposal& proposal) const {
   std::string text = shown.constants;
   if (!shown.remark.empty()) text += (text.empty() ? "" : ". ") + shown.remark;
   if (leftOut_ == 0) return text;
-  const std::string count = std::to_string(leftOut_);
+  const texts::CurveDialogTexts& texts = CurrentSession().texts.curveDialogs;
+  const std::string& below = texts::ForCount(leftOut_, texts.fitBelowOne, texts.fitBelow);
   return text + (text.empty() ? "" : ". ") +
-         Expanded(CurrentSession(), CurrentSession().texts.curveDialogs.fitBelow, {count});
+         Expanded(CurrentSession(), below, {std::to_string(leftOut_)});
 }
 
 }  // namespace zentab::app

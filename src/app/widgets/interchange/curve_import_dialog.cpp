@@ -14,6 +14,7 @@
 #include "app/widgets/interchange/found_curves_model.h"
 #include "app/widgets/interchange/reading_fields.h"
 #include "app/widgets/library/entry_list_model.h"
+#include "app/widgets/window_font.h"
 #include "editor/widgets/chart/preview_curve.h"
 #include "platform/character_case.h"
 
@@ -181,7 +182,7 @@ void CurveImportDialog::ShowRows() {
     if (isFaulty) rows_->selectRow(at);
   }
   rows_->setVerticalHeaderLabels(lines);
-  rows_->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
+  rows_->horizontalHeader()->setDefaultSectionSize(static_cast<int>(kColumnWidth * TextScale()));
   rows_->horizontalHeader()->setStretchLastSection(columns == 1);
   rows_->horizontalHeader()->setVisible(columns > 1);
 }

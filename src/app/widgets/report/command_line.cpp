@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "app/languages.h"
 #include "app/settings.h"
 #include "app/widgets/report/chart_picture.h"
 #include "app/widgets/report/report_document.h"
@@ -181,9 +182,9 @@ Exit Make(const Options& options, Console& console) {
   }
   const std::filesystem::path executable = platform::ExecutablePath();
   const auto store = platform::UserSettingsStore();
-  Session session =
-      WindowlessSession(LoadSettings(*store, platform::BaseName(executable), kProgram),
-                        *platform::SystemRegistry(), executable);
+  Session session = WindowlessSession(
+      LoadSettings(*store, platform::BaseName(executable), kProgram), *platform::SystemRegistry(),
+      executable, KeptLanguage(*store, kProgram, executable));
   for (const std::string& catalogue : options.catalogues) {
     const std::error_code error = TakeTexts(session, platform::ToPath(catalogue));
     if (error) return console.Fail(catalogue + ": " + error.message());

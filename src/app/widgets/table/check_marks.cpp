@@ -44,7 +44,7 @@ void CheckMarks::Refresh() {
   if (cells.empty()) return;
   const texts::PointTexts& words = session_.texts.points;
   const std::string count = std::to_string(cells.size());
-  const std::string& text = cells.size() == 1 ? words.oneFault : words.faults;
+  const std::string& text = texts::ForCount(cells.size(), words.oneFault, words.faults);
   const QString said = QString::fromStdString(texts::ExpandTemplate(text, {}, {count}));
   button_->setText(QStringLiteral("▲ ") + said);
   button_->setAccessibleName(said);

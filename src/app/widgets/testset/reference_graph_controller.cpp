@@ -55,7 +55,7 @@ void ReferenceGraphController::ImportGraph() {
   if (outcome.skipped == 0) return;
   const std::string count = std::to_string(outcome.skipped);
   const texts::GraphTexts& texts = session_.texts.graph;
-  const std::string& text = outcome.skipped == 1 ? texts.oneSkipped : texts.skipped;
+  const std::string& text = texts::ForCount(outcome.skipped, texts.oneSkipped, texts.skipped);
   Q_EMIT Failed(QString::fromStdString(Expanded(session_, text, {count})));
 }
 

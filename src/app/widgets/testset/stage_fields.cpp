@@ -9,6 +9,7 @@
 
 #include "app/session_texts.h"
 #include "app/widgets/accessible_names.h"
+#include "app/widgets/window_font.h"
 #include "editor/widgets/chart/point_cloud.h"
 #include "texts/number_text.h"
 
@@ -63,7 +64,7 @@ void StageFields::AddRow(Row row, const std::string& caption, QWidget* field) {
   if (field != nullptr) {
     label->setBuddy(field);
     field->setAccessibleName(PlainCaption(label->text()));
-    field->setFixedWidth(kFieldWidth);
+    field->setFixedWidth(static_cast<int>(kFieldWidth * TextScale()));
     grid_->addWidget(field, row, 1);
   }
   effects_[row] = new QLabel(this);
@@ -147,7 +148,8 @@ void StageFields::Say(Row row, const std::vector<std::string>& parts) {
 }
 
 void StageFields::ShowCount(std::size_t points) {
-  Say(Measured, {Counted(session_.texts.workbench.left, points)});
+  const texts::WorkbenchTexts& texts = session_.texts.workbench;
+  Say(Measured, {Counted(texts::ForCount(points, texts.leftOne, texts.left), points)});
 }
 
 void StageFields::ShowEffects(const timetest::ImportEffects& effects) {

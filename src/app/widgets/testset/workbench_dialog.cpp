@@ -78,9 +78,10 @@ void WorkbenchDialog::TakeTest(std::shared_ptr<const Test> test,
 void WorkbenchDialog::ShowSource(const std::optional<ResultFile>& last) {
   const texts::WorkbenchTexts& texts = CurrentSession().texts.workbench;
   const ResultFile& file = test_->points.file;
-  const std::string count = std::to_string(test_->points.read.points.size());
+  const std::size_t count = test_->points.read.points.size();
+  const std::string& source = texts::ForCount(count, texts.sourceOne, texts.source);
   source_->setText(QString::fromStdString(
-      Expanded(CurrentSession(), texts.source, {NameOf(file), DateOf(file), count})));
+      Expanded(CurrentSession(), source, {NameOf(file), DateOf(file), std::to_string(count)})));
   if (!last || last->changed <= file.changed) return;
   QPalette colours = palette();
   colours.setColor(QPalette::WindowText, editor::FailureOn(palette().color(QPalette::Window)));

@@ -1,0 +1,364 @@
+#include <QAccessible>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QStyleOptionComboBox>
+#include <QTabBar>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <algorithm>
+
+#include "app/widgets/qt_user_dialogs.h"
+#include "editor/widgets/chart/chart_colours.h"
+#include "editor/widgets/chart/curve_chart.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+namespace {
+
+const QByteArray kLibrary =
+    "{\"SI\"\t(1.5;10)(2;4.25)(3;2)(5;1.5) 001}\r\n{\"VI\"\t(1.5;27)(2;13.5)(3;6.75) 001}\r\n";
+
+// What a screen reader has to call each kind of control; the first row that fits counts.
+constexpr struct {
+  const char* kind;
+  QAccessible::Role role;
+} kRoles[] = {{"QCheckBox", QAccessible::CheckBox},
+              {"QRadioButton", QAccessible::RadioButton},
+              {"QAbstractButton", QAccessible::Button},
+              {"QLineEdit", QAccessible::EditableText},
+              {"QPlainTextEdit", QAccessible::EditableText},
+              {"QAbstractSpinBox", QAccessible::SpinBox},
+              {"QComboBox", QAccessible::ComboBox},
+              {"QTabBar", QAccessible::PageTabList},
+              {"QTableView", QAccessible::Table},
+              {"QListView", QAccessible::List},
+              {"QCustomPlot", QAccessible::Chart}};
+
+bool IsPartOfAnother(const QWidget& control) {
+  return control.objectName().startsWith(QLatin1String("qt_")) ||
+         qobject_cast<QAbstractSpinBox*>(control.parentWidget()) != nullptr ||
+         qobject_cast<QComboBox*>(control.parentWidget()) != nullptr;
+}
+
+// The controls that the keyboard reaches and a screen reader has no name or another role for.
+QStringList Unnamed(const QWidget& window) {
+  QStringList found;
+  for (auto* const control : window.findChildren<QWidget*>()) {
+    if (!control->isVisible() || !(control->focusPolicy() & Qt::TabFocus)) continue;
+    if (IsPartOfAnother(*control)) continue;
+    const QAccessibleInterface* const said = QAccessible::queryAccessibleInterface(control);
+    const QString which =
+        control->metaObject()->className() + QLatin1String(" ") + control->objectName();
+    if (said->text(QAccessible::Name).trimmed().isEmpty()) found += which + " has no name";
+    const auto* const row = std::ranges::find_if(
+        kRoles, [control](const auto& known) { return control->inherits(known.kind); });
+    const bool isKnown = row != std::end(kRoles);
+    if (!isKnown || said->role() != row->role) {
+      found += which + QStringLiteral(" has the role %1").arg(said->role());
+    }
+  }
+  return found;
+}
+
+// The least size at which a control shows all of its text.
+QSize NeededBy(const QWidget& control) {
+  if (const auto* const label = qobject_cast<const QLabel*>(&control)) {
+    if (label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored) return {};
+    return label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+  }
+  if (const auto* const choice = qobject_cast<const QComboBox*>(&control)) {
+    QStyleOptionComboBox option;
+    option.initFrom(choice);
+    option.subControls = QStyle::SC_All;
+    const QRect field = choice->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                        QStyle::SC_ComboBoxEditField, choice);
+    const int text = choice->fontMetrics().horizontalAdvance(choice->currentText());
+    return {choice->width() + std::max(0, text - field.width()), choice->sizeHint().height()};
+  }
+  if (const auto* const field = qobject_cast<const QLineEdit*>(&control)) {
+    const QFontMetrics metrics = field->fontMetrics();
+    const int frame = field->sizeHint().width() - 17 * metrics.horizontalAdvance('x');
+    const QString text = field->text().isEmpty() ? field->placeholderText() : QString();
+    return {metrics.horizontalAdvance(text) + std::min(frame, 8), field->sizeHint().height()};
+  }
+  if (qobject_cast<const QAbstractSpinBox*>(&control) != nullptr) {
+    return {0, control.sizeHint().height()};
+  }
+  const auto* const tool = qobject_cast<const QToolButton*>(&control);
+  if (tool != nullptr && tool->toolButtonStyle() == Qt::ToolButtonIconOnly) return {};
+  if (qobject_cast<const QGroupBox*>(&control) != nullptr) return control.minimumSizeHint();
+  return qobject_cast<const QAbstractButton*>(&control) != nullptr ? control.sizeHint() : QSize();
+}
+
+// The controls that show a part of their text only.
+QStringList Cut(const QWidget& window) {
+  QStringList found;
+  for (const auto* const control : window.findChildren<QWidget*>()) {
+    if (!control->isVisible() || IsPartOfAnother(*control)) continue;
+    const QSize needed = NeededBy(*control);
+    if (needed.width() > control->width() || needed.height() > control->height()) {
+      found += QStringLiteral("%1 %2 '%3' is %4 × %5, not %6 × %7")
+                   .arg(control->metaObject()->className(), control->objectName(),
+                        control->property("text").toString())
+                   .arg(control->width())
+                   .arg(control->height())
+                   .arg(needed.width())
+                   .arg(needed.height());
+    }
+    const auto* const header = qobject_cast<const QHeaderView*>(control);
+    if (header == nullptr || header->orientation() == Qt::Vertical) continue;
+    for (int section = 0; section < header->count(); ++section) {
+      const QString text = header->model()->headerData(section, Qt::Horizontal).toString();
+      if (header->fontMetrics().horizontalAdvance(text) + 4 > header->sectionSize(section)) {
+        found +=
+            QStringLiteral("the heading '%1' has %2").arg(text).arg(header->sectionSize(section));
+      }
+    }
+  }
+  return found;
+}
+
+class AccessTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<WindowFixture> made_;
+  QFont usual_ = QApplication::font();
+
+  WindowFixture& Start(const QString& language) {
+    made_ = std::make_unique<WindowFixture>(kLibrary);
+    made_->Write("other.dat", "{\"SI\"\t(1.5;11)(2;5) 001}\r\n{\"New\"\t(1;2)(2;3) 001}\r\n");
+    made_->Write("curve.csv", "I (A);t (ms)\r\n1,5;3440\r\n2;2006\r\n5;856\r\n");
+    made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
+    QDir(made_->Path(".")).mkpath("data/current");
+    made_->Write("data/current/result.txt", "Test\r\n1\t0.1\t900\t\r\n2\t0.2\t500\t\r\n");
+    QFile::copy(QStringLiteral(CATALOGUES "/Zentab%1.txt").arg(language),
+                made_->Path("Zentab.txt"));
+    made_->window.reset();
+    made_->Open();
+    made_->window->activateWindow();
+    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Click("Command1");
+    made_->Click("Option1");
+    return *made_;
+  }
+
+  // Looks at the dialog that opens, once it has read what it is about, and closes it.
+  template <typename Open, typename Look>
+  void InDialog(const QString& name, const Open& open, const Look& look) {
+    bool isSeen = false;
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
+      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr || isSeen) return;
+      isSeen = true;
+      QTest::qWait(100);
+      look(*dialog, name);
+      dialog->reject();
+    });
+    timer.start(20);
+    open();
+    QTRY_VERIFY2(isSeen && QApplication::activeModalWidget() == nullptr, qPrintable(name));
+  }
+
+  template <typename Look>
+  void LookAtAll(const Look& look) {
+    WindowFixture& f = *made_;
+    f.Find<QAction>("m_assess")->setChecked(true);
+    f.Select(1);
+    f.Find<QAction>("m_cmpentry")->trigger();
+    QTest::qWait(50);
+    look(*f.window, QStringLiteral("main"));
+    f.Find<QAction>("m_assess")->setChecked(false);
+    for (const char* const action :
+         {"m_standard", "m_fitcurve", "m_thin", "m_resample", "m_print"}) {
+      InDialog(
+          QLatin1String(action), [&] { f.Find<QAction>(action)->trigger(); }, look);
+    }
+    InDialog(
+        QStringLiteral("preview"), [&] { f.Click("CommandPreview"); }, look);
+    f.dialogs.file = f.Path("curve.csv");
+    InDialog(
+        QStringLiteral("m_impcurves"), [&] { f.Find<QAction>("m_impcurves")->trigger(); }, look);
+    f.dialogs.file = f.Path("other.dat");
+    for (const char* const action : {"m_cmplibrary", "m_imp", "m_exp"}) {
+      InDialog(
+          QLatin1String(action), [&] { f.Find<QAction>(action)->trigger(); }, look);
+    }
+    LookAtQuestions(look);
+  }
+  template <typename Look>
+  void LookAtQuestions(const Look& look) {
+    WindowFixture& f = *made_;
+    QtUserDialogs dialogs(f.session);
+    dialogs.SetParent(f.window.get());
+    const texts::LibraryTexts& words = f.session.texts.library;
+    const auto text = [](const std::string& said) { return QString::fromStdString(said); };
+    const auto ask = [&](const char* name, const auto& question) {
+      InDialog(
+          QLatin1String(name), [&] { static_cast<void>(question()); }, look);
+    };
+    ask("number", [&] {
+      return dialogs.AskNumber({text(f.session.texts.history.steps[18]),
+                                text(f.session.texts.tools.decimals), 1.0,
+                                [](double) { return true; }});
+    });
+    ask("choice", [&] {
+      return dialogs.Choose(
+          {text(words.exportHeading),
+           {{text(words.exportWhich), {text(words.exportAll)}, 0},
+            {text(words.exportFormat),
+             {text(words.exportOwn), text(words.exportNeutral), text(words.exportJson)},
+             0}}});
+    });
+    ask("limits", [&] {
+      return dialogs.AskLimits({{},
+                                {1, 2},
+                                {1, 2},
+                                {},
+                                text(f.session.texts.labels.loadRelative),
+                                text(f.session.texts.labels.timeSeconds)});
+    });
+    ask("picture", [&] {
+      return dialogs.AskPictureSize({text(f.session.texts.output.saveChart), {}, true});
+    });
+    ask("entries", [&] { return dialogs.ChooseEntries("Title", {"a", "b"}); });
+    ask("confirm", [&] { return dialogs.Confirm(f.session.texts.messages[2]); });
+  }
+
+ private Q_SLOTS:
+  void cleanup() {
+    made_.reset();
+    QApplication::setFont(usual_);
+    QApplication::setPalette(QPalette());
+  }
+
+  void EveryControlHasANameAndItsRole() {
+    for (const char* const language : {"", ".zh_CN"}) {
+      Start(QLatin1String(language));
+      QStringList found;
+      LookAtAll([&found](const QWidget& window, const QString& name) {
+        for (const QString& said : Unnamed(window)) found += name + ": " + said;
+      });
+      QVERIFY2(found.isEmpty(), qPrintable('\n' + found.join('\n')));
+    }
+  }
+
+  // Pictures for the eye go into the folder that the variable names.
+  void NoTextIsCut_data() {
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<double>("scale");
+    for (const char* const language : {"", ".de", ".zh_CN"}) {
+      for (const double scale : {1.0, 2.0}) {
+        QTest::addRow("%s at %g", language, scale) << QString::fromLatin1(language) << scale;
+      }
+    }
+  }
+  void NoTextIsCut() {
+    QFETCH(const QString, language);
+    QFETCH(const double, scale);
+    QFont font = usual_;
+    font.setPointSizeF(usual_.pointSizeF() * scale);
+    QApplication::setFont(font);
+    WindowFixture& f = Start(language);
+    QCOMPARE_GE(f.window->font().pointSizeF(), 8.0 * scale);
+    QStringList found;
+    LookAtAll([&](const QWidget& window, const QString& name) {
+      for (const QString& said : Cut(window)) found += name + ": " + said;
+      const QString folder = qEnvironmentVariable("ZENTAB_PICTURES");
+      if (folder.isEmpty()) return;
+      const_cast<QWidget&>(window).grab().save(
+          QStringLiteral("%1/%2%3-%4.png").arg(folder, name, language).arg(scale));
+    });
+    QVERIFY2(found.isEmpty(), qPrintable('\n' + found.join('\n')));
+  }
+
+  void TextAndCurvesStandOutInEveryScheme() {
+    WindowFixture& f = Start({});
+    f.Find<QAction>("m_pickup")->setChecked(true);
+    f.Select(1);
+    f.Find<QAction>("m_cmpentry")->trigger();
+    QPalette strong(Qt::black, Qt::black);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                            QPalette::PlaceholderText, QPalette::ToolTipText}) {
+      strong.setColor(role, Qt::white);
+    }
+    for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::ToolTipBase}) {
+      strong.setColor(role, Qt::black);
+    }
+    strong.setColor(QPalette::Highlight, QColor(0x1A, 0xEB, 0xFF));
+    strong.setColor(QPalette::HighlightedText, Qt::black);
+    strong.setColor(QPalette::Link, Qt::yellow);
+    for (const char* const scheme : {"m_collight", "m_coldark", "strong"}) {
+      QAction* const action = f.Find<QAction>(scheme);
+      if (action != nullptr) action->trigger();
+      if (action == nullptr) QApplication::setPalette(strong);
+      QTest::qWait(1);
+      CheckContrast(scheme);
+    }
+  }
+
+ private:
+  void CheckContrast(const char* scheme) const {
+    using P = QPalette;
+    constexpr std::pair<P::ColorRole, P::ColorRole> kTexts[] = {{P::WindowText, P::Window},
+                                                                {P::ButtonText, P::Button},
+                                                                {P::Text, P::Base},
+                                                                {P::Text, P::AlternateBase},
+                                                                {P::HighlightedText, P::Highlight},
+                                                                {P::PlaceholderText, P::Base},
+                                                                {P::Link, P::Window},
+                                                                {P::ToolTipText, P::ToolTipBase}};
+    const auto check = [&](const QColor& text, const QColor& background, double least,
+                           const QString& what) {
+      const double contrast = editor::ContrastOf(text, background);
+      QVERIFY2(contrast >= least,
+               qPrintable(QStringLiteral("%1, %2: %3").arg(scheme, what).arg(contrast)));
+    };
+    for (const char* const name : {"Form1", "MSFlexGrid1", "List1", "StatusFile", "StatusCheck",
+                                   "ListLegend", "TextFilter", "Command1"}) {
+      const QWidget& control =
+          *(made_->window->objectName() == QLatin1String(name) ? made_->window.get()
+                                                               : made_->Find<QWidget>(name));
+      for (const auto group : {P::Active, P::Inactive}) {
+        for (const auto& [text, background] : kTexts) {
+          check(control.palette().color(group, text), control.palette().color(group, background),
+                4.5, QStringLiteral("%1 %2").arg(QLatin1String(name)).arg(text));
+        }
+      }
+    }
+    auto& chart = *made_->Find<editor::CurveChart>("MSChart1");
+    const QColor base = chart.palette().color(P::Base);
+    for (const QCPAxis* const axis : {chart.xAxis, chart.yAxis}) {
+      check(axis->labelColor(), base, 4.5, QStringLiteral("axis label"));
+      check(axis->tickLabelColor(), base, 4.5, QStringLiteral("numbers of an axis"));
+    }
+    int drawn = 0;
+    for (int at = 0; at < chart.plottableCount(); ++at) {
+      if (!chart.plottable(at)->realVisibility()) continue;
+      if (chart.plottable(at)->pen().style() == Qt::NoPen) continue;
+      check(chart.plottable(at)->pen().color(), base, 3.0, QStringLiteral("curve %1").arg(at));
+      ++drawn;
+    }
+    QVERIFY(drawn >= 2);
+  }
+};
+
+}  // namespace
+}  // namespace zentab::app
+
+QTEST_MAIN(zentab::app::AccessTest)
+#include "access_test.moc"
