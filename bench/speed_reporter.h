@@ -15,6 +15,9 @@ namespace zentab::bench {
 /// without any of them gets one for its time.
 class SpeedReporter : public benchmark::ConsoleReporter {
  public:
+  // Without colours, whose codes would stand in front of the speed lines.
+  SpeedReporter() : ConsoleReporter(OO_Tabular) {}
+
   void ReportRuns(const std::vector<Run>& runs) override {
     ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
