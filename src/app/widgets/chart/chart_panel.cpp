@@ -5,8 +5,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSplitter>
 
+#include "app/widgets/roomy_splitter.h"
 #include "app/widgets/window_font.h"
 
 namespace zentab::app {
@@ -17,7 +17,7 @@ constexpr int kFieldWidth = 64;
 }  // namespace
 
 ChartPanel::ChartPanel(QWidget* parent)
-    : QWidget(parent), split_(new QSplitter(Qt::Vertical, this)) {
+    : QWidget(parent), split_(new RoomySplitter(Qt::Vertical, this)) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   split_->setChildrenCollapsible(false);
