@@ -354,7 +354,7 @@ TEST(Assessing, HoldsPointsAgainstLimits) {
   }
   const Point point = {2, 1};
   ExpectFault(Assess({&point, 1}, reference, {-1}), "The value of percent");
-  ExpectFault(Assess({}, reference, {}), "At least 1");
+  ExpectFault(Assess({}, reference, {}), "At least one");
   ExpectFault(Assess({&point, 1}, {reference.time, std::nullopt}, {0, 0, 5}), "Absolute loads");
 }
 

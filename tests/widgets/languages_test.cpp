@@ -49,6 +49,7 @@ class LanguagesTest : public QObject {
     f.Click("Command1");
     QMenu* const edit = f.Find<QMenu>("m_edit");
     Q_EMIT edit->aboutToShow();
+    Q_EMIT f.Find<QMenu>("m_calc")->aboutToShow();
     Q_EMIT edit->aboutToHide();
     const auto* const grid = f.Find<QTableView>("MSFlexGrid1")->model();
     QStringList said = Described(*f.window);
@@ -96,12 +97,21 @@ class LanguagesTest : public QObject {
 
   void WithoutADefaultCatalogueTheBuiltInTextsComeBack() {
     Start({});
-    const QStringList before = Said();
     Language("m_lang_Zentab.de")->trigger();
     QCOMPARE(made_->Find<QAbstractButton>("Command1")->text(), QStringLiteral("&Lesen"));
     QVERIFY(made_->Find<QWidget>("Check1")->isHidden());  // no language shows what is hidden
     Language("m_langinstalled")->trigger();
-    QCOMPARE(Differences(Said(), before), QString());
+    Q_EMIT made_->Find<QMenu>("m_calc")->aboutToShow();
+    const std::pair<const char*, const char*> texts[] = {{"Command1", "&Read"},
+                                                         {"Command5", "?"},
+                                                         {"m_exit", "E&xit"},
+                                                         {"Label3", "Load level (× pickup)"},
+                                                         {"m_cvt", "&Times to ms"}};
+    for (const auto& [name, text] : texts) {
+      QCOMPARE(made_->Find<QObject>(name)->property("text").toString(), QString::fromUtf8(text));
+    }
+    QCOMPARE(made_->window->windowTitle(),
+             QStringLiteral("Relay curve table editor – relayTables.dat[*]"));
   }
 
   void TheSiteWinsAndItsSettingsStay() {

@@ -9,7 +9,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QSplitter>
 #include <QStatusBar>
 
 #include "app/session_texts.h"
@@ -42,6 +41,7 @@
 #include "app/widgets/quick_commands.h"
 #include "app/widgets/report/report_controller.h"
 #include "app/widgets/report/report_menu.h"
+#include "app/widgets/roomy_splitter.h"
 #include "app/widgets/scrolling_frame.h"
 #include "app/widgets/session_end.h"
 #include "app/widgets/status_line.h"
@@ -148,7 +148,7 @@ MainWindow::MainWindow(MainWindowParts parts)
 MainWindow::~MainWindow() = default;
 
 void MainWindow::BuildPanels() {
-  auto* const splitter = new QSplitter(this);
+  auto* const splitter = new RoomySplitter(this);
   splitter->addWidget(library_);
   splitter->addWidget(table_);
   splitter->addWidget(chart_);

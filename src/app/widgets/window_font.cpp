@@ -3,14 +3,15 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QWidget>
-#include <algorithm>
 
 #include "platform/locale_queries.h"
 
 namespace zentab::app {
 namespace {
 
-constexpr double kUsualSize = 12.0;  // points: the largest that a desktop begins with
+// Points of the texts of a desktop, and the most that one begins with.
+constexpr double kUsualSize = 9.0;
+constexpr double kLargestUsual = 12.0;
 
 class QtFontSystem : public texts::FontSystem {
  public:
@@ -27,7 +28,10 @@ class QtFontSystem : public texts::FontSystem {
 
 }  // namespace
 
-double TextScale() { return std::max(1.0, QApplication::font().pointSizeF() / kUsualSize); }
+double TextScale() {
+  const double size = QApplication::font().pointSizeF();
+  return size > kLargestUsual ? size / kUsualSize : 1.0;
+}
 
 void ApplyUiFont(QWidget& window, texts::UiFontChoice& choice) {
   const texts::UiFont& chosen = choice.ChooseUiFont(QtFontSystem());

@@ -6,8 +6,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
-#include <QSplitter>
 
+#include "app/widgets/roomy_splitter.h"
 #include "app/widgets/window_font.h"
 
 namespace zentab::app {
@@ -18,7 +18,7 @@ constexpr int kFieldWidth = 64;
 }  // namespace
 
 ChartPanel::ChartPanel(QWidget* parent)
-    : QWidget(parent), split_(new QSplitter(Qt::Vertical, this)) {
+    : QWidget(parent), split_(new RoomySplitter(Qt::Vertical, this)) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   split_->setChildrenCollapsible(false);

@@ -11,6 +11,7 @@
 
 #include "app/grid_curve.h"
 #include "app/session_texts.h"
+#include "app/widgets/accessible_names.h"
 #include "app/widgets/window_font.h"
 #include "texts/number_text.h"
 
@@ -75,6 +76,7 @@ void FitDialog::BuildPoints() {
   auto* const label = new QLabel(ToQt(texts.fitPoints), this);
   label->setBuddy(points_);
   points_->setObjectName(QStringLiteral("ListPoints"));
+  points_->setAccessibleName(PlainCaption(label->text()));
   points_->setMaximumHeight(static_cast<int>(kPointsHeight * TextScale()));
   const GridCurve grid = CurveInGrid(session);
   const std::vector<curves::Point> seconds = grid.table.InSeconds();

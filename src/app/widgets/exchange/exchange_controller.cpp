@@ -172,6 +172,7 @@ void ExchangeController::ShowTexts(ExchangeDialog& dialog) const {
   // A heading that names the file has to wait until one is chosen.
   const bool complete = fileChosen_ || texts.heading.find("%G") == std::string::npos;
   if (complete && !texts.heading.empty()) dialog.setWindowTitle(text(texts.heading));
+  dialog.list1->setAccessibleName(dialog.windowTitle());
   if (!texts.button.empty()) dialog.command1->setText(text(texts.button));
   tip(dialog.command1, texts.buttonTip);
   tip(dialog.list1, texts.listTip);

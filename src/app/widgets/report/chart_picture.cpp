@@ -51,7 +51,8 @@ QByteArray SvgOf(editor::CurveChart& chart, const PictureSize& size, const QStri
   generator.setResolution(kUnitsPerInch);
   generator.setSize(units.toSize());
   generator.setViewBox(QRectF({0.0, 0.0}, units));
-  generator.setTitle(title);
+  // Which writes it as it is.
+  generator.setTitle(title.toHtmlEscaped());
   generator.setDescription(QString());
   QCPPainter painter(&generator);
   DrawChart(chart, painter, QRectF({0.0, 0.0}, units), kUnitsPerInch);
