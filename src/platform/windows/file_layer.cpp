@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <string>
 
 #include "platform/file_errors.h"
 #include "platform/windows/file_replacement.h"
@@ -60,6 +61,17 @@ class WindowsOutputFile final : public OutputFile {
 bool IsFolder(const fs::path& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// By a file of this thread's own that goes at once.
+bool MayCreateBeside(fs::path path) {
+  path +=
+      L'-' + std::to_wstring(GetCurrentProcessId()) + L'-' + std::to_wstring(GetCurrentThreadId());
+  const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return false;
+  CloseHandle(handle);
+  return true;
 }
 
 // A file that nobody else can open meanwhile, and that the system removes with its last handle.
@@ -135,23 +147,19 @@ class WindowsFileLayer final : public FileLayer {
   std::error_code TryLock(const fs::path& path, std::unique_ptr<FileLock>& lock) override {
     fs::path name = path;
     name += ".lock";
-    // Between its last handle and its end the file is there, but closed to everyone. It may end
-    // before it is looked for: only the second refusal without a file is one of the folder.
-    for (bool isFirst = true;; isFirst = false) {
-      const HANDLE handle =
-          CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
-                      FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-      if (handle != INVALID_HANDLE_VALUE) {
-        lock = std::make_unique<WindowsFileLock>(handle);
-        return {};
-      }
-      const std::error_code error = LastError();
-      const bool isDenied = error.value() == ERROR_ACCESS_DENIED;
-      if (error.value() == ERROR_SHARING_VIOLATION || (isDenied && IsNamed(name))) {
-        return FileError::LockedByOther;
-      }
-      if (!isDenied || !isFirst) return error;
+    const HANDLE handle =
+        CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) {
+      lock = std::make_unique<WindowsFileLock>(handle);
+      return {};
     }
+    const std::error_code error = LastError();
+    // Between its last handle and its end the file is there, but closed to everyone. It may end
+    // before it is looked for: what tells it from a closed folder is another file there.
+    const bool isEnding =
+        error.value() == ERROR_ACCESS_DENIED && (IsNamed(name) || MayCreateBeside(name));
+    return isEnding || error.value() == ERROR_SHARING_VIOLATION ? FileError::LockedByOther : error;
   }
 };
 
