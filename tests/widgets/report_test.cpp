@@ -13,6 +13,7 @@
 #include <QStandardPaths>
 #include <QStatusBar>
 #include <QTest>
+#include <QXmlStreamReader>
 #include <QTimer>
 
 #include "app/widgets/report/chart_picture.h"
@@ -133,6 +134,21 @@ class ReportTest : public QObject {
     for (const QString& part : Drawn(QString::fromUtf8(f.Bytes(QStringLiteral("own.svg"))))) {
       QVERIFY2(shown.contains(part), qPrintable(part));
     }
+  }
+
+  void SignsOfTheMarkupMayStandInAName() {
+    WindowFixture& f = Start();
+    f.Write(QStringLiteral("signs.dat"), "{\"A & <B>\"\t(1;2)(3;4) 001}\r\n");
+    QCOMPARE(Run({"--chart", "signs.dat", "#0", "-o", "signs.svg"}), QString());
+    QXmlStreamReader svg(f.Bytes(QStringLiteral("signs.svg")));
+    QString title;
+    while (!svg.atEnd()) {
+      if (svg.readNextStartElement() && svg.name() == QLatin1String("title")) {
+        title = svg.readElementText();
+      }
+    }
+    QVERIFY2(!svg.hasError(), qPrintable(svg.errorString()));
+    QCOMPARE(title, QStringLiteral("A & <B>"));
   }
 
   void ReportsAreWrittenWithoutAWindow() {
