@@ -241,8 +241,8 @@ class GuideWalkTest : public QObject {
     Type("9");
     Access('Q');
     Type("t1*(t1<59.4)-(t1>=59.4)");
-    Key(Qt::Key_Escape);  // the list of completions
-    if (QApplication::activeModalWidget() == nullptr) qFatal("Escape left the dialog");
+    // The list of completions, as far as there are any.
+    if (QApplication::activePopupWidget() != nullptr) Key(Qt::Key_Escape);
     Key(Qt::Key_Return);
     QTRY_VERIFY2(Said("LabelEffect3").contains("removed"), qPrintable(Said("LabelEffect3")));
     Picture("equations");

@@ -143,7 +143,8 @@ class ReportTest : public QObject {
     QXmlStreamReader svg(f.Bytes(QStringLiteral("signs.svg")));
     QString title;
     while (!svg.atEnd()) {
-      if (svg.readNextStartElement() && svg.name() == QLatin1String("title")) {
+      svg.readNext();
+      if (svg.isStartElement() && svg.name() == QLatin1String("title")) {
         title = svg.readElementText();
       }
     }

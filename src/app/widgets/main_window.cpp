@@ -145,7 +145,8 @@ MainWindow::MainWindow(MainWindowParts parts)
   });
 }
 
-MainWindow::~MainWindow() = default;
+// A field that loses the focus still needs what the window works with.
+MainWindow::~MainWindow() { hide(); }
 
 void MainWindow::BuildPanels() {
   auto* const splitter = new RoomySplitter(this);
