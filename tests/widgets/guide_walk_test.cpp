@@ -296,8 +296,7 @@ class GuideWalkTest : public QObject {
     Picture("compare");
     Access('A');
     Access('T');
-    QTRY_COMPARE(Said("LabelCounts"), QStringLiteral("Both libraries have the same entries."));
-    Key(Qt::Key_Escape);
+    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
     QVERIFY(Line("IEC VI TMS 0.25").contains("(1.05;67.5)"));
     QVERIFY(!Line("IEC VI TMS 0.10").isEmpty());
   }

@@ -25,7 +25,6 @@ CurveDialog::CurveDialog(const char* name, const Session& session, editor::Previ
       content_(new QVBoxLayout),
       outcome_(new QLabel(this)) {
   setObjectName(QLatin1String(name));
-  setAttribute(Qt::WA_DeleteOnClose);
   setFont(parent->font());
   setWindowModality(Qt::WindowModal);
   outcome_->setObjectName(QStringLiteral("LabelOutcome"));
@@ -36,6 +35,8 @@ CurveDialog::CurveDialog(const char* name, const Session& session, editor::Previ
   QDialogButtonBox* const buttons = MakeDialogButtons(session, *this);
   ok_ = buttons->button(QDialogButtonBox::Ok);
   connect(this, &QDialog::finished, this, [this] { preview_.Hide(); });
+  // Not by closing: whoever takes what was accepted may have to wait for files.
+  connect(this, &QDialog::finished, this, &QObject::deleteLater);
   auto* const layout = new QVBoxLayout(this);
   layout->addLayout(content_, 1);
   layout->addWidget(outcome_);
