@@ -160,13 +160,17 @@ class AccessTest : public QObject {
   template <typename Open, typename Look>
   void InDialog(const QString& name, const Open& open, const Look& look) {
     bool isSeen = false;
+    bool isLooking = false;
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] {
       auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      if (dialog == nullptr || isSeen) return;
+      if (dialog == nullptr || isLooking) return;
+      isLooking = true;
+      if (!isSeen) QTest::qWait(100);
+      if (!isSeen) look(*dialog, name);
+      isLooking = false;
       isSeen = true;
-      QTest::qWait(100);
-      look(*dialog, name);
+      // It may be at work still, and stay.
       dialog->reject();
     });
     timer.start(20);
