@@ -56,7 +56,7 @@ class Row:
         words = self.name
         if " " not in words:
             words = words.replace("/", ", ").replace("_", " ")
-            words = re.sub(r"(?<=[a-z])[A-Z]", lambda letter: " " + letter[0].lower(), words)
+            words = re.sub(r"(?<=[A-Za-z])[A-Z]", lambda letter: " " + letter[0].lower(), words)
         return words + (f" (worst of {len(self.values)})" if len(self.values) > 1 else "")
 
     def cells(self):
