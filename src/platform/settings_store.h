@@ -32,9 +32,9 @@ class SettingsStore {
 };
 
 /// The user's store: one INI file an application in the folder that the environment variable
-/// ZENTAB_SETTINGS_DIR names; without it Software\application\section of the current user's registry
-/// on Windows, elsewhere such files in the user's configuration folder. A relative name is that of
-/// a folder in what is the working folder now.
+/// ZENTAB_SETTINGS_DIR names; without it Software\application\section of the current user's
+/// registry on Windows, elsewhere such files in the user's configuration folder. A relative name is
+/// that of a folder in what is the working folder now.
 [[nodiscard]] std::unique_ptr<SettingsStore> UserSettingsStore();
 
 /// The folder for what else the program keeps for its user: that of the INI files, on Windows
