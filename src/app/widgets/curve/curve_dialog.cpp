@@ -12,7 +12,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr int kWidth = 380;
+constexpr int kWidth = 358;  // of what is in it, at least
 constexpr double kPercent = 100.0;
 
 }  // namespace
@@ -41,7 +41,8 @@ CurveDialog::CurveDialog(const char* name, const Session& session, editor::Previ
   layout->addLayout(content_, 1);
   layout->addWidget(outcome_);
   layout->addWidget(buttons);
-  setMinimumWidth(kWidth);
+  // One of the dialog's own would let it become too narrow for longer texts.
+  outcome_->setMinimumWidth(kWidth);
 }
 
 void CurveDialog::OpenBeside(const QWidget& chart) { app::OpenBeside(*this, chart); }

@@ -46,7 +46,7 @@ FitDialog::FitDialog(const Session& session, editor::PreviewCurve& preview, cons
   connect(pickupFree_, &QCheckBox::toggled, this, &FitDialog::FitAgain);
   connect(points_, &QListWidget::itemChanged, this, &FitDialog::FitAgain);
   connect(table_, &QTableWidget::itemSelectionChanged, this, &FitDialog::Refresh);
-  resize(kUsualSize);
+  resize(kUsualSize * TextScale());
   table_->setFocus();
   FitAgain();
 }
@@ -67,6 +67,7 @@ void FitDialog::BuildFits() {
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
   table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+  table_->horizontalHeader()->setMinimumSectionSize(table_->horizontalHeader()->sectionSizeHint(0));
   Content().addWidget(table_, 1);
 }
 

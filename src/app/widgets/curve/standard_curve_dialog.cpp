@@ -68,7 +68,6 @@ void StandardCurveDialog::BuildFields() {
   fields_->AddChoice("family", texts.family, families);
   formula_ = new QLabel(this);
   formula_->setForegroundRole(QPalette::PlaceholderText);
-  formula_->setWordWrap(true);
   form_->addRow(QString(), formula_);
   BuildOwnRow();
   for (const CurveFieldRow& row : CurveFields()) {

@@ -17,7 +17,7 @@ namespace {
 
 using texts::EquationStage;
 
-constexpr int kUsualWidth = 470;
+constexpr int kUsualWidth = 448;
 
 std::string NameOf(const ResultFile& file) {
   return QFileInfo(QString::fromStdString(file.path)).fileName().toStdString();
@@ -48,7 +48,7 @@ WorkbenchDialog::WorkbenchDialog(const Session& session, editor::PreviewCurve& p
   Content().addWidget(older_);
   Content().addWidget(stages_);
   Content().addWidget(equations_, 1);
-  setMinimumWidth(kUsualWidth);
+  source_->setMinimumWidth(kUsualWidth);
   for (const EquationStage stage :
        {EquationStage::Value, EquationStage::Filter, EquationStage::Difference}) {
     FollowNumber(stage, stages_->NumberOf(stage));
