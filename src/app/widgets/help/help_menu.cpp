@@ -23,7 +23,7 @@ QString Of(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
 
-HelpMenu::HelpMenu(Parts parts) : QObject(&parts.form), parts_(parts) {
+HelpMenu::HelpMenu(const Parts& parts) : QObject(&parts.form), parts_(parts) {
   QMenu* const menu = parts_.form.menuBar()->addMenu(QStringLiteral("&Help"));
   menu->setObjectName(QStringLiteral("m_help"));
   struct CommandRow {

@@ -26,7 +26,7 @@ class HelpMenu : public QObject {
   };
 
   /// Adds the menu to the window's.
-  explicit HelpMenu(Parts parts);
+  explicit HelpMenu(const Parts& parts);
 
  private:
   void ShowGuide();

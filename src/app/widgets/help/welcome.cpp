@@ -17,7 +17,7 @@ constexpr int kWidth = 360;
 
 }  // namespace
 
-Welcome::Welcome(Parts parts) : parts_(std::move(parts)) {
+Welcome::Welcome(const Parts& parts) : parts_(parts) {
   setObjectName(QStringLiteral("PanelWelcome"));
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);

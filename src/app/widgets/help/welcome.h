@@ -29,7 +29,7 @@ class Welcome : public QFrame {
     std::filesystem::path executable;  // started once more for the demo
   };
 
-  explicit Welcome(Parts parts);
+  explicit Welcome(const Parts& parts);
 
   /// The library or the chart may show something else.
   void Refresh();
