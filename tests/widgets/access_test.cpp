@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QSpinBox>
 #include <QStyleOptionComboBox>
 #include <QTabBar>
@@ -166,10 +167,11 @@ class AccessTest : public QObject {
     connect(&timer, &QTimer::timeout, this, [&] {
       auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       if (dialog == nullptr || isLooking) return;
-      isLooking = true;
-      if (!isSeen) QTest::qWait(100);
-      if (!isSeen) look(*dialog, name);
-      isLooking = false;
+      const QScopedValueRollback<bool> looking(isLooking, true);
+      if (!isSeen) {
+        QTest::qWait(100);
+        look(*dialog, name);
+      }
       isSeen = true;
       // It may be at work still, and stay.
       dialog->reject();

@@ -39,8 +39,10 @@ QList<QKeySequence> Keys(std::initializer_list<QKeyCombination> own,
 HistoryController::HistoryController(Parts parts) : QObject(&parts.table), parts_(parts) {}
 
 void HistoryController::AddTo(QMenu& menu) {
-  undo_ = new QAction(&menu);
-  redo_ = new QAction(&menu);
+  auto* const undo = new QAction(&menu);
+  auto* const redo = new QAction(&menu);
+  undo_ = undo;
+  redo_ = redo;
   undo_->setObjectName(QStringLiteral("m_undo"));
   redo_->setObjectName(QStringLiteral("m_redo"));
   undo_->setShortcuts(Keys({Qt::CTRL | Qt::Key_Z}, QKeySequence::Undo));
