@@ -313,7 +313,7 @@ class AccessTest : public QObject {
     strong.setColor(QPalette::HighlightedText, Qt::black);
     strong.setColor(QPalette::Link, Qt::yellow);
     for (const char* const scheme : {"m_collight", "m_coldark", "strong"}) {
-      QAction* const action = f.Find<QAction>(scheme);
+      auto* const action = f.Find<QAction>(scheme);
       if (action != nullptr) action->trigger();
       if (action == nullptr) QApplication::setPalette(strong);
       QTest::qWait(1);

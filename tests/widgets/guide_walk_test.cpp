@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QDirIterator>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QStatusBar>

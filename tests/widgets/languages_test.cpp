@@ -47,7 +47,7 @@ class LanguagesTest : public QObject {
     QCoreApplication::processEvents();
     f.window->resize(1500, 900);
     f.Click("Command1");
-    QMenu* const edit = f.Find<QMenu>("m_edit");
+    auto* const edit = f.Find<QMenu>("m_edit");
     Q_EMIT edit->aboutToShow();
     Q_EMIT f.Find<QMenu>("m_calc")->aboutToShow();
     Q_EMIT edit->aboutToHide();
