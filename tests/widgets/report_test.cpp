@@ -13,8 +13,8 @@
 #include <QStandardPaths>
 #include <QStatusBar>
 #include <QTest>
-#include <QXmlStreamReader>
 #include <QTimer>
+#include <QXmlStreamReader>
 
 #include "app/widgets/report/chart_picture.h"
 #include "app/widgets/report/report_controller.h"
