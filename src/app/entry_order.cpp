@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kAliveEvery = 10'000;  // names, or comparisons
 
 // The letters U+00DF to U+00FF, in UTF-8 behind 0xC3, by those that dictionaries sort them as.
-constexpr unsigned char kFirstAccent = 0x9F;
+constexpr std::size_t kFirstAccent = 0x9F;
 constexpr std::array<std::string_view, 33> kPlain = {
     "ss", "a", "a", "a", "a", "a", "a", "ae", "c", "e", "e", "e", "e", "i", "i",  "i", "i",
     "d",  "n", "o", "o", "o", "o", "o", "",   "o", "u", "u", "u", "u", "y", "th", "y"};
@@ -41,7 +41,8 @@ std::string KeyOfLower(std::string_view name) {
       at = AppendNumber(name, at, key);
       continue;
     }
-    const auto next = at + 1 < name.size() ? static_cast<unsigned char>(name[at + 1]) : 0;
+    const std::size_t next =
+        at + 1 < name.size() ? static_cast<unsigned char>(name[at + 1]) : std::size_t{0};
     if (name[at] == '\xC3' && next >= kFirstAccent && !kPlain.at(next - kFirstAccent).empty()) {
       key += kPlain.at(next - kFirstAccent);
       at += 2;
