@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "app/start_up.h"
 #include "platform/file_layer.h"
 #include "platform/paths.h"
 #include "texts/text_catalogue.h"
@@ -14,7 +15,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kSection = "View";
 constexpr std::string_view kKey = "Language";
-constexpr std::size_t kDefaultPlace = 2;  // as of CatalogueCandidates
 
 fs::path FolderOf(const fs::path& executable) { return executable.parent_path() / "catalogues"; }
 
@@ -41,7 +41,7 @@ std::vector<fs::path> OrderOfWords(const std::vector<fs::path>& catalogues,
                                    const fs::path& language) {
   std::vector<fs::path> order = catalogues;
   if (language.empty()) return order;
-  const auto standard = order.begin() + kDefaultPlace;
+  const auto standard = order.begin() + kDefaultCatalogue;
   std::rotate(order.begin(), standard, standard + 1);
   order.insert(order.begin() + 1, language);
   return order;

@@ -16,13 +16,16 @@ std::string SuiteFolder(const platform::Registry& registry) {
   return std::string(texts::TrimBlanks(value));
 }
 
+std::string InstallFolder(const std::string& suiteFolder, const std::filesystem::path& executable) {
+  return platform::ToText(platform::AbsolutePath(
+      suiteFolder.empty() ? executable.parent_path() : platform::ToPath(suiteFolder)));
+}
+
 }  // namespace
 
 std::string FindInstallFolder(const platform::Registry& registry,
                               const std::filesystem::path& executable) {
-  const std::string folder = SuiteFolder(registry);
-  return platform::ToText(
-      platform::AbsolutePath(folder.empty() ? executable.parent_path() : platform::ToPath(folder)));
+  return InstallFolder(SuiteFolder(registry), executable);
 }
 
 std::string DecimalSeparatorFrom(const std::optional<std::string>& localeItem) {
@@ -53,8 +56,9 @@ Session StartSession(const Settings& settings, const platform::Registry& registr
                      const std::filesystem::path& executable) {
   Session session;
   session.baseName = platform::BaseName(executable);
-  session.installFolder = FindInstallFolder(registry, executable);
-  session.isWithoutSuite = SuiteFolder(registry).empty();
+  const std::string suiteFolder = SuiteFolder(registry);
+  session.installFolder = InstallFolder(suiteFolder, executable);
+  session.isWithoutSuite = suiteFolder.empty();
   [[maybe_unused]] const std::error_code dropped =
       platform::ChangeCurrentFolder(platform::ToPath(session.installFolder));
   session.localeDecimalSeparator = DecimalSeparatorFrom(platform::UserDecimalSeparator());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -32,6 +33,9 @@ inline constexpr std::string_view kSuiteValue = "MIRAX";
 /// program without it; any other has the default catalogue, beside the executable, in the middle.
 [[nodiscard]] std::vector<std::filesystem::path> CatalogueCandidates(
     const std::string& installFolder, const std::filesystem::path& executable);
+
+/// Where the default catalogue is among them.
+inline constexpr std::size_t kDefaultCatalogue = 2;
 
 /// The session a start begins with: finds the installation folder, makes it the working folder,
 /// and takes over the settings. A folder that is gone leaves the working folder as it was.

@@ -147,10 +147,7 @@ class AccessTest : public QObject {
     made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
     QDir(made_->Path(".")).mkpath("data/current");
     made_->Write("data/current/result.txt", "Test\r\n1\t0.1\t900\t\r\n2\t0.2\t500\t\r\n");
-    QFile::copy(QStringLiteral(CATALOGUES "/Zentab%1.txt").arg(language),
-                made_->Path("Zentab.txt"));
-    made_->window.reset();
-    made_->Open();
+    made_->OpenIn(language);
     made_->window->activateWindow();
     if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
     made_->Click("Command1");

@@ -125,12 +125,7 @@ class ChartFixture : public QObject {
     Chart().replot();
   }
   // The points of the grid, "load;time|load;time".
-  [[nodiscard]] QString Points() const {
-    QString rows = QString::fromStdString(
-        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
-    while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
-    return rows.replace('\t', ';').replace('\r', '|');
-  }
+  [[nodiscard]] QString Points() const { return made_->Points().join('|').replace('\t', ';'); }
   // The legend, "+" for what is shown, "-" for what is switched off or cannot be.
   [[nodiscard]] QString Legend() const {
     const auto& legend = *made_->Find<editor::CurveLegend>("ListLegend");

@@ -11,7 +11,6 @@
 #include <QTest>
 #include <cmath>
 
-#include "editor/clipboard_text.h"
 #include "editor/widgets/chart/chart_colours.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/curve_grid_view.h"
@@ -45,12 +44,7 @@ class CurveDialogsTest : public QObject {
   [[nodiscard]] Control* Find(const char* name) const {
     return made_->Find<Control>(name);
   }
-  [[nodiscard]] QStringList Points() const {
-    QString rows = QString::fromStdString(
-        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
-    while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
-    return rows.split('\r');
-  }
+  [[nodiscard]] QStringList Points() const { return made_->Points(); }
   [[nodiscard]] QString Library() const { return made_->Path(QStringLiteral("relayTables.dat")); }
   [[nodiscard]] QDialog* Opened(const char* action) {
     Find<QAction>(action)->trigger();

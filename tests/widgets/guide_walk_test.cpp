@@ -14,7 +14,6 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "editor/clipboard_text.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -138,13 +137,7 @@ class GuideWalkTest : public QObject {
     Access('P');
   }
 
-  [[nodiscard]] QStringList Points() const {
-    const std::string block =
-        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2});
-    QStringList rows = QString::fromStdString(block).split('\r');
-    while (!rows.isEmpty() && rows.last().trimmed().isEmpty()) rows.removeLast();
-    return rows;
-  }
+  [[nodiscard]] QStringList Points() const { return made_->Points(); }
   [[nodiscard]] QString Line(const QByteArray& name,
                              const QString& file = "relayTables.dat") const {
     for (const QByteArray& line : made_->Bytes(file).split('\n')) {

@@ -13,7 +13,6 @@
 #include <QTest>
 #include <QUrl>
 
-#include "editor/clipboard_text.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "widgets/companion.h"
 #include "widgets/window_fixture.h"
@@ -84,12 +83,7 @@ class InterchangeTest : public QObject {
     }
     Settle(dialog);
   }
-  [[nodiscard]] QStringList Points() const {
-    QString rows = QString::fromStdString(
-        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
-    while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
-    return rows.split('\r');
-  }
+  [[nodiscard]] QStringList Points() const { return made_->Points(); }
   [[nodiscard]] QString SaidBelow() const { return made_->window->statusBar()->currentMessage(); }
   [[nodiscard]] QStringList Differences(const QDialog& dialog) const {
     const auto* const model = In<QListView>(dialog, "ListDifferences")->model();

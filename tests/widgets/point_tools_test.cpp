@@ -45,12 +45,7 @@ class PointToolsTest : public QObject {
     const auto* const button = made_->Find<QToolButton>("StatusCheck");
     return button->isVisible() ? button->text() : QString();
   }
-  [[nodiscard]] QString Points() const {
-    QString rows = QString::fromStdString(
-        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
-    while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
-    return rows.replace('\t', ';').replace('\r', '|');
-  }
+  [[nodiscard]] QString Points() const { return made_->Points().join('|').replace('\t', ';'); }
   void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
   }

@@ -21,6 +21,7 @@
 #include "app/settings.h"
 #include "app/widgets/main_window.h"
 #include "app/widgets/user_dialogs.h"
+#include "editor/clipboard_text.h"
 #include "support/failing_file_layer.h"
 #include "support/simulated_modules.h"
 
@@ -216,6 +217,22 @@ class WindowFixture {
           view->model(), QAbstractItemModelTester::FailureReportingMode::Fatal, view->model());
     }
     window->show();
+  }
+
+  /// Opens it anew with the shipped catalogue of a language, "" for English.
+  void OpenIn(const QString& language) {
+    const QString catalogue = QStringLiteral(CATALOGUES "/Zentab%1.txt").arg(language);
+    QFile::remove(Path(QStringLiteral("Zentab.txt")));
+    if (!QFile::copy(catalogue, Path(QStringLiteral("Zentab.txt")))) qFatal("no catalogue");
+    window.reset();
+    Open();
+  }
+  /// The points of the grid, one line each, loads and times apart by a tab.
+  [[nodiscard]] QStringList Points() const {
+    QString rows =
+        QString::fromStdString(editor::BlockText(session.table.grid, {1, 1, editor::kLastRow, 2}));
+    while (rows.endsWith('\t') || rows.endsWith('\r')) rows.chop(1);
+    return rows.split('\r');
   }
 
   template <typename Control>

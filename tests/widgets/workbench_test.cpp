@@ -10,7 +10,6 @@
 #include <QTest>
 
 #include "app/form_values.h"
-#include "editor/clipboard_text.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -66,10 +65,7 @@ class WorkbenchTest : public QObject {
   [[nodiscard]] static QPushButton* Ok(const QDialog& dialog) {
     return dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
   }
-  [[nodiscard]] QString Grid() const {
-    return QString::fromStdString(
-        editor::BlockText(made_->session.table.grid, {1, 1, editor::kLastRow, 2}));
-  }
+  [[nodiscard]] QString Grid() const { return made_->Points().join('|'); }
   // What an import leaves behind, whoever gave the command.
   struct Outcome {
     QString grid;

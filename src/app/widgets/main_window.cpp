@@ -212,8 +212,10 @@ void MainWindow::BuildMenus(const MainWindowParts& parts) {
                          {chart_, chart_->chart}}});
   guide_ = new Guide(session_, parts.dialogs, parts.executable, *this);
   new HelpMenu({session_, log_, *this, *guide_});
-  new Welcome({session_, parts.dialogs, *libraryController_, *tableFiles_, *chart_, *this,
-               parts.executable});
+  if (session_.isWithoutSuite) {
+    new Welcome({session_, parts.dialogs, *libraryController_, *tableFiles_, *chart_, *this,
+                 parts.executable});
+  }
 }
 
 void MainWindow::ConnectCommands() {

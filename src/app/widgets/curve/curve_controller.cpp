@@ -68,11 +68,9 @@ void CurveController::Open(CurveDialog* dialog, editor::EditStep step, const cha
                            const QString& title) {
   dialog->setWindowTitle(title);
   connect(dialog, &QDialog::accepted, this, [this, dialog, step, form] {
-    // The dialog may be gone once files have been waited for.
-    const std::vector<curves::Point> points = dialog->Proposal().points;
     forms_.Keep(form, dialog->Values());
     Q_EMIT AboutToChange(step);
-    PutIntoGrid(points, session_);
+    PutIntoGrid(dialog->Proposal().points, session_);
     Q_EMIT TableChanged();
   });
   dialog->OpenBeside(*chart_.parentWidget());
@@ -94,9 +92,8 @@ void CurveController::ChooseReference() {
   CurveDialog* const dialog = MakeStandardDialog();
   dialog->setWindowTitle(TitleOf("m_standard"));
   connect(dialog, &QDialog::accepted, this, [this, dialog] {
-    const FormValues values = dialog->Values();
-    forms_.Keep(kStandardForm, values);
-    Q_EMIT ReferenceChosen(values);
+    forms_.Keep(kStandardForm, dialog->Values());
+    Q_EMIT ReferenceChosen(dialog->Values());
   });
   dialog->OpenBeside(*chart_.parentWidget());
 }

@@ -17,7 +17,7 @@ constexpr int kWidth = 360;
 
 }  // namespace
 
-Welcome::Welcome(const Parts& parts) : parts_(parts) {
+Welcome::Welcome(Parts parts) : parts_(std::move(parts)) {
   setObjectName(QStringLiteral("PanelWelcome"));
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
@@ -62,8 +62,7 @@ void Welcome::AddButtons() {
 
 void Welcome::Refresh() {
   const Session& session = parts_.session;
-  isOver_ = isOver_ || !session.isWithoutSuite || session.listing.stamp.has_value() ||
-            parts_.chart.chart->Curve().IsShown();
+  isOver_ = isOver_ || session.listing.stamp.has_value() || parts_.chart.chart->Curve().IsShown();
   const bool wasHidden = isHidden();
   setVisible(!isOver_);
   if (isOver_ || !wasHidden) return;

@@ -12,9 +12,9 @@ class ChartPanel;
 class LibraryController;
 class LibraryFilesController;
 
-/// What a first start shows in the place of the chart, while neither an installation of the suite
-/// nor a table file is known: three ways to begin. It is gone for good once a table file is open or
-/// a curve is shown.
+/// What a first start shows in the place of the chart, where no installation of the suite is
+/// known and as long as no table file is: three ways to begin. It is gone for good once a table
+/// file is open or a curve is shown.
 class Welcome : public QFrame {
   Q_OBJECT
 
@@ -29,7 +29,7 @@ class Welcome : public QFrame {
     std::filesystem::path executable;  // started once more for the demo
   };
 
-  explicit Welcome(const Parts& parts);
+  explicit Welcome(Parts parts);
 
   /// The library or the chart may show something else.
   void Refresh();
