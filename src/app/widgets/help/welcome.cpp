@@ -17,18 +17,23 @@ constexpr int kWidth = 360;
 
 }  // namespace
 
-Welcome::Welcome(Parts parts) : parts_(std::move(parts)) {
+Welcome::Welcome(const Parts& parts)
+    : session_(parts.session),
+      dialogs_(parts.dialogs),
+      chart_(parts.chart),
+      form_(parts.form),
+      executable_(parts.executable) {
   setObjectName(QStringLiteral("PanelWelcome"));
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
-  AddButtons();
+  AddButtons(parts);
   hide();
-  parts_.chart.PutInEmptyChart(this);
-  connect(&parts_.library, &LibraryController::LibraryChanged, this, &Welcome::Refresh);
-  connect(parts_.chart.chart, &editor::CurveChart::CurveShown, this, &Welcome::Refresh);
+  chart_.PutInEmptyChart(this);
+  connect(&parts.library, &LibraryController::LibraryChanged, this, &Welcome::Refresh);
+  connect(chart_.chart, &editor::CurveChart::CurveShown, this, &Welcome::Refresh);
 }
 
-void Welcome::AddButtons() {
+void Welcome::AddButtons(const Parts& parts) {
   auto* const column = new QVBoxLayout;
   auto* const text = new QLabel(
       QStringLiteral("No installation of the test-set suite is known here. Where do you want to "
@@ -51,18 +56,17 @@ void Welcome::AddButtons() {
     return button;
   };
   QPushButton* const demo = add("CommandDemo", "Open the demo");
-  demo->setVisible(HasDemo(parts_.executable));
+  demo->setVisible(HasDemo(parts.executable));
   connect(demo, &QPushButton::clicked, this, &Welcome::OpenDemo);
-  connect(add("CommandOpenFile", "Open a file…"), &QPushButton::clicked, &parts_.library,
+  connect(add("CommandOpenFile", "Open a file…"), &QPushButton::clicked, &parts.library,
           &LibraryController::SetActiveTable);
-  connect(add("CommandNewLibrary", "Start a new library…"), &QPushButton::clicked, &parts_.files,
+  connect(add("CommandNewLibrary", "Start a new library…"), &QPushButton::clicked, &parts.files,
           &LibraryFilesController::NewLibrary);
   column->addStretch(1);
 }
 
 void Welcome::Refresh() {
-  const Session& session = parts_.session;
-  isOver_ = isOver_ || session.listing.stamp.has_value() || parts_.chart.chart->Curve().IsShown();
+  isOver_ = isOver_ || session_.listing.stamp.has_value() || chart_.chart->Curve().IsShown();
   const bool wasHidden = isHidden();
   setVisible(!isOver_);
   if (isOver_ || !wasHidden) return;
@@ -73,8 +77,8 @@ void Welcome::Refresh() {
 
 // With settings and a registry of its own: these are another session's.
 void Welcome::OpenDemo() {
-  const QString program = QString::fromStdString(platform::ToText(parts_.executable));
-  if (parts_.dialogs.StartProgram(program, {QStringLiteral("--demo")})) parts_.form.close();
+  const QString program = QString::fromStdString(platform::ToText(executable_));
+  if (dialogs_.StartProgram(program, {QStringLiteral("--demo")})) form_.close();
 }
 
 }  // namespace zentab::app

@@ -29,16 +29,20 @@ class Welcome : public QFrame {
     std::filesystem::path executable;  // started once more for the demo
   };
 
-  explicit Welcome(Parts parts);
+  explicit Welcome(const Parts& parts);
 
   /// The library or the chart may show something else.
   void Refresh();
 
  private:
-  void AddButtons();
+  void AddButtons(const Parts& parts);
   void OpenDemo();
 
-  Parts parts_;
+  const Session& session_;
+  UserDialogs& dialogs_;
+  ChartPanel& chart_;
+  QWidget& form_;
+  std::filesystem::path executable_;
   bool isOver_ = false;
 };
 
