@@ -15,6 +15,19 @@ foreach(target CLI11::CLI11 nlohmann_json::nlohmann_json Boost::headers)
   target_include_directories(${target} SYSTEM INTERFACE ${linked})
 endforeach()
 
+# Their versions are those of this system's packages.
+function(zentab_version_of name)
+  find_file(version_file ${name}ConfigVersion.cmake NO_CACHE REQUIRED NO_CMAKE_FIND_ROOT_PATH
+    PATHS /usr/share/cmake/${name} /usr/lib/x86_64-linux-gnu/cmake/${name}
+      /usr/lib/x86_64-linux-gnu/cmake/Boost-1.74.0)
+  include(${version_file})
+  set(${name}_VERSION ${PACKAGE_VERSION} PARENT_SCOPE)
+endfunction()
+foreach(package CLI11 nlohmann_json utf8cpp Boost)
+  zentab_version_of(${package})
+endforeach()
+set(Boost_VERSION_STRING ${Boost_VERSION})
+
 if(ZENTAB_TESTS)
   set(ZENTAB_GOOGLETEST /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
   set(BUILD_GMOCK OFF CACHE INTERNAL "")

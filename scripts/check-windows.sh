@@ -41,3 +41,15 @@ if scripts/wine32.sh --find; then
 else
   echo "The 32-bit tests are compiled and not run: scripts/wine32.sh --make makes a Wine for them."
 fi
+
+# The whole program, where its libraries have been built.
+for row in 64:x86_64 32:i686; do
+  if ! scripts/windows-libraries.sh --find "${row#*:}" >/dev/null; then
+    echo "The windows for ${row%:*} bits are not built: scripts/windows-package.sh ${row%:*} does it" \
+      "with all they need."
+  elif [ "${row%:*}" = 32 ] && ! scripts/wine32.sh --find; then
+    echo "The windows for 32 bits are not built: there is no Wine for their tests."
+  else
+    scripts/windows-package.sh "${row%:*}"
+  fi
+done

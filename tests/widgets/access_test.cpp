@@ -275,7 +275,7 @@ class AccessTest : public QObject {
     QFETCH(const QString, language);
     QFETCH(const double, scale);
     QFont font = usual_;
-    font.setPointSizeF(usual_.pointSizeF() * scale);
+    font.setPointSizeF(9.0 * scale);
     QApplication::setFont(font);
     WindowFixture& f = Start(language);
     QCOMPARE_GE(f.window->font().pointSizeF(), 8.0 * scale);

@@ -155,6 +155,8 @@ class ExchangeTest : public QObject {
     WindowFixture& f = Start();
     QtUserDialogs dialogs(f.session);
     dialogs.SetParent(f.window.get());
+    // No test gets at the dialogs of a system.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     for (QString (QtUserDialogs::*const choose)() :
          {&QtUserDialogs::ChooseTableFile, &QtUserDialogs::ChooseGraphFile,
           &QtUserDialogs::ChooseTargetFile}) {

@@ -370,7 +370,7 @@ class GuideWalkTest : public QObject {
     CopyFolder(QStringLiteral(GUIDE), f.Path("guide"));
     const auto page = [&] {
       Key(Qt::Key_F1);
-      return QString::fromStdString(made_->dialogs.asked.back()).section('/', -1);
+      return QFileInfo(QString::fromStdString(made_->dialogs.asked.back())).fileName();
     };
     Read("SI TMS 0.10");
     Key(Qt::Key_1, Qt::AltModifier);

@@ -1,5 +1,3 @@
-#include <sys/resource.h>
-
 #include <QApplication>
 #include <QHelpEvent>
 #include <QLabel>
@@ -11,6 +9,7 @@
 
 #include "app/widgets/qt_user_dialogs.h"
 #include "app/widgets/testset/import_progress.h"
+#include "support/memory_use.h"
 #include "texts/key_table.h"
 #include "widgets/window_fixture.h"
 
@@ -18,13 +17,6 @@ namespace zentab::app {
 namespace {
 
 const QString kMarkup = QStringLiteral("U<I> <b>x</b> &amp; ");
-
-// The most memory that this process has had, in bytes.
-qint64 MostMemory() {
-  rusage used{};
-  getrusage(RUSAGE_SELF, &used);
-  return 1024 * used.ru_maxrss;
-}
 
 class PlainTextsTest : public QObject {
   Q_OBJECT
@@ -65,7 +57,7 @@ class PlainTextsTest : public QObject {
     constexpr qint64 kImageSize = 256 << 20;
     QFile image(f.Path("image.png"));
     QVERIFY(image.open(QIODevice::WriteOnly) && image.resize(kImageSize));
-    [[maybe_unused]] const qint64 memory = MostMemory();
+    [[maybe_unused]] const qint64 memory = test::MostMemory();
     const QString markup = kMarkup + "<img src=\"" + image.fileName() + "\"> ";
     QByteArray catalogue;
     for (const texts::KeyRow& row : texts::KeyTable()) {
@@ -111,7 +103,7 @@ class PlainTextsTest : public QObject {
       QTest::qWait(60);
     });
 #ifndef __SANITIZE_ADDRESS__  // which takes memory of its own
-    QVERIFY2(MostMemory() - memory < kImageSize / 2, "the image was read");
+    QVERIFY2(test::MostMemory() - memory < kImageSize / 2, "the image was read");
 #endif
   }
 

@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRawFont>
-#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -46,10 +45,17 @@ class ReportTest : public QObject {
     made_->Find<QAction>("m_savechart")->trigger();
     return made_->dialogs.file;
   }
-  // What a program says on its standard output; empty where it is not installed.
-  static QString Said(const QString& program, const QStringList& arguments) {
+  // Wine starts programs of the system that it runs on, and cannot tell when they end.
+#ifdef Q_OS_WIN
+  static constexpr bool kReadsPdf = false;
+#else
+  static constexpr bool kReadsPdf = true;
+#endif
+  // What one of Poppler's programs says of a PDF file.
+  static QString Said(const char* program, const QStringList& options, const QString& pdf) {
     QProcess process;
-    process.start(program, arguments);
+    process.setStandardInputFile(pdf);
+    process.start(QStringLiteral(POPPLER "/") + QLatin1String(program), options);
     return process.waitForFinished() ? QString::fromUtf8(process.readAllStandardOutput())
                                      : QString();
   }
@@ -71,14 +77,16 @@ class ReportTest : public QObject {
     return exit == 0 && said.isEmpty() ? said : QString::number(exit) + ": " + said;
   }
   static QString TextOf(const QString& pdf) {
-    return Said(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+    return Said("pdftotext", {QStringLiteral("-layout"), QStringLiteral("-"), QStringLiteral("-")},
+                pdf);
   }
   // The parts of an SVG picture, each with its place.
   static QStringList Drawn(const QString& svg) {
     return svg.section(QLatin1String("</defs>"), 1).split(QLatin1String("</g>"));
   }
   static void CheckFonts(const QString& pdf) {
-    const QStringList fonts = Said(QStringLiteral("pdffonts"), {pdf}).split('\n').mid(2);
+    if (!kReadsPdf) return;
+    const QStringList fonts = Said("pdffonts", {QStringLiteral("-")}, pdf).split('\n').mid(2);
     for (const QString& font : fonts) {
       QVERIFY2(font.isEmpty() || font.contains(QLatin1String("yes")), qPrintable(font));
     }
@@ -100,11 +108,6 @@ class ReportTest : public QObject {
   }
 
  private Q_SLOTS:
-  void initTestCase() {
-    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty()) {
-      QSKIP("there is no pdftotext");
-    }
-  }
   void cleanup() { made_.reset(); }
 
   void PicturesAreAsLargeAsTheyAreOnAnyScreen() {
@@ -125,7 +128,7 @@ class ReportTest : public QObject {
     QVERIFY(!embedded.supportsCharacter('Q'));
     QCOMPARE(vectors.count(QLatin1String("<circle")) + vectors.count(QLatin1String("<ellipse")), 5);
     const QString pdf = Save(QStringLiteral("chart.pdf"));
-    QVERIFY(TextOf(pdf).contains(QStringLiteral("Load level (× pickup)")));
+    QVERIFY(!kReadsPdf || TextOf(pdf).contains(QStringLiteral("Load level (× pickup)")));
     CheckFonts(pdf);
     // The program without a window, at another scale, puts everything in the same places.
     QCOMPARE(Run({"--chart", "relayTables.dat", "Feeder 12", "-o", "own.svg"}), QString());
@@ -189,6 +192,8 @@ class ReportTest : public QObject {
     }
     QCOMPARE(f.Bytes(), kLibrary);
     QCOMPARE(f.Bytes(QStringLiteral("former.pdf")), QByteArray("former"));
+    QCOMPARE(QImage(f.Path(QStringLiteral("c.png"))).size(), QSize(200, 100));
+    if (!kReadsPdf) return;
     const QString text = TextOf(f.Path(QStringLiteral("own.pdf")));
     for (const char* const part : {"Bay", "Blatt 3", "Strom", "Feeder 12"}) {
       QVERIFY2(text.contains(QLatin1String(part)), qPrintable(part + text));
@@ -197,9 +202,8 @@ class ReportTest : public QObject {
     const QString assessed = TextOf(f.Path(QStringLiteral("own2.pdf")));
     QVERIFY2(assessed.contains(QLatin1String("Limit: 5 % of the nominal time")),
              qPrintable(assessed));
-    QVERIFY(Said(QStringLiteral("pdfinfo"), {f.Path(QStringLiteral("own2.pdf"))})
+    QVERIFY(Said("pdfinfo", {QStringLiteral("-")}, f.Path(QStringLiteral("own2.pdf")))
                 .contains(QLatin1String("612 x 792 pts")));
-    QCOMPARE(QImage(f.Path(QStringLiteral("c.png"))).size(), QSize(200, 100));
   }
 
   void PaperIsWhiteWhateverTheWindowIs() {
@@ -255,6 +259,8 @@ class ReportTest : public QObject {
       dialog.findChild<QPlainTextEdit*>()->setPlainText(QStringLiteral("Substation <b>7\n\nBay 3"));
       Press(dialog, "CommandSave");
     });
+    QVERIFY(f.Bytes(QStringLiteral("report.pdf")).startsWith("%PDF-"));
+    if (!kReadsPdf) return;
     const QStringList pages = TextOf(f.dialogs.file).split('\f');
     QVERIFY2(pages.size() == 5, qPrintable(f.window->statusBar()->currentMessage()));
     const QStringList wanted = {QStringLiteral("Feeder 12 +5 +2"), QStringLiteral("Feeder 12"),
@@ -278,6 +284,7 @@ class ReportTest : public QObject {
   }
 
   void TheGridsPageHasWhatWasAssessed() {
+    if (!kReadsPdf) QSKIP("nobody reads PDF files here");
     WindowFixture& f = Start();
     f.dialogs.printed = f.Path(QStringLiteral("printed.pdf"));
     f.Find<QAction>("m_assess")->setChecked(true);
@@ -299,6 +306,7 @@ class ReportTest : public QObject {
   }
 
   void APageOfEachLanguageIsItsOwn() {
+    if (!kReadsPdf) QSKIP("nobody reads PDF files here");
     WindowFixture& f = Start();
     f.dialogs.file = f.Path(QStringLiteral("page.pdf"));
     const std::pair<const char*, QStringList> rows[] = {

@@ -8,6 +8,7 @@
 #include <array>
 
 #include "app/widgets/files/responsive_files.h"
+#include "platform/desktop.h"
 
 namespace zentab::app {
 namespace {
@@ -74,9 +75,11 @@ constexpr std::array<SchemeRow, 3> kSchemes = {{
 }};
 
 void Show(std::size_t scheme, const QString& systemStyle) {
-  const QString& style = scheme == kSystem ? systemStyle : OwnStyle();
+  const bool isDark = scheme == kDark || (scheme == kSystem && platform::WantsDarkWindows());
+  const bool isOwn = isDark || scheme != kSystem;
+  const QString& style = isOwn ? OwnStyle() : systemStyle;
   if (QApplication::style()->name() != style) QApplication::setStyle(style);
-  QApplication::setPalette(scheme == kSystem ? QPalette() : ColoursOf(scheme == kDark));
+  QApplication::setPalette(isOwn ? ColoursOf(isDark) : QPalette());
 }
 
 }  // namespace
@@ -92,6 +95,7 @@ ColourScheme::ColourScheme(QMenu& view, ResponsiveFiles& files, platform::Settin
   QMenu* const menu = view.addMenu(QStringLiteral("C&olours"));
   menu->setObjectName(QStringLiteral("m_colours"));
   const std::string kept = store_.Read(title_, kSection, kKey).value_or("");
+  if (platform::WantsDarkWindows()) Show(kSystem, systemStyle_);
   for (std::size_t scheme = 0; scheme < kSchemes.size(); ++scheme) {
     const SchemeRow& row = kSchemes[scheme];
     QAction* const action = menu->addAction(QString::fromUtf8(row.caption));

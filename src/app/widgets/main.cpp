@@ -17,6 +17,7 @@
 #include "app/widgets/qt_user_dialogs.h"
 #include "app/widgets/report/command_line.h"
 #include "platform/console_streams.h"
+#include "platform/desktop.h"
 #include "platform/file_size_limit.h"
 #include "platform/file_thread.h"
 #include "platform/paths.h"
@@ -68,7 +69,7 @@ bool SaveScreenshot(app::MainWindow& window, const QString& file) {
 // --report and --chart: whatever display there is stays out of it.
 int RunWithoutWindow(int argc, char* argv[], const std::vector<std::string>& arguments) {
   platform::UsePlainStreams();
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", platform::DisplayWithoutWindows());
   // What a desktop lacks is nothing to a batch.
   qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext&, const QString& text) {
     if (kind == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -132,6 +133,10 @@ int Run(int argc, char* argv[]) {
   platform::ReportFileSizeLimit();
   const std::vector<std::string> given = platform::ProgramArguments(argc, argv);
   if (app::IsWindowless(given)) return RunWithoutWindow(argc, argv, given);
+  const char* const display = platform::DisplayForWindows();
+  if (display != nullptr && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", display);
+  }
   const QApplication application(argc, argv);
   const std::optional<Arguments> arguments = ReadArguments(application);
   if (!arguments) {

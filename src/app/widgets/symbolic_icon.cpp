@@ -1,14 +1,10 @@
 #include "app/widgets/symbolic_icon.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QIconEngine>
+#include <QImage>
 #include <QPainter>
 #include <QPalette>
-#include <QSvgRenderer>
-
-// The pictures lie in a static library: without this call nobody would ask for them.
-static void TakeIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace zentab::app {
 namespace {
@@ -16,37 +12,36 @@ namespace {
 // Draws anew each time: the palette may be another one.
 class SymbolicEngine : public QIconEngine {
  public:
-  explicit SymbolicEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
+  explicit SymbolicEngine(QImage mask) : mask_(std::move(mask)) {}
 
-  void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
-    const QPalette palette = QApplication::palette();
-    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-    QByteArray drawing = drawing_;
-    drawing.replace("currentColor", palette.color(group, QPalette::ButtonText).name().toLatin1());
-    QSvgRenderer(drawing).render(painter, place);
+  void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State state) override {
+    const qreal scale = painter->device()->devicePixelRatio();
+    painter->drawPixmap(place, pixmap(place.size() * scale, mode, state));
   }
 
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap picture(size);
-    picture.fill(Qt::transparent);
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
+    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+    QImage picture = mask_.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QPainter painter(&picture);
-    paint(&painter, QRect(QPoint(), size), mode, state);
-    return picture;
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(picture.rect(), QApplication::palette().color(group, QPalette::ButtonText));
+    painter.end();
+    return QPixmap::fromImage(picture);
   }
 
   [[nodiscard]] QIconEngine* clone() const override { return new SymbolicEngine(*this); }
 
  private:
-  QByteArray drawing_;
+  QImage mask_;
 };
 
 }  // namespace
 
 QIcon SymbolicIcon(const QString& name) {
-  TakeIcons();
-  QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  return QIcon(new SymbolicEngine(file.readAll()));
+  QImage mask(QStringLiteral(":/icons/%1.png").arg(name));
+  if (mask.isNull()) return {};
+  return QIcon(
+      new SymbolicEngine(std::move(mask).convertToFormat(QImage::Format_ARGB32_Premultiplied)));
 }
 
 }  // namespace zentab::app

@@ -17,7 +17,7 @@ using interchange::Encoding;
 using interchange::LoadUnit;
 using interchange::TimeUnit;
 
-constexpr int kTextWidth = 15;  // characters
+constexpr int kTextWidth = 16;  // characters
 
 // By the identifiers of the choices, in the order of the kinds.
 constexpr std::array kEncodings = {"utf8", "utf16", "single"};

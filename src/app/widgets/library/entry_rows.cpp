@@ -1,7 +1,9 @@
 #include "app/widgets/library/entry_rows.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
 
 namespace zentab::app {
 namespace {
@@ -41,6 +43,14 @@ QPixmap DrawnLetter(const QString& letter, const QFont& font, int height, qreal 
   return picture;
 }
 
+// Lists of Windows show what is selected on a light ground, whatever the palette has.
+QPalette::ColorRole SelectedText(const QStyleOptionViewItem& option) {
+  const QStyle* const style =
+      option.widget != nullptr ? option.widget->style() : QApplication::style();
+  return style->name() == QLatin1String("windowsvista") ? QPalette::Text
+                                                        : QPalette::HighlightedText;
+}
+
 }  // namespace
 
 QWidget* EntryRows::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -67,7 +77,7 @@ void EntryRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex&
                           mode);
     };
     add(QPalette::Text, QIcon::Normal);
-    add(QPalette::HighlightedText, QIcon::Selected);
+    add(SelectedText(*option), QIcon::Selected);
   }
   option->features |= QStyleOptionViewItem::HasDecoration;
   option->icon = mark.icon;
