@@ -12,7 +12,7 @@ use_wine() {
   # No window manager is there, for which each window would wait.
   "${wine[@]}" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N >/dev/null 2>&1
   # The fonts that windows are laid out for; Wine has them, but does not count them as installed.
-  cp /usr/share/wine/fonts/tahoma*.ttf "$WINEPREFIX/drive_c/windows/Fonts"
+  cp /usr/share/wine/fonts/{tahoma*,marlett}.ttf "$WINEPREFIX/drive_c/windows/Fonts"
   # Its desktop has the display that it was started with.
   "${wine[@]}" wineboot --kill >/dev/null 2>&1
 }
