@@ -29,7 +29,7 @@ stage_files() {
   cp -r catalogues "$to/catalogues"
   cp -r examples/installation "$to/demo"
   cp -r docs/guide "$to/guide"
-  cp /usr/share/qt6/translations/qtbase_{de,zh_CN}.qm "$to/translations"
+  cp "$from"/bin/translations/* "$to/translations"
   cp LICENSE "$to/licences/Zentab.txt"
   cp "$ZENTAB_WINDOWS_LIBRARIES"/licences/* "$to/licences"
   for file in gcc-mingw-w64-base mingw-w64-common libutfcpp-dev libcli11-dev nlohmann-json3-dev \
@@ -85,7 +85,7 @@ test_program() { # BITS PRESET
 
 make_package() { # BITS CPU PRESET
   local stage_folder=$packages/zentab-$version-win$1
-  ZENTAB_WINDOWS_LIBRARIES=$(scripts/windows-libraries.sh "$2" | tee /dev/stderr | tail -n 1)
+  ZENTAB_WINDOWS_LIBRARIES=$(scripts/windows-libraries.sh "$2" | tee >(cat >&2) | tail -n 1)
   export ZENTAB_WINDOWS_LIBRARIES
   stage "$3"
   [ "$1" = 64 ] || scripts/wine32.sh --make
