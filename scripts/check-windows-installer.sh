@@ -37,6 +37,7 @@ echo texts >"$suite/Zentab1.txt"
 listed "$suite" >"$scratch/before"
 run reg add 'HKLM\SOFTWARE\HALDOR\MIRAXWIN' /v MIRAX /d "$(named "$suite")" /reg:32 >/dev/null
 run reg add 'HKCU\Software\Zentab\Settings' /v TableName /d 'C:\own.dat' >/dev/null
+run reg add 'HKLM\Software\Classes\.dat' /ve /d Other.File "$view" >/dev/null
 run "$installer" /S /AllUsers /Associate
 for file in Zentab.exe zentab-cli.exe Zentab.txt demo/relayTables.dat licences/Zentab.txt \
   catalogues/Zentab.de.txt instruments/CURR_API.DLL; do
@@ -52,7 +53,7 @@ links() { find "$WINEPREFIX/drive_c" -iname Zentab.lnk; }
 [ -n "$(links)" ] || fail "there is no entry in the Start menu"
 
 # A second time over it, as an update does, then away; what somebody has changed stays.
-run "$installer" /S /AllUsers
+run "$installer" /S /AllUsers /Associate
 echo own >>"$suite/demo/relayTables.dat"
 echo own >"$suite/Zentab.txt"
 uninstall() { # FOLDER WHO: Windows goes on in a copy of the program, which removes it at the end
@@ -70,8 +71,8 @@ uninstall "$suite" AllUsers
   fail "files of the user are not the same"
 run reg query 'HKCU\Software\Zentab\Settings' /v TableName >/dev/null || fail "settings are lost"
 ! run reg query "HKLM\\$uninstall_key" "$view" >/dev/null 2>&1 || fail "it is still listed"
-! run reg query 'HKLM\Software\Classes\.dat' "$view" 2>/dev/null | grep -q Zentab.Table ||
-  fail "*.dat still opens with it"
+run reg query 'HKLM\Software\Classes\.dat' "$view" | grep -q Other.File ||
+  fail "*.dat does not open with what it opened with"
 [ -z "$(links)" ] || fail "it is still in the Start menu"
 
 # For one user, in a folder that was asked for; without blanks, as the option takes no quotes.

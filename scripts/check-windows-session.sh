@@ -9,10 +9,10 @@ cd "$(dirname "$0")/.."
 . scripts/wine.sh
 need "${windows_package_packages[@]}"
 program=$(realpath "$1") bits=$2 picture=${3:-}
-if [ -z "${ZENTAB_SESSION_DISPLAY:-}" ]; then
-  # Anyone may draw on this screen: what runs in another root has no key to it.
-  ZENTAB_SESSION_DISPLAY=1 exec xvfb-run -a -s "-screen 0 1366x768x24 -ac" "$0" "$@"
-fi
+is_on_screen || {
+  on_screen "$0" "$@"
+  exit
+}
 
 scratch=$(mktemp -d "$PWD/build/session-XXXXXX")
 clean_up() { rm -rf "$scratch" 2>/dev/null || { sleep 5 && rm -rf "$scratch"; }; }

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Cross-compiles everything but the windows, with the simulated instruments, for Windows: for
 # 64 bits and for 32 bits, where a test set's modules live. The tests run under Wine, those for 32
-# bits where scripts/wine32.sh --make has made a Wine for them.
+# bits where scripts/wine32.sh --make has made a Wine for them. Makes and tries the packages of the
+# whole program where scripts/windows-libraries.sh has built what their windows need.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh

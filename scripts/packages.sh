@@ -33,12 +33,11 @@ need() {
 
 build_packages=(g++ cmake ninja-build ccache libutfcpp-dev libcli11-dev nlohmann-json3-dev
   libboost-math-dev)
-window_packages=(qt6-base-dev qt6-svg-dev librsvg2-bin libgl-dev libqcustomplot-dev libqcustomplot2.1-qt6
-  libharfbuzz-dev fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n)
+window_packages=(qt6-base-dev qt6-svg-dev librsvg2-bin libgl-dev libqcustomplot-dev
+  libqcustomplot2.1-qt6 libharfbuzz-dev fonts-dejavu-core fonts-noto-cjk qt6-translations-l10n)
 test_packages=(libgtest-dev poppler-utils)
 windows_packages=(g++-mingw-w64-x86-64 g++-mingw-w64-i686 wine64)
-windows_package_packages=(dpkg-dev nsis zip xvfb xauth xdotool imagemagick
-  fonts-wine)
+windows_package_packages=(dpkg-dev nsis zip xvfb xauth xdotool imagemagick fonts-wine)
 static_packages=(clang clang-tidy cppcheck libclang-14-dev)
 fuzz_packages=(clang libclang-rt-dev llvm)
 fault_packages=(acl attr)

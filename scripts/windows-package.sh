@@ -80,7 +80,7 @@ pack() {
 # The windows are shown on a screen of Xvfb, in a Windows made anew.
 test_program() { # BITS PRESET
   use_wine "$1" "$PWD/build/$2/wine"
-  xvfb-run -a -s "-screen 0 1600x1200x24 -ac" ctest --preset "$2"
+  on_screen ctest --preset "$2"
 }
 
 make_package() { # BITS CPU PRESET

@@ -7,11 +7,16 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 . scripts/wine.sh
 need "${windows_package_packages[@]}"
-if [ -z "${ZENTAB_START_DISPLAY:-}" ]; then
-  ZENTAB_START_DISPLAY=1 exec xvfb-run -a -s "-screen 0 1600x1200x24 -ac" "$0" "$@"
-fi
 bin=$PWD/build/windows-gui/bin
 [ "$1" = 64 ] || bin=$PWD/build/windows32-gui/bin
+[ -f "$bin/bench_editor_window.exe" ] || {
+  echo "There is no build in $bin: scripts/windows-package.sh $1 makes it" >&2
+  exit 1
+}
+is_on_screen || {
+  on_screen "$0" "$@"
+  exit
+}
 scratch=$(mktemp -d "$PWD/build/start-XXXXXX")
 trap 'rm -rf "$scratch"' EXIT
 use_wine "$1" "$scratch/wine"

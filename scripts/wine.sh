@@ -1,4 +1,8 @@
-# Sourced by what tries the Windows programs: one Wine for each number of bits.
+# Sourced by what tries the Windows programs: a screen, and one Wine for each number of bits.
+
+# on_screen COMMAND...: on which anyone may draw, as what runs in another root has no key to it.
+on_screen() { ZENTAB_SCREEN=yes xvfb-run -a -s "-screen 0 1600x1200x24 -ac" "$@"; }
+is_on_screen() { [ -n "${ZENTAB_SCREEN:-}" ]; }
 
 # use_wine 32|64 FOLDER: sets `wine`, the command, and makes a new Windows in FOLDER, which must lie
 # in this checkout.

@@ -95,18 +95,18 @@ ColourScheme::ColourScheme(QMenu& view, ResponsiveFiles& files, platform::Settin
   QMenu* const menu = view.addMenu(QStringLiteral("C&olours"));
   menu->setObjectName(QStringLiteral("m_colours"));
   const std::string kept = store_.Read(title_, kSection, kKey).value_or("");
-  if (platform::WantsDarkWindows()) Show(kSystem, systemStyle_);
+  std::size_t shown = kSystem;
   for (std::size_t scheme = 0; scheme < kSchemes.size(); ++scheme) {
     const SchemeRow& row = kSchemes[scheme];
     QAction* const action = menu->addAction(QString::fromUtf8(row.caption));
     action->setObjectName(QLatin1String(row.name));
     action->setCheckable(true);
     group_->addAction(action);
-    const bool isKept = kept == row.setting;
-    action->setChecked(isKept || scheme == kSystem);
-    if (isKept && scheme != kSystem) Show(scheme, systemStyle_);
+    if (kept == row.setting) shown = scheme;
+    action->setChecked(scheme == shown);
     connect(action, &QAction::triggered, this, [this, scheme] { Choose(scheme); });
   }
+  if (shown != kSystem || platform::WantsDarkWindows()) Show(shown, systemStyle_);
 }
 
 ColourScheme::~ColourScheme() { Show(kSystem, systemStyle_); }
