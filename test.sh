@@ -33,8 +33,18 @@ run() {
   [ "$1" = no-gui ] || need "${window_packages[@]}"
   stage "$1"
   build "$1"
-  ctest --preset "$1" -j "$(nproc)"
+  # More than there are cores: many wait, for a timer or for a program that they started.
+  in_memory ctest --preset "$1" -j "$((2 * $(nproc)))"
 }
+
+# in_memory COMMAND...: with temporary files in memory where there is such a place, which is left
+# empty. Small files are written by the thousand.
+in_memory() (
+  TMPDIR=$(mktemp -d "$([ -w /dev/shm ] && echo /dev/shm || echo /tmp)/zentab-XXXXXX")
+  export TMPDIR
+  trap 'rm -rf "$TMPDIR"' EXIT
+  "$@"
+)
 
 # Each fuzz target with the longest input it gets, in bytes.
 fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_import=2048
@@ -43,15 +53,15 @@ fuzz_targets=(table_lines=1024 catalogue=2048 result_reader=2048 time_test_impor
 
 # fuzz LIMIT: runs all targets, each in a folder of its own below build/fuzz/found. New inputs, the
 # log, an input at fault and whatever else a target leaves stay there.
-fuzz() (
+fuzz() {
   need "${build_packages[@]}" "${fuzz_packages[@]}"
   stage "fuzz $1"
   build fuzz
-  # Small files are written by the million.
-  TMPDIR=$(mktemp -d "$([ -w /dev/shm ] && echo /dev/shm || echo /tmp)/zentab-fuzz-XXXXXX")
-  export TMPDIR
-  trap 'rm -rf "$TMPDIR"' EXIT
-  failed=0
+  in_memory fuzz_each "$1"
+}
+
+fuzz_each() {
+  local failed=0 row target found corpus program options
   for row in "${fuzz_targets[@]}"; do
     target=${row%=*}
     found=$PWD/build/fuzz/found/$target corpus=$PWD/build/fuzz/corpus/$target
@@ -70,7 +80,7 @@ fuzz() (
     fi
   done
   return "$failed"
-)
+}
 
 faults() {
   local kills=${1:-1000} seconds=${2:-60} bin=build/no-gui/bin skipped=0

@@ -34,6 +34,7 @@ EQUIVALENT = ROOT / "scripts" / "mutants-equivalent.txt"
 NOT_COUNTED = ("does not compile", "gone")
 TEST_SECONDS = 60
 BUILD_SECONDS = 900
+LINKER = "mold" if shutil.which("mold") else "gold"
 
 
 
@@ -94,7 +95,7 @@ class Copy:
 
     def test(self, *selection):
         """What caught the fault; nothing where all passed."""
-        status, output = self.run(None, "ctest", "--test-dir", self.build, "-j", self.jobs,
+        status, output = self.run(None, "ctest", "--test-dir", self.build, "-j", 2 * self.jobs,
                                   "--stop-on-failure", "--timeout", TEST_SECONDS, *selection)
         failed = re.search(r"Test *#\d+: (\S+).*\*\*\*(?!Skipped)", output)
         return failed.group(1) if failed else "" if status == 0 else "ctest"
@@ -120,7 +121,7 @@ class Copy:
             return
         for command in (["-G", "Ninja", "-S", self.folder, "-B", self.build,
                          "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0",
-                         "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold"],
+                         f"-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld={LINKER}"],
                         ["--build", self.build, "-j", self.jobs]):
             status, output = self.run(None, "cmake", *command)
             if status:

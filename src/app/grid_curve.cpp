@@ -10,8 +10,6 @@ namespace zentab::app {
 GridCurve CurveInGrid(const Session& session) {
   GridCurve result;
   result.table.milliseconds = session.modes.milliseconds;
-  result.table.absolute = session.modes.absoluteValues;
-  result.table.instrument = session.instrument;
   const editor::ChartCurve curve =
       editor::CurveOf(session.table.grid, session.localeDecimalSeparator);
   for (const editor::ChartPoint& point : curve.points) {

@@ -10,8 +10,8 @@ namespace zentab::app {
 
 /// The grid's table as a curve, rows without two numbers left out.
 struct GridCurve {
-  curves::EntryPoints table;
-  std::vector<int> rows;  // of the grid, one for each point
+  curves::EntryPoints table;  // the points and the unit of their times
+  std::vector<int> rows;      // of the grid, one for each point
 };
 [[nodiscard]] GridCurve CurveInGrid(const Session& session);
 

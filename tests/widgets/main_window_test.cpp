@@ -312,10 +312,17 @@ class MainWindowTest : public QObject {
              QStringLiteral("Last"));
     made_->Click("Command2");
     QCOMPARE(f.dialogs.asked.back(), std::string("weg: SI"));
+    const auto* const said = f.window->statusBar();
+    QCOMPARE(said->currentMessage(), QString());
     f.Write("Zentab.dxt", "F1.COMMAND1.TEXT {again}\n");
     f.dialogs.file = f.Path("relayTables.dat");
     f.Find<QAction>("m_act")->trigger();
     QCOMPARE(f.Find<QAbstractButton>("Command1")->text(), QStringLiteral("again"));
+    QCOMPARE(said->currentMessage(), QString());
+    QVERIFY(QFile::remove(f.Path("Zentab.dxt")) && QDir(f.Path(".")).mkdir("Zentab.dxt"));
+    f.Find<QAction>("m_act")->trigger();
+    QVERIFY2(said->currentMessage().startsWith("The text catalogue could not be read"),
+             qPrintable(said->currentMessage()));
     QVERIFY(f.window->close());
     QString log = QString::fromUtf8(f.Bytes("Zentab.log"));
     log.replace(QRegularExpression("\\d\\d:\\d\\d "), QString()).replace("\r\n", "|");

@@ -250,10 +250,13 @@ void CurveChart::changeEvent(QEvent* event) {
 }
 
 void CurveChart::resizeEvent(QResizeEvent* event) {
+  if (wanted_.squareDecades) {
+    // Before the plot draws itself, which it does here.
+    setViewport(rect());
+    updateLayout();
+    userMovedView_ ? axes_.KeepSquare(wanted_) : FitRanges();
+  }
   QCustomPlot::resizeEvent(event);
-  if (!wanted_.squareDecades) return;
-  updateLayout();
-  userMovedView_ ? axes_.KeepSquare(wanted_) : FitRanges();
 }
 
 void CurveChart::mouseDoubleClickEvent(QMouseEvent* event) {
