@@ -125,7 +125,7 @@ class RedrawTest : public ChartFixture {
     });
   }
   void WhatIsCompared() {
-    WindowFixture& f = Start();
+    Start();
     Watch({
         {"a curve beside it", [&] { DropEntries("0"); }},
         {"the difference", [&] { Trigger("m_difference"); }},

@@ -78,9 +78,9 @@ class WorkbenchTest : public QObject {
   [[nodiscard]] Outcome Left() const {
     Outcome outcome{Grid(), {}, made_->Bytes("Zentab_ImportTable.txt"), made_->dialogs.asked,
                     {},     {}};
-    // Lines begin with the time.
+    // Lines begin with the time, the first one with the date and the time.
     for (const QByteArray& line : made_->Bytes("Zentab.log").split('\n')) {
-      outcome.log += line.mid(line.indexOf(' ', 1)) + '\n';
+      outcome.log += line.mid(line.indexOf(':') + 3) + '\n';
     }
     for (const char* const field : {"Text4", "Text5", "Text6"}) {
       outcome.fields += made_->Find<QLineEdit>(field)->text() + ' ';
