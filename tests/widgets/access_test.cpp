@@ -163,6 +163,13 @@ class AccessTest : public QObject {
     made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
     QDir(made_->Path(".")).mkpath("data/current");
     made_->Write("data/current/result.txt", "Test\r\n1\t0.1\t900\t\r\n2\t0.2\t500\t\r\n");
+    QFile result(made_->Path("data/current/result.txt"));
+    const QDateTime measured({2026, 1, 2}, {3, 4});
+    if (!result.open(QIODevice::ReadWrite) ||
+        !result.setFileTime(measured, QFileDevice::FileModificationTime)) {
+      qFatal("the file's time could not be set");
+    }
+    result.close();
     made_->OpenIn(language);
     made_->window->activateWindow();
     if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
@@ -183,12 +190,19 @@ class AccessTest : public QObject {
   void InDialog(const QString& name, const Open& open, const Look& look) {
     bool isSeen = false;
     bool isLooking = false;
+    bool hasName = false;
+    bool hasButtons = false;
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] {
       auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       if (dialog == nullptr || isLooking || (!isSeen && IsAtWork(*dialog))) return;
       const QScopedValueRollback<bool> looking(isLooking, true);
-      if (!isSeen) look(*dialog, name);
+      if (!isSeen) {
+        look(*dialog, name);
+        hasName = !dialog->objectName().isEmpty() || dialog->inherits("QMessageBox");
+        const QList<QPushButton*> buttons = dialog->findChildren<QPushButton*>();
+        hasButtons = std::ranges::any_of(buttons, &QPushButton::isVisible);
+      }
       isSeen = true;
       // It may be at work still, and stay.
       dialog->reject();
@@ -196,6 +210,8 @@ class AccessTest : public QObject {
     timer.start(1);
     open();
     QTRY_VERIFY2(isSeen && QApplication::activeModalWidget() == nullptr, qPrintable(name));
+    QVERIFY2(hasName, qPrintable(name));
+    QVERIFY2(hasButtons, qPrintable(name));
   }
 
   template <typename Look>
@@ -264,6 +280,8 @@ class AccessTest : public QObject {
   }
 
  private Q_SLOTS:
+  // Of numbers and dates.
+  void initTestCase() { QLocale::setDefault(QLocale::c()); }
   void cleanup() {
     made_.reset();
     QApplication::setFont(usual_);
@@ -279,6 +297,18 @@ class AccessTest : public QObject {
       });
       QVERIFY2(found.isEmpty(), qPrintable('\n' + found.join('\n')));
     }
+  }
+
+  // windows.txt has the main window, too, and the dialogs that other tests look at.
+  void DialogsShowWhatTheyAreFor() {
+    Start({});
+    QStringList others;
+    LookAtAll([&others](const QWidget& dialog, const QString& name) {
+      const bool isKnown = name == QLatin1String("main") || name == QLatin1String("confirm") ||
+                           name == QLatin1String("m_cmplibrary");
+      if (!isKnown && !ShowsAsDesigned(dialog, QStringLiteral(WINDOWS), name)) others += name;
+    });
+    QVERIFY2(others.isEmpty(), qPrintable(others.join(' ')));
   }
 
   // Pictures for the eye go into the folder that the variable names.
@@ -318,6 +348,7 @@ class AccessTest : public QObject {
     f.Find<QAction>("m_pickup")->setChecked(true);
     f.Select(1);
     f.Find<QAction>("m_cmpentry")->trigger();
+    f.Find<QAction>("m_difference")->trigger();
     QPalette strong(Qt::black, Qt::black);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
                             QPalette::PlaceholderText, QPalette::ToolTipText}) {
@@ -369,9 +400,12 @@ class AccessTest : public QObject {
     }
     auto& chart = *made_->Find<editor::CurveChart>("MSChart1");
     const QColor base = chart.palette().color(P::Base);
-    for (const QCPAxis* const axis : {chart.xAxis, chart.yAxis}) {
-      check(axis->labelColor(), base, 4.5, QStringLiteral("axis label"));
-      check(axis->tickLabelColor(), base, 4.5, QStringLiteral("numbers of an axis"));
+    for (const auto* const plot : made_->window->findChildren<QCustomPlot*>()) {
+      for (const QCPAxis* const axis : {plot->xAxis, plot->yAxis}) {
+        check(axis->labelColor(), base, 4.5, plot->objectName() + " axis label");
+        check(axis->tickLabelColor(), base, 4.5, plot->objectName() + " numbers of an axis");
+        check(axis->basePen().color(), base, 3.0, plot->objectName() + " axis");
+      }
     }
     int drawn = 0;
     for (int at = 0; at < chart.plottableCount(); ++at) {

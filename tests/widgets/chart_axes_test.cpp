@@ -118,7 +118,7 @@ class ChartAxesTest : public ChartFixture {
   void FurtherCurvesAreConvertedListedAndCompared() {
     WindowFixture& f = Start();
     QVERIFY(Legend().isEmpty());
-    DropEntries("0 1");
+    DropEntries({0, 1});
     f.Select(2);
     Choose("m_cmpentry");
     QCOMPARE(Legend(), QStringLiteral("+Table in the grid|+SI|-Amperes (not shown: the pickup "

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTest>
@@ -166,14 +165,8 @@ class ChartFixture : public QObject {
     }
     return rows.join('|');
   }
-  void DropEntries(const QByteArray& places) {
-    QMimeData data;
-    data.setData(QStringLiteral("application/x-zentab-entries"), places);
-    QWidget& place = *Chart().parentWidget();
-    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&place, &enter);
-    QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&place, &drop);
+  void DropEntries(std::initializer_list<int> rows) {
+    made_->DragEntries(rows, *Chart().parentWidget(), {20, 20});
     Chart().replot();
   }
   [[nodiscard]] double DecadeRatio() const {

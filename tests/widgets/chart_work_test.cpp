@@ -10,6 +10,22 @@ namespace {
 class ChartWorkTest : public ChartFixture {
   Q_OBJECT
 
+  // How many columns of pixels are free between a box's frame and what stands in it, on each side.
+  static std::pair<int, int> RoomAround(QWidget& box) {
+    const QImage image = box.grab().toImage();
+    const auto isFree = [&image](int x) {
+      for (int y = 2; y < image.height() - 2; ++y) {
+        if (image.pixel(x, y) != image.pixel(2, 2)) return false;
+      }
+      return true;
+    };
+    int before = 0;
+    int behind = 0;
+    while (before < image.width() - 4 && isFree(2 + before)) ++before;
+    while (behind < image.width() - 4 && isFree(image.width() - 3 - behind)) ++behind;
+    return {before, behind};
+  }
+
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
 
@@ -38,6 +54,8 @@ class ChartWorkTest : public ChartFixture {
       const QColor base = Chart().palette().color(QPalette::Base);
       QVERIFY(time == 4 || editor::ContrastOf(line, base) >= 3.0);
       const QRect box = f.Find<QWidget>("CrossText")->geometry();
+      const auto [before, behind] = RoomAround(*f.Find<QWidget>("CrossText"));
+      QVERIFY2(before > 3 && std::abs(before - behind) < 3, qPrintable(reads));
       QVERIFY(Chart().rect().contains(box));
       QVERIFY(!box.contains(PlaceOf(load, time).toPoint()));
       if (lit[0] == '2') QVERIFY(!box.contains(PlaceOf(4, 5).toPoint()));

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QTest>
 
@@ -99,6 +100,7 @@ class ClipboardTest : public QObject {
     QTest::mouseMove(field, field->rect().bottomRight() + QPoint(20, 5));
     QTest::mouseMove(Grid().viewport(), Middle(4, 2));
     QTest::mouseRelease(Grid().viewport(), Qt::LeftButton, {}, Middle(4, 2));
+    QVERIFY(QWidget::mouseGrabber() == nullptr);
     Keys(QKeySequence::Copy);
     QCOMPARE(Clip(), QStringLiteral("2\t20\r3\t30\r4\t40"));
     ClickCell(1, 2);
@@ -149,17 +151,24 @@ class ClipboardTest : public QObject {
 
   void ClearingEmptiesTheSelectionAndCountsAsAnEdit() {
     WindowFixture& f = Start();
+    const auto step = [&f] {
+      Q_EMIT f.Find<QMenu>("m_edit")->aboutToShow();
+      return f.Find<QAction>("m_undo")->text();
+    };
     Drag(3, 1, 4, 2);
     Press("Command9");
+    QCOMPARE(step(), QStringLiteral("&Undo Clear"));
     QCOMPARE(Rows(1, 4), QStringLiteral("1\t10\r2\t20\r\t\r\t"));
     QVERIFY(Modified() && !f.Find<QLabel>("StatusModified")->text().isEmpty());
     Drag(2, 1, 2, 2);
     Keys(QKeySequence::Cut);
+    QCOMPARE(step(), QStringLiteral("&Undo Cut"));
     QCOMPARE(Clip(), QStringLiteral("2\t20"));
     QCOMPARE(Rows(1, 2), QStringLiteral("1\t10\r\t"));
     QVERIFY(!f.Find<QWidget>("MSChart1")->isVisible() && !f.Find<QWidget>("Command4")->isEnabled());
     Drag(1, 2, 2, 2);
     Key(Qt::Key_Delete);
+    QCOMPARE(step(), QStringLiteral("&Undo Clear"));
     QCOMPARE(Rows(1, 1), QStringLiteral("1\t"));
     QVERIFY2(f.dialogs.asked.empty(), "no entry is to be removed");
   }

@@ -93,6 +93,25 @@ class InterchangeTest : public QObject {
     }
     return lines;
   }
+  // The rows of a table, cells apart by a comma.
+  static QString Texts(const QAbstractItemModel& model) {
+    QStringList rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+      QStringList cells;
+      for (int column = 0; column < model.columnCount(); ++column) {
+        cells += model.index(row, column).data().toString();
+      }
+      rows += cells.join(',');
+    }
+    return rows.join('|');
+  }
+  static QString Heads(const QAbstractItemModel& model) {
+    QStringList heads;
+    for (int column = 0; column < model.columnCount(); ++column) {
+      heads += model.headerData(column, Qt::Horizontal).toString();
+    }
+    return heads.join(',');
+  }
   void Mark(const QDialog& dialog, const char* list, int row, bool isChosen = true) const {
     auto* const model = In<QAbstractItemView>(dialog, list)->model();
     model->setData(model->index(row, 0), isChosen ? Qt::Checked : Qt::Unchecked,
@@ -139,6 +158,7 @@ class InterchangeTest : public QObject {
     f.Write("curve.txt", bytes);
     QDialog* const dialog = Opened("m_impcurves", "curve.txt");
     Fill(*dialog, fields);
+    QCOMPARE(In<QComboBox>(*dialog, "Field_separator")->isEnabled(), !bytes.startsWith('{'));
     QString remark;
     const QStringList printed =
         Printed(QStringList{"read", f.Path("curve.txt")} + arguments, &remark);
@@ -163,13 +183,31 @@ class InterchangeTest : public QObject {
     QCOMPARE(f.Bytes(), kLibrary);
   }
 
+  void NamesAndLevelCurvesComeWhole() {
+    const WindowFixture& f = Start();
+    QString rows = QStringLiteral("\uFEFFI/In\t\U0001F600 [s]\n");
+    for (int row = 1; row <= 30; ++row) rows += QStringLiteral("%1\t1\n").arg(row);
+    QByteArray bytes;
+    for (const QChar unit : rows) {
+      bytes += static_cast<char>(unit.cell());
+      bytes += static_cast<char>(unit.row());
+    }
+    f.Write("wide.txt", bytes);
+    const QDialog* const dialog = Opened("m_impcurves", "wide.txt");
+    QCOMPARE(Texts(*In<QTableView>(*dialog, "TableCurves")->model()),
+             QStringLiteral("\U0001F600,30 → 26,"));
+  }
+
   void ChosenCurvesBecomeEntriesInOneStep() {
     const WindowFixture& f = Start();
     f.Write("feeder.csv", kTwoCurves + "\r\nBeta\r\n1,5;1;2\r\n3;1;2\r\n");
     QDialog* const dialog = Opened("m_impcurves", "feeder.csv");
     auto* const add = In<QPushButton>(*dialog, "CommandAdd");
     auto* const list = In<QTableView>(*dialog, "TableCurves");
-    QCOMPARE(list->model()->rowCount(), 4);
+    QCOMPARE(Texts(*list->model()),
+             QStringLiteral("Abgang 1,3,|Abgang 2,2,|Beta Abgang 1,2,|Beta Abgang 2,2,"));
+    QCOMPARE(Heads(*In<QTableWidget>(*dialog, "TableRows")->model()),
+             QStringLiteral("1: LoadLevel,2: Time,3"));
     const auto name = [list](int row, const char* text) {
       list->model()->setData(list->model()->index(row, 0), QLatin1String(text), Qt::EditRole);
     };
@@ -265,6 +303,8 @@ class InterchangeTest : public QObject {
     In<QLineEdit>(*dialog, "TextFind")->setText(QStringLiteral("DEL"));
     QCOMPARE(Differences(*dialog).join('|'), QStringLiteral("+ Delta"));
     QTRY_VERIFY(entry().contains(QStringLiteral("Only in the other")));
+    In<QLineEdit>(*dialog, "TextFind")->setText(QStringLiteral("nobody"));
+    QTRY_COMPARE(entry(), QString());
     dialog->reject();
     f.dialogs.file = f.Path("relayTables.dat");
     f.Find<QAction>("m_cmplibrary")->trigger();

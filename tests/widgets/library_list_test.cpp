@@ -68,6 +68,9 @@ class LibraryListTest : public QObject {
     // The field closes, and then its name is taken.
     for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
   }
+  [[nodiscard]] QRect Row(int row) const {
+    return List()->visualRect(List()->model()->index(row, 0));
+  }
 
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
@@ -116,6 +119,40 @@ class LibraryListTest : public QObject {
     f.Find<QWidget>("MSFlexGrid1")->setFocus();
     QTest::keyClick(f.Find<QWidget>("MSFlexGrid1"), Qt::Key_Down, Qt::AltModifier);
     QCOMPARE(f.Bytes(), kA + kB + kC);
+  }
+
+  void EntriesAreDraggedToTheirPlace() {
+    WindowFixture& f = Start();
+    const QRect first = Row(0);
+    const QRect last = Row(2);
+    const QColor line = List()->palette().color(QPalette::Highlight);
+    const struct {
+      int row;
+      QPoint to;
+      int shown;  // where the line is that tells the place
+      QString names;
+    } cases[] = {
+        {2, first.center() - QPoint(0, 4), 0, "Clara|Anna|Berta"},
+        {2, first.center() + QPoint(0, 4), Row(1).top(), "Anna|Clara|Berta"},
+        {0, last.center() + QPoint(0, 4), last.bottom(), "Berta|Clara|Anna"},
+        {0, last.bottomLeft() + QPoint(9, 30), last.bottom(), "Berta|Clara|Anna"},
+    };
+    for (const auto& c : cases) {
+      Choose({c.row});
+      int shown = -9;
+      f.DragEntries({c.row}, *List()->viewport(), c.to, [&] {
+        const QImage image = List()->viewport()->grab().toImage();
+        // The ground of a chosen entry changes from line to line.
+        for (int y = image.height() - 2; y >= 0; --y) {
+          const int x = image.width() - 2;
+          if (image.pixelColor(x, y) == line && image.pixelColor(x, y + 1) == line) shown = y;
+        }
+      });
+      QVERIFY2(std::abs(shown - c.shown) < 2, qPrintable(QString::number(shown)));
+      QTRY_COMPARE(Names(), c.names);
+      Go("m_undo");
+      QCOMPARE(f.Bytes(), kA + kB + kC);
+    }
   }
 
   void AClickBelowTheListAndOneWithCtrlLeaveWhatOneCanSee() {
@@ -168,6 +205,11 @@ class LibraryListTest : public QObject {
     f.Find<QLineEdit>("TextFilter")->setText(QStringLiteral("R"));
     QCOMPARE(Names(), QStringLiteral("Berta|Clara"));
     f.Find<QLineEdit>("TextFilter")->clear();
+    Choose({0, 2});
+    Press(Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(Chosen(), QStringLiteral("Anna #2|Clara #2"));
+    QCOMPARE(List()->currentIndex().row(), 1);
+    Go("m_undo");
     f.Select(1);
     f.Click("Command2");
     QCOMPARE(f.Bytes(), kC + kA);

@@ -205,6 +205,13 @@ class PointToolsTest : public QObject {
     for (const char* const name : {"MSChart1", "List1", "MSFlexGrid1"}) {
       Key(Qt::Key_F6);
       QCOMPARE(Focus(), QLatin1String(name));
+      // A line above it says so.
+      const auto& line = *f.Find<QWidget>("PanelFocus");
+      const auto& control = *f.Find<QWidget>(name);
+      const QPoint corner = control.mapTo(line.parentWidget(), QPoint());
+      QVERIFY2(line.isVisible() && line.x() <= corner.x() && line.y() < corner.y() &&
+                   line.geometry().right() >= corner.x() + control.width() - 1,
+               name);
     }
     Key(Qt::Key_Return);
     Key(Qt::Key_F6, Qt::ShiftModifier);

@@ -127,7 +127,7 @@ class RedrawTest : public ChartFixture {
   void WhatIsCompared() {
     Start();
     Watch({
-        {"a curve beside it", [&] { DropEntries("0"); }},
+        {"a curve beside it", [&] { DropEntries({0}); }},
         {"the difference", [&] { Trigger("m_difference"); }},
         {"an edit above it", [&] { Type(1, 2, "12"); }},
         {"a zoom above it", [&] { Turn(PlaceOf(4, 5)); }},

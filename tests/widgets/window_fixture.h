@@ -3,10 +3,14 @@
 #include <QAbstractButton>
 #include <QAbstractItemModelTester>
 #include <QAction>
+#include <QComboBox>
 #include <QDir>
+#include <QDropEvent>
 #include <QFile>
 #include <QListView>
+#include <QMimeData>
 #include <QPrinter>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QTemporaryDir>
@@ -118,8 +122,39 @@ inline QString NamesIn(const QWidget& window) {
   return names.join('|');
 }
 
-/// What a window shows, a line for each named control in the order of reading: its name, state ("-"
-/// hidden, "!" disabled), text, placeholder, tip and keys; behind them the named actions.
+/// What a control holds for the user: the choice of a box, whether a button is checked or the
+/// default one, and the first rows of a list or table with their headings.
+inline QString HeldBy(const QWidget& control) {
+  if (const auto* const box = qobject_cast<const QComboBox*>(&control)) {
+    return QStringLiteral("%1 of %2").arg(box->currentText()).arg(box->count());
+  }
+  const auto* const push = qobject_cast<const QPushButton*>(&control);
+  if (push != nullptr && push->isDefault()) return QStringLiteral("(default)");
+  const auto* const button = qobject_cast<const QAbstractButton*>(&control);
+  if (button != nullptr && button->isCheckable()) {
+    return QLatin1String(button->isChecked() ? "[x]" : "[ ]");
+  }
+  const auto* const view = qobject_cast<const QAbstractItemView*>(&control);
+  if (view == nullptr || view->model() == nullptr) return {};
+  const QAbstractItemModel& model = *view->model();
+  constexpr int kRows = 5;
+  QStringList rows;
+  for (int row = -1; row < std::min(model.rowCount(), kRows); ++row) {
+    QStringList cells;
+    for (int column = 0; column < model.columnCount(); ++column) {
+      const QVariant mark = model.index(row, column).data(Qt::CheckStateRole);
+      if (mark.isValid()) cells += QLatin1String(mark.toInt() == Qt::Checked ? "[x]" : "[ ]");
+      cells += row < 0 ? model.headerData(column, Qt::Horizontal).toString()
+                       : model.index(row, column).data().toString();
+    }
+    rows += cells.join(',');
+  }
+  return QStringLiteral("%1 rows: %2").arg(model.rowCount()).arg(rows.join('|')).replace('\n', ' ');
+}
+
+/// What a window shows: its title, and a line for each control that has a name or a text in the
+/// order of reading, with its name, state ("-" hidden, "!" disabled), text, placeholder, tip, keys
+/// and what it holds; behind them the named actions.
 inline QStringList Described(const QWidget& window) {
   std::map<std::tuple<int, int, QString>, QString> rows;
   const auto add = [&rows](const QObject& object, const QPoint& place, const QString& state) {
@@ -133,11 +168,15 @@ inline QStringList Described(const QWidget& window) {
     for (const auto* const shortcut : object.findChildren<QShortcut*>()) {
       if (shortcut->parent() == &object) fields += shortcut->key().toString();
     }
+    const auto* const control = qobject_cast<const QWidget*>(&object);
+    const QString held = control != nullptr ? HeldBy(*control) : QString();
+    if (!held.isEmpty()) fields += held;
     rows[{place.y(), place.x(), object.objectName()}] = fields.join('\t');
   };
   for (const auto* const control : window.findChildren<QWidget*>()) {
     const QString name = control->objectName();
-    if (name.isEmpty() || name.startsWith(QLatin1String("qt_"))) continue;
+    if (name.startsWith(QLatin1String("qt_"))) continue;
+    if (name.isEmpty() && control->property("text").toString().isEmpty()) continue;
     add(*control, control->mapTo(&window, QPoint()),
         QLatin1String(control->isVisible() ? "" : "-") + (control->isEnabled() ? "" : "!"));
   }
@@ -145,7 +184,8 @@ inline QStringList Described(const QWidget& window) {
   for (const auto* const action : window.findChildren<QAction*>()) {
     if (!action->objectName().isEmpty()) add(*action, {number++, window.height()}, {});
   }
-  QStringList lines;
+  QStringList lines = {window.windowTitle().remove(QRegularExpression(
+      QStringLiteral("(?<= )(/|[A-Z]:)\\S*[/\\\\]")))};  // the folder of this run
   for (const auto& [place, line] : rows) lines += line;
   return lines;
 }
@@ -161,23 +201,36 @@ inline bool ShowsAsDesigned(const QWidget& window, const QString& path, const QS
   shown.sort();
   expected.sort();
 #endif
-  if (shown != expected) std::puts(qPrintable(shown.join('\n')));
+  if (shown != expected) {
+    std::puts(qPrintable('[' + section + "]\n" + shown.join('\n') + '\n'));
+  }
   return shown == expected;
 }
 
 class MemoryStore : public platform::SettingsStore {
  public:
   std::map<std::string, std::string> values;
+  std::map<std::string, std::string> places;  // of what was saved
 
-  std::optional<std::string> Read(std::string_view, std::string_view,
+  std::optional<std::string> Read(std::string_view application, std::string_view section,
                                   std::string_view key) const override {
     const auto found = values.find(std::string(key));
-    return found == values.end() ? std::nullopt : std::optional(found->second);
+    const auto saved = places.find(std::string(key));
+    const bool isElsewhere = saved != places.end() && saved->second != Place(application, section);
+    return found == values.end() || isElsewhere ? std::nullopt : std::optional(found->second);
   }
-  std::error_code Save(std::string_view, std::string_view,
+  std::error_code Save(std::string_view application, std::string_view section,
                        const std::vector<platform::Setting>& settings) override {
-    for (const platform::Setting& setting : settings) values[setting.key] = setting.value;
+    for (const platform::Setting& setting : settings) {
+      values[setting.key] = setting.value;
+      places[setting.key] = Place(application, section);
+    }
     return {};
+  }
+
+ private:
+  static std::string Place(std::string_view application, std::string_view section) {
+    return std::string(application) + '/' + std::string(section);
   }
 };
 
@@ -248,6 +301,23 @@ class WindowFixture {
   void Select(int row) const {
     auto* const list = Find<QListView>("List1");
     list->setCurrentIndex(list->model()->index(row, 0));
+  }
+  /// Drags entries of the list to a place of a part of the window; `look` is called before they are
+  /// let go there.
+  void DragEntries(
+      std::initializer_list<int> rows, QWidget& target, const QPoint& place,
+      const std::function<void()>& look = [] {}) const {
+    const auto* const model = Find<QListView>("List1")->model();
+    QModelIndexList chosen;
+    for (const int row : rows) chosen += model->index(row, 0);
+    const std::unique_ptr<QMimeData> data(model->mimeData(chosen));
+    QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&target, &enter);
+    QDragMoveEvent over(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&target, &over);
+    look();
+    QDropEvent drop(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&target, &drop);
   }
   [[nodiscard]] int SelectedRow() const {
     const QModelIndexList rows = Find<QListView>("List1")->selectionModel()->selectedRows();

@@ -83,7 +83,6 @@ CurveGridView::CurveGridView(WorkingTable& table, QWidget* parent)
   setObjectName(QStringLiteral("MSFlexGrid1"));
   setModel(model_);
   setItemDelegate(new FaultMarks(this));
-  setEditTriggers(NoEditTriggers);
   setSelectionMode(ContiguousSelection);
   setTabKeyNavigation(false);
   setAlternatingRowColors(true);

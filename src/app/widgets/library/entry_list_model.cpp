@@ -1,6 +1,7 @@
 #include "app/widgets/library/entry_list_model.h"
 
 #include <QMimeData>
+#include <QRandomGenerator>
 #include <algorithm>
 
 #include "app/entry_filter.h"
@@ -11,8 +12,10 @@ namespace {
 constexpr qsizetype kLongestShown = 200;
 constexpr int kNoRow = -1;
 
+// Places mean nothing in the list of another window, which is that of another process.
 const QString& EntriesType() {
-  static const QString type = QStringLiteral("application/x-zentab-entries");
+  static const QString type = QStringLiteral("application/x-zentab-entries-%1")
+                                  .arg(QRandomGenerator::global()->generate64(), 0, 16);
   return type;
 }
 

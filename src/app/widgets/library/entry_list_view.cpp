@@ -100,8 +100,7 @@ QItemSelectionModel::SelectionFlags EntryListView::selectionCommand(const QModel
 
 bool EntryListView::IsOwnDrag(const QDropEvent& event) const {
   const auto* const entries = qobject_cast<const EntryListModel*>(model());
-  return event.source() == this && entries != nullptr && entries->IsWholeFile() &&
-         !EntriesIn(*event.mimeData()).empty();
+  return entries != nullptr && entries->IsWholeFile() && !EntriesIn(*event.mimeData()).empty();
 }
 
 void EntryListView::ShowDropPlace(int row) {
