@@ -258,6 +258,20 @@ TEST_F(SessionHistoryTest, TheModifiedMarkFollowsWhatIsStored) {
   EXPECT_EQ(marks(&SessionHistory::Undo, 1), "md");
 }
 
+TEST_F(SessionHistoryTest, TextsOfAnyLengthComeBack) {
+  editor::CurveGrid& grid = session_.table.grid;
+  for (const std::size_t length : {127u, 128u, 300u, 70'000u}) {
+    const std::string text(length, '1');
+    grid.SetCell(2, 1, text);
+    grid.SetCell(2, 2, "behind");
+    const auto state = StateOf(session_);
+    grid.ClearPoints();
+    Restore(state, session_);
+    EXPECT_EQ(grid.Cell(2, 1), text);
+    EXPECT_EQ(grid.Cell(2, 2), "behind");
+  }
+}
+
 TEST_F(SessionHistoryTest, TenThousandStepsTakeAFewMegabytes) {
   editor::EditHistory history;
   for (int row = 1; row <= editor::kLastRow; ++row) {

@@ -31,6 +31,8 @@ class ChartWorkTest : public ChartFixture {
 
   void TheCrosshairReadsTheCurveByMouse() {
     WindowFixture& f = Start();
+    const QString tip = QStringLiteral("as the catalogue has it");
+    Chart().setToolTip(tip);
     const struct {
       double load, time;
       QString reads;
@@ -59,6 +61,10 @@ class ChartWorkTest : public ChartFixture {
       QVERIFY(Chart().rect().contains(box));
       QVERIFY(!box.contains(PlaceOf(load, time).toPoint()));
       if (lit[0] == '2') QVERIFY(!box.contains(PlaceOf(4, 5).toPoint()));
+      // Nothing of it is in the way of the mouse, nor of the chart's own tip.
+      QVERIFY(Chart().childAt(PlaceOf(4, 5).toPoint()) == nullptr);
+      QVERIFY(Chart().childAt(box.center()) == nullptr);
+      QCOMPARE(Chart().toolTip(), QString());
     }
     f.Find<QLineEdit>("Text2")->setText(QStringLiteral("5"));
     MoveTo(PlaceOf(8, 3));
@@ -66,6 +72,7 @@ class ChartWorkTest : public ChartFixture {
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&Chart(), &leave);
     QCOMPARE(Reads() + Lit(), QStringLiteral("0 0"));
+    QCOMPARE(Chart().toolTip(), tip);
     HoverRow(3);
     QCOMPARE(Lit(), QStringLiteral("3 3"));
     HoverRow(20);

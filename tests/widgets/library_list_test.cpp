@@ -258,6 +258,7 @@ class LibraryListTest : public QObject {
       f.dialogs.file = f.Path("out");
       Go("m_exportentries");
       QCOMPARE(f.Bytes("out"), c.written);
+      QCOMPARE(f.dialogs.asked.back(), std::string("relayTables.csv"));
       QVERIFY(Said().startsWith(QStringLiteral("Exported: ")));
     }
     // The answers of the last time are offered.
@@ -265,6 +266,7 @@ class LibraryListTest : public QObject {
     Go("m_exportentries");
     Go("m_exportentries");
     QVERIFY(f.Bytes("out").contains("\"name\"") && !f.Bytes("out").contains("Berta"));
+    QCOMPARE(f.dialogs.asked.back(), std::string("relayTables.json"));
     QVERIFY(
         std::ranges::count(f.dialogs.asked, "&JSON, from which the same table file can be made"));
     f.dialogs.file = f.Path("relayTables.dat");

@@ -168,6 +168,13 @@ class PointToolsTest : public QObject {
     QCOMPARE(Marked(), QString());
     QVERIFY(marked !=
             Grid().viewport()->grab(Grid().visualRect(Grid().model()->index(1, 1))).toImage());
+    // Left of a number that is as it should be there is nothing.
+    const QRect cell = Grid().visualRect(Grid().model()->index(0, 1));
+    const QImage free =
+        Grid().viewport()->grab(cell.adjusted(4, 4, -cell.width() / 2, -4)).toImage();
+    QImage nothing = free;
+    nothing.fill(free.pixel(0, 0));
+    QCOMPARE(free, nothing);
     Key(Qt::Key_F8);
     QVERIFY(f.dialogs.asked.empty());
   }

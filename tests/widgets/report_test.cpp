@@ -80,6 +80,34 @@ class ReportTest : public QObject {
     return Said("pdftotext", {QStringLiteral("-layout"), QStringLiteral("-"), QStringLiteral("-")},
                 pdf);
   }
+  // Every word has room of its own within the margins of its page.
+  static void CheckWords(const QString& pdf) {
+    if (!kReadsPdf) return;
+    const QString text =
+        Said("pdftotext", {QStringLiteral("-bbox"), QStringLiteral("-"), QStringLiteral("-")}, pdf);
+    static const QRegularExpression numbers(QStringLiteral("\"([0-9.]+)\""));
+    constexpr double kMargin = 25.0;  // typographic points
+    constexpr double kTouch = 1.0;
+    QRectF page;
+    std::vector<QRectF> words;
+    for (const QString& line : text.split('\n')) {
+      QList<double> sizes;
+      for (const auto& match : numbers.globalMatch(line)) sizes += match.captured(1).toDouble();
+      if (line.contains(QLatin1String("<page "))) {
+        QCOMPARE(sizes.size(), 2);
+        page = QRectF(0, 0, sizes[0], sizes[1]).adjusted(kMargin, kMargin, -kMargin, -kMargin);
+        words.clear();
+      } else if (line.contains(QLatin1String("<word "))) {
+        QCOMPARE(sizes.size(), 4);
+        const QRectF word(QPointF(sizes[0], sizes[1]), QPointF(sizes[2], sizes[3]));
+        QVERIFY2(page.contains(word), qPrintable(line));
+        const QRectF core = word.adjusted(kTouch, word.height() / 4, -kTouch, -word.height() / 4);
+        for (const QRectF& other : words) QVERIFY2(!core.intersects(other), qPrintable(line));
+        words.push_back(core);
+      }
+    }
+    QVERIFY(!words.empty());
+  }
   // The parts of an SVG picture, each with its place.
   static QStringList Drawn(const QString& svg) {
     return svg.section(QLatin1String("</defs>"), 1).split(QLatin1String("</g>"));
@@ -126,6 +154,7 @@ class ReportTest : public QObject {
     const QRawFont embedded(QByteArray::fromBase64(font.toLatin1()), 12);
     QVERIFY(embedded.supportsCharacter('T'));
     QVERIFY(!embedded.supportsCharacter('Q'));
+    QVERIFY(vectors.contains(QLatin1String("U+54,")) && !vectors.contains(QLatin1String("U+51,")));
     QCOMPARE(vectors.count(QLatin1String("<circle")) + vectors.count(QLatin1String("<ellipse")), 5);
     const QString pdf = Save(QStringLiteral("chart.pdf"));
     QVERIFY(!kReadsPdf || TextOf(pdf).contains(QStringLiteral("Load level (× pickup)")));
@@ -275,6 +304,7 @@ class ReportTest : public QObject {
       }
     }
     CheckFonts(f.dialogs.file);
+    CheckWords(f.dialogs.file);
     // The lines are there again after the next start.
     f.Open();
     InDialog([](ReportDialog& dialog) {
@@ -321,7 +351,41 @@ class ReportTest : public QObject {
         QVERIFY2(shown.contains(text), qPrintable(text + '\n' + shown));
       }
       CheckFonts(f.dialogs.file);
+      CheckWords(f.dialogs.file);
     }
+  }
+
+  // All rows with their deviations below many lines of the user's own.
+  void AFullPageBecomesSmaller() {
+    WindowFixture& f = Start();
+    QByteArray points;
+    for (int row = 1; row <= 26; ++row) {
+      points += '(' + QByteArray::number(row + 0.5) + ';' + QByteArray::number(200.0 / row) + ')';
+    }
+    f.Write("relayTables.dat", "{\"Full\"\t" + points + " 001}\r\n");
+    f.Open();
+    f.Click("Command1");
+    f.dialogs.file = f.Path(QStringLiteral("full.pdf"));
+    for (const bool isAssessed : {false, true}) {
+      f.Find<QAction>("m_assess")->setChecked(isAssessed);
+      for (const char* const lines : {"", "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12\n13\n14"}) {
+        InDialog([=](ReportDialog& dialog) {
+          dialog.findChild<QPlainTextEdit*>()->setPlainText(QLatin1String(lines));
+          Press(dialog, "CommandSave");
+        });
+        CheckWords(f.dialogs.file);
+      }
+    }
+  }
+
+  void WithoutEntriesThereIsNoneToChoose() {
+    WindowFixture& f = Start();
+    f.Write("relayTables.dat", {});
+    f.Open();
+    f.session.table.grid.SetCell(1, 1, "1");
+    InDialog([](ReportDialog& dialog) {
+      QVERIFY(!dialog.findChild<QWidget*>(QStringLiteral("OptionEntries"))->isEnabled());
+    });
   }
 };
 
