@@ -157,6 +157,14 @@ TEST(Members, AFailureLeavesTheExpressionAsItIs) {
   copy.VarValue(1, -1.0);
   EXPECT_EQ(parser.Eval(), 0.0);
   EXPECT_NE(EvalError(copy), "");
+  ASSERT_TRUE(copy.StoreExpression("2*y"));
+  copy.VarValue(1, 3.0);
+  MathParser& same = copy;
+  copy = same;
+  EXPECT_EQ(copy.Eval(), 6.0);
+  copy = parser;
+  EXPECT_EQ(copy.Eval(), 0.0);
+  EXPECT_EQ(copy.VarName(1), "x");
 
   // What a move leaves behind is still a parser.
   const MathParser moved = std::move(parser);  // NOLINT(performance-move-const-arg)

@@ -74,6 +74,10 @@ TEST_F(LineEdits, AnOrderComesBackAndLineEndsStayInTheirPlaces) {
   std::iota(order.begin(), order.end(), 0);
   ASSERT_FALSE(OrderOf(SystemFiles(), file_, listing_, order, change));
   EXPECT_TRUE(change.before.empty());
+  // Someone else was quicker.
+  std::swap(order[1], order[2]);
+  Write(file_.filename().string(), BytesOf(file_) + "{\"new\"\t 000}");
+  EXPECT_EQ(OrderOf(SystemFiles(), file_, listing_, order, change), kEntryChanged);
 }
 
 TEST_F(LineEdits, EveryChangeKeepsTheByteOrderMark) {

@@ -13,7 +13,6 @@
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QSpinBox>
-#include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
@@ -25,6 +24,8 @@
 #include "editor/widgets/chart/chart_colours.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/chart/overlay_style.h"
+#include "widgets/cut_texts.h"
+#include "widgets/described_window.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -49,12 +50,6 @@ constexpr struct {
               {"QListView", QAccessible::List},
               {"QCustomPlot", QAccessible::Chart}};
 
-bool IsPartOfAnother(const QWidget& control) {
-  return control.objectName().startsWith(QLatin1String("qt_")) ||
-         qobject_cast<QAbstractSpinBox*>(control.parentWidget()) != nullptr ||
-         qobject_cast<QComboBox*>(control.parentWidget()) != nullptr;
-}
-
 // The controls that the keyboard reaches and a screen reader has no name or another role for.
 QStringList Unnamed(const QWidget& window) {
   QStringList found;
@@ -70,80 +65,6 @@ QStringList Unnamed(const QWidget& window) {
     const bool isKnown = row != std::end(kRoles);
     if (!isKnown || said->role() != row->role) {
       found += which + QStringLiteral(" has the role %1").arg(said->role());
-    }
-  }
-  return found;
-}
-
-// The least size at which a control shows all of its text.
-QSize NeededBy(const QWidget& control) {
-  if (const auto* const label = qobject_cast<const QLabel*>(&control)) {
-    if (label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored) return {};
-    return label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
-  }
-  if (const auto* const choice = qobject_cast<const QComboBox*>(&control)) {
-    QStyleOptionComboBox option;
-    option.initFrom(choice);
-    option.subControls = QStyle::SC_All;
-    const QRect field = choice->style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                        QStyle::SC_ComboBoxEditField, choice);
-    const int text = choice->fontMetrics().horizontalAdvance(choice->currentText());
-    return {choice->width() + std::max(0, text - field.width()), choice->sizeHint().height()};
-  }
-  if (const auto* const field = qobject_cast<const QLineEdit*>(&control)) {
-    const QFontMetrics metrics = field->fontMetrics();
-    const int frame = field->sizeHint().width() - 17 * metrics.horizontalAdvance('x');
-    const QString text = field->text().isEmpty() ? field->placeholderText() : QString();
-    return {metrics.horizontalAdvance(text) + std::min(frame, 8), field->sizeHint().height()};
-  }
-  if (qobject_cast<const QAbstractSpinBox*>(&control) != nullptr) {
-    return {0, control.sizeHint().height()};
-  }
-  const auto* const tool = qobject_cast<const QToolButton*>(&control);
-  if (tool != nullptr && tool->toolButtonStyle() == Qt::ToolButtonIconOnly) return {};
-  if (qobject_cast<const QGroupBox*>(&control) != nullptr) return control.minimumSizeHint();
-  return qobject_cast<const QAbstractButton*>(&control) != nullptr ? control.sizeHint() : QSize();
-}
-
-// Whether the control stands in the room of another one beside it.
-bool IsCovered(const QWidget& control) {
-  const auto isText = [](const QWidget& widget) {
-    return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
-           qobject_cast<const QLabel*>(&widget) != nullptr ||
-           qobject_cast<const QLineEdit*>(&widget) != nullptr;
-  };
-  const QObjectList& beside = control.parent()->children();
-  return isText(control) && std::any_of(beside.begin(), beside.end(), [&](const QObject* object) {
-           const auto* const other = qobject_cast<const QWidget*>(object);
-           return other != nullptr && other != &control && other->isVisible() && isText(*other) &&
-                  other->geometry().intersects(control.geometry());
-         });
-}
-
-// The controls that show a part of their text only.
-QStringList Cut(const QWidget& window) {
-  QStringList found;
-  for (const auto* const control : window.findChildren<QWidget*>()) {
-    if (!control->isVisible() || IsPartOfAnother(*control)) continue;
-    if (IsCovered(*control)) found += control->objectName() + " stands in the room of another";
-    const QSize needed = NeededBy(*control);
-    if (needed.width() > control->width() || needed.height() > control->height()) {
-      found += QStringLiteral("%1 %2 '%3' is %4 × %5, not %6 × %7")
-                   .arg(control->metaObject()->className(), control->objectName(),
-                        control->property("text").toString())
-                   .arg(control->width())
-                   .arg(control->height())
-                   .arg(needed.width())
-                   .arg(needed.height());
-    }
-    const auto* const header = qobject_cast<const QHeaderView*>(control);
-    if (header == nullptr || header->orientation() == Qt::Vertical) continue;
-    for (int section = 0; section < header->count(); ++section) {
-      const QString text = header->model()->headerData(section, Qt::Horizontal).toString();
-      if (header->fontMetrics().horizontalAdvance(text) + 4 > header->sectionSize(section)) {
-        found +=
-            QStringLiteral("the heading '%1' has %2").arg(text).arg(header->sectionSize(section));
-      }
     }
   }
   return found;
@@ -303,7 +224,8 @@ class AccessTest : public QObject {
   void DialogsShowWhatTheyAreFor() {
     Start({});
     QStringList others;
-    LookAtAll([&others](const QWidget& dialog, const QString& name) {
+    QStringList curves;  // what is drawn in the chart beside each
+    LookAtAll([&, this](const QWidget& dialog, const QString& name) {
       if (name == QLatin1String("main") &&
           !ShowsAsDesigned(*dialog.findChild<QWidget*>("PanelAssessment"), QStringLiteral(WINDOWS),
                            QStringLiteral("PanelAssessment"))) {
@@ -311,9 +233,13 @@ class AccessTest : public QObject {
       }
       const bool isKnown = name == QLatin1String("main") || name == QLatin1String("confirm") ||
                            name == QLatin1String("m_cmplibrary");
+      if (name != QLatin1String("m_cmplibrary")) {
+        curves += name + '\t' + CurvesOf(*made_->Find<QCustomPlot>("MSChart1"));
+      }
       if (!isKnown && !ShowsAsDesigned(dialog, QStringLiteral(WINDOWS), name)) others += name;
     });
     QVERIFY2(others.isEmpty(), qPrintable(others.join(' ')));
+    QVERIFY(AreAsDesigned(curves, QStringLiteral(WINDOWS), QStringLiteral("Curves")));
   }
 
   // Pictures for the eye go into the folder that the variable names.

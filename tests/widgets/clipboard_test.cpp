@@ -78,6 +78,11 @@ class ClipboardTest : public QObject {
     QCOMPARE(Clip(), QStringLiteral("2\t20\r3\t30"));
     ClickCell(2, 2);
     QVERIFY(EditorOpen());
+    // Nothing of the cell is seen below it.
+    auto* const open = made_->Find<QWidget>("Text11");
+    const QRect place(open->mapTo(made_->window.get(), QPoint()), open->size());
+    const QImage shown = made_->window->grab(place).toImage();
+    QCOMPARE(shown.pixelColor(5, 5), open->palette().color(QPalette::Base));
     ClickCell(4, 2, Qt::ShiftModifier);
     QVERIFY(!EditorOpen());
     Keys(QKeySequence::Copy);

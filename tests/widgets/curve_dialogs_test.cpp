@@ -263,6 +263,12 @@ class CurveDialogsTest : public QObject {
     const auto verdict = [this] { return Find<QLabel>("LabelVerdict")->text(); };
     auto* const table = Find<QTableWidget>("TableAssessment");
     QCOMPARE(Find<QLabel>("LabelReference")->text(), QStringLiteral("Reference"));
+    f.Select(0);
+    QCOMPARE(Find<QLabel>("LabelReference")->text(), QStringLiteral("Reference"));
+    f.Click("CommandUseEntry");
+    QCOMPARE(Find<QLabel>("LabelReference")->text(), QStringLiteral("Measured"));
+    f.Select(1);
+    f.Click("CommandUseEntry");
     QCOMPARE(verdict(),
              QStringLiteral("Assessment not passed. Points within the limits: 10, beyond them: 1, "
                             "outside the reference: 1 · Largest deviation: 8.42 %"));

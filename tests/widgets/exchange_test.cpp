@@ -10,6 +10,7 @@
 #include "app/widgets/qt_user_dialogs.h"
 #include "editor/widgets/curve_grid_view.h"
 #include "exchange/widgets/exchange_dialog.h"
+#include "widgets/described_window.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {

@@ -15,6 +15,7 @@
 
 #include "editor/widgets/chart/curve_chart.h"
 #include "widgets/companion.h"
+#include "widgets/described_window.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {

@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "editor/widgets/chart/curve_chart.h"
+#include "widgets/described_window.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {

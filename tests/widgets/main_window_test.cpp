@@ -12,6 +12,7 @@
 #include "app/widgets/window_placement.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/curve_grid_view.h"
+#include "widgets/described_window.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {

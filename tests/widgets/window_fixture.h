@@ -3,22 +3,16 @@
 #include <QAbstractButton>
 #include <QAbstractItemModelTester>
 #include <QAction>
-#include <QComboBox>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QListView>
 #include <QMimeData>
 #include <QPrinter>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QShortcut>
 #include <QTemporaryDir>
-#include <cstdio>
 #include <functional>
 #include <map>
 #include <memory>
-#include <tuple>
 #include <vector>
 
 #include "app/library_commands.h"
@@ -120,95 +114,6 @@ inline QString NamesIn(const QWidget& window) {
     names.append(model->index(row, 0).data().toString());
   }
   return names.join('|');
-}
-
-/// What a control holds for the user: the choice of a box, whether a button is checked or the
-/// default one, and the first rows of a list or table with their headings.
-inline QString HeldBy(const QWidget& control) {
-  if (const auto* const box = qobject_cast<const QComboBox*>(&control)) {
-    return QStringLiteral("%1 of %2").arg(box->currentText()).arg(box->count());
-  }
-  const auto* const push = qobject_cast<const QPushButton*>(&control);
-  if (push != nullptr && push->isDefault()) return QStringLiteral("(default)");
-  const auto* const button = qobject_cast<const QAbstractButton*>(&control);
-  if (button != nullptr && button->isCheckable()) {
-    return QLatin1String(button->isChecked() ? "[x]" : "[ ]");
-  }
-  const auto* const view = qobject_cast<const QAbstractItemView*>(&control);
-  if (view == nullptr || view->model() == nullptr) return {};
-  const QAbstractItemModel& model = *view->model();
-  constexpr int kRows = 5;
-  QStringList rows;
-  for (int row = -1; row < std::min(model.rowCount(), kRows); ++row) {
-    QStringList cells;
-    for (int column = 0; column < model.columnCount(); ++column) {
-      const QVariant mark = model.index(row, column).data(Qt::CheckStateRole);
-      if (mark.isValid()) cells += QLatin1String(mark.toInt() == Qt::Checked ? "[x]" : "[ ]");
-      cells += row < 0 ? model.headerData(column, Qt::Horizontal).toString()
-                       : model.index(row, column).data().toString();
-    }
-    rows += cells.join(',');
-  }
-  return QStringLiteral("%1 rows: %2").arg(model.rowCount()).arg(rows.join('|')).replace('\n', ' ');
-}
-
-/// What a window shows: its title, and a line for each control that has a name or a text in the
-/// order of reading, with its name, state ("-" hidden, "!" disabled), text, placeholder, tip, keys
-/// and what it holds; behind them the named actions.
-inline QStringList Described(const QWidget& window) {
-  std::map<std::tuple<int, int, QString>, QString> rows;
-  const auto add = [&rows](const QObject& object, const QPoint& place, const QString& state) {
-    QStringList fields = {object.objectName() + state};
-    for (const char* const property : {"text", "title", "placeholderText", "toolTip", "shortcut"}) {
-      QString value = object.property(property).toString();
-      value.remove(
-          QRegularExpression(QStringLiteral("^(/|[A-Z]:).*[/\\\\]")));  // the folder of this run
-      if (!value.isEmpty()) fields += value.replace('\n', QStringLiteral("\\n"));
-    }
-    for (const auto* const shortcut : object.findChildren<QShortcut*>()) {
-      if (shortcut->parent() == &object) fields += shortcut->key().toString();
-    }
-    const auto* const control = qobject_cast<const QWidget*>(&object);
-    const QString held = control != nullptr ? HeldBy(*control) : QString();
-    if (!held.isEmpty()) fields += held;
-    rows[{place.y(), place.x(), object.objectName()}] = fields.join('\t');
-  };
-  for (const auto* const control : window.findChildren<QWidget*>()) {
-    const QString name = control->objectName();
-    if (name.startsWith(QLatin1String("qt_"))) continue;
-    if (name.isEmpty() && control->property("text").toString().isEmpty()) continue;
-    add(*control, control->mapTo(&window, QPoint()),
-        QLatin1String(control->isVisible() ? "" : "-") + (control->isEnabled() ? "" : "!"));
-  }
-  int number = 0;
-  for (const auto* const action : window.findChildren<QAction*>()) {
-    if (!action->objectName().isEmpty()) add(*action, {number++, window.height()}, {});
-  }
-  QStringList lines;
-  if (window.isWindow()) {
-    static const QRegularExpression folder(QStringLiteral("(?<= )(/|[A-Z]:)\\S*[/\\\\]"));
-    lines += window.windowTitle().remove(folder);
-  }
-  for (const auto& [place, line] : rows) lines += line;
-  return lines;
-}
-
-/// Whether a window shows the rows of a file behind "[section]"; prints what it shows otherwise.
-inline bool ShowsAsDesigned(const QWidget& window, const QString& path, const QString& section) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) qFatal("there is no list of controls");
-  const QString text = QString::fromUtf8(file.readAll()).section('[' + section + "]\n", 1);
-  QStringList shown = Described(window);
-  QStringList expected = text.section(QStringLiteral("\n\n"), 0, 0).split('\n');
-  if (expected.last().isEmpty()) expected.removeLast();
-#ifdef Q_OS_WIN  // whose style decides anew what stands higher by a hair
-  shown.sort();
-  expected.sort();
-#endif
-  if (shown != expected) {
-    std::puts(qPrintable('[' + section + "]\n" + shown.join('\n') + '\n'));
-  }
-  return shown == expected;
 }
 
 class MemoryStore : public platform::SettingsStore {

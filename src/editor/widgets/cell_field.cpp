@@ -18,7 +18,6 @@ CellField::CellField(QWidget* parent) : QLineEdit(parent) {
   setObjectName(QStringLiteral("Text11"));
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   setFrame(false);
-  setAutoFillBackground(true);
   setMaxLength(std::numeric_limits<int>::max());
   ShowColours();
   hide();

@@ -1,0 +1,129 @@
+#pragma once
+
+#include <qcustomplot.h>
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QComboBox>
+#include <QFile>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QShortcut>
+#include <cstdio>
+#include <map>
+#include <tuple>
+
+namespace zentab::app {
+
+/// The curves that a chart draws: their points, from the first to the last one, and their pens.
+inline QString CurvesOf(QCustomPlot& plot) {
+  QStringList curves;
+  for (int at = 0; at < plot.plottableCount(); ++at) {
+    QCPAbstractPlottable& curve = *plot.plottable(at);
+    const auto& data = *curve.interface1D();
+    const int count = data.dataCount();
+    if (!curve.realVisibility() || count == 0) continue;
+    curves += QStringLiteral("%1 points %2;%3 to %4;%5, pen %6")
+                  .arg(count)
+                  .arg(data.dataMainKey(0), 0, 'g', 3)
+                  .arg(data.dataMainValue(0), 0, 'g', 3)
+                  .arg(data.dataMainKey(count - 1), 0, 'g', 3)
+                  .arg(data.dataMainValue(count - 1), 0, 'g', 3)
+                  .arg(static_cast<int>(curve.pen().style()));
+  }
+  return curves.join('|');
+}
+
+/// What a control holds for the user: the choice of a box, whether a button is checked or the
+/// default one, the first rows of a list or table with their headings, a chart's curves.
+inline QString HeldBy(QWidget& control) {
+  if (auto* const plot = qobject_cast<QCustomPlot*>(&control)) return CurvesOf(*plot);
+  if (const auto* const box = qobject_cast<const QComboBox*>(&control)) {
+    return QStringLiteral("%1 of %2").arg(box->currentText()).arg(box->count());
+  }
+  const auto* const push = qobject_cast<const QPushButton*>(&control);
+  if (push != nullptr && push->isDefault()) return QStringLiteral("(default)");
+  const auto* const button = qobject_cast<const QAbstractButton*>(&control);
+  if (button != nullptr && button->isCheckable()) {
+    return QLatin1String(button->isChecked() ? "[x]" : "[ ]");
+  }
+  const auto* const view = qobject_cast<const QAbstractItemView*>(&control);
+  if (view == nullptr || view->model() == nullptr) return {};
+  const QAbstractItemModel& model = *view->model();
+  constexpr int kRows = 5;
+  QStringList rows;
+  for (int row = -1; row < std::min(model.rowCount(), kRows); ++row) {
+    QStringList cells;
+    for (int column = 0; column < model.columnCount(); ++column) {
+      const QVariant mark = model.index(row, column).data(Qt::CheckStateRole);
+      if (mark.isValid()) cells += QLatin1String(mark.toInt() == Qt::Checked ? "[x]" : "[ ]");
+      cells += row < 0 ? model.headerData(column, Qt::Horizontal).toString()
+                       : model.index(row, column).data().toString();
+    }
+    rows += cells.join(',');
+  }
+  return QStringLiteral("%1 rows: %2").arg(model.rowCount()).arg(rows.join('|')).replace('\n', ' ');
+}
+
+/// What a window shows: its title, and a line for each control that has a name or a text in the
+/// order of reading, with its name, state ("-" hidden, "!" disabled), text, placeholder, tip, keys
+/// and what it holds; behind them the named actions.
+inline QStringList Described(const QWidget& window) {
+  std::map<std::tuple<int, int, QString>, QString> rows;
+  const auto add = [&rows](QObject& object, const QPoint& place, const QString& state) {
+    QStringList fields = {object.objectName() + state};
+    for (const char* const property : {"text", "title", "placeholderText", "toolTip", "shortcut"}) {
+      QString value = object.property(property).toString();
+      value.remove(
+          QRegularExpression(QStringLiteral("^(/|[A-Z]:).*[/\\\\]")));  // the folder of this run
+      if (!value.isEmpty()) fields += value.replace('\n', QStringLiteral("\\n"));
+    }
+    for (const auto* const shortcut : object.findChildren<QShortcut*>()) {
+      if (shortcut->parent() == &object) fields += shortcut->key().toString();
+    }
+    auto* const control = qobject_cast<QWidget*>(&object);
+    const QString held = control != nullptr ? HeldBy(*control) : QString();
+    if (!held.isEmpty()) fields += held;
+    rows[{place.y(), place.x(), object.objectName()}] = fields.join('\t');
+  };
+  for (auto* const control : window.findChildren<QWidget*>()) {
+    const QString name = control->objectName();
+    if (name.startsWith(QLatin1String("qt_"))) continue;
+    if (name.isEmpty() && control->property("text").toString().isEmpty()) continue;
+    add(*control, control->mapTo(&window, QPoint()),
+        QLatin1String(control->isVisible() ? "" : "-") + (control->isEnabled() ? "" : "!"));
+  }
+  int number = 0;
+  for (auto* const action : window.findChildren<QAction*>()) {
+    if (!action->objectName().isEmpty()) add(*action, {number++, window.height()}, {});
+  }
+  QStringList lines;
+  if (window.isWindow()) {
+    static const QRegularExpression folder(QStringLiteral("(?<= )(/|[A-Z]:)\\S*[/\\\\]"));
+    lines += window.windowTitle().remove(folder);
+  }
+  for (const auto& [place, line] : rows) lines += line;
+  return lines;
+}
+
+/// Whether lines are those of a file behind "[section]"; prints them otherwise.
+inline bool AreAsDesigned(QStringList lines, const QString& path, const QString& section) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) qFatal("there is no list of controls");
+  const QString text = QString::fromUtf8(file.readAll()).section('[' + section + "]\n", 1);
+  QStringList expected = text.section(QStringLiteral("\n\n"), 0, 0).split('\n');
+  if (expected.last().isEmpty()) expected.removeLast();
+#ifdef Q_OS_WIN  // whose style decides anew what stands higher by a hair
+  lines.sort();
+  expected.sort();
+#endif
+  if (lines != expected) {
+    std::puts(qPrintable('[' + section + "]\n" + lines.join('\n') + '\n'));
+  }
+  return lines == expected;
+}
+inline bool ShowsAsDesigned(const QWidget& window, const QString& path, const QString& section) {
+  return AreAsDesigned(Described(window), path, section);
+}
+
+}  // namespace zentab::app
