@@ -63,8 +63,10 @@ WorkbenchDialog::WorkbenchDialog(const Session& session, editor::PreviewCurve& p
   Refresh();
 }
 
+// What comes once it was closed leaves nothing in the chart.
 void WorkbenchDialog::TakeTest(std::shared_ptr<const Test> test,
                                const std::optional<ResultFile>& last) {
+  if (!isVisible()) return;
   test_ = std::move(test);
   const bool hasPoints = !test_->points.error && !test_->points.read.points.empty();
   if (hasPoints) {
@@ -105,6 +107,7 @@ void WorkbenchDialog::Follow() {
 }
 
 void WorkbenchDialog::TakePreview(const std::shared_ptr<const ImportPreview>& preview) {
+  if (!isVisible()) return;
   preview_ = preview;
   stages_->ShowEffects(preview->effects);
   cloud_.Show(editor::PointCloud::Kind::Removed, preview->removed);
