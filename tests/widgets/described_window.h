@@ -6,9 +6,13 @@
 #include <QAction>
 #include <QComboBox>
 #include <QFile>
+#include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QShortcut>
+#include <QSpinBox>
+#include <QTableView>
 #include <cstdio>
 #include <map>
 #include <tuple>
@@ -34,12 +38,21 @@ inline QString CurvesOf(QCustomPlot& plot) {
   return curves.join('|');
 }
 
-/// What a control holds for the user: the choice of a box, whether a button is checked or the
-/// default one, the first rows of a list or table with their headings, a chart's curves.
+/// What a control holds for the user: the choice of a box, the range of a number, whether a button
+/// is checked or the default one, how a text is laid out where that is not as usual, the first rows
+/// of a list or table with their headings, a chart's curves.
 inline QString HeldBy(QWidget& control) {
   if (auto* const plot = qobject_cast<QCustomPlot*>(&control)) return CurvesOf(*plot);
   if (const auto* const box = qobject_cast<const QComboBox*>(&control)) {
     return QStringLiteral("%1 of %2").arg(box->currentText()).arg(box->count());
+  }
+  if (const auto* const number = qobject_cast<const QSpinBox*>(&control)) {
+    return QStringLiteral("%1..%2").arg(number->minimum()).arg(number->maximum());
+  }
+  if (const auto* const label = qobject_cast<const QLabel*>(&control)) {
+    const bool isUsual = label->alignment() == (Qt::AlignLeft | Qt::AlignVCenter);
+    return QLatin1String(label->wordWrap() ? "(wraps)" : "") +
+           (isUsual ? QString() : '@' + QString::number(label->alignment().toInt(), 16));
   }
   const auto* const push = qobject_cast<const QPushButton*>(&control);
   if (push != nullptr && push->isDefault()) return QStringLiteral("(default)");
@@ -62,7 +75,15 @@ inline QString HeldBy(QWidget& control) {
     }
     rows += cells.join(',');
   }
-  return QStringLiteral("%1 rows: %2").arg(model.rowCount()).arg(rows.join('|')).replace('\n', ' ');
+  const auto* const table = qobject_cast<const QTableView*>(&control);
+  const QString numbers =
+      table == nullptr
+          ? QString()
+          : '@' + QString::number(table->verticalHeader()->defaultAlignment().toInt(), 16);
+  return QStringLiteral("%1 rows%2: %3")
+      .arg(model.rowCount())
+      .arg(numbers, rows.join('|'))
+      .replace('\n', ' ');
 }
 
 /// What a window shows: its title, and a line for each control that has a name or a text in the

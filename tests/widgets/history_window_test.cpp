@@ -224,6 +224,11 @@ class HistoryWindowTest : public QObject {
 
   void TypingInAFieldIsAStepOfItsOwn() {
     Type(1, 1, QStringLiteral("7"));
+    // As while a module is at work.
+    f_->window->setEnabled(false);
+    Go("m_undo");
+    QCOMPARE(f_->session.table.grid.Cell(1, 1), "7");
+    f_->window->setEnabled(true);
     TypeInField("Text2", QStringLiteral("5"));
     auto* const field = f_->Find<QLineEdit>("Text2");
     field->setFocus();
