@@ -81,6 +81,22 @@ class CurveDialogsTest : public QObject {
     return false;
   }
 
+  // Whether the chart marks a point beyond its limits at a load of 4 and a time of 1.3.
+  [[nodiscard]] bool IsMarked() {
+    auto* const chart = Find<editor::CurveChart>("MSChart1");
+    const QImage picture = chart->grab().toImage();
+    const QPoint place(static_cast<int>(chart->xAxis->coordToPixel(4)),
+                       static_cast<int>(chart->yAxis->coordToPixel(1.3)));
+    const QColor wanted = editor::FailureOn(chart->palette().color(QPalette::Base));
+    for (int x = -9; x <= 9; ++x) {
+      const QColor found = picture.pixelColor(place + QPoint(x, 0));
+      if (std::abs(found.red() - wanted.red()) + std::abs(found.green() - wanted.green()) < 40) {
+        return true;
+      }
+    }
+    return false;
+  }
+
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
 
@@ -298,27 +314,13 @@ class CurveDialogsTest : public QObject {
     f.Click("CommandCopyAssessment");
     QCOMPARE(QApplication::clipboard()->text().count('\n'), 15);
     // The point that is out of its limits is marked in the chart, and no longer once it is mended.
-    auto* const chart = Find<editor::CurveChart>("MSChart1");
-    const auto isMarked = [&] {
-      const QImage picture = chart->grab().toImage();
-      const QPoint place(static_cast<int>(chart->xAxis->coordToPixel(4)),
-                         static_cast<int>(chart->yAxis->coordToPixel(1.3)));
-      const QColor wanted = editor::FailureOn(chart->palette().color(QPalette::Base));
-      for (int x = -9; x <= 9; ++x) {
-        const QColor found = picture.pixelColor(place + QPoint(x, 0));
-        if (std::abs(found.red() - wanted.red()) + std::abs(found.green() - wanted.green()) < 40) {
-          return true;
-        }
-      }
-      return false;
-    };
     f.session.table.grid.SetCell(5, 2, "1.3");
     Q_EMIT Find<editor::CurveGridView>("MSFlexGrid1")->EditingLeft();
     QVERIFY(verdict().startsWith(
         QStringLiteral("Assessment not passed. Points within the limits: 11, beyond them: 1")));
-    QVERIFY(isMarked());
+    QVERIFY(IsMarked());
     f.Click("CommandCloseAssessment");
-    QVERIFY(Find<QWidget>("PanelAssessment")->isHidden() && !isMarked());
+    QVERIFY(Find<QWidget>("PanelAssessment")->isHidden() && !IsMarked());
   }
 
   void LimitsAndReferenceAreThereTheNextTime() {
