@@ -16,23 +16,14 @@ using platform::FileThread;
 
 constexpr auto kLimit = 30s;
 
-// Tells when its thread has ended.
-struct Ending {
-  std::shared_ptr<std::promise<void>> end;
-  ~Ending() {
-    if (end) end->set_value();
-  }
-};
-
 TEST(Files, AreWorkedOnByAThreadThatEndsWithItsOwner) {
-  const auto end = std::make_shared<std::promise<void>>();
-  std::future<void> hasEnded = end->get_future();
+  std::promise<void> end;
+  std::future<void> hasEnded = end.get_future();
   {
     FileThread thread;
     std::atomic<int> made = 0;
-    const auto first = thread.Start([&made, end] {
-      static thread_local Ending ending;
-      ending.end = end;
+    const auto first = thread.Start([&made, &end] {
+      end.set_value_at_thread_exit();
       made = 1;
     });
     const auto second = thread.Start([&made] { made = made * 10 + 2; });
