@@ -1,23 +1,18 @@
 #include <QAccessible>
 #include <QApplication>
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
-#include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
-#include <QSpinBox>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
-#include <QToolButton>
 #include <algorithm>
 
 #include "app/widgets/qt_user_dialogs.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QMouseEvent>
-#include <QScreen>
 #include <QTest>
 #include <memory>
 
@@ -12,33 +11,6 @@
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
-
-/// Where the screen shows something else than the window would draw now, once nothing asks for a
-/// drawing any more; an empty rectangle where it shows the same. A part that is drawn alone may
-/// have its antialiased edges a shade off.
-inline QRect StaleIn(QWidget& window) {
-  // A plot that is drawn may ask for another drawing.
-  for (int turn = 0; turn < 4; ++turn) QCoreApplication::processEvents();
-  const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
-  for (auto* const plot : window.findChildren<QCustomPlot*>()) {
-    if (plot->isVisible()) plot->replot(QCustomPlot::rpImmediateRefresh);
-  }
-  const QImage drawn = window.grab().toImage();
-  if (shown.size() != drawn.size()) return drawn.rect();
-  const auto areAlike = [](QRgb one, QRgb other) {
-    constexpr int kShade = 26;
-    return std::abs(qRed(one) - qRed(other)) < kShade &&
-           std::abs(qGreen(one) - qGreen(other)) < kShade &&
-           std::abs(qBlue(one) - qBlue(other)) < kShade;
-  };
-  QRect stale;
-  for (int y = 0; y < drawn.height(); ++y) {
-    for (int x = 0; x < drawn.width(); ++x) {
-      if (!areAlike(shown.pixel(x, y), drawn.pixel(x, y))) stale |= QRect(x, y, 1, 1);
-    }
-  }
-  return stale;
-}
 
 /// A window whose chart is worked with by mouse and keys, on three entries.
 class ChartFixture : public QObject {

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QDialog>
 #include <QDropEvent>
 #include <QLabel>
@@ -182,6 +183,25 @@ class InterchangeTest : public QObject {
     QCOMPARE(Points(), QStringList{QString()});
     QVERIFY(!f.session.table.tableModified && !f.session.modes.absoluteValues);
     QCOMPARE(f.Bytes(), kLibrary);
+  }
+
+  // What is still being read then comes before the dialog is destroyed.
+  void ADialogThatIsClosedAtOnceLeavesNoCurve() {
+    WindowFixture& f = Start();
+    f.Click("Command1");
+    f.Write("other.dat", kOther);
+    f.Write("german.csv", kTwoCurves);
+    auto& chart = *f.Find<QCustomPlot>("MSChart1");
+    const QString before = CurvesOf(chart);
+    for (const auto& [action, file] :
+         {std::pair("m_cmplibrary", "other.dat"), std::pair("m_impcurves", "german.csv")}) {
+      f.dialogs.file = f.Path(QLatin1String(file));
+      f.Find<QAction>(action)->trigger();
+      qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+      const QDeadlineTimer end(50);
+      while (!end.hasExpired()) QCoreApplication::processEvents();
+      QCOMPARE(CurvesOf(chart), before);
+    }
   }
 
   void NamesAndLevelCurvesComeWhole() {

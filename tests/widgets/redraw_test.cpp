@@ -1,5 +1,6 @@
 #include <QListView>
 #include <QMenu>
+#include <QScreen>
 #include <QWheelEvent>
 #include <functional>
 #include <vector>
@@ -8,6 +9,33 @@
 
 namespace zentab::app {
 namespace {
+
+// Where the screen shows something else than the window would draw now, once nothing asks for a
+// drawing any more; an empty rectangle where it shows the same. A part that is drawn alone may
+// have its antialiased edges a shade off.
+QRect StaleIn(QWidget& window) {
+  // A plot that is drawn may ask for another drawing.
+  for (int turn = 0; turn < 4; ++turn) QCoreApplication::processEvents();
+  const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
+  for (auto* const plot : window.findChildren<QCustomPlot*>()) {
+    if (plot->isVisible()) plot->replot(QCustomPlot::rpImmediateRefresh);
+  }
+  const QImage drawn = window.grab().toImage();
+  if (shown.size() != drawn.size()) return drawn.rect();
+  const auto areAlike = [](QRgb one, QRgb other) {
+    constexpr int kShade = 26;
+    return std::abs(qRed(one) - qRed(other)) < kShade &&
+           std::abs(qGreen(one) - qGreen(other)) < kShade &&
+           std::abs(qBlue(one) - qBlue(other)) < kShade;
+  };
+  QRect stale;
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x) {
+      if (!areAlike(shown.pixel(x, y), drawn.pixel(x, y))) stale |= QRect(x, y, 1, 1);
+    }
+  }
+  return stale;
+}
 
 // Whatever a command changes is on the screen afterwards, without anyone who moves the mouse.
 class RedrawTest : public ChartFixture {

@@ -18,4 +18,6 @@ void OpenBeside(QDialog& dialog, const QWidget& chart) {
   dialog.open();
 }
 
+bool IsOpen(const QDialog* dialog) { return dialog != nullptr && dialog->isVisible(); }
+
 }  // namespace zentab::app

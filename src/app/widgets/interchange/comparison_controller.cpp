@@ -88,7 +88,7 @@ void ComparisonController::Compare(ComparisonDialog& dialog, const Shared& job,
   };
   const QPointer<ComparisonDialog> open = &dialog;
   parts_.files.Quietly(compare, [this, open, job, remark](std::shared_ptr<Comparison> result) {
-    if (!open || !open->isVisible()) return;
+    if (!IsOpen(open)) return;
     const texts::ProgramTexts& texts = parts_.session.texts.program;
     if (result->error) {
       open->Tell(FailureText(texts, texts.listFailed, result->error));
@@ -119,7 +119,7 @@ void ComparisonController::ReadCurrent(ComparisonDialog& dialog, const Shared& j
   const QPointer<ComparisonDialog> open = &dialog;
   parts_.files.Quietly(read, [this, open, job](const interchange::DifferentLines& lines) {
     job->isReading = false;
-    if (!open || !open->isVisible()) return;
+    if (!IsOpen(open)) return;
     if (job->isOutdated) {
       ReadCurrent(*open, job);
     } else {
@@ -146,7 +146,7 @@ void ComparisonController::TakeOver(ComparisonDialog& dialog, const Shared& job)
   job->isTaking = true;
   const QPointer<ComparisonDialog> open = &dialog;
   parts_.files.Quietly(prepare, [this, open, job](const Prepared& prepared) {
-    if (!open || !open->isVisible()) return;
+    if (!IsOpen(open)) return;
     if (prepared.error) {
       ShowFailure(*open, job, prepared.error);
     } else {

@@ -99,7 +99,7 @@ void CurveImportController::Read(CurveImportDialog& dialog, const std::shared_pt
   };
   const QPointer<CurveImportDialog> open = &dialog;
   parts_.files.Quietly(read, [this, open, job](const Result& result) {
-    if (open && open->isVisible()) Show(*open, job, result);
+    if (IsOpen(open)) Show(*open, job, result);
   });
 }
 
