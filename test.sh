@@ -16,8 +16,8 @@
 #   ./test.sh speed       every benchmark beside its yardstick, as one table; writes docs/speed.md
 #   ./test.sh mutants [N [SEED [OPTION...]]]   makes N small faults (60), one at a time, and tells which
 #                         of them no test catches; see scripts/mutants.py --help
-#   ./test.sh all         the first four, the short fuzzing, the format check, and whether the
-#                         benchmarks build, hardened, and the evaluator's documentation
+#   ./test.sh all         the first five, files joined in the builds, the short fuzzing, static, and
+#                         whether the benchmarks build, hardened, and the evaluator's documentation
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
@@ -28,10 +28,10 @@ check_format() {
     xargs clang-format --dry-run -Werror
 }
 
-run() {
+run() { # PRESET [HEADING]
   need "${build_packages[@]}" "${test_packages[@]}"
   [ "$1" = no-gui ] || need "${window_packages[@]}"
-  stage "$1"
+  stage "${2:-$1}"
   build "$1"
   # More than there are cores: many wait, for a timer or for a program that they started.
   in_memory ctest --preset "$1" -j "$((2 * $(nproc)))"
@@ -61,25 +61,27 @@ fuzz() {
 }
 
 fuzz_each() {
-  local failed=0 row target found corpus program options
-  for row in "${fuzz_targets[@]}"; do
-    target=${row%=*}
-    found=$PWD/build/fuzz/found/$target corpus=$PWD/build/fuzz/corpus/$target
-    program=$PWD/build/fuzz/bin/$target
-    options=("$1" -seed=1 -max_len="${row#*=}" -timeout=10 -rss_limit_mb=2048
-      -print_final_stats=1 -artifact_prefix="$found/")
-    [ ! -f "$corpus.dict" ] || options+=(-dict="$corpus.dict")
-    rm -rf "$found"
-    mkdir -p "$found/inputs"
-    printf '%-18s' "$target"
-    if (cd "$found" && "$program" "${options[@]}" inputs "$corpus") >"$found/log" 2>&1; then
-      sed -n 's/^Done //p' "$found/log"
-    else
-      echo "at fault: see $found"
-      failed=1
-    fi
-  done
-  return "$failed"
+  # Each target has a core of its own.
+  export limit=$1
+  export -f fuzz_one
+  printf '%s\0' "${fuzz_targets[@]}" | xargs -0 -n1 -P"$(nproc)" bash -c 'fuzz_one "$@"' fuzz_one
+}
+
+fuzz_one() { # TARGET=LENGTH
+  local target=${1%=*} found corpus program options
+  found=$PWD/build/fuzz/found/$target corpus=$PWD/build/fuzz/corpus/$target
+  program=$PWD/build/fuzz/bin/$target
+  options=("$limit" -seed=1 -max_len="${1#*=}" -timeout=10 -rss_limit_mb=2048
+    -print_final_stats=1 -artifact_prefix="$found/")
+  [ ! -f "$corpus.dict" ] || options+=(-dict="$corpus.dict")
+  rm -rf "$found"
+  mkdir -p "$found/inputs"
+  if (cd "$found" && "$program" "${options[@]}" inputs "$corpus") >"$found/log" 2>&1; then
+    printf '%-18s%s\n' "$target" "$(sed -n 's/^Done //p' "$found/log")"
+  else
+    printf '%-18sat fault: see %s\n' "$target" "$found"
+    return 1
+  fi
 }
 
 faults() {
@@ -136,13 +138,18 @@ case "${1:-dev}" in
   all)
     check_format
     scripts/check-static.sh
-    for preset in dev no-gui asan; do run "$preset"; done
+    need "${docs_packages[@]}"
+    # In one folder: what needs no Qt is the same with it.
+    cmake --fresh --preset check -DZENTAB_GUI=OFF >/dev/null
+    run check "without Qt"
+    cmake --build --preset check --target evaluator_docs
+    cmake --preset check -DZENTAB_GUI=ON >/dev/null
+    run check "with the windows"
+    run asan
     fuzz -max_total_time=10
-    need "${bench_packages[@]}" "${peer_packages[@]}" "${docs_packages[@]}"
+    need "${bench_packages[@]}" "${peer_packages[@]}"
+    stage bench
     build bench
-    # Here at the latest doxygen is found.
-    cmake --preset no-gui >/dev/null
-    cmake --build --preset no-gui --target evaluator_docs
     scripts/check-hardening.sh bench
     ;;
   faults) faults "${@:2}" ;;

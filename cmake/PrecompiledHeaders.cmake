@@ -37,6 +37,16 @@ function(zentab_precompile_qt target)
     USES Qt6::Widgets)
 endfunction()
 
+# For the tests of the windows, which all see the chart.
+function(zentab_precompile_window_test target)
+  zentab_precompile(window_test ${target}
+    HEADERS <qcustomplot.h> <QAbstractItemModelTester> <QAction> <QApplication> <QDir> <QFile>
+      <QLabel> <QListView> <QMenu> <QMimeData> <QPrinter> <QTableView> <QTemporaryDir> <QTest>
+      <QTimer> <algorithm> <filesystem> <functional> <map> <memory> <optional> <regex> <variant>
+      <vector>
+    USES Qt6::Widgets Qt6::PrintSupport Qt6::Test QCustomPlotQt6::QCustomPlotQt6)
+endfunction()
+
 function(zentab_precompile_googletest target)
   zentab_precompile(googletest ${target}
     HEADERS <gtest/gtest.h> <algorithm> <filesystem> <fstream> <sstream>

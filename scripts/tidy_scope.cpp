@@ -26,7 +26,8 @@ class ProjectScope : public clang::tidy::ClangTidyCheck {
     const auto* const unit = result.Nodes.getNodeAs<clang::TranslationUnitDecl>("unit");
     const clang::SourceManager& sources = *result.SourceManager;
     std::vector<clang::Decl*> own;
-    for (clang::Decl* const each : unit->decls()) {
+    // Without those of precompiled headers, which would all be read for it.
+    for (clang::Decl* const each : unit->noload_decls()) {
       if (!sources.isInSystemHeader(sources.getExpansionLoc(each->getLocation()))) {
         own.push_back(each);
       }

@@ -2,13 +2,13 @@
 
 #include "app/session_texts.h"
 #include "curves/entry_points.h"
+#include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
 
 using curves::kMillisecondsPerSecond;
 
-constexpr double kPercent = 100.0;
 constexpr int kMillisecondDigits = 1;
 constexpr int kSecondDigits = 4;
 constexpr int kPercentDigits = 2;
@@ -27,7 +27,7 @@ std::array<std::string, 4> OutcomeOf(const curves::AssessedPoint& point, const S
   return {FixedNumber(point.nominal * (ms ? kMillisecondsPerSecond : 1.0),
                       ms ? kMillisecondDigits : kSecondDigits, session),
           Signed(point.deviation * kMillisecondsPerSecond, kMillisecondDigits, session),
-          Signed(point.ratio * kPercent, kPercentDigits, session),
+          Signed(point.ratio * texts::kPercent, kPercentDigits, session),
           FixedNumber(point.limit * kMillisecondsPerSecond, kMillisecondDigits, session)};
 }
 
@@ -50,7 +50,7 @@ std::string VerdictOn(const curves::Assessment& assessment, const Session& sessi
 std::string LargestDeviationIn(const curves::Assessment& assessment, const Session& session) {
   if (assessment.passed + assessment.failed == 0) return {};
   const std::string largest =
-      FixedNumber(assessment.largestRatio * kPercent, kPercentDigits, session);
+      FixedNumber(assessment.largestRatio * texts::kPercent, kPercentDigits, session);
   return Expanded(session, session.texts.curveDialogs.largest, {largest});
 }
 

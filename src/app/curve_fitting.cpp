@@ -9,12 +9,12 @@
 namespace zentab::app {
 namespace {
 
-constexpr double kPercent = 100.0;
-constexpr double kShownExactly = 1e-5;  // as a ratio
+constexpr double kFiguresExactly = 1e-5;  // as a ratio
 
 // What a fit says is not known to more figures.
-std::string Shown(double number, const Session& session) {
-  return texts::ShortText(number, std::abs(number) * kShownExactly, session.localeDecimalSeparator);
+std::string Figures(double number, const Session& session) {
+  return texts::ShortText(number, std::abs(number) * kFiguresExactly,
+                          session.localeDecimalSeparator);
 }
 
 std::string NameOf(curves::FitParameter parameter, const Session& session) {
@@ -42,7 +42,7 @@ std::string RemarkOn(const curves::FamilyFit& fit, const Session& session) {
     if (!value.isDetermined) {
       open += (open.empty() ? "" : ", ") + name;
     } else if (value.uncertainty) {
-      known += (known.empty() ? "" : ", ") + name + " ± " + Shown(*value.uncertainty, session);
+      known += (known.empty() ? "" : ", ") + name + " ± " + Figures(*value.uncertainty, session);
     }
   }
   if (open.empty()) return known;
@@ -80,14 +80,14 @@ FitRow RowOf(const curves::FamilyFit& fit, const Session& session) {
   row.family = session.texts.curve.*curves::RowOf(found.family).name;
   if (found.family == curves::Family::Own) {
     const auto& [k, alpha, c] = found.constants;
-    row.constants =
-        "k " + Shown(k, session) + ", α " + Shown(alpha, session) + ", c " + Shown(c, session);
+    row.constants = "k " + Figures(k, session) + ", α " + Figures(alpha, session) + ", c " +
+                    Figures(c, session);
   } else {
-    row.multiplier = Shown(found.multiplier, session);
+    row.multiplier = Figures(found.multiplier, session);
   }
-  row.pickup = Shown(found.pickup, session);
-  row.rootMeanSquare = FixedNumber(fit.rootMeanSquare * kPercent, 2, session);
-  row.largest = FixedNumber(fit.largest * kPercent, 2, session);
+  row.pickup = Figures(found.pickup, session);
+  row.rootMeanSquare = FixedNumber(fit.rootMeanSquare * texts::kPercent, 2, session);
+  row.largest = FixedNumber(fit.largest * texts::kPercent, 2, session);
   row.remark = RemarkOn(fit, session);
   return row;
 }

@@ -36,10 +36,10 @@ struct Setting {
   std::string texts::ComparisonTexts::*label;
   std::string (*text)(const CurveTableEntry&, const Session&);
 };
-using T = texts::ComparisonTexts;
-constexpr std::array kSettings = {Setting{&T::name, NameText}, Setting{&T::points, PointsText},
-                                  Setting{&T::loads, LoadsText}, Setting{&T::times, TimesText},
-                                  Setting{&T::instrument, InstrumentText}};
+using D = texts::ComparisonTexts;
+constexpr std::array kComparedSettings = {
+    Setting{&D::name, NameText}, Setting{&D::points, PointsText}, Setting{&D::loads, LoadsText},
+    Setting{&D::times, TimesText}, Setting{&D::instrument, InstrumentText}};
 
 bool HaveOtherNumbers(const ComparedEntry& entry) {
   CurveTableEntry alike = entry.own;
@@ -57,14 +57,14 @@ std::vector<std::string> DifferenceLines(Difference kind, const ComparedEntry& e
   if (kind != Difference::Changed) {
     const bool isAdded = kind == Difference::Added;
     lines.push_back(isAdded ? texts.onlyThere : texts.onlyHere);
-    for (const Setting& setting : kSettings) {
-      if (setting.label == &T::name) continue;
+    for (const Setting& setting : kComparedSettings) {
+      if (setting.label == &D::name) continue;
       const std::string text = setting.text(isAdded ? entry.other : entry.own, session);
       lines.push_back(Expanded(session, texts.*setting.label, {text}));
     }
     return lines;
   }
-  for (const Setting& setting : kSettings) {
+  for (const Setting& setting : kComparedSettings) {
     const std::string own = setting.text(entry.own, session);
     const std::string other = setting.text(entry.other, session);
     if (own == other) continue;

@@ -7,6 +7,7 @@
 
 #include "platform/ascii.h"
 #include "platform/character_case.h"
+#include "texts/characters.h"
 
 namespace zentab::app {
 namespace {
@@ -19,12 +20,10 @@ constexpr std::array<std::string_view, 33> kPlain = {
     "ss", "a", "a", "a", "a", "a", "a", "ae", "c", "e", "e", "e", "e", "i", "i",  "i", "i",
     "d",  "n", "o", "o", "o", "o", "o", "",   "o", "u", "u", "u", "u", "y", "th", "y"};
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // A number as how many digits it has and the digits, without leading zeros.
 std::size_t AppendNumber(std::string_view name, std::size_t at, std::string& key) {
   std::size_t end = at;
-  while (end < name.size() && IsDigit(name[end])) ++end;
+  while (end < name.size() && texts::IsDigit(name[end])) ++end;
   while (at + 1 < end && name[at] == '0') ++at;
   constexpr std::size_t kMostCounted = 255;
   key += '0';
@@ -37,7 +36,7 @@ std::string KeyOfLower(std::string_view name) {
   std::string key;
   key.reserve(name.size() + 4);
   for (std::size_t at = 0; at < name.size();) {
-    if (IsDigit(name[at])) {
+    if (texts::IsDigit(name[at])) {
       at = AppendNumber(name, at, key);
       continue;
     }

@@ -11,26 +11,26 @@
 namespace zentab::app {
 namespace {
 
-struct Range {
+struct Span {
   double least;
   double most;
 };
 
 // Of the cells that are numbers.
-std::optional<Range> RangeOf(const tables::ParsedEntry& entry,
-                             std::string tables::CurvePoint::*cell) {
-  std::optional<Range> range;
+std::optional<Span> RangeOf(const tables::ParsedEntry& entry,
+                            std::string tables::CurvePoint::*cell) {
+  std::optional<Span> range;
   for (const tables::CurvePoint& point : entry.points) {
     const std::optional<double> number = texts::WholeNumber(point.*cell);
     if (!number) continue;
-    range = range ? Range{std::min(range->least, *number), std::max(range->most, *number)}
-                  : Range{*number, *number};
+    range = range ? Span{std::min(range->least, *number), std::max(range->most, *number)}
+                  : Span{*number, *number};
   }
   return range;
 }
 
 std::string RangeText(const Session& session, const std::string& text,
-                      const std::optional<Range>& range, const std::string& unit) {
+                      const std::optional<Span>& range, const std::string& unit) {
   if (!range) return {};
   const auto shown = [&](double number) {
     return texts::NumberText(number, session.localeDecimalSeparator);

@@ -6,6 +6,7 @@
 #include "mathparser/function_documentation.h"
 #include "mathparser/math_parser.h"
 #include "mathparser/operand_documentation.h"
+#include "texts/characters.h"
 #include "texts/number_text.h"
 
 namespace zentab::app {
@@ -36,9 +37,8 @@ std::vector<EquationWord> WordsOf(std::span<const VariableRow> rows, const W& te
   return words;
 }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; }
-bool IsNamePart(char c) { return IsLetter(c) || IsDigit(c); }
+bool IsNamePart(char c) { return IsLetter(c) || texts::IsDigit(c); }
 
 int CharactersIn(std::string_view text) {
   return static_cast<int>(std::ranges::count_if(
@@ -125,7 +125,7 @@ std::optional<WordAtCursor> WordAt(std::string_view equation, std::size_t cursor
   while (word.end < equation.size() && IsNamePart(equation[word.end])) ++word.end;
   // A number that begins what looks like a name has a unit behind it.
   const std::size_t run = word.begin;
-  while (word.begin < cursor && IsDigit(equation[word.begin])) ++word.begin;
+  while (word.begin < cursor && texts::IsDigit(equation[word.begin])) ++word.begin;
   if (word.begin == cursor) return std::nullopt;
   word.isUnit = word.begin > run || (run > 0 && equation[run - 1] == '.');
   return word;

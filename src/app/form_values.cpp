@@ -7,7 +7,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr std::string_view kSection = "Dialogs";
+constexpr std::string_view kFormsSection = "Dialogs";
 
 }  // namespace
 
@@ -41,7 +41,7 @@ std::optional<std::vector<double>> NumbersIn(const FormValues& values, std::stri
 
 FormValues LoadForm(const platform::SettingsStore& store, std::string_view title,
                     std::string_view form) {
-  const std::optional<std::string> text = store.Read(title, kSection, form);
+  const std::optional<std::string> text = store.Read(title, kFormsSection, form);
   if (!text) return {};
   // Whatever else stands there, the dialog begins as it does at first.
   const nlohmann::json object = nlohmann::json::parse(*text, nullptr, false);
@@ -57,7 +57,7 @@ std::error_code SaveForm(platform::SettingsStore& store, std::string_view title,
                          std::string_view form, const FormValues& values) {
   const nlohmann::json object(values);
   return store.Save(
-      title, kSection,
+      title, kFormsSection,
       {{std::string(form), object.dump(-1, ' ', true, nlohmann::json::error_handler_t::replace)}});
 }
 

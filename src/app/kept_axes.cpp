@@ -12,7 +12,7 @@ using editor::ChartAxes;
 using editor::LoadUnit;
 using editor::Range;
 
-constexpr std::string_view kForm = "Axes";
+constexpr std::string_view kAxesForm = "Axes";
 constexpr char kPathMark = '|';  // in front of the path, which ends the row
 
 std::string Packed(const std::optional<Range>& range) {
@@ -61,7 +61,7 @@ std::optional<ChartAxes> Unpacked(std::string_view text) {
 
 KeptAxes KeptAxes::Load(const platform::SettingsStore& store, std::string_view title) {
   KeptAxes kept;
-  const FormValues rows = LoadForm(store, title, kForm);
+  const FormValues rows = LoadForm(store, title, kAxesForm);
   for (std::size_t place = 1; place <= kMost; ++place) {
     const std::string& row = ValueOf(rows, std::to_string(place));
     const std::size_t mark = row.find(kPathMark);
@@ -89,7 +89,7 @@ std::error_code KeptAxes::Save(platform::SettingsStore& store, std::string_view 
   for (const Kept& kept : kept_) {
     rows[std::to_string(rows.size() + 1)] = Packed(kept.axes) + kPathMark + kept.path;
   }
-  return SaveForm(store, title, kForm, rows);
+  return SaveForm(store, title, kAxesForm, rows);
 }
 
 }  // namespace zentab::app

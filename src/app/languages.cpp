@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kSection = "View";
+constexpr std::string_view kViewSection = "View";
 constexpr std::string_view kKey = "Language";
 
 fs::path FolderOf(const fs::path& executable) { return executable.parent_path() / "catalogues"; }
@@ -49,7 +49,8 @@ std::vector<fs::path> OrderOfWords(const std::vector<fs::path>& catalogues,
 
 fs::path KeptLanguage(const platform::SettingsStore& store, std::string_view title,
                       const fs::path& executable) {
-  const fs::path name = platform::ToPath(store.Read(title, kSection, kKey).value_or("")).filename();
+  const fs::path name =
+      platform::ToPath(store.Read(title, kViewSection, kKey).value_or("")).filename();
   std::error_code missing;
   const fs::path file = FolderOf(executable) / name;
   return !name.empty() && fs::is_regular_file(file, missing) ? file : fs::path();
@@ -57,7 +58,8 @@ fs::path KeptLanguage(const platform::SettingsStore& store, std::string_view tit
 
 std::error_code KeepLanguage(platform::SettingsStore& store, std::string_view title,
                              const fs::path& language) {
-  return store.Save(title, kSection, {{std::string(kKey), platform::ToText(language.filename())}});
+  return store.Save(title, kViewSection,
+                    {{std::string(kKey), platform::ToText(language.filename())}});
 }
 
 }  // namespace zentab::app

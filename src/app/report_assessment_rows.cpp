@@ -8,7 +8,7 @@
 namespace zentab::app {
 namespace {
 
-std::string Setting(double number, const Session& session) {
+std::string SettingText(double number, const Session& session) {
   return texts::NumberText(number, session.localeDecimalSeparator);
 }
 
@@ -44,9 +44,9 @@ void AddAssessment(const ReportAssessment& assessment, const Session& session, R
 std::vector<std::string> LimitLines(const Session& session, std::string_view reference,
                                     const curves::Limits& limits) {
   const texts::ReportTexts& words = session.texts.report;
-  const std::string percent = Setting(limits.percent, session);
-  const std::string accuracy = Setting(limits.assignedError, session);
-  const std::string milliseconds = Setting(limits.milliseconds, session);
+  const std::string percent = SettingText(limits.percent, session);
+  const std::string accuracy = SettingText(limits.assignedError, session);
+  const std::string milliseconds = SettingText(limits.milliseconds, session);
   const bool hasMilliseconds = limits.milliseconds > 0.0;
   std::vector<std::string> lines = {Expanded(session, words.reference, {reference})};
   const auto add = [&](const std::string& text, const texts::TemplateArguments& arguments) {
@@ -61,7 +61,7 @@ std::vector<std::string> LimitLines(const Session& session, std::string_view ref
   if (limits.assignedError <= 0.0 && limits.percent <= 0.0)
     add(words.millisecondLimit, {milliseconds});
   if (limits.loadPercent > 0.0) {
-    const std::string load = Setting(limits.loadPercent, session);
+    const std::string load = SettingText(limits.loadPercent, session);
     add(words.loadTolerance, {load});
   }
   return lines;

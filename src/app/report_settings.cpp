@@ -6,7 +6,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr std::string_view kForm = "Report";
+constexpr std::string_view kReportForm = "Report";
 constexpr std::string_view kHeader = "header";
 constexpr std::string_view kPaper = "paper";
 constexpr std::string_view kLetter = "Letter";
@@ -17,7 +17,7 @@ constexpr std::string_view kAssessment = "assessment";
 ReportSettings LoadReportSettings(const platform::SettingsStore& store, std::string_view title,
                                   const ReportSettings& fallback) {
   ReportSettings settings = fallback;
-  const FormValues values = LoadForm(store, title, kForm);
+  const FormValues values = LoadForm(store, title, kReportForm);
   settings.headerLines = HeaderLines(ValueOf(values, kHeader));
   const std::string& paper = ValueOf(values, kPaper);
   if (!paper.empty()) settings.paper = paper == kLetter ? Paper::Letter : Paper::A4;
@@ -33,7 +33,7 @@ std::error_code SaveReportSettings(platform::SettingsStore& store, std::string_v
   for (const std::string& line : settings.headerLines) header += line + '\n';
   values[std::string(kPaper)] = settings.paper == Paper::Letter ? kLetter : "A4";
   values[std::string(kAssessment)] = settings.withAssessment ? "1" : "0";
-  return SaveForm(store, title, kForm, values);
+  return SaveForm(store, title, kReportForm, values);
 }
 
 std::vector<std::string> HeaderLines(std::string_view text) {

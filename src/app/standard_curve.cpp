@@ -38,7 +38,7 @@ constexpr std::array<CurveFieldRow, 19> kFields = {{
 }};
 
 // The fields that the settings of a fault stand in; "step" may mean either of its two.
-constexpr std::pair<std::string_view, std::string_view> kSettings[] = {
+constexpr std::pair<std::string_view, std::string_view> kStandardSettings[] = {
     {"TMS", "tms"},           {"k", "k"},
     {"alpha", "alpha"},       {"c", "c"},
     {"tau", "tau"},           {"factor", "factor"},
@@ -50,7 +50,7 @@ std::string FieldOfSetting(std::string_view setting, Family family) {
   if (setting == "constant") {
     return curves::RowOf(family).form == Form::Square ? "square" : "definite";
   }
-  for (const auto& [name, field] : kSettings) {
+  for (const auto& [name, field] : kStandardSettings) {
     if (name == setting) return std::string(field);
   }
   return {};

@@ -3,11 +3,11 @@
 #include "cli/assessment_arguments.h"
 #include "cli/command.h"
 #include "cli/numbers.h"
+#include "texts/number_text.h"
 
 namespace zentab::cli {
 namespace {
 
-constexpr double kPercent = 100.0;
 using curves::kMillisecondsPerSecond;
 
 struct AssessOptions {
@@ -45,7 +45,7 @@ Cells CellsOf(const curves::AssessedPoint& point, const curves::Point& stored, d
   cells.verdict = point.verdict == curves::Verdict::Passed ? "passed" : "failed";
   cells.numbers[3] = point.nominal * timeFactor;
   cells.numbers[4] = point.deviation * kMillisecondsPerSecond;
-  cells.numbers[5] = point.ratio * kPercent;
+  cells.numbers[5] = point.ratio * texts::kPercent;
   cells.numbers[6] = point.limit * kMillisecondsPerSecond;
   return cells;
 }

@@ -31,9 +31,9 @@ std::optional<double> Given(const std::string& text) {
 }
 
 // The other entry as a reference for loads in this one's unit.
-Exit TakeTable(const AssessmentOptions& options, const std::string& command,
-               const NamedPoints& entry, const NamedPoints& other, const Console& console,
-               curves::Reference& reference) {
+Exit TakeAssessed(const AssessmentOptions& options, const std::string& command,
+                  const NamedPoints& entry, const NamedPoints& other, const Console& console,
+                  curves::Reference& reference) {
   const auto pickup = Given(options.characteristic.pickup);
   auto made = curves::ReferenceOf(other, entry.absolute, pickup);
   const curves::Fault* const fault = curves::FaultOf(made);
@@ -57,7 +57,7 @@ Exit TakeReference(const AssessmentOptions& options, const std::string& command,
     const bool isSame = name == "-" && file.Name() == InputFile::kStandardInput;
     const auto other = isSame ? TakeEntry(file, options.against.back(), console)
                               : TakeEntry(InputFile(name), options.against.back(), console);
-    return other ? TakeTable(options, command, entry, *other, console, reference) : Exit::Failed;
+    return other ? TakeAssessed(options, command, entry, *other, console, reference) : Exit::Failed;
   }
   curves::Characteristic characteristic;
   if (!TakeCharacteristic(options.characteristic, entry.absolute, command, console,

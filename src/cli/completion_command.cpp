@@ -8,7 +8,7 @@ struct CompletionOptions {
 };
 
 // The texts that an option takes, as IsMember names them: "TEXT:{a,b}"; none where it takes any.
-std::vector<std::string> ChoicesOf(const CLI::Option& option) {
+std::vector<std::string> AllowedOf(const CLI::Option& option) {
   const std::string type = option.get_type_name();
   const std::size_t begin = type.find('{');
   const std::size_t end = type.rfind('}');
@@ -56,7 +56,7 @@ std::string BashScript(const CLI::App& program) {
   for (const CLI::App* const command : CommandsOf(program)) {
     words += "    " + command->get_name() + ") words='" + AllNamesOf(*command) + "' ;;\n";
     for (const CLI::Option* const option : OptionsOf(*command)) {
-      const std::vector<std::string> taken = ChoicesOf(*option);
+      const std::vector<std::string> taken = AllowedOf(*option);
       if (taken.empty()) continue;
       for (const std::string& name : NamesOf(*option)) {
         choices += "    '" + command->get_name() + ' ' + name + "') words='" + Joined(taken, " ") +
@@ -100,7 +100,7 @@ std::string ZshText(const std::string& text) {
 std::string ZshArgument(const CLI::Option& option) {
   std::string action;
   if (option.get_items_expected_max() > 0) {
-    const std::vector<std::string> taken = ChoicesOf(option);
+    const std::vector<std::string> taken = AllowedOf(option);
     action = ":value:" + (taken.empty() ? "_files" : '(' + Joined(taken, " ") + ')');
   }
   std::string arguments;

@@ -190,8 +190,7 @@ void WritePoints(const std::vector<curves::Point>& points, double timeFactor, Co
 }
 
 void WriteDeviation(double ratio, Console& console) {
-  constexpr double kPercent = 100.0;
-  console.WriteLine("# deviation=" + Shown(ratio * kPercent));
+  console.WriteLine("# deviation=" + Shown(ratio * texts::kPercent));
 }
 
 }  // namespace zentab::cli

@@ -2,11 +2,10 @@
 #include "cli/command.h"
 #include "cli/curve_arguments.h"
 #include "curves/fit.h"
+#include "texts/number_text.h"
 
 namespace zentab::cli {
 namespace {
-
-constexpr double kPercent = 100.0;
 
 struct FitOptions {
   std::string file;
@@ -50,7 +49,7 @@ std::string LineOf(const curves::FamilyFit& fit, double pickupUnit) {
     line += '\t' + Shown(found.multiplier);
   }
   return line + '\t' + Shown(found.pickup * pickupUnit) + '\t' +
-         Shown(fit.rootMeanSquare * kPercent) + '\t' + Shown(fit.largest * kPercent);
+         Shown(fit.rootMeanSquare * texts::kPercent) + '\t' + Shown(fit.largest * texts::kPercent);
 }
 
 // What the points leave open, in the words of the columns.

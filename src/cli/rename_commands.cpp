@@ -10,7 +10,7 @@
 namespace zentab::cli {
 namespace {
 
-void DeclareEntry(CLI::App& command, std::string& file, std::string& entry) {
+void DeclareRenamed(CLI::App& command, std::string& file, std::string& entry) {
   command.add_option("FILE", file, "Table file")->required()->check(kWrittenFile);
   command.add_option("ENTRY", entry, "Name, or #N for line number N from 0")->required();
 }
@@ -42,7 +42,7 @@ struct RenameOptions {
 };
 
 void DeclareRename(CLI::App& command, RenameOptions& options) {
-  DeclareEntry(command, options.file, options.entry);
+  DeclareRenamed(command, options.file, options.entry);
   command.add_option("NAME", options.name, "The new name")->required();
 }
 
@@ -77,7 +77,7 @@ struct MoveOptions {
 };
 
 void DeclareMove(CLI::App& command, MoveOptions& options) {
-  DeclareEntry(command, options.file, options.entry);
+  DeclareRenamed(command, options.file, options.entry);
   command
       .add_option("POSITION", options.position,
                   "The line number, from 0, that the entry is to have")

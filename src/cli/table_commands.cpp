@@ -104,7 +104,7 @@ std::string CsvOf(const tables::ParsedEntry& entry) {
   return lines;
 }
 
-std::string JsonOf(const std::string& name, const tables::ParsedEntry& entry) {
+std::string JsonOfTable(const std::string& name, const tables::ParsedEntry& entry) {
   nlohmann::ordered_json points = nlohmann::ordered_json::array();
   for (const tables::CurvePoint& point : entry.points) {
     points.push_back({PointNumber(point.load), PointNumber(point.time)});
@@ -128,7 +128,7 @@ Exit Show(const ShowOptions& options, Console& console) {
   if (!read) return NotFound(console, file.Name(), options.entry);
   const tables::ParsedEntry entry = tables::ParseEntryLine(read->line);
   if (options.format == "json") {
-    console.Write(JsonOf(read->name, entry));
+    console.Write(JsonOfTable(read->name, entry));
   } else if (options.format == "csv") {
     console.Write(CsvOf(entry));
   } else {

@@ -9,7 +9,7 @@ namespace {
 constexpr double kPercent = 0.01;
 constexpr double kMillisecond = 0.001;  // s
 // What decimal numbers lose as doubles must not fail a point that lies on its limit.
-constexpr double kRounding = 1e-9;
+constexpr double kLoadRounding = 1e-9;
 constexpr double kTimeRounding = 1e-13;
 // A part of a time that the 15 digits of a number text do not hold.
 constexpr double kUnseen = 1e-14;
@@ -34,7 +34,7 @@ double ClassFactor(double multiple, const std::vector<ClassStep>& steps) {
   if (steps.empty()) return 1.0;
   double factor = steps.front().factor;
   for (const ClassStep& step : steps) {
-    if (multiple >= step.multiple * (1.0 - kRounding)) factor = step.factor;
+    if (multiple >= step.multiple * (1.0 - kLoadRounding)) factor = step.factor;
   }
   return factor;
 }
@@ -66,7 +66,7 @@ AssessedPoint Assessed(const Point& measured, const Reference& reference, const 
   if (std::abs(point.deviation) < kUnseen * *nominal) point.deviation = 0.0;
   point.ratio = point.deviation / *nominal;
   point.limit = LimitAround(measured.load, *nominal, reference, limits);
-  const double allowed = point.limit * (1.0 + kRounding) + kTimeRounding * *nominal;
+  const double allowed = point.limit * (1.0 + kLoadRounding) + kTimeRounding * *nominal;
   point.verdict = std::abs(point.deviation) <= allowed ? Verdict::Passed : Verdict::Failed;
   return point;
 }

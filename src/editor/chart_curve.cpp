@@ -6,14 +6,11 @@
 #include "editor/grid_points.h"
 
 namespace zentab::editor {
-namespace {
 
 void Widen(Range& range, double value, bool first) {
   range.minimum = first ? value : std::min(range.minimum, value);
   range.maximum = first ? value : std::max(range.maximum, value);
 }
-
-}  // namespace
 
 ChartCurve CurveOf(const CurveGrid& grid, std::string_view localeDecimalSeparator) {
   ChartCurve curve;

@@ -23,6 +23,9 @@ struct Range {
   friend bool operator==(const Range&, const Range&) = default;
 };
 
+/// Makes a range hold one more value; the first value of all is the whole range.
+void Widen(Range& range, double value, bool first);
+
 /// What the chart shows of a grid.
 struct ChartCurve {
   std::vector<ChartPoint> points;  // in row order

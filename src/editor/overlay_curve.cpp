@@ -11,11 +11,6 @@ namespace {
 
 constexpr int kBetween = 24;  // loads over the whole range, beside those of the points
 
-void Widen(Range& range, double value, bool first) {
-  range.minimum = first ? value : std::min(range.minimum, value);
-  range.maximum = first ? value : std::max(range.maximum, value);
-}
-
 std::vector<double> LoadsOf(const ChartCurve& curve, const ChartCurve& reference, Range common,
                             bool logarithmic) {
   std::vector<double> loads;

@@ -12,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kLineEnd = "\r\n";
-
 // Gathers lines into blocks.
 class LineWriter {
  public:
@@ -50,7 +48,7 @@ std::error_code WriteLines(platform::InputFile& source, const std::vector<bool>&
   const std::error_code error = platform::ReadLines(source, [&](const platform::RawLine& line) {
     if (*next++) {
       failed = writer.Write(line.text);
-      if (!failed) failed = writer.Write(kLineEnd);
+      if (!failed) failed = writer.Write(platform::kLineEnd);
       ++count;
     }
     return !failed && next != end;

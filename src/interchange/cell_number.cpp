@@ -6,18 +6,19 @@
 #include <cmath>
 #include <string>
 
+#include "texts/characters.h"
+
 namespace zentab::interchange {
 namespace {
 
 constexpr std::size_t kLongestNumber = 400;
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 std::optional<double> PlainNumber(std::string_view text) {
   if (text.starts_with('+')) text.remove_prefix(1);
   const std::size_t first = text.starts_with('-') ? 1 : 0;
   // No "inf" and no "nan".
-  if (text.size() <= first || (!IsDigit(text[first]) && text[first] != '.')) return std::nullopt;
+  if (text.size() <= first || (!texts::IsDigit(text[first]) && text[first] != '.'))
+    return std::nullopt;
   double number = 0.0;
   const char* const end = text.data() + text.size();
   const auto [at, error] = std::from_chars(text.data(), end, number);
@@ -41,7 +42,7 @@ bool TakeGroupsOut(std::string& text, char decimalSign, char groupSign) {
     if (text[at] != groupSign) continue;
     ++groups;
     const std::size_t fromEnd = end - at - groups;
-    if (fromEnd != 3 * groups || at == 0 || !IsDigit(text[at - 1])) return false;
+    if (fromEnd != 3 * groups || at == 0 || !texts::IsDigit(text[at - 1])) return false;
   }
   if (text.find(groupSign, end) != std::string::npos) return false;
   std::erase(text, groupSign);

@@ -9,7 +9,7 @@
 namespace zentab::interchange {
 namespace {
 
-constexpr std::size_t kSampleRows = 1000;
+constexpr std::size_t kSeparatorRows = 1000;
 constexpr std::size_t kSampleBytes = 64u << 10;
 
 bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
@@ -28,7 +28,7 @@ std::size_t ScoreOf(const CellTable& table) {
     if (numbers < 2) continue;
     ++(numbers + empty == std::ssize(cells) ? whole : parts);
   }
-  return whole > 0 ? kSampleRows + whole : parts;
+  return whole > 0 ? kSeparatorRows + whole : parts;
 }
 
 }  // namespace
@@ -109,7 +109,7 @@ char GuessSeparator(std::string_view text, char excluded) {
   std::size_t bestScore = 0;
   for (const char separator : {'\t', ';', ',', '|', kBlanks}) {
     if (separator == excluded) continue;
-    const std::size_t score = ScoreOf(CellTable(std::string(sample), separator, kSampleRows));
+    const std::size_t score = ScoreOf(CellTable(std::string(sample), separator, kSeparatorRows));
     if (score > bestScore) {
       best = separator;
       bestScore = score;
@@ -121,7 +121,7 @@ char GuessSeparator(std::string_view text, char excluded) {
 char GuessDecimalSign(const CellTable& table) {
   std::size_t points = 0;
   std::size_t commas = 0;
-  for (std::size_t row = 0; row < std::min(table.RowCount(), kSampleRows); ++row) {
+  for (std::size_t row = 0; row < std::min(table.RowCount(), kSeparatorRows); ++row) {
     for (const std::string_view cell : table.Row(row)) {
       points += CellNumber(cell, '.') ? 1 : 0;
       commas += CellNumber(cell, ',') ? 1 : 0;

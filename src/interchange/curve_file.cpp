@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kJsonEnd = ".json";
 
-LoadUnit UnitOf(const tables::CurveTableEntry& entry) {
+LoadUnit LoadUnitOf(const tables::CurveTableEntry& entry) {
   if (!entry.absoluteValues) return LoadUnit::Multiple;
   return entry.instrument == tables::Instrument::Voltage ? LoadUnit::Volt : LoadUnit::Ampere;
 }
@@ -23,7 +23,7 @@ ImportedCurve CurveOf(JsonEntry read) {
     curve.points.push_back({texts::LeadingNumber(point.load).value_or(0.0),
                             texts::LeadingNumber(point.time).value_or(0.0)});
   }
-  curve.loadUnit = UnitOf(read.entry);
+  curve.loadUnit = LoadUnitOf(read.entry);
   curve.timeUnit = read.entry.milliseconds ? TimeUnit::Millisecond : TimeUnit::Second;
   curve.stored = std::move(read);
   return curve;

@@ -11,8 +11,6 @@
 namespace zentab::interchange {
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
-
 // The first name that a listed file has already; empty where it has none of them.
 std::string TakenName(const tables::TableListing& listing, const JsonLibrary& library) {
   std::unordered_set<std::string> names;
@@ -41,7 +39,7 @@ std::error_code AddEntries(tables::TableWriter& writer, const std::filesystem::p
     for (const JsonEntry& entry : library.entries) {
       const bool isLast = &entry == &library.entries.back();
       lines += entry.line;
-      lines += entry.ending.empty() && !isLast ? kLineEnd : entry.ending;
+      lines += entry.ending.empty() && !isLast ? platform::kLineEnd : entry.ending;
     }
     return output.Write(lines);
   });
@@ -52,7 +50,7 @@ JsonEntry NewEntry(tables::CurveTableEntry entry) {
       entry.name, [](char c) { return c == '\r' || c == '\n'; }, ' ');
   JsonEntry added;
   added.line = texts::EncodeLine(tables::FormatEntryLine(entry));
-  added.ending = kLineEnd;
+  added.ending = platform::kLineEnd;
   added.entry = std::move(entry);
   return added;
 }

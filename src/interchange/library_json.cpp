@@ -6,6 +6,7 @@
 
 #include "interchange/entry_meaning.h"
 #include "platform/ansi_code_page.h"
+#include "platform/line_reader.h"
 #include "tables/entry_line.h"
 #include "texts/line_encoding.h"
 #include "texts/number_text.h"
@@ -19,7 +20,6 @@ using tables::Instrument;
 
 constexpr std::string_view kFormat = "zentab-library";
 constexpr int kVersion = 1;
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kSingleByte = "single-byte";
 
 struct InstrumentName {
@@ -136,8 +136,8 @@ Outcome<JsonEntry> TakeEntry(const json& object, const std::string& place) {
     entry.instrument = row->instrument;
   }
   TakePoints(object, fields, entry);
-  result.ending = fields.Has("ending") ? fields.Text("ending") : std::string(kLineEnd);
-  constexpr std::array<std::string_view, 4> kEndings = {kLineEnd, "\n", "\r", ""};
+  result.ending = fields.Has("ending") ? fields.Text("ending") : std::string(platform::kLineEnd);
+  constexpr std::array<std::string_view, 4> kEndings = {platform::kLineEnd, "\n", "\r", ""};
   if (std::ranges::find(kEndings, result.ending) == kEndings.end()) fields.Fail("ending");
   const std::optional<std::string> former = FormerLine(fields, entry);
   if (fields.FirstFault()) return *fields.FirstFault();
@@ -186,7 +186,7 @@ std::string JsonOfLine(std::string_view line, std::string_view ending) {
     object["line"] = text;
     if (text != line) object["encoding"] = kSingleByte;
   }
-  if (ending != kLineEnd) object["ending"] = ending;
+  if (ending != platform::kLineEnd) object["ending"] = ending;
   return object.dump(-1, ' ', false, json::error_handler_t::replace);
 }
 

@@ -4,11 +4,10 @@
 #include <vector>
 
 #include "platform/file_reader.h"
+#include "platform/line_reader.h"
 
 namespace zentab::interchange {
 namespace {
-
-constexpr std::string_view kLineEnd = "\r\n";
 
 std::string_view Content(std::string_view line) {
   return line.substr(0, line.find_last_not_of("\r\n") + 1);
@@ -126,9 +125,9 @@ class Taking {
   std::error_code WriteNew(std::string& after) {
     for (const EntryDifference& difference : chosen_) {
       if (difference.before != kNoLine) continue;
-      if (!after.empty() && EndingOf(after).empty()) after += kLineEnd;
+      if (!after.empty() && EndingOf(after).empty()) after += platform::kLineEnd;
       if (const auto error = AddOther(difference, after)) return error;
-      after += kLineEnd;
+      after += platform::kLineEnd;
     }
     return {};
   }

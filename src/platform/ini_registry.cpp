@@ -10,7 +10,6 @@ namespace zentab::platform {
 namespace {
 
 constexpr std::size_t kLongestValue = 1023;
-constexpr std::size_t kLargestFile = 16u << 20;
 constexpr std::string_view kNumberPrefix = "dword:";
 
 std::optional<std::string> ValueText(std::string value) {
@@ -34,7 +33,7 @@ class IniRegistry final : public Registry {
                                                std::string_view valueName) const override {
     std::string text;
     if (folder_.empty() ||
-        ReadWholeFile(SystemFiles(), folder_ / "registry.ini", kLargestFile, text)) {
+        ReadWholeFile(SystemFiles(), folder_ / "registry.ini", kLargestIniFile, text)) {
       return std::nullopt;
     }
     const std::string section =

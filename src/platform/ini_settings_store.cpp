@@ -10,14 +10,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLargestFile = 16u << 20;
-
 // The file's text with the settings in it, and whether they are anything new.
 std::error_code PutSettings(const fs::path& file, std::string_view section,
                             const std::vector<Setting>& settings, std::string& text,
                             bool& differs) {
   std::string former;
-  const std::error_code error = ReadWholeFile(SystemFiles(), file, kLargestFile, former);
+  const std::error_code error = ReadWholeFile(SystemFiles(), file, kLargestIniFile, former);
   if (error && error != std::errc::no_such_file_or_directory) return error;
   IniText ini(former);
   for (const Setting& setting : settings) {
@@ -39,7 +37,7 @@ class IniSettingsStore final : public SettingsStore {
     const fs::path file = FileOf(application);
     if (file.empty()) return std::nullopt;
     std::string text;
-    if (ReadWholeFile(SystemFiles(), file, kLargestFile, text)) return std::nullopt;
+    if (ReadWholeFile(SystemFiles(), file, kLargestIniFile, text)) return std::nullopt;
     return IniText(std::move(text)).Find(section, key);
   }
 

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace zentab::platform {
+
+/// In bytes; a larger one is not read.
+inline constexpr std::size_t kLargestIniFile = 16u << 20;
 
 /// The text of an INI file that is changed value by value: lines that mean nothing here, comments
 /// and the order of all lines stay as they are. Section and key names match without regard to

@@ -32,6 +32,9 @@ inline constexpr std::size_t kLongestLine = 64u << 20;
 /// The mark that editors of other systems put in front of a text.
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
+/// What ends a line that the program writes.
+inline constexpr std::string_view kLineEnd = "\r\n";
+
 /// Hands the lines of a file to `take`, one after the other, without a byte-order mark in front of
 /// the first. The file is read in large blocks; memory grows with the longest line, not with the
 /// file. Fails with what the system says when the file cannot be opened, is no regular file or

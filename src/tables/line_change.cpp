@@ -12,7 +12,7 @@ namespace zentab::tables {
 namespace {
 
 // The text in front of the first line end, which is taken off together with it.
-std::string_view TakeLine(std::string_view& rest) {
+std::string_view NextLine(std::string_view& rest) {
   const std::size_t length = std::min(rest.size(), rest.find_first_of("\r\n"));
   const std::string_view line = rest.substr(0, length);
   rest.remove_prefix(length);
@@ -22,7 +22,7 @@ std::string_view TakeLine(std::string_view& rest) {
 
 std::vector<std::uint64_t> HashesOf(std::string_view lines) {
   std::vector<std::uint64_t> hashes;
-  while (!lines.empty()) hashes.push_back(HashOf(TakeLine(lines)));
+  while (!lines.empty()) hashes.push_back(HashOf(NextLine(lines)));
   return hashes;
 }
 
@@ -73,7 +73,7 @@ std::uint64_t PlaceBetween(const LineChange& change, const TableListing& listing
 std::unordered_set<std::string> LowerNames(std::string_view lines) {
   std::unordered_set<std::string> names;
   while (!lines.empty()) {
-    if (const auto name = ParseEntryName(TakeLine(lines))) {
+    if (const auto name = ParseEntryName(NextLine(lines))) {
       names.insert(platform::LowerCase(*name));
     }
   }
@@ -117,7 +117,7 @@ std::optional<BytePlace> PlaceFor(const LineChange& change, const TableListing& 
 std::optional<EntryMark> FirstEntry(const LineChange& change, const TableListing& listing) {
   if (change.after.empty()) return std::nullopt;
   std::string_view rest = change.after;
-  EntryMark mark = {LineAt(listing, change.offset), HashOf(TakeLine(rest))};
+  EntryMark mark = {LineAt(listing, change.offset), HashOf(NextLine(rest))};
   mark.index = listing.PlaceOf(mark);
   return mark.index < listing.names.size() ? std::optional(mark) : std::nullopt;
 }

@@ -1,5 +1,6 @@
 #include "testset/reference_graph_writer.h"
 
+#include "platform/line_reader.h"
 #include "platform/paths.h"
 #include "platform/safe_file_replacement.h"
 #include "texts/characters.h"
@@ -7,8 +8,6 @@
 
 namespace zentab::testset {
 namespace {
-
-constexpr std::string_view kLineEnd = "\r\n";
 
 std::string FirstLine(const GraphDate& date) {
   constexpr std::size_t kPrintZone = 14;  // columns
@@ -29,18 +28,21 @@ void AddPoint(std::string& line, const GraphPoint& point) {
 
 std::string FormatReferenceGraph(const std::vector<GraphSegment>& segments, const GraphDate& date) {
   const std::string count = std::to_string(segments.size());
-  std::string bytes = FirstLine(date).append(kLineEnd);
-  bytes.append(count).append(kLineEnd);
+  std::string bytes = FirstLine(date).append(platform::kLineEnd);
+  bytes.append(count).append(platform::kLineEnd);
   for (const GraphSegment& segment : segments) {
     AddPoint(bytes, segment.start);
     AddPoint(bytes, segment.end);
-    bytes.append("0.000000 0.000000 0.000000").append(kLineEnd).append("0 0").append(kLineEnd);
+    bytes.append("0.000000 0.000000 0.000000")
+        .append(platform::kLineEnd)
+        .append("0 0")
+        .append(platform::kLineEnd);
   }
   // The last line's colour has the green component only.
   for (const std::string& line :
        {std::string(), std::string("0"), std::string(), count, std::string("1 0 0"),
         std::string("2"), std::string("0"), std::string("0"), std::string("0 65280")}) {
-    bytes.append(line).append(kLineEnd);
+    bytes.append(line).append(platform::kLineEnd);
   }
   return bytes;
 }

@@ -5,6 +5,9 @@
 
 namespace zentab::texts {
 
+/// Whether it is one of 0 to 9, whatever the locale says.
+[[nodiscard]] constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 /// The characters of a UTF-8 text, one number each; bytes that are no UTF-8 become U+FFFD.
 [[nodiscard]] std::u32string ToCharacters(std::string_view utf8);
 

@@ -1,11 +1,7 @@
 #include "texts/key_table.h"
 
 namespace zentab::texts {
-namespace {
-
-constexpr bool kExpanded = true;
-
-}  // namespace
+namespace {}  // namespace
 
 const std::vector<KeyRow>& ChartRows() {
   static const std::vector<KeyRow> rows = {

@@ -3,8 +3,6 @@
 namespace zentab::texts {
 namespace {
 
-constexpr bool kExpanded = true;
-
 using I = InstrumentTexts;
 using M = MessageText;
 using L = LabelTexts;

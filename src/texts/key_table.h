@@ -130,6 +130,8 @@ struct KeyRow {
   TextEffect effect;
   bool expanded = false;
 };
+/// For a row whose text has its pairs of "\\" and a letter replaced.
+inline constexpr bool kExpanded = true;
 
 /// The keys of the texts about characteristics and operations on curves.
 [[nodiscard]] const std::vector<KeyRow>& CurveRows();

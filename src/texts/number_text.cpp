@@ -7,12 +7,12 @@
 #include <cmath>
 #include <limits>
 
+#include "texts/characters.h"
+
 namespace zentab::texts {
 namespace {
 
 constexpr int kSignificantDigits = 15;
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::size_t PastDigits(std::string_view text, std::size_t at) {
   while (at < text.size() && IsDigit(text[at])) ++at;

@@ -7,6 +7,9 @@
 
 namespace zentab::texts {
 
+/// Of a ratio of 1.
+inline constexpr double kPercent = 100.0;
+
 /// The text without the blanks (character 32) on both sides; tabs and others stay.
 [[nodiscard]] std::string_view TrimBlanks(std::string_view text);
 

@@ -1,24 +1,21 @@
 #include "timetest/import_trace.h"
 
+#include "platform/line_reader.h"
 #include "platform/safe_file_replacement.h"
 #include "texts/number_text.h"
 
 namespace zentab::timetest {
-namespace {
-
-constexpr std::string_view kLineEnd = "\r\n";
-
-}  // namespace
+namespace {}  // namespace
 
 bool ImportTrace::WriteSection(const std::vector<std::string>& headings,
                                const std::vector<MeasuredPoint>& points, ProgressMeter progress) {
-  if (!text_.empty()) text_ += kLineEnd;
-  for (const std::string& heading : headings) text_.append(heading).append(kLineEnd);
+  if (!text_.empty()) text_ += platform::kLineEnd;
+  for (const std::string& heading : headings) text_.append(heading).append(platform::kLineEnd);
   for (std::size_t at = 0; at < points.size(); ++at) {
     const MeasuredPoint& point = points[at];
     text_.append(texts::FixedText(point.load, 3)).append("\t");
     text_.append(texts::FixedText(point.time, 3)).append("\t");
-    text_.append(texts::FixedText(point.difference, 4)).append(kLineEnd);
+    text_.append(texts::FixedText(point.difference, 4)).append(platform::kLineEnd);
     if (!progress.Step(at, points.size())) return false;
   }
   return true;

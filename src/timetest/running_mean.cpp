@@ -12,7 +12,7 @@ namespace zentab::timetest {
 namespace {
 
 // Sums of as many windows at a time as keep the adders of the processor busy.
-constexpr std::size_t kLanes = 16;
+constexpr std::size_t kMeanLanes = 16;
 // Wider windows take noticeably longer.
 constexpr std::size_t kUsualWidth = 64;
 
@@ -54,15 +54,15 @@ double Mean(const double* times, std::size_t count, double sum) {
   return std::clamp(mean, *least, *greatest);
 }
 
-// Puts the mean of times (at - width, at] into each point from `at` on, up to kLanes of them.
+// Puts the mean of times (at - width, at] into each point from `at` on, up to kMeanLanes of them.
 void AverageLanes(std::vector<MeasuredPoint>& points, const std::vector<double>& times,
                   std::size_t at, std::size_t width) {
-  const std::size_t lanes = std::min(kLanes, points.size() - at);
+  const std::size_t lanes = std::min(kMeanLanes, points.size() - at);
   const double* const oldest = times.data() + at + 1 - width;
-  std::array<double, kLanes> sums{};
-  if (lanes == kLanes) {
+  std::array<double, kMeanLanes> sums{};
+  if (lanes == kMeanLanes) {
     for (std::size_t term = 0; term < width; ++term) {
-      for (std::size_t lane = 0; lane < kLanes; ++lane) sums[lane] += oldest[term + lane];
+      for (std::size_t lane = 0; lane < kMeanLanes; ++lane) sums[lane] += oldest[term + lane];
     }
   } else {
     for (std::size_t term = 0; term < width; ++term) {
@@ -93,7 +93,7 @@ bool AverageTimes(std::vector<MeasuredPoint>& points, int width, ProgressMeter p
   std::optional<WideSums> wide;
   if (!slides && WideSums::CanAdd(times, terms)) wide.emplace(times, terms);
   const bool isSingle = slides || wide;
-  const std::size_t step = isSingle ? 1 : kLanes;
+  const std::size_t step = isSingle ? 1 : kMeanLanes;
   const std::size_t effort = isSingle ? 1 : 1 + terms / kUsualWidth;
   for (std::size_t at = beginnings; at < times.size(); at += step) {
     if (slides) {

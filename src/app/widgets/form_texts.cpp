@@ -3,12 +3,10 @@
 #include <QMetaProperty>
 #include <algorithm>
 
+#include "app/widgets/qt_text.h"
+
 namespace zentab::app {
 namespace {
-
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 // Words of catalogues that others show, as soon as there are some: they follow the instrument. The
 // title has the name of a file behind it before any catalogue has given another one.

@@ -13,13 +13,13 @@
 namespace zentab::app {
 namespace {
 
-struct CommandRow {
+struct QuickCommandRow {
   const char* action;
   const char* icon;
   bool beginsGroup;
 };
 
-constexpr CommandRow kCommands[] = {
+constexpr QuickCommandRow kQuickCommands[] = {
     {"m_act", "open", false},     {"m_undo", "undo", true},
     {"m_redo", "redo", false},    {"m_standard", "standard", true},
     {"m_fitcurve", "fit", false}, {"m_assess", "assess", false},
@@ -36,7 +36,7 @@ QuickCommands::QuickCommands(QMenuBar& bar) : QWidget(&bar) {
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, kGroupSpace, 0);
   row->setSpacing(1);
-  for (const CommandRow& command : kCommands) {
+  for (const QuickCommandRow& command : kQuickCommands) {
     auto* const action = bar.window()->findChild<QAction*>(QLatin1String(command.action));
     if (command.beginsGroup) row->addSpacing(kGroupSpace);
     row->addWidget(AddButton(*action, QLatin1String(command.icon)));

@@ -10,7 +10,7 @@ namespace zentab::app {
 namespace {
 
 // Points of the texts of a desktop, and the most that one begins with.
-constexpr double kUsualSize = 9.0;
+constexpr double kUsualPoints = 9.0;
 constexpr double kLargestUsual = 12.0;
 
 class QtFontSystem : public texts::FontSystem {
@@ -30,7 +30,7 @@ class QtFontSystem : public texts::FontSystem {
 
 double TextScale() {
   const double size = QApplication::font().pointSizeF();
-  return size > kLargestUsual ? size / kUsualSize : 1.0;
+  return size > kLargestUsual ? size / kUsualPoints : 1.0;
 }
 
 void ApplyUiFont(QWidget& window, texts::UiFontChoice& choice) {

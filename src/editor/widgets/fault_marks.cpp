@@ -7,10 +7,10 @@
 namespace zentab::editor {
 namespace {
 
-constexpr double kSide = 11.0;   // logical pixels
-constexpr double kMargin = 4.0;  // left of it
-constexpr double kStroke = 1.5;  // of the sign inside
-constexpr int kDarkBelow = 128;  // the lightness of a background
+constexpr double kMarkSide = 11.0;   // logical pixels
+constexpr double kMarkMargin = 4.0;  // left of it
+constexpr double kStroke = 1.5;      // of the sign inside
+constexpr int kDarkBelow = 128;      // the lightness of a background
 
 QColor Warning(const QColor& background) {
   return background.lightness() < kDarkBelow ? QColor(0xF5, 0xB0, 0x30) : QColor(0xB4, 0x53, 0x09);
@@ -44,7 +44,8 @@ void FaultMarks::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QColor colour =
       isSelected ? option.palette.color(QPalette::HighlightedText) : Warning(background);
   const QRectF cell(option.rect);
-  const QRectF place(cell.left() + kMargin, cell.center().y() - kSide / 2.0, kSide, kSide - 1.0);
+  const QRectF place(cell.left() + kMarkMargin, cell.center().y() - kMarkSide / 2.0, kMarkSide,
+                     kMarkSide - 1.0);
   DrawMark(*painter, place, colour, background);
 }
 

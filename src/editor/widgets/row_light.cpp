@@ -11,7 +11,7 @@
 namespace zentab::editor {
 namespace {
 
-constexpr double kPen = 2.0;
+constexpr double kLightPen = 2.0;
 constexpr int kTint = 40;  // of 255, over the row
 
 }  // namespace
@@ -69,7 +69,7 @@ bool RowLight::eventFilter(QObject* watched, QEvent* event) {
 void RowLight::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   QColor colour = AccentOn(palette().color(QPalette::Base));
-  painter.setPen(QPen(colour, kPen));
+  painter.setPen(QPen(colour, kLightPen));
   colour.setAlpha(kTint);
   painter.setBrush(colour);
   painter.drawRect(QRectF(rect()).adjusted(1.0, 1.0, -1.0, -1.0));

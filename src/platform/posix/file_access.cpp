@@ -9,6 +9,7 @@
 
 #include "platform/file_errors.h"
 #include "platform/posix/access_list.h"
+#include "platform/posix/last_error.h"
 
 namespace zentab::platform {
 namespace {
@@ -17,8 +18,6 @@ namespace fs = std::filesystem;
 
 // Access lists of NFS version 4, which every file there has.
 constexpr const char* kNfsAccessList = "system.nfs4_acl";
-
-std::error_code LastError() { return {errno, std::generic_category()}; }
 
 // What a call that fills a buffer gives; asked with none, it tells the size.
 template <class Call>

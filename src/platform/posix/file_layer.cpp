@@ -10,13 +10,12 @@
 #include "platform/posix/file_access.h"
 #include "platform/posix/file_lock.h"
 #include "platform/posix/input_file.h"
+#include "platform/posix/last_error.h"
 
 namespace zentab::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::error_code LastError() { return {errno, std::generic_category()}; }
 
 class PosixOutputFile final : public OutputFile {
  public:

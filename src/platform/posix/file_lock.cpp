@@ -12,13 +12,12 @@
 
 #include "platform/file_errors.h"
 #include "platform/posix/file_access.h"
+#include "platform/posix/last_error.h"
 
 namespace zentab::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::error_code LastError() { return {errno, std::generic_category()}; }
 
 constexpr mode_t kEveryone = 0666;
 constexpr int kFlags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;

@@ -6,11 +6,10 @@
 #include <cerrno>
 
 #include "platform/file_errors.h"
+#include "platform/posix/last_error.h"
 
 namespace zentab::platform {
 namespace {
-
-std::error_code LastError() { return {errno, std::generic_category()}; }
 
 class PosixInputFile final : public InputFile {
  public:

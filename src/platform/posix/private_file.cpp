@@ -8,12 +8,12 @@
 #include <cstdlib>
 #include <string>
 
+#include "platform/posix/last_error.h"
+
 namespace zentab::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::error_code LastError() { return {errno, std::generic_category()}; }
 
 class PosixPrivateFile final : public PrivateFile {
  public:

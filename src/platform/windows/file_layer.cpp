@@ -8,13 +8,12 @@
 #include "platform/file_errors.h"
 #include "platform/windows/file_replacement.h"
 #include "platform/windows/input_file.h"
+#include "platform/windows/last_error.h"
 
 namespace zentab::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::error_code LastError() { return {static_cast<int>(GetLastError()), std::system_category()}; }
 
 class WindowsOutputFile final : public OutputFile {
  public:

@@ -5,11 +5,10 @@
 #include <thread>
 
 #include "platform/file_errors.h"
+#include "platform/windows/last_error.h"
 
 namespace zentab::platform {
 namespace {
-
-std::error_code LastError() { return {static_cast<int>(GetLastError()), std::system_category()}; }
 
 std::uint64_t Joined(DWORD high, DWORD low) {
   return (static_cast<std::uint64_t>(high) << 32) | low;

@@ -9,18 +9,17 @@ namespace zentab::app {
 namespace {
 
 using editor::ChartAxes;
-using editor::LoadUnit;
 
 struct UnitRow {
   const char* name;
   const char* caption;
-  LoadUnit unit;
+  editor::LoadUnit unit;
 };
 
 constexpr std::array<UnitRow, 3> kUnits = {{
-    {"m_unitgrid", "Loads as in the &grid", LoadUnit::AsInGrid},
-    {"m_unitmult", "Loads in &multiples of the pickup value", LoadUnit::Multiples},
-    {"m_unitabs", "Loads in &amperes or volts", LoadUnit::Absolute},
+    {"m_unitgrid", "Loads as in the &grid", editor::LoadUnit::AsInGrid},
+    {"m_unitmult", "Loads in &multiples of the pickup value", editor::LoadUnit::Multiples},
+    {"m_unitabs", "Loads in &amperes or volts", editor::LoadUnit::Absolute},
 }};
 
 }  // namespace
@@ -68,7 +67,7 @@ void AxesMenu::AddSwitches(QMenu& menu) {
 
 void AxesMenu::AddUnits(QMenu& menu) {
   for (const UnitRow& row : kUnits) {
-    const LoadUnit unit = row.unit;
+    const editor::LoadUnit unit = row.unit;
     units_->addAction(AddSwitch(
         menu, row.name, QString::fromUtf8(row.caption),
         [unit](const ChartAxes& on) { return on.unit == unit; },

@@ -13,7 +13,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr int kFieldWidth = 64;
+constexpr int kReadOutWidth = 64;
 
 }  // namespace
 
@@ -88,7 +88,7 @@ QWidget* ChartPanel::BuildStrip() {
     label->setBuddy(text);
     label->hide();
     text->setObjectName(QLatin1String(name));
-    text->setMaximumWidth(static_cast<int>(kFieldWidth * TextScale()));
+    text->setMaximumWidth(static_cast<int>(kReadOutWidth * TextScale()));
     text->hide();
     fields->addWidget(label);
     fields->addWidget(text);

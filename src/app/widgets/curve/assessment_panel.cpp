@@ -12,19 +12,18 @@
 
 #include "app/assessment_texts.h"
 #include "app/standard_curve.h"
+#include "app/widgets/qt_text.h"
 #include "app/widgets/window_font.h"
 #include "editor/widgets/chart/chart_colours.h"
 
 namespace zentab::app {
 namespace {
 
-constexpr int kColumns = static_cast<int>(AssessedRow::kNumbers) + 1;
-constexpr int kFieldWidth = 56;
+constexpr int kAssessmentColumns = static_cast<int>(AssessedRow::kNumbers) + 1;
+constexpr int kLimitWidth = 56;
 constexpr int kFactorsWidth = 120;
 constexpr int kLeastHeight = 120;
 constexpr int kUsualHeight = 230;
-
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
 
@@ -34,7 +33,7 @@ AssessmentPanel::AssessmentPanel(const Session& session, QWidget* parent)
       referenceLabel_(new QLabel(this)),
       reference_(new QLabel(this)),
       verdict_(new QLabel(this)),
-      table_(new QTableWidget(0, kColumns, this)) {
+      table_(new QTableWidget(0, kAssessmentColumns, this)) {
   setObjectName(QStringLiteral("PanelAssessment"));
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 4, 0, 0);
@@ -80,7 +79,7 @@ void AssessmentPanel::BuildLimitsRow() {
     auto* const label = new QLabel(this);
     auto* const field = new QLineEdit(this);
     field->setObjectName(QLatin1String("Limit_") + QLatin1String(name));
-    const int width = name == std::string_view("factors") ? kFactorsWidth : kFieldWidth;
+    const int width = name == std::string_view("factors") ? kFactorsWidth : kLimitWidth;
     field->setMaximumWidth(static_cast<int>(width * TextScale()));
     label->setBuddy(field);
     limits_[name] = field;
@@ -142,7 +141,7 @@ void AssessmentPanel::ShowTexts() {
   // Where there is no room for all headings the table scrolls.
   QHeaderView& header = *table_->horizontalHeader();
   int widest = 0;
-  for (int column = 0; column < kColumns; ++column) {
+  for (int column = 0; column < kAssessmentColumns; ++column) {
     widest = std::max(widest, header.sectionSizeHint(column));
   }
   header.setMinimumSectionSize(widest);
@@ -156,8 +155,8 @@ void AssessmentPanel::ShowReference(const std::string& name) {
 
 void AssessmentPanel::Fill(int at, const AssessedRow& row) {
   table_->setVerticalHeaderItem(at, new QTableWidgetItem(QString::number(row.row)));
-  for (int column = 0; column < kColumns; ++column) {
-    const bool isVerdict = column + 1 == kColumns;
+  for (int column = 0; column < kAssessmentColumns; ++column) {
+    const bool isVerdict = column + 1 == kAssessmentColumns;
     const std::string& text =
         isVerdict ? WordFor(row.verdict, session_) : row.numbers[static_cast<std::size_t>(column)];
     auto* const item = new QTableWidgetItem(ToQt(text));

@@ -22,13 +22,13 @@ constexpr const char* kFitForm = "Fit";
 constexpr const char* kThinForm = "ThinOut";
 constexpr const char* kResampleForm = "Resample";
 
-struct CommandRow {
+struct CurveCommandRow {
   const char* name;
   const char* caption;
   void (CurveController::*command)();
   QKeyCombination key = Qt::Key_unknown;
 };
-constexpr CommandRow kCommands[] = {
+constexpr CurveCommandRow kCurveCommands[] = {
     {"m_standard", "&Standard curve…", &CurveController::StandardCurve, Qt::CTRL | Qt::Key_K},
     {"m_fitcurve", "&Fit…", &CurveController::FitCurve},
     {"m_thin", "&Thin out…", &CurveController::ThinOut},
@@ -49,7 +49,7 @@ CurveController::CurveController(Session& session, KeptForms forms, editor::Curv
 QMenu* CurveController::AddMenu(QMenuBar& bar) const {
   QMenu* const menu = bar.addMenu(QStringLiteral("Cur&ve"));
   menu->setObjectName(QStringLiteral("m_curve"));
-  for (const CommandRow& row : kCommands) {
+  for (const CurveCommandRow& row : kCurveCommands) {
     QAction* const action = menu->addAction(QString::fromUtf8(row.caption));
     action->setObjectName(QLatin1String(row.name));
     if (row.key.key() != Qt::Key_unknown) action->setShortcut(row.key);

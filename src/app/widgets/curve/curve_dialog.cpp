@@ -8,12 +8,12 @@
 #include "app/widgets/curve/beside_chart.h"
 #include "app/widgets/dialog_buttons.h"
 #include "editor/widgets/chart/preview_curve.h"
+#include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
 
-constexpr int kWidth = 358;  // of what is in it, at least
-constexpr double kPercent = 100.0;
+constexpr int kFormWidth = 358;  // of what is in it, at least
 
 }  // namespace
 
@@ -42,7 +42,7 @@ CurveDialog::CurveDialog(const char* name, const Session& session, editor::Previ
   layout->addWidget(outcome_);
   layout->addWidget(buttons);
   // One of the dialog's own would let it become too narrow for longer texts.
-  outcome_->setMinimumWidth(kWidth);
+  outcome_->setMinimumWidth(kFormWidth);
 }
 
 void CurveDialog::OpenBeside(const QWidget& chart) { app::OpenBeside(*this, chart); }
@@ -54,7 +54,7 @@ std::string CurveDialog::Describe(const CurveProposal& proposal) const {
   const std::string count = std::to_string(proposal.points.size());
   if (!proposal.deviation) return Expanded(session_, texts.count, {count});
   return Expanded(session_, texts.deviation,
-                  {count, FixedNumber(*proposal.deviation * kPercent, 2, session_)});
+                  {count, FixedNumber(*proposal.deviation * texts::kPercent, 2, session_)});
 }
 
 void CurveDialog::Refresh() {

@@ -12,19 +12,18 @@
 #include "app/grid_curve.h"
 #include "app/session_texts.h"
 #include "app/widgets/accessible_names.h"
+#include "app/widgets/qt_text.h"
 #include "app/widgets/window_font.h"
 #include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
 
-constexpr int kColumns = 5;
+constexpr int kFitColumns = 5;
 constexpr int kRowRole = Qt::UserRole;
 constexpr int kPointsHeight = 130;
 constexpr int kRowRoom = 6;
-constexpr QSize kUsualSize(540, 560);
-
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
+constexpr QSize kFitSize(540, 560);
 
 }  // namespace
 
@@ -32,7 +31,7 @@ FitDialog::FitDialog(const Session& session, editor::PreviewCurve& preview, cons
                      QWidget* parent)
     : CurveDialog("FormFit", session, preview, parent),
       points_(new QListWidget(this)),
-      table_(new QTableWidget(0, kColumns, this)),
+      table_(new QTableWidget(0, kFitColumns, this)),
       pickupFree_(new QCheckBox(ToQt(session.texts.curveDialogs.pickupFree), this)) {
   BuildFits();
   BuildPoints();
@@ -46,7 +45,7 @@ FitDialog::FitDialog(const Session& session, editor::PreviewCurve& preview, cons
   connect(pickupFree_, &QCheckBox::toggled, this, &FitDialog::FitAgain);
   connect(points_, &QListWidget::itemChanged, this, &FitDialog::FitAgain);
   connect(table_, &QTableWidget::itemSelectionChanged, this, &FitDialog::Refresh);
-  resize(kUsualSize * TextScale());
+  resize(kFitSize * TextScale());
   table_->setFocus();
   FitAgain();
 }
@@ -122,9 +121,9 @@ void FitDialog::ShowFits(const std::vector<curves::FamilyFit>& fits) {
   table_->setRowCount(static_cast<int>(fits.size()));
   for (int at = 0; at < table_->rowCount(); ++at) {
     const FitRow row = RowOf(fits[static_cast<std::size_t>(at)], CurrentSession());
-    const std::string* const cells[kColumns] = {&row.family, &row.multiplier, &row.pickup,
-                                                &row.rootMeanSquare, &row.largest};
-    for (int column = 0; column < kColumns; ++column) {
+    const std::string* const cells[kFitColumns] = {&row.family, &row.multiplier, &row.pickup,
+                                                   &row.rootMeanSquare, &row.largest};
+    for (int column = 0; column < kFitColumns; ++column) {
       auto* const item = new QTableWidgetItem(ToQt(*cells[column]));
       item->setToolTip(ToQt(row.remark.empty() ? *cells[column] : row.remark));
       if (column > 0) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);

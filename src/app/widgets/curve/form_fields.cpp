@@ -7,15 +7,12 @@
 #include <QSignalBlocker>
 
 #include "app/widgets/accessible_names.h"
+#include "app/widgets/qt_text.h"
 
 namespace zentab::app {
 namespace {
 
 constexpr int kTextWidth = 110;
-
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 }  // namespace
 

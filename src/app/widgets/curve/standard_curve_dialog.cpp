@@ -12,15 +12,12 @@
 #include "app/widgets/accessible_names.h"
 #include "app/widgets/curve/form_fields.h"
 #include "app/widgets/equation/equation_field.h"
+#include "app/widgets/qt_text.h"
 
 namespace zentab::app {
 namespace {
 
 using curves::Family;
-
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 // As a switch of a form has it.
 std::string_view Absolute(const Session& session) {

@@ -10,13 +10,13 @@
 #include "app/grid_curve.h"
 #include "app/session_texts.h"
 #include "app/widgets/accessible_names.h"
+#include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
 
 constexpr int kFewest = 2;
 constexpr int kUsual = 10;
-constexpr double kPercent = 100.0;
 
 }  // namespace
 
@@ -55,7 +55,8 @@ std::string ThinDialog::Describe(const CurveProposal& proposal) const {
   const std::string all = std::to_string(points_);
   return Expanded(
       CurrentSession(), CurrentSession().texts.curveDialogs.thinned,
-      {kept, all, FixedNumber(proposal.deviation.value_or(0.0) * kPercent, 2, CurrentSession())});
+      {kept, all,
+       FixedNumber(proposal.deviation.value_or(0.0) * texts::kPercent, 2, CurrentSession())});
 }
 
 }  // namespace zentab::app

@@ -15,7 +15,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr const char* kKeys = "m_keys";
+constexpr const char* kKeysAction = "m_keys";
 constexpr const char* kLog = "m_sessionlog";
 constexpr const char* kAbout = "m_about";
 
@@ -33,7 +33,7 @@ HelpMenu::HelpMenu(const Parts& parts) : QObject(&parts.form), parts_(parts) {
   };
   for (const auto& [name, caption, run] :
        {CommandRow{"m_guide", "&Guide", &HelpMenu::ShowGuide},
-        CommandRow{kKeys, "&Keys", &HelpMenu::ShowKeys},
+        CommandRow{kKeysAction, "&Keys", &HelpMenu::ShowKeys},
         CommandRow{kLog, "&Log of this session", &HelpMenu::ShowLog},
         CommandRow{kAbout, "&About Zentab", &HelpMenu::ShowAbout}}) {
     QAction* const action = menu->addAction(QString::fromUtf8(caption));
@@ -47,7 +47,7 @@ void HelpMenu::ShowGuide() { parts_.guide.OpenFor(QApplication::focusWidget()); 
 
 void HelpMenu::ShowKeys() {
   const texts::HelpTexts& texts = parts_.session.texts.help;
-  Show(kKeys, {{}, {}, {Of(texts.command), Of(texts.keys)}, KeysOf(parts_.form)});
+  Show(kKeysAction, {{}, {}, {Of(texts.command), Of(texts.keys)}, KeysOf(parts_.form)});
 }
 
 void HelpMenu::ShowLog() {
@@ -73,7 +73,7 @@ void HelpMenu::Show(const char* action, TextTable table) {
   table.title = PlainTitle(parts_.form.findChild<QAction*>(QLatin1String(action))->text());
   auto* const dialog = new TextTableDialog(table, parts_.session, &parts_.form);
   connect(dialog, &TextTableDialog::GuideWanted, this,
-          [this, isKeys = action == kKeys] { parts_.guide.Open(isKeys ? "keys" : "index"); });
+          [this, isKeys = action == kKeysAction] { parts_.guide.Open(isKeys ? "keys" : "index"); });
   dialog->open();
 }
 

@@ -11,7 +11,7 @@
 namespace zentab::app {
 namespace {
 
-QString Shown(const QList<QKeySequence>& keys) {
+QString TextOf(const QList<QKeySequence>& keys) {
   QStringList shown;
   for (const QKeySequence& key : keys) {
     if (!key.isEmpty()) shown += key.toString(QKeySequence::NativeText);
@@ -24,7 +24,7 @@ void AddMenu(const QMenu& menu, const QString& way, std::vector<QStringList>& ro
     const QString here = way + QStringLiteral(" > ") + PlainTitle(action->text());
     if (action->menu() != nullptr) {
       AddMenu(*action->menu(), here, rows);
-    } else if (const QString keys = Shown(action->shortcuts()); !keys.isEmpty()) {
+    } else if (const QString keys = TextOf(action->shortcuts()); !keys.isEmpty()) {
       rows.push_back({here, keys});
     }
   }
@@ -41,7 +41,7 @@ void AddControl(const QWidget& control, std::vector<QStringList>& rows) {
        control.findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly)) {
     keys += shortcut->keys();
   }
-  const QString shown = Shown(keys);
+  const QString shown = TextOf(keys);
   if (!shown.isEmpty() && !name.isEmpty() && !control.isHidden()) rows.push_back({name, shown});
 }
 

@@ -12,7 +12,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr QSize kSize(620, 520);
+constexpr QSize kTableSize(620, 520);
 
 }  // namespace
 
@@ -33,7 +33,7 @@ TextTableDialog::TextTableDialog(const TextTable& table, const Session& session,
     layout->addWidget(note);
   }
   layout->addWidget(MakeButtons(session.texts.help));
-  resize(kSize);
+  resize(kTableSize);
 }
 
 void TextTableDialog::Fill(const TextTable& table) {

@@ -13,7 +13,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr int kWidth = 360;
+constexpr int kWelcomeWidth = 360;
 
 }  // namespace
 
@@ -41,7 +41,7 @@ void Welcome::AddButtons(const Parts& parts) {
       this);
   text->setObjectName(QStringLiteral("LabelWelcome"));
   text->setWordWrap(true);
-  text->setFixedWidth(kWidth);
+  text->setFixedWidth(kWelcomeWidth);
   auto* const layout = new QHBoxLayout(this);
   layout->addStretch(1);
   layout->addLayout(column);

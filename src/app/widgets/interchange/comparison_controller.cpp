@@ -12,6 +12,7 @@
 #include "app/widgets/files/responsive_files.h"
 #include "app/widgets/interchange/comparison_dialog.h"
 #include "app/widgets/library/library_controller.h"
+#include "app/widgets/qt_text.h"
 #include "app/widgets/status_line.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/chart/overlay_curves.h"
@@ -24,8 +25,6 @@ namespace zentab::app {
 namespace {
 
 using interchange::EntryDifference;
-
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
 tables::CurveTableEntry EntryIn(const std::string& line) {
   return line.empty() ? tables::CurveTableEntry() : interchange::EntryOf(line);

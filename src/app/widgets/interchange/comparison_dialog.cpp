@@ -13,6 +13,7 @@
 #include "app/session_texts.h"
 #include "app/widgets/interchange/difference_model.h"
 #include "app/widgets/library/entry_list_model.h"
+#include "app/widgets/qt_text.h"
 #include "editor/widgets/chart/chart_colours.h"
 #include "editor/widgets/chart/overlay_curves.h"
 #include "editor/widgets/chart/overlay_style.h"
@@ -21,13 +22,11 @@
 namespace zentab::app {
 namespace {
 
-constexpr QSize kUsualSize(430, 600);
+constexpr QSize kComparisonSize(430, 600);
 constexpr QSize kSampleSize(36, 10);
 constexpr double kLineWidth = 2.0;
 constexpr int kEntryLines = 6;
 constexpr int kOwnCurve = 1;  // the number of its pen: no colour near that of a preview
-
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
 // A piece of a line as the chart has it.
 QPixmap Sample(const QPen& pen, const QWidget& on) {
@@ -65,7 +64,7 @@ ComparisonDialog::ComparisonDialog(const Session& session, Curves curves, const 
   BuildEntry(*layout, otherName);
   BuildButtons(*layout);
   connect(this, &QDialog::finished, this, &ComparisonDialog::HideCurves);
-  resize(kUsualSize);
+  resize(kComparisonSize);
   list_->setFocus();
 }
 

@@ -13,6 +13,7 @@
 #include "app/widgets/files/responsive_files.h"
 #include "app/widgets/interchange/curve_import_dialog.h"
 #include "app/widgets/library/library_controller.h"
+#include "app/widgets/qt_text.h"
 #include "app/widgets/status_line.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/chart/preview_curve.h"
@@ -21,11 +22,7 @@
 #include "platform/paths.h"
 
 namespace zentab::app {
-namespace {
-
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
-
-}  // namespace
+namespace {}  // namespace
 
 struct CurveImportController::Result {
   std::error_code error;

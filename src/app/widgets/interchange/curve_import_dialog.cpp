@@ -14,26 +14,25 @@
 #include "app/widgets/interchange/found_curves_model.h"
 #include "app/widgets/interchange/reading_fields.h"
 #include "app/widgets/library/entry_list_model.h"
+#include "app/widgets/qt_text.h"
 #include "app/widgets/window_font.h"
 #include "editor/widgets/chart/preview_curve.h"
 #include "platform/character_case.h"
+#include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
 
-constexpr QSize kUsualSize(560, 620);
+constexpr QSize kImportSize(560, 620);
 constexpr int kColumnWidth = 84;
-constexpr int kRowRoom = 6;
-constexpr double kPercent = 100.0;
+constexpr int kTableRowRoom = 6;
 
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
-
-void MakePlain(QTableView& table) {
+void MakeReadOnly(QTableView& table) {
   table.setSelectionBehavior(QAbstractItemView::SelectRows);
   table.setSelectionMode(QAbstractItemView::SingleSelection);
   table.setTabKeyNavigation(false);
   table.setWordWrap(false);
-  table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + kRowRoom);
+  table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + kTableRowRoom);
 }
 
 }  // namespace
@@ -67,7 +66,7 @@ CurveImportDialog::CurveImportDialog(const Session& session, editor::PreviewCurv
   BuildButtons(*layout);
   connect(fields_, &ReadingFields::Changed, this, &CurveImportDialog::ChoicesChanged);
   connect(this, &QDialog::finished, this, [this] { preview_.Hide(); });
-  resize(kUsualSize);
+  resize(kImportSize);
 }
 
 void CurveImportDialog::BuildRows(QBoxLayout& layout) {
@@ -76,7 +75,7 @@ void CurveImportDialog::BuildRows(QBoxLayout& layout) {
   rows_->setObjectName(QStringLiteral("TableRows"));
   rows_->setAccessibleName(label->text());
   rows_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  MakePlain(*rows_);
+  MakeReadOnly(*rows_);
   layout.addWidget(label);
   layout.addWidget(rows_, 3);
 }
@@ -85,7 +84,7 @@ void CurveImportDialog::BuildCurves(QBoxLayout& layout) {
   curves_->setObjectName(QStringLiteral("TableCurves"));
   curves_->setAccessibleName(ToQt(session_.texts.curveImport.nameHeading));
   curves_->setModel(model_);
-  MakePlain(*curves_);
+  MakeReadOnly(*curves_);
   curves_->verticalHeader()->hide();
   curves_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   curves_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -143,7 +142,8 @@ void CurveImportDialog::Show(std::shared_ptr<const CurveReading> reading) {
   fields_->Show(*reading);
   model_->Show(reading->found);
   reading_ = std::move(reading);
-  const int width = fontMetrics().horizontalAdvance(QStringLiteral("2000000 → 26")) + 2 * kRowRoom;
+  const int width =
+      fontMetrics().horizontalAdvance(QStringLiteral("2000000 → 26")) + 2 * kTableRowRoom;
   curves_->setColumnWidth(1, width);
   curves_->setColumnWidth(2, width);
   curves_->selectRow(std::min(row, model_->rowCount() - 1));
@@ -199,7 +199,7 @@ std::string CurveImportDialog::CurrentText(const FoundCurve& curve) const {
   if (fields_->Surplus() == interchange::Surplus::Cut) {
     return Expanded(session_, session_.texts.curveImport.cutTo, {kept, all});
   }
-  const std::string percent = FixedNumber(table.deviation * kPercent, 2, session_);
+  const std::string percent = FixedNumber(table.deviation * texts::kPercent, 2, session_);
   return Expanded(session_, texts.thinned, {kept, all, percent});
 }
 

@@ -4,14 +4,14 @@
 
 #include "app/session_texts.h"
 #include "app/widgets/library/entry_list_model.h"
+#include "texts/number_text.h"
 
 namespace zentab::app {
 namespace {
 
 constexpr int kNameColumn = 0;
 constexpr int kPointsColumn = 1;
-constexpr int kColumns = 3;
-constexpr double kPercent = 100.0;
+constexpr int kFoundColumns = 3;
 
 }  // namespace
 
@@ -23,7 +23,7 @@ int FoundCurvesModel::rowCount(const QModelIndex& parent) const {
 }
 
 int FoundCurvesModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : kColumns;
+  return parent.isValid() ? 0 : kFoundColumns;
 }
 
 QString FoundCurvesModel::Text(const Row& row, int column) const {
@@ -37,7 +37,8 @@ QString FoundCurvesModel::Text(const Row& row, int column) const {
   }
   if (table == nullptr) return QString::fromStdString(session_.texts.curveImport.noTable);
   if (table->points.size() == curve.pointCount || table->deviation == 0.0) return {};
-  return QString::fromStdString(FixedNumber(table->deviation * kPercent, 2, session_) + " %");
+  return QString::fromStdString(FixedNumber(table->deviation * texts::kPercent, 2, session_) +
+                                " %");
 }
 
 QVariant FoundCurvesModel::data(const QModelIndex& index, int role) const {
@@ -54,8 +55,8 @@ QVariant FoundCurvesModel::data(const QModelIndex& index, int role) const {
 QVariant FoundCurvesModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
   const texts::CurveImportTexts& texts = session_.texts.curveImport;
-  const std::string* const captions[kColumns] = {&texts.nameHeading, &texts.pointsHeading,
-                                                 &texts.deviationHeading};
+  const std::string* const captions[kFoundColumns] = {&texts.nameHeading, &texts.pointsHeading,
+                                                      &texts.deviationHeading};
   return QString::fromStdString(*captions[section]);
 }
 

@@ -14,10 +14,9 @@ namespace zentab::app {
 namespace {
 
 using interchange::Encoding;
-using interchange::LoadUnit;
 using interchange::TimeUnit;
 
-constexpr int kTextWidth = 16;  // characters
+constexpr int kTextCharacters = 16;  // characters
 
 // By the identifiers of the choices, in the order of the kinds.
 constexpr std::array kEncodings = {"utf8", "utf16", "single"};
@@ -77,7 +76,7 @@ void ReadingFields::AddFileFields() {
   QComboBox* const surplus =
       file_->AddChoice("surplus", texts.surplus, {{kThin, texts.thin}, {kCut, texts.cut}});
   surplus->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  surplus->setMinimumContentsLength(kTextWidth);
+  surplus->setMinimumContentsLength(kTextCharacters);
 }
 
 void ReadingFields::AddColumnFields() {
@@ -98,7 +97,7 @@ QComboBox* ReadingFields::AddField(FormFields& fields, const char* name, const s
   QComboBox* const field = fields.AddChoice(name, label, all);
   // Headings of columns may have any length.
   field->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  field->setMinimumContentsLength(kTextWidth);
+  field->setMinimumContentsLength(kTextCharacters);
   return field;
 }
 
@@ -122,7 +121,7 @@ interchange::ImportChoices ReadingFields::Choices() const {
   if (!header.empty()) choices.hasHeader = header == kYes;
   choices.load = ValueOf("load");
   choices.time = ValueOf("time");
-  choices.loadUnit = KindOf<LoadUnit>(kLoadUnits, ValueOf("loadunit"));
+  choices.loadUnit = KindOf<interchange::LoadUnit>(kLoadUnits, ValueOf("loadunit"));
   choices.timeUnit = KindOf<TimeUnit>(kTimeUnits, ValueOf("timeunit"));
   return choices;
 }

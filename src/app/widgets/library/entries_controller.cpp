@@ -17,14 +17,14 @@ namespace {
 
 using editor::EditStep;
 
-struct CommandRow {
+struct EntryCommandRow {
   const char* name;
   const char* caption;
   QKeyCombination key;
   void (*command)(EntriesController&, LibraryPanel&);
 };
 
-constexpr CommandRow kCommands[] = {
+constexpr EntryCommandRow kEntryCommands[] = {
     {"m_rename", "Re&name", Qt::Key_F2,
      [](EntriesController&, LibraryPanel& panel) { panel.List().Rename(); }},
     {"m_duplicate", "&Duplicate", Qt::CTRL | Qt::Key_D,
@@ -49,7 +49,7 @@ EntriesController::EntriesController(const EntryParts& parts, QObject* parent)
 }
 
 void EntriesController::AddTo(QMenu& menu) {
-  for (const CommandRow& row : kCommands) {
+  for (const EntryCommandRow& row : kEntryCommands) {
     QAction* const action = menu.addAction(QString::fromUtf8(row.caption));
     action->setObjectName(QLatin1String(row.name));
     // Shown only: the list takes these keys itself.

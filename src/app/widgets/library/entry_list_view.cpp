@@ -20,18 +20,18 @@ struct KeyRow {
   void (*command)(EntryListView&);
 };
 
-constexpr KeyRow kKeys[] = {
+constexpr KeyRow kListKeys[] = {
     {Qt::CTRL | Qt::Key_D, [](EntryListView& list) { Q_EMIT list.DuplicateWanted(); }},
     {Qt::ALT | Qt::Key_Up, [](EntryListView& list) { Q_EMIT list.MoveWanted(-1); }},
     {Qt::ALT | Qt::Key_Down, [](EntryListView& list) { Q_EMIT list.MoveWanted(1); }},
 };
 
-const KeyRow* RowOf(const QKeyEvent& event) {
+const KeyRow* KeyRowOf(const QKeyEvent& event) {
   // The arrows of the number pad are arrows, too.
   const QKeyCombination pressed(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
-  const KeyRow* const row =
-      std::ranges::find_if(kKeys, [pressed](const KeyRow& each) { return each.key == pressed; });
-  return row == std::end(kKeys) ? nullptr : row;
+  const KeyRow* const row = std::ranges::find_if(
+      kListKeys, [pressed](const KeyRow& each) { return each.key == pressed; });
+  return row == std::end(kListKeys) ? nullptr : row;
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ int EntryListView::ChosenCount() const {
 bool EntryListView::event(QEvent* event) {
   // Some of the keys are those of another panel's commands elsewhere in the window.
   if (event->type() == QEvent::ShortcutOverride && state() != EditingState &&
-      RowOf(*static_cast<QKeyEvent*>(event)) != nullptr) {
+      KeyRowOf(*static_cast<QKeyEvent*>(event)) != nullptr) {
     event->accept();
     return true;
   }
@@ -70,7 +70,7 @@ bool EntryListView::event(QEvent* event) {
 }
 
 void EntryListView::keyPressEvent(QKeyEvent* event) {
-  if (const KeyRow* const row = RowOf(*event)) {
+  if (const KeyRow* const row = KeyRowOf(*event)) {
     row->command(*this);
     event->accept();
   } else if (event->matches(QKeySequence::Copy) && ChosenCount() > 1) {

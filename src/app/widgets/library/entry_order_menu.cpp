@@ -12,7 +12,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr const char* kForm = "EntryOrder";
+constexpr const char* kOrderForm = "EntryOrder";
 constexpr const char* kOrder = "Order";
 
 struct OrderRow {
@@ -35,7 +35,7 @@ EntryOrderMenu::EntryOrderMenu(QMenu& menu, LibraryPanel& panel, ResponsiveFiles
     : QObject(&menu), panel_(panel), files_(files), forms_(forms), group_(new QActionGroup(this)) {
   QMenu* const orders = menu.addMenu(QStringLiteral("&Order"));
   orders->setObjectName(QStringLiteral("m_order"));
-  const FormValues values = forms_.Last(kForm);
+  const FormValues values = forms_.Last(kOrderForm);
   const std::string& kept = ValueOf(values, kOrder);
   for (const OrderRow& row : kOrders) {
     QAction* const action = orders->addAction(QString::fromUtf8(row.caption));
@@ -52,7 +52,7 @@ EntryOrderMenu::EntryOrderMenu(QMenu& menu, LibraryPanel& panel, ResponsiveFiles
 void EntryOrderMenu::Choose(EntryOrder order) {
   const ResponsiveFiles::Work work(files_);
   panel_.SetOrder(order);
-  forms_.Keep(kForm, {{kOrder, kOrders.at(static_cast<std::size_t>(order)).setting}});
+  forms_.Keep(kOrderForm, {{kOrder, kOrders.at(static_cast<std::size_t>(order)).setting}});
 }
 
 }  // namespace zentab::app

@@ -23,7 +23,7 @@ namespace {
 
 using interchange::ExportFormat;
 
-constexpr const char* kForm = "ExportEntries";
+constexpr const char* kExportForm = "ExportEntries";
 constexpr const char* kWhich = "Which";
 constexpr const char* kFormat = "Format";
 constexpr std::size_t kOwn = 0;  // the answers
@@ -76,7 +76,7 @@ std::optional<LibraryExportController::Plan> LibraryExportController::AskPlan(
     return QString::fromStdString(texts::ExpandTemplate(utf8, {}, arguments));
   };
   const interchange::CsvNotation own = OwnNotation(session);
-  FormValues kept = parts_.forms.Last(kForm);
+  FormValues kept = parts_.forms.Last(kExportForm);
   const Choice which = {text(texts.exportWhich),
                         {text(texts.exportSelected, {std::to_string(selected)}),
                          text(texts.exportAll, {std::to_string(session.listing.names.size())})},
@@ -90,7 +90,7 @@ std::optional<LibraryExportController::Plan> LibraryExportController::AskPlan(
   if (!answers) return std::nullopt;
   const std::size_t chosen = answers->at(1);
   kept = {{kWhich, std::to_string(answers->at(0))}, {kFormat, std::to_string(chosen)}};
-  parts_.forms.Keep(kForm, kept);
+  parts_.forms.Keep(kExportForm, kept);
   const bool isOwn = chosen == kOwn;
   return Plan{answers->at(0) == kAll || selected == 0,
               chosen == kJson ? ExportFormat::Json : ExportFormat::Csv,

@@ -18,12 +18,12 @@ namespace {
 
 constexpr const char* kRecentFiles = "RecentFiles";
 
-struct CommandRow {
+struct FileCommandRow {
   const char* name;
   const char* caption;
   void (LibraryFilesController::*command)();
 };
-constexpr CommandRow kCommands[] = {
+constexpr FileCommandRow kFileCommands[] = {
     {"m_newlib", "New &library…", &LibraryFilesController::NewLibrary},
     {"m_savecopy", "Save a &copy…", &LibraryFilesController::SaveCopy},
     {"m_folder", "Open the &folder", &LibraryFilesController::OpenFolder},
@@ -46,7 +46,7 @@ LibraryFilesController::LibraryFilesController(Parts parts, QObject* parent)
 }
 
 void LibraryFilesController::AddTo(QMenu& menu) {
-  for (const CommandRow& row : kCommands) {
+  for (const FileCommandRow& row : kFileCommands) {
     QAction* const action = menu.addAction(QString::fromUtf8(row.caption));
     action->setObjectName(QLatin1String(row.name));
     connect(action, &QAction::triggered, this, row.command);

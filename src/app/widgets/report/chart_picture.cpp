@@ -8,13 +8,13 @@
 #include <QSvgGenerator>
 
 #include "app/widgets/report/pdf_text.h"
+#include "app/widgets/report/report_document.h"
 #include "app/widgets/report/svg_fonts.h"
 
 namespace zentab::app {
 namespace {
 
-constexpr int kUnitsPerInch = 2540;  // of vectors: a hundredth of a millimetre
-constexpr const char* kProgram = "Zentab";
+constexpr int kUnitsPerInch = 2540;
 constexpr double kMillimetresPerMetre = 1000.0;
 
 QSizeF InUnits(const QSizeF& millimetres, double unitsPerInch) {

@@ -21,8 +21,6 @@ namespace {
 using cli::Console;
 using cli::Exit;
 
-constexpr const char* kProgram = "Zentab";
-
 struct Options {
   bool isReport = false;
   bool isChart = false;
@@ -48,7 +46,7 @@ std::optional<QSizeF> SizeOf(const std::string& text) {
   return fits(width) && fits(height) ? std::optional(QSizeF(*width, *height)) : std::nullopt;
 }
 
-const CLI::Validator kSize(
+const CLI::Validator kSizeCheck(
     [](const std::string& text) {
       return SizeOf(text) ? std::string() : "'" + text + "' is not WIDTHxHEIGHT, each 20 to 2000";
     },
@@ -78,7 +76,7 @@ void Declare(CLI::App& program, Options& options) {
       ->check(CLI::IsMember({"a4", "letter"}, CLI::ignore_case))
       ->needs(report);
   program.add_option("--size", options.size, "Width and height of the chart in mm")
-      ->check(kSize)
+      ->check(kSizeCheck)
       ->capture_default_str()
       ->needs(chart);
   program.add_option("--dpi", options.dotsPerInch, "Dots per inch of a PNG")

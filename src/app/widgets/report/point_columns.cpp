@@ -9,7 +9,7 @@ namespace {
 constexpr std::size_t kUnassessedColumns = 3;
 constexpr std::size_t kFewRows = 8;  // in one block
 constexpr double kBlockGap = Points(28.0);
-constexpr double kPadding = Points(4.0);
+constexpr double kCellPadding = Points(4.0);
 constexpr double kNumberWidth = Points(26.0);
 constexpr double kLeastWidth = Points(36.0);
 
@@ -41,7 +41,7 @@ std::vector<double> PointColumns::Widths(double width) const {
     for (std::size_t column = 1; column < page_.headings.size(); ++column) {
       const QString heading = QString::fromStdString(page_.headings[column]);
       const double heads = PageWriter::Width(heading, PageText::CellHeading) / lines;
-      widths.push_back(std::max({heads, kLeastWidth, WidestCell(column)}) + 2.0 * kPadding);
+      widths.push_back(std::max({heads, kLeastWidth, WidestCell(column)}) + 2.0 * kCellPadding);
     }
     if (std::accumulate(widths.begin(), widths.end(), 0.0) <= width) break;
   }
@@ -55,7 +55,8 @@ std::size_t PointColumns::HeadingLines(const std::vector<double>& widths) const 
   bool fits = true;
   for (std::size_t column = 1; column < widths.size(); ++column) {
     const QString heading = QString::fromStdString(page_.headings[column]);
-    fits = fits && PageWriter::Width(heading, PageText::CellHeading) <= widths[column] - kPadding;
+    fits =
+        fits && PageWriter::Width(heading, PageText::CellHeading) <= widths[column] - kCellPadding;
   }
   return fits ? 1 : 2;
 }
@@ -67,7 +68,7 @@ double PointColumns::BlockWidth(double width) const {
 
 double PointColumns::Height(double width) const {
   const auto headings = static_cast<double>(HeadingLines(Widths(BlockWidth(width))));
-  return headings * PageWriter::LineHeight(PageText::CellHeading) + kPadding / 2.0 +
+  return headings * PageWriter::LineHeight(PageText::CellHeading) + kCellPadding / 2.0 +
          static_cast<double>(RowsOfBlock()) * PageWriter::LineHeight(PageText::Cell);
 }
 
@@ -88,7 +89,7 @@ double PointColumns::DrawHeadings(const QRectF& place, const std::vector<double>
   double right = place.left();
   for (std::size_t column = 0; column < widths.size(); ++column) {
     right += widths[column];
-    const double width = widths[column] - (column == 0 ? 0.0 : kPadding);
+    const double width = widths[column] - (column == 0 ? 0.0 : kCellPadding);
     const std::vector<QString> lines = PageWriter::Broken(
         QString::fromStdString(page_.headings[column]), PageText::CellHeading, width, most);
     double top = bottom - static_cast<double>(lines.size()) * lineHeight;
@@ -98,8 +99,8 @@ double PointColumns::DrawHeadings(const QRectF& place, const std::vector<double>
       top += lineHeight;
     }
   }
-  writer.Rule(place.left(), place.right(), bottom + kPadding / 2.0, true);
-  return bottom + kPadding / 2.0;
+  writer.Rule(place.left(), place.right(), bottom + kCellPadding / 2.0, true);
+  return bottom + kCellPadding / 2.0;
 }
 
 void PointColumns::DrawBlock(const QRectF& place, std::size_t first, PageWriter& writer) const {

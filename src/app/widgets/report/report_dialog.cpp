@@ -14,7 +14,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr QSize kDesignedSize(640, 360);
+constexpr QSize kReportSize(640, 360);
 constexpr int kSpace = 12;
 
 template <class Control>
@@ -40,7 +40,7 @@ ReportDialog::ReportDialog(const Choice& choice, const texts::CatalogueTexts& te
   entries_.Reload();
   setObjectName(QStringLiteral("FormReport"));
   setWindowTitle(QString::fromStdString(texts.output.heading));
-  resize(kDesignedSize);
+  resize(kReportSize);
   auto* const panels = new QHBoxLayout;
   panels->setSpacing(2 * kSpace);
   panels->addWidget(BuildChoice(choice, texts.output), 1);

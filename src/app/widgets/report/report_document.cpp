@@ -13,7 +13,6 @@ namespace zentab::app {
 namespace {
 
 constexpr int kPdfUnitsPerInch = 1200;
-constexpr const char* kProgram = "Zentab";
 
 }  // namespace
 

@@ -10,6 +10,9 @@ class QPrinter;
 
 namespace zentab::app {
 
+/// What a file names as its maker.
+inline constexpr const char* kProgram = "Zentab";
+
 [[nodiscard]] QPageSize PageSizeOf(Paper paper);
 /// The paper that is usual where the user lives.
 [[nodiscard]] Paper UsualPaper();

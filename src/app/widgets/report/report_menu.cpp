@@ -8,14 +8,14 @@
 namespace zentab::app {
 namespace {
 
-struct CommandRow {
+struct ReportCommandRow {
   const char* name;
   const char* caption;
   QKeyCombination key;
   void (ReportController::*run)();
 };
 
-constexpr CommandRow kCommands[] = {
+constexpr ReportCommandRow kReportCommands[] = {
     {"m_copychart", "&Copy chart", Qt::CTRL | Qt::SHIFT | Qt::Key_C, &ReportController::CopyChart},
     {"m_savechart", "&Save chart as…", Qt::CTRL | Qt::SHIFT | Qt::Key_S,
      &ReportController::SaveChart},
@@ -27,7 +27,7 @@ constexpr CommandRow kCommands[] = {
 
 ReportMenu::ReportMenu(QMenu& menu, QAction& before, ReportController& controller)
     : QObject(&menu) {
-  for (const CommandRow& row : kCommands) {
+  for (const ReportCommandRow& row : kReportCommands) {
     auto* const action = new QAction(QString::fromUtf8(row.caption), &menu);
     action->setObjectName(QLatin1String(row.name));
     action->setShortcut(row.key);

@@ -8,8 +8,8 @@
 namespace zentab::app {
 namespace {
 
-constexpr double kMargin = Points(45.0);  // which every printer leaves free
-constexpr double kGap = Points(10.0);
+constexpr double kPageMargin = Points(45.0);  // which every printer leaves free
+constexpr double kLineGap = Points(10.0);
 constexpr double kHighestChart = 0.7;  // of its width
 constexpr double kLowestChart = Points(150.0);
 // What a chart keeps free beside its axes.
@@ -35,14 +35,14 @@ void DrawHeader(const ReportHeading& heading, QRectF& place, PageWriter& writer)
     const PageText kind = line == 0 ? PageText::Heading : PageText::Small;
     writer.Put(TakeTop(place, PageWriter::LineHeight(kind)), Shown(heading.lines[line]), kind);
   }
-  writer.Rule(place.left(), place.right(), TakeTop(place, kGap / 2.0).bottom(), true);
-  TakeTop(place, kGap);
+  writer.Rule(place.left(), place.right(), TakeTop(place, kLineGap / 2.0).bottom(), true);
+  TakeTop(place, kLineGap);
 }
 
 void DrawFooter(const Report& report, int page, int pages, QRectF& place, PageWriter& writer) {
   QRectF footer = place;
   footer.setTop(place.bottom() - kFooter);
-  place.setBottom(footer.top() - kGap / 2.0);
+  place.setBottom(footer.top() - kLineGap / 2.0);
   writer.Rule(footer.left(), footer.right(), footer.top(), false);
   writer.Put(footer, Shown(report.heading.date), PageText::Small);
   const std::string number =
@@ -55,7 +55,7 @@ void DrawTitle(const std::string& title, QRectF& place, PageWriter& writer) {
        PageWriter::Broken(Shown(title), PageText::Title, place.width(), kMostTitleLines)) {
     writer.Put(TakeTop(place, PageWriter::LineHeight(PageText::Title)), line, PageText::Title);
   }
-  TakeTop(place, kGap / 2.0);
+  TakeTop(place, kLineGap / 2.0);
 }
 
 // Label and value side by side.
@@ -72,18 +72,18 @@ void DrawFields(const std::vector<ReportField>& fields, QRectF& place, PageWrite
   for (const ReportField& field : fields) {
     labelWidth = std::max(labelWidth, PageWriter::Width(Shown(field.label), PageText::Small));
   }
-  labelWidth = std::min(labelWidth + kGap, place.width() / 4.0);
+  labelWidth = std::min(labelWidth + kLineGap, place.width() / 4.0);
   const double height = PageWriter::LineHeight(PageText::Line);
   DrawField(fields.front(), TakeTop(place, height), labelWidth, writer);
   for (std::size_t at = 1; at < fields.size(); at += 2) {
     const QRectF row = TakeTop(place, height);
-    const double half = (row.width() - kGap) / 2.0;
+    const double half = (row.width() - kLineGap) / 2.0;
     DrawField(fields[at], {row.left(), row.top(), half, height}, labelWidth, writer);
     if (at + 1 == fields.size()) break;
-    DrawField(fields[at + 1], {row.left() + half + kGap, row.top(), half, height}, labelWidth,
+    DrawField(fields[at + 1], {row.left() + half + kLineGap, row.top(), half, height}, labelWidth,
               writer);
   }
-  TakeTop(place, kGap);
+  TakeTop(place, kLineGap);
 }
 
 // The outcome, over two lines where one is too short for it, and the limits.
@@ -106,7 +106,7 @@ void DrawAssessment(const std::vector<std::string>& texts, QRectF& place, PageWr
 }
 
 double HeightOfAssessment(const std::vector<std::string>& texts, double width) {
-  double height = texts.empty() ? 0.0 : kGap;
+  double height = texts.empty() ? 0.0 : kLineGap;
   for (const auto& [line, kind] : AssessmentLines(texts, width)) {
     height += PageWriter::LineHeight(kind);
   }
@@ -118,7 +118,7 @@ double HeightOfAssessment(const std::vector<std::string>& texts, double width) {
 ReportPages::ReportPages(const Report& report, const QSizeF& points)
     : report_(report),
       sheet_(QRectF(0.0, 0.0, Points(points.width()), Points(points.height()))
-                 .adjusted(kMargin, kMargin, -kMargin, -kMargin)),
+                 .adjusted(kPageMargin, kPageMargin, -kPageMargin, -kPageMargin)),
       chart_(Shown(report.decimalSeparator)) {
   const double header = Points(150.0);
   contentsRows_ =
@@ -156,7 +156,7 @@ void ReportPages::DrawTable(const ReportPage& page, QRectF place, QCPPainter& pa
   DrawFields(page.fields, place, writer);
   const PointColumns table(page);
   const double below =
-      table.Height(place.width()) + HeightOfAssessment(page.assessment, place.width()) + kGap;
+      table.Height(place.width()) + HeightOfAssessment(page.assessment, place.width()) + kLineGap;
   const double lacking = page.curve.IsShown() ? kLowestChart + below - place.height() : 0.0;
   painter.save();
   if (lacking > 0.0) {
@@ -169,10 +169,10 @@ void ReportPages::DrawTable(const ReportPage& page, QRectF place, QCPPainter& pa
   if (page.curve.IsShown()) {
     const double rest = std::max(place.height() - below, kLowestChart);
     DrawCurve(page, TakeTop(place, std::min(rest, place.width() * kHighestChart)), painter);
-    TakeTop(place, kGap);
+    TakeTop(place, kLineGap);
   }
   table.Draw(TakeTop(place, table.Height(place.width())), writer);
-  TakeTop(place, kGap);
+  TakeTop(place, kLineGap);
   DrawAssessment(page.assessment, place, writer);
   painter.restore();
 }

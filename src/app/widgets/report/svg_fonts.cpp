@@ -15,7 +15,7 @@
 namespace zentab::app {
 namespace {
 
-constexpr int kFontSize = 12;
+constexpr int kSvgFontSize = 12;
 
 template <class Object, void (*destroy)(Object*)>
 struct Destroyer {
@@ -55,7 +55,7 @@ Texts TextsOf(const QByteArray& svg) {
 std::map<QString, UsedFont> FontsOf(const QString& characters) {
   std::map<QString, UsedFont> fonts;
   for (const char32_t character : characters.toUcs4()) {
-    QTextLayout layout(QString::fromUcs4(&character, 1), PaperFont(kFontSize));
+    QTextLayout layout(QString::fromUcs4(&character, 1), PaperFont(kSvgFontSize));
     layout.beginLayout();
     layout.createLine();
     layout.endLayout();

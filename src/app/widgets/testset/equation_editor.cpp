@@ -13,6 +13,7 @@
 #include "app/session_texts.h"
 #include "app/widgets/accessible_names.h"
 #include "app/widgets/equation/equation_field.h"
+#include "app/widgets/qt_text.h"
 #include "editor/widgets/chart/chart_colours.h"
 #include "texts/number_text.h"
 
@@ -33,8 +34,6 @@ constexpr StageRow kStages[] = {
 };
 constexpr int kListRows = 5;
 constexpr int kLineRoom = 4;
-
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
 

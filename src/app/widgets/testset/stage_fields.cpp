@@ -9,6 +9,7 @@
 
 #include "app/session_texts.h"
 #include "app/widgets/accessible_names.h"
+#include "app/widgets/qt_text.h"
 #include "app/widgets/window_font.h"
 #include "editor/widgets/chart/point_cloud.h"
 #include "texts/number_text.h"
@@ -18,10 +19,8 @@ namespace {
 
 using texts::EquationStage;
 
-constexpr int kFieldWidth = 90;
+constexpr int kStageWidth = 90;
 constexpr int kSwatch = 10;
-
-QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
 std::string TimeUnit(const Session& session) {
   const texts::WorkbenchTexts& texts = session.texts.workbench;
@@ -64,7 +63,7 @@ void StageFields::AddRow(Row row, const std::string& caption, QWidget* field) {
   if (field != nullptr) {
     label->setBuddy(field);
     field->setAccessibleName(PlainCaption(label->text()));
-    field->setFixedWidth(static_cast<int>(kFieldWidth * TextScale()));
+    field->setFixedWidth(static_cast<int>(kStageWidth * TextScale()));
     grid_->addWidget(field, row, 1);
   }
   effects_[row] = new QLabel(this);

@@ -6,7 +6,7 @@
 namespace zentab::editor {
 namespace {
 
-constexpr double kContrast = 4.5;
+constexpr double kTextContrast = 4.5;
 constexpr int kSteps = 32;
 
 double Luminance(const QColor& colour) {
@@ -54,7 +54,7 @@ QColor FailureOn(const QColor& background) {
 }
 
 QColor ReadableOn(const QColor& wanted, const QColor& background) {
-  return Contrasting(wanted, background, kContrast);
+  return Contrasting(wanted, background, kTextContrast);
 }
 
 QColor Mix(const QColor& a, const QColor& b, double share) {

@@ -16,7 +16,7 @@ constexpr double kSnap = 10.0;   // logical pixels from the pointer to a point
 constexpr int kStep = 5;         // logical pixels of an arrow key
 constexpr int kBeside = 14;      // from the pointer to the box
 constexpr double kClear = 10.0;  // around a point that no box may cover
-constexpr double kContrast = 3.0;
+constexpr double kCrosshairContrast = 3.0;
 
 QWidget* MakeLine(QWidget& parent) {
   auto* const line = new QWidget(&parent);
@@ -227,7 +227,7 @@ bool Crosshair::OnKey(const QKeyEvent& event) {
 void Crosshair::ApplyColours() {
   const QPalette& colours = chart_.palette();
   const QColor line =
-      LineOn(colours.color(QPalette::Base), colours.color(QPalette::Text), kContrast);
+      LineOn(colours.color(QPalette::Base), colours.color(QPalette::Text), kCrosshairContrast);
   for (QWidget* const part : {upright_, level_}) {
     QPalette own = colours;
     own.setColor(QPalette::Window, line);

@@ -2,18 +2,16 @@
 
 #include <algorithm>
 
-#include "editor/widgets/chart/chart_colours.h"
+#include "editor/widgets/chart/axis_colours.h"
 
 namespace zentab::editor {
 namespace {
 
-constexpr int kHeight = 150;     // logical pixels
-constexpr double kLeast = 0.5;   // per cent that are in view in any case, up and down
-constexpr double kMargin = 0.1;  // of the range
+constexpr int kHeight = 150;          // logical pixels
+constexpr double kLeast = 0.5;        // per cent that are in view in any case, up and down
+constexpr double kRangeMargin = 0.1;  // of the range
 // More lines than these are drawn in the plainest way: their dashes cost most of a drag's frame.
 constexpr std::size_t kFinelyDrawn = 8;
-constexpr double kAxisContrast = 3.0;
-constexpr double kGridContrast = 1.6;
 
 }  // namespace
 
@@ -79,7 +77,7 @@ void DifferencePanel::Show(const std::vector<DrawnDifference>& differences) {
     curve->setAntialiased(!isPlain);
     curve->setPen(pen);
   }
-  const double margin = (most - least) * kMargin;
+  const double margin = (most - least) * kRangeMargin;
   yAxis->setRange(least - margin, most + margin);
   setVisible(!differences.empty());
   FollowChart();
@@ -93,20 +91,10 @@ void DifferencePanel::SetTitle(const QString& title) {
 
 void DifferencePanel::ApplyColours() {
   const QPalette& colours = chart_.palette();
-  const QColor base = colours.color(QPalette::Base);
-  const QColor text = colours.color(QPalette::Text);
-  setBackground(QBrush(base));
+  setBackground(QBrush(colours.color(QPalette::Base)));
   for (QCPAxis* const axis : {xAxis, yAxis, xAxis2, yAxis2}) {
-    const QPen pen(LineOn(base, text, kAxisContrast));
-    axis->setBasePen(pen);
-    axis->setTickPen(pen);
-    axis->setSubTickPen(pen);
-    axis->setLabelColor(text);
-    axis->setTickLabelColor(text);
-    axis->setLabelFont(chart_.font());
-    axis->setTickLabelFont(chart_.font());
-    axis->grid()->setPen(QPen(LineOn(base, text, kGridContrast)));
-    axis->grid()->setZeroLinePen(pen);
+    ColourAxis(*axis, colours, chart_.font());
+    axis->grid()->setZeroLinePen(axis->basePen());
   }
   replot(rpQueuedReplot);
 }

@@ -6,7 +6,7 @@ namespace zentab::editor {
 namespace {
 
 // The marker's middle in its picture, which has room for the pen; in logical pixels.
-constexpr double kMiddle = MarkedCurve::kMarkerSize / 2.0 + 1.0;
+constexpr double kMarkerMiddle = MarkedCurve::kMarkerSize / 2.0 + 1.0;
 constexpr double kRingWidth = 1.5;
 
 }  // namespace
@@ -52,7 +52,7 @@ void MarkedCurve::drawScatterPlot(QCPPainter* painter, const QVector<QPointF>& p
   const QTransform fromDevice = toDevice.inverted();
   for (const QPointF& point : points) {
     // Pictures lie on whole pixels of the device: which one is drawn makes up for the rest.
-    const QPointF place = toDevice.map(point) - QPointF(kMiddle, kMiddle) * ratio;
+    const QPointF place = toDevice.map(point) - QPointF(kMarkerMiddle, kMarkerMiddle) * ratio;
     const double x = std::round(place.x() * kParts);
     const double y = std::round(place.y() * kParts);
     const QPointF corner(std::floor(x / kParts), std::floor(y / kParts));
@@ -71,7 +71,7 @@ const QPixmap& MarkedCurve::Marker(int right, int down) const {
   QPixmap& marker =
       markers_[static_cast<std::size_t>(down) * kParts + static_cast<std::size_t>(right)];
   if (!marker.isNull()) return marker;
-  const int side = static_cast<int>(std::ceil(2.0 * kMiddle * pixelRatio_)) + 1;
+  const int side = static_cast<int>(std::ceil(2.0 * kMarkerMiddle * pixelRatio_)) + 1;
   marker = QPixmap(side, side);
   marker.fill(Qt::transparent);
   QPainter painter(&marker);
@@ -79,7 +79,7 @@ const QPixmap& MarkedCurve::Marker(int right, int down) const {
   painter.translate(static_cast<double>(right) / kParts, static_cast<double>(down) / kParts);
   painter.scale(pixelRatio_, pixelRatio_);
   SetMarkerPen(painter);
-  painter.drawEllipse(QPointF(kMiddle, kMiddle), kMarkerSize / 2.0, kMarkerSize / 2.0);
+  painter.drawEllipse(QPointF(kMarkerMiddle, kMarkerMiddle), kMarkerSize / 2.0, kMarkerSize / 2.0);
   painter.end();
   marker.setDevicePixelRatio(pixelRatio_);
   return marker;

@@ -8,7 +8,7 @@
 namespace zentab::editor {
 namespace {
 
-constexpr double kContrast = 3.0;
+constexpr double kOverlayContrast = 3.0;
 constexpr double kWidth = 1.5;  // logical pixels
 
 // After M. Okabe and K. Ito, Color Universal Design (2008), without the blue of the grid's curve.
@@ -26,7 +26,8 @@ const std::vector<QList<qreal>>& Dashes() {
 
 QPen OverlayPen(int number, const QColor& background) {
   const auto place = static_cast<std::size_t>(number);
-  QPen pen(Contrasting(QColor(kColours[place % kColours.size()]), background, kContrast), kWidth);
+  QPen pen(Contrasting(QColor(kColours[place % kColours.size()]), background, kOverlayContrast),
+           kWidth);
   pen.setDashPattern(Dashes()[place % Dashes().size()]);
   pen.setCapStyle(Qt::FlatCap);
   return pen;

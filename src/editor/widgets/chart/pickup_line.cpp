@@ -6,7 +6,7 @@
 namespace zentab::editor {
 namespace {
 
-constexpr double kContrast = 4.5;
+constexpr double kPickupContrast = 4.5;
 constexpr double kDown = 0.02;  // of the plot's height, from its top to the name
 
 }  // namespace
@@ -47,7 +47,7 @@ void PickupLine::Show(std::optional<double> load, const QString& name) {
 
 void PickupLine::ApplyColours() {
   const QColor base = chart_.palette().color(QPalette::Base);
-  const QColor colour = LineOn(base, chart_.palette().color(QPalette::Text), kContrast);
+  const QColor colour = LineOn(base, chart_.palette().color(QPalette::Text), kPickupContrast);
   line_->setPen(QPen(colour, 1.0, Qt::DashLine));
   name_->setColor(colour);
   name_->setFont(chart_.font());

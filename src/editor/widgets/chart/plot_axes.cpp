@@ -3,34 +3,31 @@
 #include <algorithm>
 #include <cmath>
 
-#include "editor/widgets/chart/chart_colours.h"
+#include "editor/widgets/chart/axis_colours.h"
 #include "editor/widgets/chart/factor_ticker.h"
 #include "editor/widgets/chart/log_paper_ticker.h"
 
 namespace zentab::editor {
 namespace {
 
-constexpr double kMargin = 0.06;  // of the axis, on both sides of the curve
+constexpr double kAxisMargin = 0.06;  // of the axis, on both sides of the curve
 
 // The axes refuse ranges near the limits of a double, and would go on showing an earlier one.
 constexpr double kLargestPower = 200.0;
 constexpr double kLargest = 1e200;
 
-constexpr double kGridContrast = 1.6;
-constexpr double kSubGridContrast = 1.3;
-constexpr double kAxisContrast = 3.0;
-
 QCPRange WithMargin(const Range& wanted, bool logarithmic) {
   if (logarithmic) {
     const double low = std::clamp(std::log10(wanted.minimum), -kLargestPower, kLargestPower);
     const double high = std::clamp(std::log10(wanted.maximum), -kLargestPower, kLargestPower);
-    const double margin = std::max((high - low) * kMargin, 0.02);
+    const double margin = std::max((high - low) * kAxisMargin, 0.02);
     return {std::pow(10.0, low - margin), std::pow(10.0, high + margin)};
   }
   const double low = std::clamp(wanted.minimum, -kLargest, kLargest);
   const double high = std::clamp(wanted.maximum, -kLargest, kLargest);
   const double span = high - low;
-  const double margin = span > 1.0 / kLargest ? span * kMargin : std::max(std::abs(low), 1.0) * 0.1;
+  const double margin =
+      span > 1.0 / kLargest ? span * kAxisMargin : std::max(std::abs(low), 1.0) * 0.1;
   return {low - margin, high + margin};
 }
 
@@ -124,19 +121,8 @@ void PlotAxes::KeepSquare(const ViewAxes& wanted) {
 AxisKinds PlotAxes::Kinds() const { return {IsLogarithmic(load_), IsLogarithmic(time_)}; }
 
 void PlotAxes::ApplyColours(const QPalette& colours, const QFont& font) {
-  const QColor text = colours.color(QPalette::Text);
-  const QColor base = colours.color(QPalette::Base);
   for (QCPAxis* const axis : {plot_.xAxis, plot_.yAxis, plot_.xAxis2, plot_.yAxis2}) {
-    const QPen pen(LineOn(base, text, kAxisContrast));
-    axis->setBasePen(pen);
-    axis->setTickPen(pen);
-    axis->setSubTickPen(pen);
-    axis->setLabelColor(text);
-    axis->setTickLabelColor(text);
-    axis->setLabelFont(font);
-    axis->setTickLabelFont(font);
-    axis->grid()->setPen(QPen(LineOn(base, text, kGridContrast)));
-    axis->grid()->setSubGridPen(QPen(LineOn(base, text, kSubGridContrast)));
+    ColourAxis(*axis, colours, font);
   }
 }
 
