@@ -1,73 +1,36 @@
-#include <QListView>
-#include <QMenu>
-#include <QScreen>
 #include <QWheelEvent>
-#include <functional>
-#include <vector>
 
-#include "widgets/chart_fixture.h"
+#include "widgets/watch_fixture.h"
 
 namespace zentab::app {
 namespace {
 
-// Where the screen shows something else than the window would draw now, once nothing asks for a
-// drawing any more; an empty rectangle where it shows the same. A part that is drawn alone may
-// have its antialiased edges a shade off.
-QRect StaleIn(QWidget& window) {
-  // A plot that is drawn may ask for another drawing.
-  for (int turn = 0; turn < 4; ++turn) QCoreApplication::processEvents();
-  const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
-  for (auto* const plot : window.findChildren<QCustomPlot*>()) {
-    if (plot->isVisible()) plot->replot(QCustomPlot::rpImmediateRefresh);
-  }
-  const QImage drawn = window.grab().toImage();
-  if (shown.size() != drawn.size()) return drawn.rect();
-  const auto areAlike = [](QRgb one, QRgb other) {
-    constexpr int kShade = 26;
-    return std::abs(qRed(one) - qRed(other)) < kShade &&
-           std::abs(qGreen(one) - qGreen(other)) < kShade &&
-           std::abs(qBlue(one) - qBlue(other)) < kShade;
-  };
-  QRect stale;
-  for (int y = 0; y < drawn.height(); ++y) {
-    for (int x = 0; x < drawn.width(); ++x) {
-      if (!areAlike(shown.pixel(x, y), drawn.pixel(x, y))) stale |= QRect(x, y, 1, 1);
-    }
-  }
-  return stale;
-}
-
-// Whatever a command changes is on the screen afterwards, without anyone who moves the mouse.
-class RedrawTest : public ChartFixture {
+class RedrawTest : public WatchFixture {
   Q_OBJECT
 
  private:
-  struct Step {
-    const char* what;
-    std::function<void()> take;
-  };
-  // Takes each step, and compares the screen with the window drawn anew.
-  void Watch(const std::vector<Step>& steps) {
-    QWidget& window = *made_->window;
-    for (const auto& [what, take] : steps) {
-      const QImage before = window.grab().toImage();
-      take();
-      const QRect stale = StaleIn(window);
-      QVERIFY2(stale.isEmpty(), qPrintable(QStringLiteral("%1: %2 × %3 at %4, %5")
-                                               .arg(QLatin1String(what))
-                                               .arg(stale.width())
-                                               .arg(stale.height())
-                                               .arg(stale.x())
-                                               .arg(stale.y())));
-      // A step that changes nothing would test nothing.
-      QVERIFY2(window.grab().toImage() != before, what);
-    }
+  // Its button fades in and out.
+  void Filter(const char* text) {
+    made_->Find<QLineEdit>("TextFilter")->setText(QLatin1String(text));
+    constexpr int kFading = 300;
+    QTest::qWait(kFading);
   }
-  void Trigger(const char* action) {
-    auto* const found = made_->Find<QAction>(action);
-    if (found == nullptr) qFatal("there is no %s", action);
-    found->trigger();
+  // Drags an entry to a place, and out again.
+  void Hold(QWidget& target, const QPoint& place) {
+    held_.reset(Entry(0).model()->mimeData({Entry(0)}));
+    QDragEnterEvent enter(place, Qt::CopyAction, held_.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&target, &enter);
+    QDragMoveEvent over(place, Qt::CopyAction, held_.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&target, &over);
   }
+  static void Leave(QWidget& target) {
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&target, &leave);
+  }
+  [[nodiscard]] QModelIndex Entry(int row) const {
+    return made_->Find<QListView>("List1")->model()->index(row, 0);
+  }
+  void Open() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
   // The wheel, above a place of the chart.
   void Turn(const QPointF& place, int angle = 120) {
     QWheelEvent wheel(place, Chart().mapToGlobal(place), {}, {0, angle}, {}, {}, Qt::NoScrollPhase,
@@ -81,6 +44,8 @@ class RedrawTest : public ChartFixture {
     QTest::keyClicks(&grid, QLatin1String(text));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   }
+
+  std::unique_ptr<QMimeData> held_;
 
  private Q_SLOTS:
   void initTestCase() {
@@ -114,8 +79,87 @@ class RedrawTest : public ChartFixture {
         {"an empty table", [&] { f.Click("Command9"); }},
     });
   }
+  void TheList() {
+    WindowFixture& f = Start();
+    Shipped();
+    auto& list = *f.Find<QListView>("List1");
+    const auto rename = [&](const char* name) {
+      QTest::keyClick(&list, Qt::Key_F2);
+      list.viewport()->findChild<QLineEdit*>()->setText(QLatin1String(name));
+    };
+    Watch({
+        {"the focus", [&] { list.setFocus(); }},
+        {"another entry", [&] { QTest::keyClick(&list, Qt::Key_Down); }},
+        {"two entries", [&] { QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier); }},
+        {"copies of them", [&] { Trigger("m_duplicate"); }},
+        {"they move", [&] { Trigger("m_entryup"); }},
+        {"by name", [&] { Trigger("m_ordername"); }},
+        {"as in the file", [&] { Trigger("m_orderfile"); }},
+        {"a filter", [&] { Filter("zer"); }},
+        {"no filter", [&] { Filter(""); }},
+        {"a field for a name", [&] { f.Select(0), rename("Bay 7"); }},
+        {"its name", [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }},
+        {"a box for a name", [&] { f.Click("Command1"), f.Click("Command3"); }},
+        {"its own name",
+         [&] { QTest::keyClicks(f.Find<QWidget>("Text1"), QStringLiteral("Mine")); }},
+        {"it is there", [&] { QTest::keyClick(f.Find<QWidget>("Text1"), Qt::Key_Return); }},
+        {"one is gone", [&] { f.Click("Command2"); }},
+        {"it is back", [&] { Trigger("m_undo"); }},
+        {"one that is dragged",
+         [&] { Hold(*list.viewport(), list.visualRect(Entry(2)).center()); }},
+        {"and leaves", [&] { Leave(*list.viewport()); }},
+        {"the chosen ones in the chart", [&] { Trigger("m_cmpentry"); }},
+    });
+  }
+  void TheInstrument() {
+    WindowFixture& f = Start();
+    Shipped();
+    Watch({
+        {"current", [&] { f.Click("Option1"); }},
+        {"an entry's curve", [&] { Read(1); }},
+        {"voltage", [&] { f.Click("Option2"); }},
+        {"absolute values", [&] { f.Click("Check1"); }},
+        {"milliseconds", [&] { f.Click("Check2"); }},
+        {"a multiplier", [&] { QTest::keyClicks(f.Find<QWidget>("Text3"), QStringLiteral("2")); }},
+        {"no pickup value", [&] { f.Find<QLineEdit>("Text2")->clear(); }},
+        {"neither of them", [&] { f.Click("Option3"); }},
+    });
+  }
+  void ThePoints() {
+    WindowFixture& f = Start();
+    Shipped();
+    f.Click("Command1");
+    auto& grid = *f.Find<editor::CurveGridView>("MSFlexGrid1");
+    grid.setFocus();
+    const auto choose = [&](int from, int to) {
+      grid.setCurrentIndex(grid.model()->index(from - 1, 0));
+      grid.selectionModel()->select(
+          QItemSelection(grid.model()->index(from - 1, 0), grid.model()->index(to - 1, 1)),
+          QItemSelectionModel::ClearAndSelect);
+    };
+    f.dialogs.number = 3.0;
+    Watch({
+        {"a row more", [&] { choose(2, 2), Trigger("m_ins"); }},
+        {"a row less", [&] { Trigger("m_del"); }},
+        {"rows move down", [&] { choose(1, 2), Trigger("m_down"); }},
+        {"rows move up", [&] { Trigger("m_up"); }},
+        {"backwards", [&] { Trigger("m_rev"); }},
+        {"by load", [&] { Trigger("m_sort"); }},
+        {"points between two", [&] { choose(3, 4), Trigger("m_fill"); }},
+        {"loads times three", [&] { choose(1, 2), Trigger("m_scl"); }},
+        {"times and three", [&] { Trigger("m_sht"); }},
+        {"cells that are cut", [&] { Trigger("m_cut"); }},
+        {"and put back", [&] { Trigger("m_paste"); }},
+        {"nothing in them", [&] { Trigger("m_clear"); }},
+        {"an open cell", [&] { grid.setCurrentIndex(grid.model()->index(2, 0)), Open(); }},
+        {"what is no number",
+         [&] { QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x")); }},
+        {"the next cell", [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down); }},
+        {"no open cell", [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); }},
+    });
+  }
   void TheChart() {
-    Start();
+    Start().dialogs.limits = AxisLimits{{{2.5, 30}}, {{1, 9}}};
     const QPointF point = PlaceOf(4, 5);
     Watch({
         {"the crosshair", [&] { MoveTo(point); }},
@@ -135,6 +179,15 @@ class RedrawTest : public ChartFixture {
            MoveTo(PlaceOf(8, 3) + QPointF(9, -50), Qt::LeftButton);
          }},
         {"taken back", [&] { QTest::keyClick(&Chart(), Qt::Key_Escape); }},
+        {"a point more", [&] { DoubleClick((PlaceOf(4, 5) + PlaceOf(8, 3)) / 2.0); }},
+        {"a point less", [&] { Key(Qt::Key_Delete); }},
+        {"limits of the axes", [&] { Trigger("m_limits"); }},
+        {"a moved view",
+         [&] {
+           DragBy(PlaceOf(9, 9), {70, -40});
+         }},
+        {"keys on the chart", [&] { Key(Qt::Key_End); }},
+        {"a marker beside it", [&] { Key(Qt::Key_A), Key(Qt::Key_Right); }},
     });
   }
   void TheView() {
@@ -148,6 +201,7 @@ class RedrawTest : public ChartFixture {
         {"without its line", [&] { Trigger("m_pickup"); }},
         {"with its line", [&] { Trigger("m_pickup"); }},
         {"loads in amperes", [&] { Trigger("m_unitabs"); }},
+        {"loads in multiples", [&] { Trigger("m_unitmult"); }},
         {"logarithms again", [&] { Trigger("m_logload"), Trigger("m_logtime"); }},
         {"square decades", [&] { Trigger("m_square"); }},
     });
@@ -156,7 +210,27 @@ class RedrawTest : public ChartFixture {
     Start();
     Watch({
         {"a curve beside it", [&] { DropEntries({0}); }},
+        {"another one", [&] { DropEntries({2}); }},
+        {"one is off",
+         [&] {
+           auto& legend = *made_->Find<editor::CurveLegend>("ListLegend");
+           legend.model()->setData(legend.model()->index(1, 0), Qt::Unchecked, Qt::CheckStateRole);
+         }},
+        {"the other one is chosen",
+         [&] {
+           auto& legend = *made_->Find<editor::CurveLegend>("ListLegend");
+           legend.setFocus();
+           legend.setCurrentIndex(legend.model()->index(2, 0));
+         }},
+        {"as the reference", [&] { Trigger("m_reference"); }},
+        {"it is taken out", [&] { Trigger("m_cmpremove"); }},
+        {"the first one is on",
+         [&] {
+           auto& legend = *made_->Find<editor::CurveLegend>("ListLegend");
+           legend.model()->setData(legend.model()->index(1, 0), Qt::Checked, Qt::CheckStateRole);
+         }},
         {"the difference", [&] { Trigger("m_difference"); }},
+        {"a place in both", [&] { MoveTo(PlaceOf(5, 4)); }},
         {"an edit above it", [&] { Type(1, 2, "12"); }},
         {"a zoom above it", [&] { Turn(PlaceOf(4, 5)); }},
         {"dark colours above it", [&] { Trigger("m_coldark"); }},

@@ -18,6 +18,7 @@
 #include "app/widgets/report/chart_picture.h"
 #include "app/widgets/report/report_controller.h"
 #include "app/widgets/report/report_dialog.h"
+#include "widgets/picture.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -79,6 +80,28 @@ class ReportTest : public QObject {
   static QString TextOf(const QString& pdf) {
     return Said("pdftotext", {QStringLiteral("-layout"), QStringLiteral("-"), QStringLiteral("-")},
                 pdf);
+  }
+  // A page, counted from 1, looks as in its picture but for when it was written.
+  static bool IsPageAsInPictures(const QString& pdf, const QString& name, int page = 1) {
+    if (!kReadsPdf) return true;
+    const QString number = QString::number(page);
+    QProcess process;
+    process.start(QStringLiteral(POPPLER "/pdftoppm"),
+                  {"-png", "-r", "72", "-f", number, "-l", number, pdf});
+    QImage picture;
+    if (!process.waitForFinished() || !picture.loadFromData(process.readAllStandardOutput())) {
+      return false;
+    }
+    static const QRegularExpression times(
+        "xMin=\"(.+)\" yMin=\"(.+)\" xMax=\"(.+)\" yMax=\"(.+)\">[\\d:-]{5,}<");
+    QPainter painter(&picture);
+    const QString words = Said("pdftotext", {"-bbox", "-f", number, "-l", number, "-", "-"}, pdf);
+    for (const auto& match : times.globalMatch(words)) {
+      const auto at = [&match](int group) { return match.captured(group).toDouble(); };
+      painter.fillRect(QRectF(QPointF(at(1), at(2)), QPointF(at(3), at(4))), Qt::gray);
+    }
+    painter.end();
+    return IsAsInPictures(picture, name);
   }
   // Every word has room of its own within the margins of its page.
   static void CheckWords(const QString& pdf) {
@@ -144,6 +167,7 @@ class ReportTest : public QObject {
     const QImage pixels(Save(QStringLiteral("chart.png")));
     QCOMPARE(pixels.size(), QSize(800, 500));
     QCOMPARE(pixels.dotsPerMeterX(), 10000);
+    QVERIFY(IsAsInPictures(pixels, QStringLiteral("chart")));
     f.dialogs.picture = PictureSize();
     Save(QStringLiteral("chart.svg"));
     const QString vectors = QString::fromUtf8(f.Bytes(QStringLiteral("chart.svg")));
@@ -302,6 +326,8 @@ class ReportTest : public QObject {
             QRegularExpression::escape(text).replace(QLatin1String("\\ \\+"), QLatin1String(" +")));
         QVERIFY2(pages[page].contains(words), qPrintable(text + '\n' + pages[page]));
       }
+      QVERIFY(
+          IsPageAsInPictures(f.dialogs.file, QStringLiteral("page-%1").arg(page + 1), page + 1));
     }
     CheckFonts(f.dialogs.file);
     CheckWords(f.dialogs.file);
@@ -327,6 +353,7 @@ class ReportTest : public QObject {
       });
       const QString text = TextOf(f.dialogs.printed);
       QVERIFY2(text.contains(QLatin1String("Feeder 12")), qPrintable(text));
+      QVERIFY(IsPageAsInPictures(f.dialogs.printed, with ? "page-assessed" : "page-grid"));
       QCOMPARE(text.contains(QLatin1String("5 % of the nominal time")), with);
     }
     // A preview of the page, as edited meanwhile.
@@ -374,6 +401,8 @@ class ReportTest : public QObject {
           Press(dialog, "CommandSave");
         });
         CheckWords(f.dialogs.file);
+        const QString name = QStringLiteral("page-full%1-%2").arg(isAssessed).arg(qstrlen(lines));
+        QVERIFY(IsPageAsInPictures(f.dialogs.file, name));
       }
     }
   }

@@ -42,9 +42,7 @@ CurveImportDialog::CurveImportDialog(const Session& session, editor::PreviewCurv
     : QDialog(parent),
       session_(session),
       preview_(preview),
-      rows_(new QTableWidget(this)),
       model_(new FoundCurvesModel(session, this)),
-      curves_(new QTableView(this)),
       count_(new QLabel(this)),
       outcome_(new QLabel(this)) {
   setObjectName(QStringLiteral("FormImportCurves"));
@@ -55,6 +53,9 @@ CurveImportDialog::CurveImportDialog(const Session& session, editor::PreviewCurv
   auto* const forms = new QHBoxLayout;
   layout->addLayout(forms);
   fields_ = new ReadingFields(session, *forms, this);
+  // Behind the fields, where Tab comes to them.
+  rows_ = new QTableWidget(this);
+  curves_ = new QTableView(this);
   BuildRows(*layout);
   BuildCurves(*layout);
   outcome_->setObjectName(QStringLiteral("LabelOutcome"));
@@ -64,6 +65,7 @@ CurveImportDialog::CurveImportDialog(const Session& session, editor::PreviewCurv
   outcome_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   layout->addWidget(outcome_);
   BuildButtons(*layout);
+  curves_->setFocus();
   connect(fields_, &ReadingFields::Changed, this, &CurveImportDialog::ChoicesChanged);
   connect(this, &QDialog::finished, this, [this] { preview_.Hide(); });
   resize(kImportSize);
