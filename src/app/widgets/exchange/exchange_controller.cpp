@@ -33,6 +33,7 @@ ExchangeController::ExchangeController(Session& session, ResponsiveFiles& files,
       window_(window) {}
 
 void ExchangeController::Import() {
+  if (files_.IsAtWork()) return;
   ExchangeDialog* const dialog = MakeDialog(Mode::Import);
   window_.setCursor(Qt::BusyCursor);
   dialog->exec();
@@ -46,6 +47,7 @@ void ExchangeController::ImportFrom(const QString& file) {
 }
 
 void ExchangeController::Export() {
+  if (files_.IsAtWork()) return;
   ExchangeDialog* const dialog = MakeDialog(Mode::Export);
   connect(dialog, &QDialog::finished, this, [this] {
     if (activeFileGrew_) Q_EMIT EntriesAdded();

@@ -90,6 +90,7 @@ void LibraryFilesController::OpenNamed(const QString& path) {
 }
 
 void LibraryFilesController::NewLibrary() {
+  if (parts_.files.IsAtWork()) return;
   const QString path = parts_.dialogs.ChooseNewTableFile();
   if (path.isEmpty() || parts_.files.IsAtWork()) return;
   Q_EMIT CommandBegun();
@@ -107,6 +108,7 @@ void LibraryFilesController::NewLibrary() {
 }
 
 void LibraryFilesController::SaveCopy() {
+  if (parts_.files.IsAtWork()) return;
   const QString path = parts_.dialogs.ChooseNewTableFile();
   if (path.isEmpty() || parts_.files.IsAtWork()) return;
   Q_EMIT CommandBegun();
@@ -120,12 +122,14 @@ void LibraryFilesController::SaveCopy() {
 }
 
 void LibraryFilesController::OpenFolder() {
+  if (parts_.files.IsAtWork()) return;
   Q_EMIT CommandBegun();
   const std::filesystem::path file = ActiveTableFile(parts_.files, PlaceOf(parts_.session));
   parts_.dialogs.OpenFolder(QString::fromStdString(platform::ToText(file.parent_path())));
 }
 
 void LibraryFilesController::ShowBackup() {
+  if (parts_.files.IsAtWork()) return;
   Q_EMIT CommandBegun();
   std::filesystem::path backup = ActiveTableFile(parts_.files, PlaceOf(parts_.session));
   backup += ".bak";

@@ -80,6 +80,7 @@ void ReportController::Preview() {
 }
 
 void ReportController::Print() {
+  if (parts_.files.IsAtWork()) return;
   Q_EMIT CommandBegun();
   Q_EMIT GridNeeded();
   const bool hasTable = parts_.chart.Curve().IsShown();
@@ -104,6 +105,7 @@ void ReportController::Print() {
 
 // What the chart shows is what goes out.
 bool ReportController::Begin() {
+  if (parts_.files.IsAtWork()) return false;
   Q_EMIT CommandBegun();
   Q_EMIT GridNeeded();
   if (parts_.chart.Curve().IsShown()) return true;

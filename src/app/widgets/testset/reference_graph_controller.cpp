@@ -9,17 +9,19 @@
 
 namespace zentab::app {
 
-ReferenceGraphController::ReferenceGraphController(Session& session, platform::FileLayer& files,
+ReferenceGraphController::ReferenceGraphController(Session& session, ResponsiveFiles& files,
                                                    UserDialogs& dialogs, EventLog& log,
                                                    testset::InstrumentSession& instruments,
                                                    QWidget& window)
     : QObject(&window),
       session_(session),
+      files_(files),
       commands_(session, files, log, instruments),
       dialogs_(dialogs),
       window_(window) {}
 
 void ReferenceGraphController::SetGraph(const std::string& tableName) {
+  if (files_.IsAtWork()) return;
   Q_EMIT GridNeeded();
   const SetGraphOutcome outcome = commands_.WriteGraph(tableName);
   const texts::GraphTexts& texts = session_.texts.graph;
@@ -34,6 +36,7 @@ void ReferenceGraphController::SetGraph(const std::string& tableName) {
 }
 
 void ReferenceGraphController::ImportGraph() {
+  if (files_.IsAtWork()) return;
   Q_EMIT GridNeeded();
   if (session_.table.tableModified &&
       !dialogs_.Confirm(MessageFor(session_, MessageBox::DiscardEdits, {}))) {

@@ -3,6 +3,7 @@
 #include <QObject>
 
 #include "app/reference_graph_commands.h"
+#include "app/widgets/files/responsive_files.h"
 #include "app/widgets/user_dialogs.h"
 #include "editor/edit_step.h"
 
@@ -10,12 +11,12 @@ namespace zentab::app {
 
 /// Carries out Set GRH and Import GRH: asks where the user has to agree, runs the command, and
 /// tells what has to be shown anew. While a graph is handed over the window is busy and out of
-/// reach.
+/// reach; while a file is waited for neither of them begins.
 class ReferenceGraphController : public QObject {
   Q_OBJECT
 
  public:
-  ReferenceGraphController(Session& session, platform::FileLayer& files, UserDialogs& dialogs,
+  ReferenceGraphController(Session& session, ResponsiveFiles& files, UserDialogs& dialogs,
                            EventLog& log, testset::InstrumentSession& instruments, QWidget& window);
 
  public Q_SLOTS:
@@ -38,6 +39,7 @@ class ReferenceGraphController : public QObject {
   void ReportError(const testset::GraphError& error, const QString& file) const;
 
   Session& session_;
+  ResponsiveFiles& files_;
   ReferenceGraphCommands commands_;
   UserDialogs& dialogs_;
   QWidget& window_;

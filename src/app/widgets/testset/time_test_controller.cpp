@@ -46,6 +46,7 @@ void TimeTestController::LookAgain() {
 }
 
 void TimeTestController::ImportTimeTest() {
+  if (files_.IsAtWork()) return;
   log_.WriteLogLine(" %E Import time test ");
   Q_EMIT GridNeeded();
   if (session_.table.tableModified &&
