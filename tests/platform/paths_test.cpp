@@ -1,5 +1,7 @@
 #include "platform/paths.h"
 
+#include <sstream>
+
 #ifndef _WIN32
 #include <sys/stat.h>
 #endif
@@ -79,6 +81,30 @@ TEST(Locale, FollowsTheEnvironment) {
     const test::Variable first("LC_ALL", all), second("LC_CTYPE", type), third("LANG", language);
     EXPECT_EQ(SystemLocaleIdentifier(), identifier) << all.value_or("none");
     EXPECT_EQ(UserCharacterSet(), characterSet) << all.value_or("none");
+  }
+  const std::pair<int, const char*> languages[] = {
+      {0,
+       "en_US en_GB en_AU en_CA en_IN de_DE de_CH de_AT fr_FR fr_BE fr_CA fr_CH it_IT es_ES es_MX "
+       "pt_BR pt_PT nl_NL nl_BE sv_SE nb_NO da_DK fi_FI is_IS"},
+      {238, "pl_PL cs_CZ sk_SK hu_HU ro_RO hr_HR sl_SI"},
+      {204, "ru_RU uk_UA bg_BG sr_RS"},
+      {186, "et_EE lv_LV lt_LT"},
+      {178, "ar_SA fa_IR"},
+      {136, "zh_TW zh_HK"},
+      {134, "zh_CN zh_SG"},
+      {161, "el_GR"},
+      {162, "tr_TR"},
+      {177, "he_IL"},
+      {163, "vi_VN"},
+      {222, "th_TH"},
+      {128, "ja_JP"},
+      {129, "ko_KR"}};
+  for (const auto& [characterSet, names] : languages) {
+    std::istringstream list(names);
+    for (std::string name; list >> name;) {
+      const test::Variable all("LC_ALL", name);
+      EXPECT_EQ(UserCharacterSet(), characterSet) << name;
+    }
   }
   const test::Variable plain("LC_ALL", "C");
   EXPECT_EQ(UserDecimalSeparator(), ".");

@@ -279,6 +279,8 @@ class HistoryWindowTest : public QObject {
     KeepTables();
     f_->Click("Command1");
     Type(1, 2, QStringLiteral("5"));
+    // Not at each key.
+    QVERIFY(Keeper().findChild<QTimer*>()->interval() >= 100);
     Keeper().KeepNow();
     Crash();
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "105");
