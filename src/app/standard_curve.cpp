@@ -111,7 +111,6 @@ class NumberReader {
 void TakeFormula(const FormValues& values, NumberReader& reader, curves::Characteristic& result) {
   const curves::FamilyRow& row = curves::RowOf(result.family);
   reader.Take("tms", result.multiplier);
-  result.constants = row.constants;
   if (row.hasOwnConstants) {
     reader.Take("k", result.constants.k);
     reader.Take("alpha", result.constants.alpha);

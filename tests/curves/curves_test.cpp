@@ -4,6 +4,7 @@
 
 #include "curves/assessment.h"
 #include "curves/fit.h"
+#include "curves/polyline_choice.h"
 #include "curves/sampling.h"
 #include "curves/thinning.h"
 #include "support/cases.h"
@@ -192,6 +193,32 @@ TEST(Choosing, ThinsAsWellAsTryingAll) {
   const TableCurve flat = Good(TableCurve::Of(PointsOf("1,5 2,5 3,5 4,5 5,5 6,5"), Axes::Chart));
   EXPECT_EQ(Thin(flat, 4).points.size(), 4u);
   EXPECT_EQ(Thin(flat, 26).points.size(), 6u);
+}
+
+TEST(Choosing, KeepsToThePlacesBetweenItsCorners) {
+  std::mt19937 random(11);
+  std::normal_distribution<double> noise(0.0, 0.1);
+  const std::vector<std::size_t> corners = {0, 3, 6, 9, 12};
+  for (int trial = 0; trial < 20; ++trial) {
+    Places places{{}, {}, trial % 2 == 0};
+    for (int i = 0; i <= 12; ++i) {
+      places.x.push_back(i);
+      places.y.push_back(30.0 - i + noise(random));
+    }
+    for (const std::size_t count : {2u, 3u, 4u}) {
+      double least = INFINITY;
+      for (unsigned inner = 0; inner < 16; inner += 2) {
+        std::vector<std::size_t> some = {0};
+        for (std::size_t at = 1; at <= 3; ++at) {
+          if ((inner >> at & 1U) != 0) some.push_back(corners[at]);
+        }
+        some.push_back(12);
+        if (some.size() <= count) least = std::min(least, DeviationOf(places, some));
+      }
+      const double found = DeviationOf(places, ChoosePolyline(places, corners, count));
+      EXPECT_LE(found, 1.0002 * least) << trial << ", " << count;
+    }
+  }
 }
 
 TEST(Choosing, ThinsALongSeriesIntoTheMiddleOfItsScatter) {

@@ -123,6 +123,19 @@ class InstrumentWindowTest : public QObject {
                             " I Writing 1 lines from None absolute values| SetRefgraph 1|"
                             "  x selected | Close request | Voltage is Open | Close Voltage 1|"));
     const QString curve = Cells();
+    made_->Click("Option2");
+    f.session.table.grid.ClearPoints();
+    made_->Click("Command5");
+    QVERIFY(!f.window->statusBar()->currentMessage().isEmpty());
+    for (const int row : {1, 2}) {
+      for (const int column : {1, 2}) {
+        f.session.table.grid.SetCell(row, column, std::to_string(row + column - 1));
+      }
+    }
+    made_->Click("Command5");
+    QVERIFY(f.window->statusBar()->currentMessage().isEmpty());
+    made_->Click("Option3");
+    static_cast<void>(TakeLog());
     f.session.table.grid.ClearPoints();
     f.dialogs.file = f.Path("data/voltage/reference.grh");
     made_->Click("Command6");

@@ -18,12 +18,24 @@ const QByteArray kB = "{\"Berta\"\t(2.5;10)(3;4) 001}\r\n";
 const QByteArray kC = "{\"Cäsar\"\t(3.5;10)(4;4) 001}\r\n";
 const QByteArray kForeign = "{\"foreign\"\t(7;7)(8;8) 001}\r\n";
 
-// Holds the files' thread before each step that changes something.
+// Holds the files' thread before each step that changes something, or before each that reads.
 class HeldFileLayer final : public test::SteppedFileLayer {
  public:
   std::atomic<bool> isHeld = false;
+  std::atomic<bool> holdsReading = false;
+  std::atomic<int> reads = 0;
+
+  static void Release(std::atomic<bool>& hold) {
+    hold = false;
+    hold.notify_all();
+  }
 
  private:
+  std::error_code BeforeReading(const char*) override {
+    ++reads;
+    holdsReading.wait(true);
+    return {};
+  }
   std::error_code Before(const char*) override {
     isHeld.wait(true);
     return {};
@@ -274,8 +286,7 @@ class LibraryWindowTest : public QObject {
             "m_cmpentry", "m_cmpfile",     "m_savechart",     "m_preview",     "m_exit"}) {
         press(name, [&] { f.Find<QAction>(name)->trigger(); });
       }
-      layer.isHeld = false;
-      layer.isHeld.notify_all();
+      HeldFileLayer::Release(layer.isHeld);
     });
     layer.isHeld = true;
     f.Click("Command2");
@@ -283,6 +294,19 @@ class LibraryWindowTest : public QObject {
     QVERIFY(!closed && f.window->isVisible());
     QCOMPARE(f.Bytes(), kB);
     QVERIFY(f.window->close());
+  }
+
+  void TheFileIsLookedAtOneLookAtATime() {
+    HeldFileLayer layer;
+    made_ = std::make_unique<WindowFixture>(kA + kB, ".", &layer);
+    QTRY_VERIFY(layer.reads > 20);
+    layer.holdsReading = true;
+    QTest::qWait(20 * WindowFixture::kLookEvery);
+    const int before = layer.reads;
+    HeldFileLayer::Release(layer.holdsReading);
+    // What waited comes now, and nothing new as long as no events are.
+    QTest::qSleep(50);
+    QVERIFY2(layer.reads - before < 10, qPrintable(QString::number(layer.reads - before)));
   }
 
   void BehindTheLastEntryTheOneBeforeItIsSelected() {

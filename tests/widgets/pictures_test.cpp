@@ -33,6 +33,10 @@ class PicturesTest : public WatchFixture {
     made_ = std::make_unique<WindowFixture>(kLibrary);
     made_->Write("other.dat", kOther);
     made_->Write("curves.csv", kCurves);
+    made_->Write("library.json",
+                 "{\"format\":\"zentab-library\",\"version\":1,\"entries\":[{\"name\":\"J\","
+                 "\"milliseconds\":true,\"absolute\":true,\"instrument\":\"voltage\","
+                 "\"points\":[[1.5,10.0],[2.0,4.25]]}]}");
     made_->Write("bad.csv", "1.5;3,4\r\n2,5;1.7\r\n");
     made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
     QByteArray result = "Test\r\n";
@@ -159,6 +163,9 @@ class PicturesTest : public WatchFixture {
     f.dialogs.file = f.Path("curves.csv");
     WatchSteps({"m_impcurves", "TableCurves=1x", "Field_separator=,", "Field_separator=;",
                 "Field_header=no", "Field_loadunit=ka|TableCurves=0"});
+    Do(QStringLiteral("close"));
+    f.dialogs.file = f.Path("library.json");
+    WatchSteps({"m_impcurves"});
     Do(QStringLiteral("close"));
     f.dialogs.file = f.Path("bad.csv");
     WatchSteps({"m_impcurves"});

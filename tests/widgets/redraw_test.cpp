@@ -41,8 +41,11 @@ class RedrawTest : public WatchFixture {
     auto& grid = *made_->Find<editor::CurveGridView>("MSFlexGrid1");
     grid.setFocus();
     grid.setCurrentIndex(grid.model()->index(row - 1, column - 1));
-    QTest::keyClicks(&grid, QLatin1String(text));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyClick(&grid, Qt::Key_Return);
+    auto* const field = made_->Find<QLineEdit>("Text11");
+    field->selectAll();
+    QTest::keyClicks(field, QLatin1String(text));
+    QTest::keyClick(field, Qt::Key_Escape);
   }
 
   std::unique_ptr<QMimeData> held_;
@@ -62,6 +65,8 @@ class RedrawTest : public WatchFixture {
     auto& grid = *f.Find<editor::CurveGridView>("MSFlexGrid1");
     Watch({
         {"a time", [&] { Type(2, 2, "4.5"); }},
+        {"the first time", [&] { Type(1, 2, "9.5"); }},
+        {"the last load", [&] { Type(4, 1, "15.5"); }},
         {"a load", [&] { Type(4, 1, "40"); }},
         {"a point more", [&] { Type(5, 1, "50"), Type(5, 2, "1"); }},
         {"undo", [&] { Trigger("m_undo"); }},
@@ -172,6 +177,8 @@ class RedrawTest : public WatchFixture {
         {"no markers", [&] { Key(Qt::Key_Backspace); }},
         {"no crosshair", [&] { Key(Qt::Key_Escape); }},
         {"a zoom", [&] { Turn(point); }},
+        {"a smaller one beside a lit point", [&] { HoverRow(3), Turn(PlaceOf(5, 4), 20); }},
+        {"a still smaller one", [&] { Turn(PlaceOf(5, 4), 5); }},
         {"the whole curve", [&] { Trigger("m_fit"); }},
         {"a held point",
          [&] {
