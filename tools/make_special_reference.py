@@ -106,7 +106,7 @@ def hypergeometric_points():
               0.99, 0.999]
     # Terms that grow again after a pole of c + n nearly met, or from a tiny b; errors that grow where
     # the function shrinks; a tiny value that a series would lose.
-    hard = [(0.75, 3, 1, -100.0001), (0.9, 3, 1, -100.0001), (0.5, 500, 1e-30, 1), (0.9, 1, 1, 5000),
+    hard = [(0.75, 3, 1, -100.0001), (0.9, 3, 1, -100.0001), (0.5, 500, 1e-30, 1), (0.5, 1e-30, 300, 2), (0.9, 1, 1, 5000),
             (0.52, 1.34, -8.04, -255.38), (0.95, -28.03, -4.82, -26.82), (-0.25, 80.3, 11.2, 2.4)]
     # Next to a pole, where all that is left of c - a or c - b may be below its last place.
     poles = [(-0.55, 3, 6, -3 + 2**-42), (-0.85, 9.12, 3.4e-17, -6 + 2**-43), (-0.56, 4, 9.3e-16, -4 - 2**-43),

@@ -11,11 +11,6 @@ namespace {
 
 constexpr std::string_view kJsonEnd = ".json";
 
-LoadUnit LoadUnitOf(const tables::CurveTableEntry& entry) {
-  if (!entry.absoluteValues) return LoadUnit::Multiple;
-  return entry.instrument == tables::Instrument::Voltage ? LoadUnit::Volt : LoadUnit::Ampere;
-}
-
 ImportedCurve CurveOf(JsonEntry read) {
   ImportedCurve curve;
   curve.name = read.entry.name;
@@ -23,8 +18,6 @@ ImportedCurve CurveOf(JsonEntry read) {
     curve.points.push_back({texts::LeadingNumber(point.load).value_or(0.0),
                             texts::LeadingNumber(point.time).value_or(0.0)});
   }
-  curve.loadUnit = LoadUnitOf(read.entry);
-  curve.timeUnit = read.entry.milliseconds ? TimeUnit::Millisecond : TimeUnit::Second;
   curve.stored = std::move(read);
   return curve;
 }

@@ -193,6 +193,9 @@ TEST(Choosing, ThinsAsWellAsTryingAll) {
   const TableCurve flat = Good(TableCurve::Of(PointsOf("1,5 2,5 3,5 4,5 5,5 6,5"), Axes::Chart));
   EXPECT_EQ(Thin(flat, 4).points.size(), 4u);
   EXPECT_EQ(Thin(flat, 26).points.size(), 6u);
+  const string bent = "1,9 2,5 3,5 4,5 5,5 6,5 7,5 8,5";
+  EXPECT_EQ(Thin(Good(TableCurve::Of(PointsOf(bent), Axes::Linear)), 4).points,
+            PointsOf("1,9 2,5 5,5 8,5"));
 }
 
 TEST(Choosing, KeepsToThePlacesBetweenItsCorners) {
@@ -353,6 +356,8 @@ TEST(Fitting, SaysWhatThePointsLeaveOpen) {
   EXPECT_EQ(fault("2,1 1,1").kind, FaultKind::AtOrBelowPickup);
   EXPECT_EQ(fault("2,1").kind, FaultKind::TooFewPoints);
   EXPECT_EQ(fault("2,1 3,1", {0}).kind, FaultKind::TooFewPoints);
+  const FitResult own = Fit(PointsOf("2,10 3,5 2,10 3,5"), {}, {{Family::Own}});
+  EXPECT_EQ(own.failed.at(0).second, (Fault{FaultKind::TooFewPoints, 3}));
   EXPECT_EQ(fault("2,1 3,1 4,0", {0}), (Fault{FaultKind::BadTime, 3}));
   EXPECT_EQ(Fit(PointsOf("2,10 9,99 5,4.2"), std::vector<std::size_t>{1}, {{Family::IecA}})
                     .fits.at(0)

@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "app/widgets/exchange/exchange_controller.h"
 #include "app/widgets/qt_user_dialogs.h"
 #include "editor/widgets/curve_grid_view.h"
 #include "exchange/widgets/exchange_dialog.h"
@@ -71,7 +72,14 @@ class ExchangeTest : public QObject {
       QVERIFY(dialog.command1->isEnabled());
       Select(dialog, {0, 1});
       QVERIFY(dialog.outcome->text().contains('2'));
+      bool isBusy = false;
+      connect(f.window->findChild<ExchangeController*>(), &ExchangeController::AboutToChange, this,
+              [&] {
+                isBusy = QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor &&
+                         !dialog.command1->isEnabled() && !dialog.close();
+              });
       dialog.command1->click();
+      QVERIFY(isBusy && QGuiApplication::overrideCursor() == nullptr);
       QVERIFY(dialog.command1->isEnabled());
     });
     QCOMPARE(f.Bytes(), kLibrary + "\r\n{\"X\"\t(5;5) 000}\r\n{\"Y \xDC\"\t 1}\r\n");

@@ -278,12 +278,14 @@ class HistoryWindowTest : public QObject {
   void ATableThatIsOfferedStaysUntilItIsStored() {
     KeepTables();
     f_->Click("Command1");
+    f_->Click("Option3");
     Type(1, 2, QStringLiteral("5"));
     // Not at each key.
     QVERIFY(Keeper().findChild<QTimer*>()->interval() >= 100);
     Keeper().KeepNow();
     Crash();
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "105");
+    QVERIFY(f_->Find<QAbstractButton>("Option3")->isChecked());
     Go("m_undo");
     QCOMPARE(f_->session.table.grid.Cell(1, 2), "");
     Keeper().KeepNow();

@@ -1,14 +1,17 @@
 #include <QApplication>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QListView>
 #include <QMenu>
 #include <QMimeData>
+#include <QPrintPreviewDialog>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
 
+#include "app/widgets/qt_user_dialogs.h"
 #include "exchange/widgets/exchange_dialog.h"
 #include "widgets/window_fixture.h"
 
@@ -127,6 +130,67 @@ class LibraryFilesTest : public QObject {
     QCOMPARE(f.Bytes(), kB + kA + kB);
     Choose("m_folder");
     QCOMPARE(QString::fromStdString(f.dialogs.asked.back()), QFileInfo(f.Path("x")).path());
+  }
+
+  // Where each dialog begins, whether it opens or saves, and what it may and may not do.
+  void FilesAreChosenWhereTheyAre() {
+    WindowFixture& f = Start();
+    for (const char* const folder : {"data", "home/Documents", "else"}) {
+      QVERIFY(QDir().mkpath(f.Path(QLatin1String(folder))));
+    }
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", f.Path("home").toUtf8());
+    f.Write("else/file.csv", "1;2");
+    QtUserDialogs dialogs(f.session);
+    dialogs.SetParent(f.window.get());
+    QString said;
+    const auto ask = [&](const auto& choose, const QString& chosen) {
+      QTimer::singleShot(0, this, [&, chosen] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) qFatal("no dialog opens");
+        said = QDir(f.Path(".")).relativeFilePath(dialog->directory().path());
+        said += QLatin1String(dialog->acceptMode() == QFileDialog::AcceptSave ? " save" : " open");
+        said += QLatin1String(dialog->testOption(QFileDialog::ReadOnly) ? " only" : "");
+        said += QLatin1String(dialog->testOption(QFileDialog::DontConfirmOverwrite) ? " add" : "");
+        said += ' ' + dialog->defaultSuffix() + ' ' + dialog->nameFilters().join('|');
+        dialog->selectFile(chosen);
+        QMetaObject::invokeMethod(dialog, chosen.isEmpty() ? "reject" : "accept");
+      });
+      return QString(choose());
+    };
+    const auto write = [&] {
+      return dialogs.ChooseFileToWrite({"Save", "x.png", "PNG (*.png);;PDF (*.pdf)"});
+    };
+    const auto read = [&] { return dialogs.ChooseFileToRead("CSV (*.csv)"); };
+    const struct {
+      std::function<QString()> choose;
+      QString chosen;
+      const char* said;
+    } cases[] = {
+        {[&] { return dialogs.ChooseTableFile(); }, {}, ". open only  Dat (*.dat)"},
+        {[&] { return dialogs.ChooseTargetFile(); }, {}, ". save only add dat Dat (*.dat)"},
+        {[&] { return dialogs.ChooseNewTableFile(); }, {}, ". save only dat Dat (*.dat)"},
+        {[&] { return dialogs.ChooseGraphFile(); }, {}, "data open only  GRH (*.grh)"},
+        {read, f.Path("else/file.csv"), "home/Documents open only  CSV (*.csv)"},
+        {read, {}, "else open only  CSV (*.csv)"},
+        {write, f.Path("else/new.png"), "home/Documents save png PNG (*.png)|PDF (*.pdf)"},
+        {write, {}, "else save png PNG (*.png)|PDF (*.pdf)"},
+    };
+    for (const auto& c : cases) {
+      QCOMPARE(ask(c.choose, c.chosen), c.chosen);
+      QCOMPARE(said, QLatin1String(c.said));
+    }
+    qputenv("HOME", home);
+    QSize size;
+    QTimer::singleShot(0, this, [&] {
+      auto* const dialog = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) qFatal("no preview opens");
+      size = dialog->size();
+      dialog->reject();
+    });
+    QPrinter printer;
+    dialogs.ShowPreview(printer, [](QPrinter&) {});
+    QCOMPARE(size, QSize(900, 1000).boundedTo(f.window->screen()->availableSize()));
   }
 };
 

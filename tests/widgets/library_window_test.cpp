@@ -273,6 +273,7 @@ class LibraryWindowTest : public QObject {
       if (asked() != before || QApplication::activeModalWidget() != nullptr) begun += name;
     };
     bool closed = true;
+    bool isPointed = false;
     QTimer::singleShot(0, f.window.get(), [&] {
       closed = f.window->close();
       for (const char* const name :
@@ -286,10 +287,15 @@ class LibraryWindowTest : public QObject {
             "m_cmpentry", "m_cmpfile",     "m_savechart",     "m_preview",     "m_exit"}) {
         press(name, [&] { f.Find<QAction>(name)->trigger(); });
       }
-      HeldFileLayer::Release(layer.isHeld);
+      // It takes a moment until the pointer tells.
+      QTimer::singleShot(250, f.window.get(), [&] {
+        isPointed = QGuiApplication::overrideCursor() != nullptr;
+        HeldFileLayer::Release(layer.isHeld);
+      });
     });
     layer.isHeld = true;
     f.Click("Command2");
+    QVERIFY(isPointed && QGuiApplication::overrideCursor() == nullptr);
     QVERIFY2(begun.isEmpty(), qPrintable(begun.join(' ')));
     QVERIFY(!closed && f.window->isVisible());
     QCOMPARE(f.Bytes(), kB);

@@ -121,6 +121,7 @@ class PointToolsTest : public QObject {
     Choose("m_fill");
     QCOMPARE(f.dialogs.asked.size(), asked);
     QVERIFY(Said().startsWith(QStringLiteral("Select two rows")));
+    QCOMPARE(f.dialogs.offered, (std::vector<double>{1, 1, 0, 1, 1, 3}));
   }
 
   void ConversionsChangeNumbersAndModesTogether() {

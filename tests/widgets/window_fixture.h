@@ -32,6 +32,7 @@ class AnsweringDialogs : public UserDialogs {
   QString file;
   int filesAsked = 0;
   std::optional<double> number;
+  std::vector<double> offered;  // numbers
   std::optional<AxisLimits> limits;
   std::optional<PictureSize> picture = PictureSize();
   std::vector<std::size_t> entries;
@@ -52,6 +53,7 @@ class AnsweringDialogs : public UserDialogs {
   /// Gives `number` where the question takes it for an answer.
   std::optional<double> AskNumber(const NumberQuestion& question) override {
     asked.push_back(question.title.toStdString());
+    offered.push_back(question.number);
     return number && question.accepts(*number) ? number : std::nullopt;
   }
   /// Gives `choices`, where it is not empty; keeps the offered answers.

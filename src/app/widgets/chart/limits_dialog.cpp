@@ -83,7 +83,6 @@ LimitsDialog::Fields LimitsDialog::AddRow(QGridLayout& grid, const char* name, c
 
 bool LimitsDialog::Read(const Fields& fields, const editor::Range& inView, bool logarithmic,
                         std::optional<editor::Range>& limits) const {
-  limits.reset();
   if (fields.from->text().trimmed().isEmpty() && fields.to->text().trimmed().isEmpty()) return true;
   const std::string& separator = session_.localeDecimalSeparator;
   const std::optional<double> from = NumberIn(*fields.from, inView.minimum, separator);
