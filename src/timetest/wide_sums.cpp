@@ -93,7 +93,7 @@ WideSums::Level& WideSums::LevelOf(unsigned exponent) {
 
 void WideSums::MakeLevel(Level& level, unsigned exponent) const {
   level.before.resize(length_ + 1);
-  level.nextStop.resize(length_ + 1);
+  level.nextStop.resize(length_);
   level.lastEnd = 0;
   level.isMade = true;
   const double factor =
@@ -112,7 +112,7 @@ void WideSums::MakeLevel(Level& level, unsigned exponent) const {
     for (; passed <= at; ++passed) level.nextStop[passed] = static_cast<std::uint32_t>(at);
   }
   level.before[length_] = sum;
-  for (; passed <= length_; ++passed) level.nextStop[passed] = static_cast<std::uint32_t>(length_);
+  for (; passed < length_; ++passed) level.nextStop[passed] = static_cast<std::uint32_t>(length_);
 }
 
 double WideSums::Of(std::size_t first) {

@@ -117,6 +117,8 @@ TEST(Characteristics, AreBuiltAsRelaysAre) {
   // The step costs the lines one line, and no other one shows it.
   const ChosenPoints best = Good(Sample(curve, {3, 40, 26, Spacing::Best}));
   EXPECT_LT(best.deviation, 0.003);
+  EXPECT_TRUE(
+      std::ranges::any_of(best.points, [](const Point& point) { return point.load == 20; }));
   settings.family = Family::Undervoltage;
   settings.step = DefiniteStep{0.5, 0.05};
   const CharacteristicCurve below = Good(CharacteristicCurve::Of(settings));

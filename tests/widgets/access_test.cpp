@@ -46,6 +46,16 @@ constexpr struct {
               {"QListView", QAccessible::List},
               {"QCustomPlot", QAccessible::Chart}};
 
+// Lists and tables whose texts F2 or a double-click would open, but for those that are for it.
+bool IsOpenedByMistake(const QWidget& control) {
+  const auto* const view = qobject_cast<const QAbstractItemView*>(&control);
+  if (view == nullptr || view->model() == nullptr) return false;
+  const bool isForEditing = view->objectName() == QLatin1String("List1") ||
+                            view->objectName() == QLatin1String("TableCurves");
+  return !isForEditing && view->editTriggers() != QAbstractItemView::NoEditTriggers &&
+         (view->model()->index(0, 0).flags() & Qt::ItemIsEditable);
+}
+
 // The controls that the keyboard reaches and a screen reader has no name or another role for.
 QStringList Unnamed(const QWidget& window) {
   QStringList found;
@@ -58,6 +68,7 @@ QStringList Unnamed(const QWidget& window) {
     if (said->text(QAccessible::Name).trimmed().isEmpty()) found += which + " has no name";
     const auto* const row = std::ranges::find_if(
         kRoles, [control](const auto& known) { return control->inherits(known.kind); });
+    if (IsOpenedByMistake(*control)) found += which + " can be edited";
     const bool isKnown = row != std::end(kRoles);
     if (!isKnown || said->role() != row->role) {
       found += which + QStringLiteral(" has the role %1").arg(said->role());

@@ -126,6 +126,9 @@ class ChartAxesTest : public ChartFixture {
     QCOMPARE(Kinds(), QStringLiteral("lin/lin"));
     auto& legend = *f.Find<editor::CurveLegend>("ListLegend");
     legend.setFocus();
+    legend.setCurrentIndex({});
+    Q_EMIT legend.customContextMenuRequested({5, 5});
+    QVERIFY2(QApplication::activePopupWidget() == nullptr, "no curve is chosen");
     legend.setCurrentIndex(legend.model()->index(3, 0));
     QTest::keyClick(&legend, Qt::Key_Space);
     QCOMPARE(Kinds(), QStringLiteral("log/log"));

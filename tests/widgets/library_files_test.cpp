@@ -152,6 +152,7 @@ class LibraryFilesTest : public QObject {
         said += QLatin1String(dialog->acceptMode() == QFileDialog::AcceptSave ? " save" : " open");
         said += QLatin1String(dialog->testOption(QFileDialog::ReadOnly) ? " only" : "");
         said += QLatin1String(dialog->testOption(QFileDialog::DontConfirmOverwrite) ? " add" : "");
+        said += QLatin1String(dialog->fileMode() == QFileDialog::ExistingFile ? " existing" : "");
         said += ' ' + dialog->defaultSuffix() + ' ' + dialog->nameFilters().join('|');
         dialog->selectFile(chosen);
         QMetaObject::invokeMethod(dialog, chosen.isEmpty() ? "reject" : "accept");
@@ -167,12 +168,12 @@ class LibraryFilesTest : public QObject {
       QString chosen;
       const char* said;
     } cases[] = {
-        {[&] { return dialogs.ChooseTableFile(); }, {}, ". open only  Dat (*.dat)"},
+        {[&] { return dialogs.ChooseTableFile(); }, {}, ". open only existing  Dat (*.dat)"},
         {[&] { return dialogs.ChooseTargetFile(); }, {}, ". save only add dat Dat (*.dat)"},
         {[&] { return dialogs.ChooseNewTableFile(); }, {}, ". save only dat Dat (*.dat)"},
-        {[&] { return dialogs.ChooseGraphFile(); }, {}, "data open only  GRH (*.grh)"},
-        {read, f.Path("else/file.csv"), "home/Documents open only  CSV (*.csv)"},
-        {read, {}, "else open only  CSV (*.csv)"},
+        {[&] { return dialogs.ChooseGraphFile(); }, {}, "data open only existing  GRH (*.grh)"},
+        {read, f.Path("else/file.csv"), "home/Documents open only existing  CSV (*.csv)"},
+        {read, {}, "else open only existing  CSV (*.csv)"},
         {write, f.Path("else/new.png"), "home/Documents save png PNG (*.png)|PDF (*.pdf)"},
         {write, {}, "else save png PNG (*.png)|PDF (*.pdf)"},
     };

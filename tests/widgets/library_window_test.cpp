@@ -24,6 +24,7 @@ class HeldFileLayer final : public test::SteppedFileLayer {
   std::atomic<bool> isHeld = false;
   std::atomic<bool> holdsReading = false;
   std::atomic<int> reads = 0;
+  std::function<void(std::string_view)> onRead = [](std::string_view) {};
 
   static void Release(std::atomic<bool>& hold) {
     hold = false;
@@ -31,8 +32,9 @@ class HeldFileLayer final : public test::SteppedFileLayer {
   }
 
  private:
-  std::error_code BeforeReading(const char*) override {
+  std::error_code BeforeReading(const char* step) override {
     ++reads;
+    onRead(step);
     holdsReading.wait(true);
     return {};
   }
@@ -313,6 +315,28 @@ class LibraryWindowTest : public QObject {
     // What waited comes now, and nothing new as long as no events are.
     QTest::qSleep(50);
     QVERIFY2(layer.reads - before < 10, qPrintable(QString::number(layer.reads - before)));
+  }
+
+  void AFileThatIsBeingWrittenIsListedOnceItIsDone() {
+    std::atomic<int> left = 0;  // times that someone else writes before the next look
+    std::atomic<int> opened = 0;
+    HeldFileLayer layer;
+    QByteArray growing = kA;
+    layer.onRead = [&](std::string_view step) {
+      if (left == 0) return;
+      if (step == "open") ++opened;
+      if (step != "stamp") return;
+      growing += kB;
+      made_->Write("relayTables.dat", growing);
+      --left;
+    };
+    made_ = std::make_unique<WindowFixture>(kA, ".", &layer);
+    QTRY_VERIFY(layer.reads > 20);
+    left = 8;
+    QTRY_COMPARE(left, 0);
+    QCOMPARE(opened, 0);
+    QTRY_COMPARE(made_->session.listing.names.size(), 9U);
+    made_.reset();
   }
 
   void BehindTheLastEntryTheOneBeforeItIsSelected() {

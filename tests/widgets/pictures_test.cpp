@@ -136,7 +136,7 @@ class PicturesTest : public WatchFixture {
                 "close|m_curve", "close|m_view", "close|m_compare", "close|m_axes",
                 "close|m_colours", "close|m_language", "close|m_help", "close|menu:List1",
                 "close|menu:MSFlexGrid1", "close|menu:MSChart1",
-                "close|Command1|m_cmpentry|ListLegend=1|m_legend", "close|m_keys"});
+                "close|Command1|m_cmpentry|ListLegend=1|menu:ListLegend", "close|m_keys"});
   }
   void Curves() {
     Begin();

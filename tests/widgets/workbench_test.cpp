@@ -167,6 +167,8 @@ class WorkbenchTest : public QObject {
     auto* const offered = QApplication::activePopupWidget();
     QVERIFY(offered != nullptr && offered->objectName() == QLatin1String("ListCompletions"));
     QTest::keyClick(offered, Qt::Key_Down);
+    const auto* const words = qobject_cast<QAbstractItemView*>(offered);
+    QVERIFY(!words->currentIndex().data(Qt::ToolTipRole).toString().isEmpty());
     QTest::keyClick(offered, Qt::Key_Return);
     QCOMPARE(field->text(), QStringLiteral("abs(t0-t1)*tMax"));
     QTest::keyClicks(field, "+)");
@@ -209,8 +211,9 @@ class WorkbenchTest : public QObject {
   }
 
   void StagesSayWhatTheyDoAndWhatIsWrong() {
-    Start();
+    Start().session.texts.import.timeout = "0,000";
     const QDialog& dialog = *Opened();
+    QCOMPARE(dialog.findChild<QLineEdit*>("Field_timeout")->text(), QStringLiteral("0"));
     QTRY_COMPARE(Said(dialog, "LabelEffect0"), QStringLiteral("60 points"));
     QTRY_COMPARE(Said(dialog, "LabelEffect1"), QStringLiteral("2 removed, from 59.4 s"));
     Set(dialog, "Field_mean", 2);

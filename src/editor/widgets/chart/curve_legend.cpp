@@ -37,7 +37,6 @@ CurveLegend::CurveLegend(QWidget* parent)
   setFrameShape(QFrame::NoFrame);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setEditTriggers(QAbstractItemView::NoEditTriggers);
   // There is only a current one, which the keys are for.
   setSelectionMode(QAbstractItemView::NoSelection);
   setModel(model_);
