@@ -32,6 +32,7 @@ TEST(Members, ExpressionAndVariables) {
   ASSERT_TRUE(parser.StoreExpression("  T0 + t0*alpha + T0  "));
   EXPECT_EQ(parser.Expression(), "T0 + t0*alpha + T0");
   ASSERT_EQ(parser.VarTop(), 3);
+  EXPECT_EQ(MathParser().VarTop(), 0);
   EXPECT_EQ(parser.VarName(1), "T0");
   EXPECT_EQ(parser.VarName(3), "alpha");
   EXPECT_EQ(parser.VarSymb("t0"), 2.0);

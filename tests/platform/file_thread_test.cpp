@@ -50,6 +50,11 @@ TEST(Files, ACallThatIsLeftHoldsNobodyUp) {
   EXPECT_FALSE(waiting->WaitFor(0s));
   device.set_value();
   EXPECT_EQ(isMade.wait_for(kLimit), std::future_status::ready);
+  const auto end = std::chrono::steady_clock::now() + kLimit;
+  while (FileThread::HasLeftCalls() && std::chrono::steady_clock::now() < end) {
+    std::this_thread::yield();
+  }
+  EXPECT_FALSE(FileThread::HasLeftCalls());
 }
 
 using FileStamps = TemporaryFolder;

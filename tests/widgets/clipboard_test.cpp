@@ -216,7 +216,7 @@ class ClipboardTest : public QObject {
       const QPoint place(field->width() - 12, field->height() / 2);
       QTest::mousePress(field, Qt::LeftButton, {}, place);
       QTest::mouseDClick(field, Qt::LeftButton, {}, place);
-      QMouseEvent move(QEvent::MouseMove, place - QPoint(9, 0), field->mapToGlobal(place),
+      QMouseEvent move(QEvent::MouseMove, QPoint(4, place.y()), field->mapToGlobal(place),
                        Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
       QCoreApplication::sendEvent(field, &move);
       QVERIFY(EditorOpen() && !field->hasSelectedText());

@@ -8,7 +8,6 @@
 #include <QTimer>
 
 #include "app/widgets/exchange/exchange_controller.h"
-#include "app/widgets/qt_user_dialogs.h"
 #include "editor/widgets/curve_grid_view.h"
 #include "exchange/widgets/exchange_dialog.h"
 #include "widgets/described_window.h"
@@ -143,6 +142,10 @@ class ExchangeTest : public QObject {
     f.dialogs.file.clear();
     InDialog("m_imp", [&f](ExchangeDialog& dialog) {
       QVERIFY(!dialog.command1->isEnabled());
+      const texts::ProgramTexts& texts = f.session.texts.program;
+      QCOMPARE(dialog.fileButton->text().toStdString(), texts.chooseFile);
+      QCOMPARE(dialog.outcome->text().toStdString(), texts.noExchangeFile);
+      QVERIFY(dialog.fileButton->hasFocus());
       // A dialog that comes into view again asks no more.
       QShowEvent again;
       QCoreApplication::sendEvent(&dialog, &again);
@@ -158,32 +161,6 @@ class ExchangeTest : public QObject {
       dialog.command1->click();
     });
     QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|X"));
-  }
-
-  void TheFileDialogsChooseOnly() {
-    WindowFixture& f = Start();
-    QtUserDialogs dialogs(f.session);
-    dialogs.SetParent(f.window.get());
-    // No test gets at the dialogs of a system.
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    for (QString (QtUserDialogs::*const choose)() :
-         {&QtUserDialogs::ChooseTableFile, &QtUserDialogs::ChooseGraphFile,
-          &QtUserDialogs::ChooseTargetFile}) {
-      QTimer::singleShot(0, this, [&f] {
-        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr) qFatal("there is no file dialog");
-        QVERIFY(dialog->testOption(QFileDialog::ReadOnly));
-        dialog->selectFile(f.Path("relayTables.dat"));
-        if (dialog->acceptMode() == QFileDialog::AcceptSave) {
-          dialog->findChild<QLineEdit*>()->setText(QStringLiteral("fresh"));
-        }
-        static_cast<QDialog*>(dialog)->accept();
-        if (dialog->isVisible()) dialog->reject();
-      });
-      const QString chosen = (dialogs.*choose)();
-      QVERIFY2(chosen.endsWith("relayTables.dat") || chosen.endsWith("fresh.dat"),
-               qPrintable(chosen));
-    }
   }
 
   void ExportCopiesIntoTheOtherFile() {

@@ -257,6 +257,17 @@ class InterchangeTest : public QObject {
     QCOMPARE(NamesIn(*f.window), QStringLiteral("Alpha|Beta|Gamma|Abgang 1|New"));
   }
 
+  void EntriesOfALibraryKeepTheirLines() {
+    const WindowFixture& f = Start();
+    const QByteArray line = "{\"J\"\t(1.50;10.0)(2.0;4.25)  112}x\r\n";
+    f.Write("odd.dat", line);
+    f.Write("library.json",
+            Printed({"export", f.Path("odd.dat"), "--format", "json"}).join('\n').toUtf8());
+    QDialog* const dialog = Opened("m_impcurves", "library.json");
+    In<QPushButton>(*dialog, "CommandAdd")->click();
+    QCOMPARE(f.Bytes(), kLibrary + line);
+  }
+
   void WhatIsNoCurveChangesNothing_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("said");

@@ -143,6 +143,8 @@ class LibraryFilesTest : public QObject {
     f.Write("else/file.csv", "1;2");
     QtUserDialogs dialogs(f.session);
     dialogs.SetParent(f.window.get());
+    // No test gets at the dialogs of a system.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QString said;
     const auto ask = [&](const auto& choose, const QString& chosen) {
       QTimer::singleShot(0, this, [&, chosen] {

@@ -122,6 +122,7 @@ class RedrawTest : public WatchFixture {
     Watch({
         {"current", [&] { f.Click("Option1"); }},
         {"an entry's curve", [&] { Read(1); }},
+        {"a place on it", [&] { Key(Qt::Key_End); }},
         {"voltage", [&] { f.Click("Option2"); }},
         {"absolute values", [&] { f.Click("Check1"); }},
         {"milliseconds", [&] { f.Click("Check2"); }},

@@ -58,7 +58,8 @@ class WatchFixture : public ChartFixture {
                (front == nullptr || IsAsInPictures(PictureOf(*front), name + "-front"));
       };
       const bool isAsInPictures = QTest::qWaitFor(areAsInPictures, 10'000);
-      const QRect stale = StaleIn(window);
+      QRect stale = StaleIn(window);
+      if (front != nullptr) stale |= StaleIn(*front);
       QVERIFY2(stale.isEmpty(), qPrintable(QStringLiteral("%1: %2 × %3 at %4, %5")
                                                .arg(QLatin1String(what))
                                                .arg(stale.width())
