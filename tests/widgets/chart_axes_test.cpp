@@ -118,6 +118,12 @@ class ChartAxesTest : public ChartFixture {
   void FurtherCurvesAreConvertedListedAndCompared() {
     WindowFixture& f = Start();
     QVERIFY(Legend().isEmpty());
+    QMimeData text;
+    text.setText(QStringLiteral("1"));
+    QDragEnterEvent other({20, 20}, Qt::CopyAction, &text, Qt::LeftButton, {});
+    other.ignore();
+    QCoreApplication::sendEvent(Chart().parentWidget(), &other);
+    QVERIFY2(!other.isAccepted(), "what is no entry is for others");
     DropEntries({0, 1});
     f.Select(2);
     Choose("m_cmpentry");

@@ -39,8 +39,8 @@ inline QString CurvesOf(QCustomPlot& plot) {
 }
 
 /// What a control holds for the user: the choice of a box, the range of a number, whether a button
-/// is checked or the default one, how a text is laid out where that is not as usual, the first rows
-/// of a list or table with their headings, a chart's curves.
+/// is checked or the default one, which field a text belongs to and how it is laid out where that
+/// is not as usual, the first rows of a list or table with their headings, a chart's curves.
 inline QString HeldBy(QWidget& control) {
   if (auto* const plot = qobject_cast<QCustomPlot*>(&control)) return CurvesOf(*plot);
   if (const auto* const box = qobject_cast<const QComboBox*>(&control)) {
@@ -51,7 +51,9 @@ inline QString HeldBy(QWidget& control) {
   }
   if (const auto* const label = qobject_cast<const QLabel*>(&control)) {
     const bool isUsual = label->alignment() == (Qt::AlignLeft | Qt::AlignVCenter);
+    const QString buddy = label->buddy() == nullptr ? QString() : label->buddy()->objectName();
     return QLatin1String(label->wordWrap() ? "(wraps)" : "") +
+           (buddy.isEmpty() ? buddy : "of " + buddy) +
            (isUsual ? QString() : '@' + QString::number(label->alignment().toInt(), 16));
   }
   const auto* const push = qobject_cast<const QPushButton*>(&control);

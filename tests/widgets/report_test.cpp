@@ -255,8 +255,10 @@ class ReportTest : public QObject {
     const QString assessed = TextOf(f.Path(QStringLiteral("own2.pdf")));
     QVERIFY2(assessed.contains(QLatin1String("Limit: 5 % of the nominal time")),
              qPrintable(assessed));
-    QVERIFY(Said("pdfinfo", {QStringLiteral("-")}, f.Path(QStringLiteral("own2.pdf")))
-                .contains(QLatin1String("612 x 792 pts")));
+    const QString facts =
+        Said("pdfinfo", {QStringLiteral("-")}, f.Path(QStringLiteral("own2.pdf")));
+    QVERIFY2(facts.contains(QLatin1String("612 x 792 pts")), qPrintable(facts));
+    QVERIFY2(facts.contains(QRegularExpression("Title: +Feeder 12")), qPrintable(facts));
   }
 
   void PaperIsWhiteWhateverTheWindowIs() {
