@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include "app/widgets/accessible_names.h"
+#include "widgets/picture.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -132,6 +133,7 @@ class HelpTest : public QObject {
     f.window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(f.window.get()));
     QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("CommandDemo"));
+    QVERIFY(IsAsInPictures(PictureOf(*f.Find<QWidget>("PanelWelcome")), QStringLiteral("welcome")));
     QVERIFY(!QApplication::focusWidget()->accessibleName().isEmpty());
     f.dialogs.answer = false;
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
