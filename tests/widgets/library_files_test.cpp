@@ -128,7 +128,9 @@ class LibraryFilesTest : public QObject {
     Choose("m_backup");
     QCOMPARE(offered, QStringLiteral("Anna|Berta"));
     QCOMPARE(f.Bytes(), kB + kA + kB);
+    f.window->statusBar()->showMessage(QStringLiteral("of the command before"));
     Choose("m_folder");
+    QCOMPARE(Said(), QString());
     QCOMPARE(QString::fromStdString(f.dialogs.asked.back()), QFileInfo(f.Path("x")).path());
   }
 
