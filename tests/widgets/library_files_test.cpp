@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QPrintPreviewDialog>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -43,6 +44,26 @@ class LibraryFilesTest : public QObject {
     QStringList files;
     for (const QAction* const action : menu->actions()) files += action->text().section('/', -1);
     return files;
+  }
+  // What `choose` gives when the file that is asked for is `chosen`, or none, and what the dialog
+  // is like.
+  [[nodiscard]] std::pair<QString, QString> Answered(const std::function<QString()>& choose,
+                                                     const QString& chosen) {
+    QString said;
+    QTimer::singleShot(0, this, [&] {
+      auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) qFatal("no dialog opens");
+      said = QDir(made_->Path(".")).relativeFilePath(dialog->directory().path());
+      said += QLatin1String(dialog->acceptMode() == QFileDialog::AcceptSave ? " save" : " open");
+      said += QLatin1String(dialog->testOption(QFileDialog::ReadOnly) ? " only" : "");
+      said += QLatin1String(dialog->testOption(QFileDialog::DontConfirmOverwrite) ? " add" : "");
+      said += QLatin1String(dialog->fileMode() == QFileDialog::ExistingFile ? " existing" : "");
+      said += ' ' + dialog->defaultSuffix() + ' ' + dialog->nameFilters().join('|');
+      dialog->selectFile(chosen);
+      QMetaObject::invokeMethod(dialog, chosen.isEmpty() ? "reject" : "accept");
+    });
+    QString file = choose();
+    return {file, said};
   }
   // Whether the window takes what is dropped.
   [[nodiscard]] bool Drop(const QList<QUrl>& urls) {
@@ -143,26 +164,13 @@ class LibraryFilesTest : public QObject {
     const QByteArray home = qgetenv("HOME");
     qputenv("HOME", f.Path("home").toUtf8());
     f.Write("else/file.csv", "1;2");
+    const QString documents =
+        QDir(f.Path("."))
+            .relativeFilePath(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     QtUserDialogs dialogs(f.session);
     dialogs.SetParent(f.window.get());
     // No test gets at the dialogs of a system.
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QString said;
-    const auto ask = [&](const auto& choose, const QString& chosen) {
-      QTimer::singleShot(0, this, [&, chosen] {
-        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr) qFatal("no dialog opens");
-        said = QDir(f.Path(".")).relativeFilePath(dialog->directory().path());
-        said += QLatin1String(dialog->acceptMode() == QFileDialog::AcceptSave ? " save" : " open");
-        said += QLatin1String(dialog->testOption(QFileDialog::ReadOnly) ? " only" : "");
-        said += QLatin1String(dialog->testOption(QFileDialog::DontConfirmOverwrite) ? " add" : "");
-        said += QLatin1String(dialog->fileMode() == QFileDialog::ExistingFile ? " existing" : "");
-        said += ' ' + dialog->defaultSuffix() + ' ' + dialog->nameFilters().join('|');
-        dialog->selectFile(chosen);
-        QMetaObject::invokeMethod(dialog, chosen.isEmpty() ? "reject" : "accept");
-      });
-      return QString(choose());
-    };
     const auto write = [&] {
       return dialogs.ChooseFileToWrite({"Save", "x.png", "PNG (*.png);;PDF (*.pdf)"});
     };
@@ -170,22 +178,29 @@ class LibraryFilesTest : public QObject {
     const struct {
       std::function<QString()> choose;
       QString chosen;
-      const char* said;
+      QString said;
     } cases[] = {
         {[&] { return dialogs.ChooseTableFile(); }, {}, ". open only existing  Dat (*.dat)"},
         {[&] { return dialogs.ChooseTargetFile(); }, {}, ". save only add dat Dat (*.dat)"},
         {[&] { return dialogs.ChooseNewTableFile(); }, {}, ". save only dat Dat (*.dat)"},
         {[&] { return dialogs.ChooseGraphFile(); }, {}, "data open only existing  GRH (*.grh)"},
-        {read, f.Path("else/file.csv"), "home/Documents open only existing  CSV (*.csv)"},
+        {read, f.Path("else/file.csv"), documents + " open only existing  CSV (*.csv)"},
         {read, {}, "else open only existing  CSV (*.csv)"},
-        {write, f.Path("else/new.png"), "home/Documents save png PNG (*.png)|PDF (*.pdf)"},
+        {write, f.Path("else/new.png"), documents + " save png PNG (*.png)|PDF (*.pdf)"},
         {write, {}, "else save png PNG (*.png)|PDF (*.pdf)"},
     };
     for (const auto& c : cases) {
-      QCOMPARE(ask(c.choose, c.chosen), c.chosen);
-      QCOMPARE(said, QLatin1String(c.said));
+      const auto [chosen, said] = Answered(c.choose, c.chosen);
+      QCOMPARE(chosen, c.chosen);
+      QCOMPARE(said, c.said);
     }
     qputenv("HOME", home);
+  }
+
+  void APreviewFillsTheScreen() {
+    WindowFixture& f = Start();
+    QtUserDialogs dialogs(f.session);
+    dialogs.SetParent(f.window.get());
     QSize size;
     QTimer::singleShot(0, this, [&] {
       auto* const dialog = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
