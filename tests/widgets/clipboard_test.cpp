@@ -99,6 +99,9 @@ class ClipboardTest : public QObject {
     Key(Qt::Key_Up, Qt::ShiftModifier);
     Keys(QKeySequence::Copy);
     QCOMPARE(Clip(), QStringLiteral("2\r3"));
+    Grid().clearSelection();
+    Keys(QKeySequence::Copy);
+    QCOMPARE(Clip(), QStringLiteral("2"));
     ClickCell(2, 1);
     auto* const field = made_->Find<QWidget>("Text11");
     QTest::mousePress(field, Qt::LeftButton);

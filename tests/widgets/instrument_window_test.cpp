@@ -183,6 +183,21 @@ class InstrumentWindowTest : public QObject {
     QCOMPARE(f.dialogs.asked.size(), 1u);
   }
 
+  void AClickDuringAChoiceComesToNothing() {
+    const WindowFixture& f = Start();
+    auto* const other = f.Find<QAbstractButton>("Option2");
+    const QPointF place(9, 9);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      QCoreApplication::postEvent(
+          other, new QMouseEvent(type, place, other->mapToGlobal(place), Qt::LeftButton,
+                                 type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                                 Qt::NoModifier));
+    }
+    made_->Click("Option1");
+    QCoreApplication::processEvents();
+    QVERIFY(Checked("Option1"));
+  }
+
   void TheWindowTakesNoCommandInAModulesOwnLoop() {
     WindowFixture& f = Start();
     Read(0);

@@ -190,6 +190,11 @@ class ReportTest : public QObject {
     for (const QString& part : Drawn(QString::fromUtf8(f.Bytes(QStringLiteral("own.svg"))))) {
       QVERIFY2(shown.contains(part), qPrintable(part));
     }
+    // Further curves are lines as well.
+    f.Find<QAction>("m_cmpentry")->trigger();
+    Save(QStringLiteral("both.svg"));
+    const QStringList both = Drawn(QString::fromUtf8(f.Bytes(QStringLiteral("both.svg"))));
+    QVERIFY(both.size() > shown.size() && !both.join(QString()).contains("<image"));
   }
 
   void SignsOfTheMarkupMayStandInAName() {
