@@ -119,11 +119,11 @@ TEST_F(TakeOverTest, ChangesNothingThatSomeoneElseHasChanged) {
   Write("a.dat", library + "{\"E\"\t(1;9) 001}\r\n");
   EXPECT_FALSE(Make(change_));
   EXPECT_TRUE(Bytes("a.dat").starts_with("{\"A\"\t(1;6)"));
+  EXPECT_TRUE(Bytes("a.dat").ends_with("{\"E\"\t(1;9) 001}\r\n"));
   // But what was compared is no longer what is there.
   const auto compared = begin();
   Write("a.dat", library + "{\"E\"\t(1;9) 001}\r\n");
   EXPECT_EQ(Take({compared.at(0)}), tables::kEntryChanged);
-  EXPECT_TRUE(Bytes("a.dat").ends_with("{\"E\"\t(1;9) 001}\r\n"));
 }
 
 }  // namespace

@@ -247,10 +247,9 @@ class AccessTest : public QObject {
         curves += name + '\t' + CurvesOf(*made_->Find<QCustomPlot>("MSChart1"));
       }
       if (!isKnown && !ShowsAsDesigned(dialog, QStringLiteral(WINDOWS), name)) others += name;
-      // It takes some turns until every layout has the last of it.
       auto& drawn = const_cast<QWidget&>(dialog);
+      // It takes some turns until every layout has the last of it.
       if (IsTakingPictures()) QTest::qWait(200);
-      for (int turn = 0; turn < 20; ++turn) QCoreApplication::processEvents();
       if (!QTest::qWaitFor([&] { return IsAsInPictures(PictureOf(drawn), name); }, 10'000)) {
         others += name + QStringLiteral(".png");
       }

@@ -1,11 +1,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
-#include <QTimer>
-#include <atomic>
 
 #include "editor/widgets/curve_grid_view.h"
 #include "widgets/window_fixture.h"
@@ -17,32 +14,6 @@ const QByteArray kA = "{\"Anna\"\t(1.5;10)(2;4) 001}\r\n";
 const QByteArray kB = "{\"Berta\"\t(2.5;10)(3;4) 001}\r\n";
 const QByteArray kC = "{\"Cäsar\"\t(3.5;10)(4;4) 001}\r\n";
 const QByteArray kForeign = "{\"foreign\"\t(7;7)(8;8) 001}\r\n";
-
-// Holds the files' thread before each step that changes something, or before each that reads.
-class HeldFileLayer final : public test::SteppedFileLayer {
- public:
-  std::atomic<bool> isHeld = false;
-  std::atomic<bool> holdsReading = false;
-  std::atomic<int> reads = 0;
-  std::function<void(std::string_view)> onRead = [](std::string_view) {};
-
-  static void Release(std::atomic<bool>& hold) {
-    hold = false;
-    hold.notify_all();
-  }
-
- private:
-  std::error_code BeforeReading(const char* step) override {
-    ++reads;
-    onRead(step);
-    holdsReading.wait(true);
-    return {};
-  }
-  std::error_code Before(const char*) override {
-    isHeld.wait(true);
-    return {};
-  }
-};
 
 // The library panel while the table file changes, cannot be written, or is long.
 class LibraryWindowTest : public QObject {
@@ -254,89 +225,6 @@ class LibraryWindowTest : public QObject {
     QVERIFY(Message().contains(QStringLiteral("no backup")));
     QCOMPARE(f.dialogs.asked.size(), 9u);
     QVERIFY2(!f.Bytes().isEmpty() && !QFile::exists(f.Path("relayTables.dat.new")), "left behind");
-  }
-
-  // A screen reader presses buttons whether the mouse reaches them or not.
-  void NothingBeginsAndTheWindowStaysWhileAFileIsWritten() {
-    HeldFileLayer layer;
-    made_ = std::make_unique<WindowFixture>(kA + kB, ".", &layer);
-    WindowFixture& f = *made_;
-    f.OpenIn({});
-    f.Click("Command1");
-    f.Click("Option1");
-    f.dialogs.file = f.Path("relayTables.dat");
-    QStringList begun;
-    const auto press = [&](const QString& name, const std::function<void()>& command) {
-      const auto asked = [&f] {
-        return f.dialogs.asked.size() + static_cast<std::size_t>(f.dialogs.filesAsked);
-      };
-      const std::size_t before = asked();
-      command();
-      if (asked() != before || QApplication::activeModalWidget() != nullptr) begun += name;
-    };
-    bool closed = true;
-    bool isPointed = false;
-    QTimer::singleShot(0, f.window.get(), [&] {
-      closed = f.window->close();
-      for (const char* const name :
-           {"Command1", "Command2", "Command3", "Command4", "Command5", "Command6", "Command10"}) {
-        press(name, [&] { f.Click(name); });
-      }
-      for (const char* const name :
-           {"m_act",      "m_newlib",      "m_savecopy",      "m_backup",      "m_imp",
-            "m_exp",      "m_copyentries", "m_exportentries", "m_duplicate",   "m_entrydown",
-            "m_undo",     "m_redo",        "m_impcurves",     "m_pastecurves", "m_cmplibrary",
-            "m_cmpentry", "m_cmpfile",     "m_savechart",     "m_preview",     "m_exit"}) {
-        press(name, [&] { f.Find<QAction>(name)->trigger(); });
-      }
-      // It takes a moment until the pointer tells.
-      QTimer::singleShot(250, f.window.get(), [&] {
-        isPointed = QGuiApplication::overrideCursor() != nullptr;
-        HeldFileLayer::Release(layer.isHeld);
-      });
-    });
-    layer.isHeld = true;
-    f.Click("Command2");
-    QVERIFY(isPointed && QGuiApplication::overrideCursor() == nullptr);
-    QVERIFY2(begun.isEmpty(), qPrintable(begun.join(' ')));
-    QVERIFY(!closed && f.window->isVisible());
-    QCOMPARE(f.Bytes(), kB);
-    QVERIFY(f.window->close());
-  }
-
-  void TheFileIsLookedAtOneLookAtATime() {
-    HeldFileLayer layer;
-    made_ = std::make_unique<WindowFixture>(kA + kB, ".", &layer);
-    QTRY_VERIFY(layer.reads > 20);
-    layer.holdsReading = true;
-    QTest::qWait(20 * WindowFixture::kLookEvery);
-    const int before = layer.reads;
-    HeldFileLayer::Release(layer.holdsReading);
-    // What waited comes now, and nothing new as long as no events are.
-    QTest::qSleep(50);
-    QVERIFY2(layer.reads - before < 10, qPrintable(QString::number(layer.reads - before)));
-  }
-
-  void AFileThatIsBeingWrittenIsListedOnceItIsDone() {
-    std::atomic<int> left = 0;  // times that someone else writes before the next look
-    std::atomic<int> opened = 0;
-    HeldFileLayer layer;
-    QByteArray growing = kA;
-    layer.onRead = [&](std::string_view step) {
-      if (left == 0) return;
-      if (step == "open") ++opened;
-      if (step != "stamp") return;
-      growing += kB;
-      made_->Write("relayTables.dat", growing);
-      --left;
-    };
-    made_ = std::make_unique<WindowFixture>(kA, ".", &layer);
-    QTRY_VERIFY(layer.reads > 20);
-    left = 8;
-    QTRY_COMPARE(left, 0);
-    QCOMPARE(opened, 0);
-    QTRY_COMPARE(made_->session.listing.names.size(), 9U);
-    made_.reset();
   }
 
   void BehindTheLastEntryTheOneBeforeItIsSelected() {

@@ -9,6 +9,13 @@ class RedrawTest : public WatchFixture {
   Q_OBJECT
 
  private:
+  [[nodiscard]] editor::CurveLegend& ListLegend() const {
+    return *made_->Find<editor::CurveLegend>("ListLegend");
+  }
+  // The first further curve.
+  void Switch(Qt::CheckState state) {
+    ListLegend().model()->setData(ListLegend().model()->index(1, 0), state, Qt::CheckStateRole);
+  }
   // Its button fades in and out.
   void Filter(const char* text) {
     made_->Find<QLineEdit>("TextFilter")->setText(QLatin1String(text));
@@ -219,24 +226,15 @@ class RedrawTest : public WatchFixture {
     Watch({
         {"a curve beside it", [&] { DropEntries({0}); }},
         {"another one", [&] { DropEntries({2}); }},
-        {"one is off",
-         [&] {
-           auto& legend = *made_->Find<editor::CurveLegend>("ListLegend");
-           legend.model()->setData(legend.model()->index(1, 0), Qt::Unchecked, Qt::CheckStateRole);
-         }},
+        {"one is off", [&] { Switch(Qt::Unchecked); }},
         {"the other one is chosen",
          [&] {
-           auto& legend = *made_->Find<editor::CurveLegend>("ListLegend");
-           legend.setFocus();
-           legend.setCurrentIndex(legend.model()->index(2, 0));
+           ListLegend().setFocus();
+           ListLegend().setCurrentIndex(ListLegend().model()->index(2, 0));
          }},
         {"as the reference", [&] { Trigger("m_reference"); }},
         {"it is taken out", [&] { Trigger("m_cmpremove"); }},
-        {"the first one is on",
-         [&] {
-           auto& legend = *made_->Find<editor::CurveLegend>("ListLegend");
-           legend.model()->setData(legend.model()->index(1, 0), Qt::Checked, Qt::CheckStateRole);
-         }},
+        {"the first one is on", [&] { Switch(Qt::Checked); }},
         {"the difference", [&] { Trigger("m_difference"); }},
         {"a place in both", [&] { MoveTo(PlaceOf(5, 4)); }},
         {"an edit above it", [&] { Type(1, 2, "12"); }},

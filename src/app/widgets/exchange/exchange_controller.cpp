@@ -42,6 +42,8 @@ void ExchangeController::Import() {
 }
 
 void ExchangeController::ImportFrom(const QString& file) {
+  // What does not begin leaves no file to the next import.
+  if (files_.IsAtWork()) return;
   given_ = file;
   Import();
 }
