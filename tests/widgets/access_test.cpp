@@ -88,16 +88,7 @@ class AccessTest : public QObject {
     made_ = std::make_unique<WindowFixture>(kLibrary);
     made_->Write("other.dat", "{\"SI\"\t(1.5;11)(2;5) 001}\r\n{\"New\"\t(1;2)(2;3) 001}\r\n");
     made_->Write("curve.csv", "I (A);t (ms)\r\n1,5;3440\r\n2;2006\r\n5;856\r\n");
-    made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
-    QDir(made_->Path(".")).mkpath("data/current");
-    made_->Write("data/current/result.txt", "Test\r\n1\t0.1\t900\t\r\n2\t0.2\t500\t\r\n");
-    QFile result(made_->Path("data/current/result.txt"));
-    const QDateTime measured({2026, 1, 2}, {3, 4});
-    if (!result.open(QIODevice::ReadWrite) ||
-        !result.setFileTime(measured, QFileDevice::FileModificationTime)) {
-      qFatal("the file's time could not be set");
-    }
-    result.close();
+    made_->WriteTimeTest("1\t0.1\t900\t\r\n2\t0.2\t500\t\r\n", QDateTime({2026, 1, 2}, {3, 4}));
     made_->OpenIn(language);
     made_->window->activateWindow();
     if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");

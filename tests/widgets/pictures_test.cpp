@@ -38,21 +38,7 @@ class PicturesTest : public WatchFixture {
                  "\"milliseconds\":true,\"absolute\":true,\"instrument\":\"voltage\","
                  "\"points\":[[1.5,10.0],[2.0,4.25]]}]}");
     made_->Write("bad.csv", "1.5;3,4\r\n2,5;1.7\r\n");
-    made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
-    QByteArray result = "Test\r\n";
-    for (int point = 1; point <= 60; ++point) {
-      const int time = point < 5 ? 60000 : 90000 / point + (point % 9 == 0 ? 700 : 0);
-      result += QByteArray::number(point) + '\t' + QByteArray::number(point / 10.0) + '\t' +
-                QByteArray::number(time) + "\t\r\n";
-    }
-    QDir(made_->Path(".")).mkpath("data/current");
-    made_->Write("data/current/result.txt", result);
-    QFile file(made_->Path("data/current/result.txt"));
-    const QDateTime measured({2026, 1, 2}, {3, 4});
-    if (!file.open(QIODevice::ReadWrite) ||
-        !file.setFileTime(measured, QFileDevice::FileModificationTime)) {
-      qFatal("the file's time could not be set");
-    }
+    made_->WriteTimeTest(WindowFixture::SixtyPoints(), QDateTime({2026, 1, 2}, {3, 4}));
     Shipped();
     made_->Click("Command1");
     return *made_;

@@ -15,7 +15,7 @@ const QByteArray kTexts =
     "F1.LOGGFILE {on}\r\n"
     "DIFF.TYPE {-}\r\nFILTER.TYPE {-}\r\nVALUE.MEAN.OVER {-}\r\n"
     "FILTER.EQUATION.4 {t1+*2}\r\n";
-const QByteArray kResult = "Test\r\n1\t3\t2500\t\r\n2\t6\t1500\t\r\n3\t9\t1000\t\r\n";
+const QByteArray kResult = "1\t3\t2500\t\r\n2\t6\t1500\t\r\n3\t9\t1000\t\r\n";
 
 class TimeTestWindowTest : public QObject {
   Q_OBJECT
@@ -26,9 +26,7 @@ class TimeTestWindowTest : public QObject {
   WindowFixture& Start() {
     made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n", ",");
     made_->Write("Zentab.txt", kTexts);
-    made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
-    QDir(made_->Path(".")).mkpath("data/current");
-    made_->Write("data/current/result.txt", kResult);
+    made_->WriteTimeTest(kResult);
     made_->window.reset();
     made_->Open();
     return *made_;
@@ -123,7 +121,7 @@ class TimeTestWindowTest : public QObject {
     QVERIFY(!Offered());
     QCOMPARE(Row(1), QStringLiteral(" "));
     // The next time test is found when the user comes back.
-    fixture.Write("data/current/result.txt", kResult);
+    fixture.WriteTimeTest(kResult);
     QEvent event(QEvent::ActivationChange);
     fixture.window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));

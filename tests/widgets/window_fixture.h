@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemModelTester>
 #include <QAction>
+#include <QDateTime>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
@@ -240,6 +241,28 @@ class WindowFixture {
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
       qFatal("a test file could not be written");
     }
+  }
+  /// A time test with the current module's result of these lines; `measured` is its time, now
+  /// unless given.
+  void WriteTimeTest(const QByteArray& points, const QDateTime& measured = {}) const {
+    Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
+    QDir(Path(".")).mkpath("data/current");
+    Write("data/current/result.txt", "Test\r\n" + points);
+    QFile file(Path("data/current/result.txt"));
+    if (measured.isValid() && !(file.open(QIODevice::ReadWrite) &&
+                                file.setFileTime(measured, QFileDevice::FileModificationTime))) {
+      qFatal("the file's time could not be set");
+    }
+  }
+  /// Four timeouts, then a curve with a spike at every ninth point.
+  static QByteArray SixtyPoints() {
+    QByteArray points;
+    for (int point = 1; point <= 60; ++point) {
+      const int time = point < 5 ? 60000 : 90000 / point + (point % 9 == 0 ? 700 : 0);
+      points += QByteArray::number(point) + '\t' + QByteArray::number(point / 10.0) + '\t' +
+                QByteArray::number(time) + "\t\r\n";
+    }
+    return points;
   }
   [[nodiscard]] QByteArray Bytes(const QString& name = QStringLiteral("relayTables.dat")) const {
     QFile file(Path(name));

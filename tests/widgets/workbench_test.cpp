@@ -34,15 +34,7 @@ class WorkbenchTest : public QObject {
   WindowFixture& Start(const std::string& separator = ".") {
     made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n", separator);
     made_->Write(kCatalogue, kSite);
-    made_->Write("fo.txt", "HEADING.CURRENT.TIMETEST.TXT {Test}\r\n");
-    QDir(made_->Path(".")).mkpath("data/current");
-    QByteArray result = "Test\r\n";
-    for (int point = 1; point <= 60; ++point) {
-      const int time = point < 5 ? 60000 : 90000 / point + (point % 9 == 0 ? 700 : 0);
-      result += QByteArray::number(point) + '\t' + QByteArray::number(point / 10.0) + '\t' +
-                QByteArray::number(time) + "\t\r\n";
-    }
-    made_->Write(kResult, result);
+    made_->WriteTimeTest(WindowFixture::SixtyPoints());
     made_->window.reset();
     made_->Open();
     made_->window->activateWindow();
