@@ -264,6 +264,12 @@ class InterchangeTest : public QObject {
     f.Write("library.json",
             Printed({"export", f.Path("odd.dat"), "--format", "json"}).join('\n').toUtf8());
     QDialog* const dialog = Opened("m_impcurves", "library.json");
+    // Back from the curves Tab leads over the rows to the fields.
+    QCOMPARE(dialog->focusWidget()->objectName(), QStringLiteral("TableCurves"));
+    for (const char* const former : {"TableRows", "Field_surplus"}) {
+      QTest::keyClick(dialog->focusWidget(), Qt::Key_Backtab);
+      QCOMPARE(dialog->focusWidget()->objectName(), QLatin1String(former));
+    }
     In<QPushButton>(*dialog, "CommandAdd")->click();
     QCOMPARE(f.Bytes(), kLibrary + line);
   }
