@@ -161,6 +161,7 @@ TEST_F(WindowsFiles, ThatOthersHaveOpenAreWaitedFor) {
       EXPECT_FALSE(replace([held] { return CloseHandle(held) != 0; }));
     } else {
       EXPECT_FALSE(error) << error.message();
+      EXPECT_FALSE(replace([] { return false; })) << "while the former one is still read";
       CloseHandle(held);
     }
     EXPECT_EQ(test::BytesOf(file), "new");

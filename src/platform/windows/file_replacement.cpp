@@ -4,6 +4,7 @@
 // A macro, which would rename this program's own function of that name.
 #undef ReplaceFile
 
+#include <string>
 #include <vector>
 
 #include "platform/file_errors.h"
@@ -64,6 +65,19 @@ std::error_code Move(const fs::path& from, const fs::path& to) {
   return Explained(GetLastError(), from, to);
 }
 
+// For the former file. One that somebody still reads keeps its name on some systems until he is done,
+// though it is removed; empty when all names are kept like that.
+fs::path FreeNameBeside(const fs::path& path) {
+  constexpr int kMostNames = 10;
+  for (int number = 1; number <= kMostNames; ++number) {
+    fs::path name = path;
+    name += number == 1 ? std::wstring(L".replaced") : L".replaced" + std::to_wstring(number);
+    DeleteFileW(name.c_str());
+    if (!IsNamed(name)) return name;
+  }
+  return {};
+}
+
 // The new file has its access list already: nothing is lost by going without the system's help.
 bool IsUnknownHere(DWORD error) {
   return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||
@@ -105,8 +119,8 @@ std::error_code CopyAccessList(const fs::path& model, const fs::path& file) {
 
 std::error_code TakeName(const fs::path& from, const fs::path& to) {
   if (!IsNamed(to)) return Move(from, to);
-  fs::path former = to;
-  former += ".replaced";
+  const fs::path former = FreeNameBeside(to);
+  if (former.empty()) return FileError::OpenElsewhere;
   if (ReplaceFileW(to.c_str(), from.c_str(), former.c_str(), 0, nullptr, nullptr) == 0) {
     const DWORD error = GetLastError();
     if (IsNamed(to)) return IsUnknownHere(error) ? Move(from, to) : Explained(error, from, to);
@@ -116,7 +130,7 @@ std::error_code TakeName(const fs::path& from, const fs::path& to) {
       return failure;
     }
   }
-  // A leftover is overwritten by the next replacement.
+  // A leftover is removed by the next replacement.
   DeleteFileW(former.c_str());
   return {};
 }

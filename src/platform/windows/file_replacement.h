@@ -17,7 +17,8 @@ namespace zentab::platform {
 /// Gives the file `from` the name `to`. One that is there passes on its access list, attributes and
 /// further streams; it may be open to readers who share deletion. Fails with
 /// FileError::OpenElsewhere while others have opened it in another way. Meanwhile the former file
-/// is `to`.replaced, and when the system stops in between, it is found there.
+/// is `to`.replaced, or `to`.replaced2 and so on where somebody still reads one of those before it,
+/// and when the system stops in between, it is found there.
 [[nodiscard]] std::error_code TakeName(const std::filesystem::path& from,
                                        const std::filesystem::path& to);
 
