@@ -65,8 +65,8 @@ std::error_code Move(const fs::path& from, const fs::path& to) {
   return Explained(GetLastError(), from, to);
 }
 
-// For the former file. One that somebody still reads keeps its name on some systems until he is done,
-// though it is removed; empty when all names are kept like that.
+// For the former file. One that somebody still reads keeps its name on some systems until he is
+// done, though it is removed; empty when all names are kept like that.
 fs::path FreeNameBeside(const fs::path& path) {
   constexpr int kMostNames = 10;
   for (int number = 1; number <= kMostNames; ++number) {
