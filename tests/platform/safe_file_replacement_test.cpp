@@ -104,6 +104,11 @@ TEST_F(SafeFileReplacement, RefusesReadOnlyFilesAndFolders) {
 }
 
 #ifndef _WIN32
+TEST_F(SafeFileReplacement, TellsWhyAFileCannotBeLookedAt) {
+  const fs::path file = Folder() / std::string(300, 'x');
+  EXPECT_EQ(ReplaceFile(SystemFiles(), file, WriteFresh), std::errc::filename_too_long);
+}
+
 TEST_F(SafeFileReplacement, KeepsAccessRightsAndSymbolicLinks) {
   const fs::path file = Write("table.dat", kOld);
   constexpr fs::perms kRights = fs::perms::owner_read | fs::perms::owner_write |

@@ -269,6 +269,11 @@ class LibraryListTest : public QObject {
     QCOMPARE(f.dialogs.asked.back(), std::string("relayTables.json"));
     QVERIFY(
         std::ranges::count(f.dialogs.asked, "&JSON, from which the same table file can be made"));
+    QCOMPARE(std::ranges::count(f.dialogs.asked, "&Selected: 1"), 3);
+    Choose({});
+    Go("m_exportentries");
+    QVERIFY(std::ranges::count(f.dialogs.asked, "&All: 3") && f.Bytes("out").contains("Berta"));
+    Choose({0});
     f.dialogs.file = f.Path("relayTables.dat");
     Go("m_exportentries");
     QVERIFY(Said().startsWith(QStringLiteral("The entries could not be exported")));
