@@ -251,6 +251,14 @@ TEST_F(CommandLine, AReaderThatLeavesEndsABatchAndLeavesNoTemporaryFile) {
   ASSERT_EQ(Run("(yes 1 2>yes.err | " + program + "eval --batch; echo $? >rc) | head -1 >out"), 0);
   EXPECT_EQ(BytesOf(Folder() / "rc"), "1\n");
 }
+
+TEST_F(CommandLine, ABatchAnswersBeforeTheNextQuestionWhereThatIsWanted) {
+  const string batch = "(\"" PROGRAM "\" eval --batch --line-buffered <asked >told &); ";
+  ASSERT_EQ(Run("mkfifo asked told && " + batch +
+                "exec 3>asked; echo 1+1 >&3; timeout 20 head -n 1 <told >out"),
+            0);
+  EXPECT_EQ(BytesOf(Folder() / "out"), "ok\t2\n");
+}
 #endif
 
 }  // namespace
