@@ -139,6 +139,16 @@ TEST_F(CommandLine, AWriteThatIsRefusedLeavesTheFile) {
 }
 
 #ifndef _WIN32
+TEST_F(CommandLine, WhatChangesNothingLeavesTheFileAlone) {
+  Write("lib.dat", "{\"A\"\t 000}\r\n");
+  for (const string command : {"rename lib.dat A A", "move lib.dat A 0"}) {
+    EXPECT_EQ(Run("ls -i lib.dat >before && \"" PROGRAM "\" " + command +
+                  " && ls -i lib.dat | cmp - before"),
+              0)
+        << command;
+  }
+}
+
 // The scripts that the documentation shows, on the demo installation.
 TEST_F(CommandLine, TheScriptsOfTheDocumentationRun) {
   fs::copy(DEMO_INSTALLATION, Folder(), fs::copy_options::recursive);

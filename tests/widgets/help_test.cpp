@@ -51,7 +51,7 @@ class HelpTest : public QObject {
     const QStringList lines = Shown("m_keys");
     for (const char* const line :
          {"View > Whole curve\tCtrl+0", "View > Previous panel\tShift+F6", "Read\tAlt+R, Ctrl+R",
-          "Find a name\tCtrl+F, Esc, Down", "Help > Guide\tF1"}) {
+          "Import with preview\tCtrl+I", "Find a name\tCtrl+F, Esc, Down", "Help > Guide\tF1"}) {
       QVERIFY2(lines.contains(QLatin1String(line)), qPrintable(lines.join('\n')));
     }
     f.Find<QAction>("m_fit")->setShortcut(Qt::Key_F12);
