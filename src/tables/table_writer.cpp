@@ -176,10 +176,9 @@ std::error_code TableWriter::CopyChanged(const fs::path& file, TableListing& lis
   const std::uint64_t end = listing.EndOf(mark.index);
   std::string former;
   // Someone who knows of no locks may have been quicker.
-  if (source.Stamp() != listing.stamp || source.Read(begin, end, former) ||
-      !former.starts_with(line)) {
-    return std::make_error_code(kEntryChanged);
-  }
+  if (source.Stamp() != listing.stamp) return std::make_error_code(kEntryChanged);
+  if (const auto error = source.Read(begin, end, former)) return error;
+  if (!former.starts_with(line)) return std::make_error_code(kEntryChanged);
   change_ = ChangeOfLine(file, listing, mark.index);
   change_.before = std::move(former);
   change_.after = replacement;

@@ -331,6 +331,7 @@ TEST_F(TableLibrary, WhatCannotBeReadToItsEndIsNotChanged) {
     fs::remove(Folder() / "t.dat.bak");
     if (!error) break;
     ++failures;
+    EXPECT_EQ(error, files.fault.error) << step;
     EXPECT_TRUE(BytesOf(file_) == bytes) << step;
     EXPECT_EQ(listing.names.size(), 20'000u) << step;
   }
