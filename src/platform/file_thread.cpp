@@ -97,12 +97,11 @@ class FileThread::Lane {
   bool left_ = false;
 };
 
-FileThread::FileThread() = default;
+FileThread::FileThread(std::chrono::milliseconds lastWait) : lastWait_(lastWait) {}
 
 FileThread::~FileThread() {
-  constexpr auto kLastWait = std::chrono::seconds(2);
   if (!lane_) return;
-  [[maybe_unused]] const bool dropped = lane_->IsIdle(kLastWait);
+  [[maybe_unused]] const bool dropped = lane_->IsIdle(lastWait_);
   lane_->End();
 }
 

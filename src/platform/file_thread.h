@@ -19,8 +19,8 @@ class FileThread {
     [[nodiscard]] virtual bool WaitFor(std::chrono::milliseconds time) = 0;
   };
 
-  FileThread();
-  /// Gives what is under way two seconds to end, and leaves it then.
+  /// At its end it gives what is under way so long to end, and leaves it then.
+  explicit FileThread(std::chrono::milliseconds lastWait = std::chrono::seconds(2));
   ~FileThread();
   FileThread(const FileThread&) = delete;
   FileThread& operator=(const FileThread&) = delete;
@@ -39,6 +39,7 @@ class FileThread {
 
  private:
   class Lane;
+  std::chrono::milliseconds lastWait_;
   std::shared_ptr<Lane> lane_;
 };
 

@@ -57,6 +57,18 @@ TEST(Files, ACallThatIsLeftHoldsNobodyUp) {
   EXPECT_FALSE(FileThread::HasLeftCalls());
 }
 
+TEST(Files, TheOwnersEndComesWithThatOfTheLastCall) {
+  bool isMade = false;
+  {
+    FileThread thread(1h);
+    thread.Start([&isMade] {
+      std::this_thread::sleep_for(20ms);
+      isMade = true;
+    });
+  }
+  EXPECT_TRUE(isMade);
+}
+
 using FileStamps = TemporaryFolder;
 
 TEST_F(FileStamps, TellOneContentFromTheNextAndWhereThereIsNone) {
