@@ -3,7 +3,9 @@
 #include <sstream>
 
 #ifndef _WIN32
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 #include "platform/character_case.h"
@@ -50,15 +52,23 @@ TEST_F(Paths, FixedNamesAreFoundWithoutRegardToCase) {
 }
 
 #ifndef _WIN32
+int LowestFreeDescriptor() {
+  const int descriptor = ::open("/dev/null", O_RDONLY);
+  ::close(descriptor);
+  return descriptor;
+}
+
 TEST_F(Paths, PrivateFilesAreReadByTheirUserAloneAndLeaveNothing) {
   const test::Variable temporary("TMPDIR", Folder());
   const mode_t usual = ::umask(0);
+  const int free = LowestFreeDescriptor();
   std::unique_ptr<PrivateFile> file;
   EXPECT_FALSE(WritePrivateFile("secret", file));
   EXPECT_EQ(fs::status(file->Path()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
   EXPECT_EQ(test::BytesOf(file->Path()), "secret");
   file.reset();
   EXPECT_TRUE(fs::is_empty(Folder()));
+  EXPECT_EQ(LowestFreeDescriptor(), free);
   temporary.Set(Folder() / "missing");
   EXPECT_TRUE(WritePrivateFile("secret", file));
   EXPECT_EQ(file, nullptr);
