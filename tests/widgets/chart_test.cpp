@@ -142,6 +142,9 @@ class ChartTest : public QObject {
     const ChartCurve passing = Curve({{1, 4.1}, {9, 4.1}});
     chart.ShowCurve(passing);
     QCOMPARE(chart.xAxis->range(), loads);
+    chart.HoldView(true);
+    chart.HoldView(false);
+    QCOMPARE(chart.xAxis->range(), loads);
     const ChartCurve far = Curve({{100, 7}, {200, 5}});
     chart.ShowCurve(far);
     QVERIFY(IsWholeInView(far));

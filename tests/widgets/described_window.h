@@ -88,12 +88,32 @@ inline QString HeldBy(QWidget& control) {
       .replace('\n', ' ');
 }
 
+inline QString WithoutFolder(QString text) {
+  static const QRegularExpression folder(QStringLiteral("(?<= )(/|[A-Z]:)\\S*[/\\\\]"));
+  return text.remove(folder);
+}
+
+/// What a screen reader says of a control of the window beyond its label or text, and its tip.
+inline QString SaidOf(const QWidget& control, const QWidget& window) {
+  const QString name = control.accessibleName();
+  const QString more = control.accessibleDescription();
+  QString label = control.property("text").toString();
+  for (const auto* const each : window.findChildren<QLabel*>()) {
+    if (each->buddy() == &control) label = each->text();
+  }
+  QStringList said;
+  if (name != label.remove('&')) said += name;
+  if (more != control.toolTip() && more != name) said += more;
+  said.removeAll(QString());
+  return said.isEmpty() ? QString() : "says " + WithoutFolder(said.join(QStringLiteral(" / ")));
+}
+
 /// What a window shows: its title, and a line for each control that has a name or a text in the
-/// order of reading, with its name, state ("-" hidden, "!" disabled), text, placeholder, tip, keys
-/// and what it holds; behind them the named actions.
+/// order of reading, with its name, state ("-" hidden, "!" disabled), text, placeholder, tip, keys,
+/// what is said of it and what it holds; behind them the named actions.
 inline QStringList Described(const QWidget& window) {
   std::map<std::tuple<int, int, QString>, QString> rows;
-  const auto add = [&rows](QObject& object, const QPoint& place, const QString& state) {
+  const auto add = [&](QObject& object, const QPoint& place, const QString& state) {
     QStringList fields = {object.objectName() + state};
     for (const char* const property : {"text", "title", "placeholderText", "toolTip", "shortcut"}) {
       QString value = object.property(property).toString();
@@ -104,9 +124,11 @@ inline QStringList Described(const QWidget& window) {
     for (const auto* const shortcut : object.findChildren<QShortcut*>()) {
       if (shortcut->parent() == &object) fields += shortcut->key().toString();
     }
-    auto* const control = qobject_cast<QWidget*>(&object);
-    const QString held = control != nullptr ? HeldBy(*control) : QString();
-    if (!held.isEmpty()) fields += held;
+    if (auto* const control = qobject_cast<QWidget*>(&object)) {
+      for (const QString& value : {SaidOf(*control, window), HeldBy(*control)}) {
+        if (!value.isEmpty()) fields += value;
+      }
+    }
     rows[{place.y(), place.x(), object.objectName()}] = fields.join('\t');
   };
   for (auto* const control : window.findChildren<QWidget*>()) {
@@ -122,8 +144,7 @@ inline QStringList Described(const QWidget& window) {
   }
   QStringList lines;
   if (window.isWindow()) {
-    static const QRegularExpression folder(QStringLiteral("(?<= )(/|[A-Z]:)\\S*[/\\\\]"));
-    lines += window.windowTitle().remove(folder);
+    lines += WithoutFolder(window.windowTitle());
   }
   for (const auto& [place, line] : rows) lines += line;
   return lines;

@@ -263,11 +263,19 @@ class ReportTest : public QObject {
     }
     CheckFonts(f.dialogs.file);
     CheckWords(f.dialogs.file);
-    // The lines are there again after the next start.
+    // The lines are there again after the next start, and the paper the next time.
     f.Open();
-    InDialog([](ReportDialog& dialog) {
+    int paper = -1;
+    InDialog([&paper](ReportDialog& dialog) {
       QCOMPARE(dialog.findChild<QPlainTextEdit*>()->toPlainText(),
                QStringLiteral("Substation <b>7\nBay 3"));
+      auto* const choice = dialog.findChild<QComboBox*>(QStringLiteral("ComboPaper"));
+      paper = 1 - choice->currentIndex();
+      choice->setCurrentIndex(paper);
+      Press(dialog, "CommandSave");
+    });
+    InDialog([paper](ReportDialog& dialog) {
+      QCOMPARE(dialog.findChild<QComboBox*>(QStringLiteral("ComboPaper"))->currentIndex(), paper);
     });
   }
 

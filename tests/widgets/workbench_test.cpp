@@ -168,16 +168,19 @@ class WorkbenchTest : public QObject {
              QStringLiteral("Character 17: Too many closing brackets"));
     QVERIFY(!write->isEnabled());
     QTest::keyClick(field, Qt::Key_Backspace);
+    QTest::keyClick(field, Qt::Key_Space);
     QTest::keyClicks(field, "1");
     QCOMPARE(Said(dialog, "LabelRemark"), QString());
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(field->selectedText(), QStringLiteral("abs(t0-t1)*tMax+ 1"));
     QVERIFY(Ok(dialog)->isEnabled());  // it is not in use
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(dialog.findChild<QSpinBox*>("Field_difference")->value(), 4);
     QVERIFY(dialog.isVisible() && !Ok(dialog)->isEnabled());
     QCOMPARE(made_->Bytes(kCatalogue), kSite);
     dialog.findChild<QPushButton*>("CommandWrite")->click();
-    QCOMPARE(made_->Bytes(kCatalogue), kSite + "DIFF.EQUATION.4 {abs(t0-t1)*tMax+1}\r\n");
-    QCOMPARE(made_->session.texts.equations[0][4], std::string("abs(t0-t1)*tMax+1"));
+    QCOMPARE(made_->Bytes(kCatalogue), kSite + "DIFF.EQUATION.4 {abs(t0-t1)*tMax+ 1}\r\n");
+    QCOMPARE(made_->session.texts.equations[0][4], std::string("abs(t0-t1)*tMax+ 1"));
     QTRY_VERIFY(Ok(dialog)->isEnabled());
     // One that cannot be written says so, and stays a draft.
     made_->files.bytesThatFit = 0;
@@ -185,7 +188,7 @@ class WorkbenchTest : public QObject {
     dialog.findChild<QPushButton*>("CommandWrite")->click();
     QVERIFY(Said(dialog, "LabelRemark").startsWith(QLatin1String("Not written to Zentab1.txt: ")));
     QVERIFY(write->isEnabled() && !Ok(dialog)->isEnabled());
-    QVERIFY(made_->Bytes(kCatalogue).endsWith("tMax+1}\r\n"));
+    QVERIFY(made_->Bytes(kCatalogue).endsWith("tMax+ 1}\r\n"));
     dialog.findChild<QPushButton*>("CommandRevert")->click();
     QTRY_VERIFY(Ok(dialog)->isEnabled());
   }

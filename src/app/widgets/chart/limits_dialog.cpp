@@ -62,7 +62,7 @@ LimitsDialog::Fields LimitsDialog::AddRow(QGridLayout& grid, const char* name, c
     auto* const field = new QLineEdit(this);
     field->setObjectName(QLatin1String(name) + QLatin1String(end));
     field->setPlaceholderText(number(proposed, std::abs(proposed) * kRoughly));
-    field->setAccessibleName(label + ' ' + caption);
+    field->setAccessibleName(caption.contains(label) ? caption : label + ' ' + caption);
     field->setAccessibleDescription(windowTitle());
     auto* const said = new QLabel(caption, this);
     said->setBuddy(field);
