@@ -13,6 +13,8 @@ struct Forms;
 class RandomSource {
  public:
   RandomSource() = default;
+  /// A sequence that is the same every time.
+  explicit RandomSource(std::uint64_t seed) : state_(seed) {}
   RandomSource(const RandomSource&) noexcept {}
   RandomSource& operator=(const RandomSource&) noexcept { return *this; }
   ~RandomSource() = default;

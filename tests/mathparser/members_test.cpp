@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "mathparser/function_entry.h"
 #include "mathparser/math_parser.h"
 
 namespace zentab::mathparser {
@@ -228,6 +229,11 @@ TEST(Members, RandomNumbers) {
   EXPECT_NE(copy.Eval(), parser.Eval());
   copy = parser;
   EXPECT_NE(copy.Eval(), parser.Eval());
+  // The published first numbers of SplitMix64 for this seed.
+  RandomSource known(1'234'567);
+  for (const std::uint64_t bits : {6'457'827'717'110'365'317U, 3'203'168'211'198'807'973U}) {
+    EXPECT_EQ(known.Next(), std::ldexp(static_cast<double>(bits >> 11U), -53));
+  }
 }
 
 std::vector<std::string> ColumnOf(MathParser& parser, const std::string& title) {
