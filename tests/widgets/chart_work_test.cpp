@@ -150,6 +150,10 @@ class ChartWorkTest : public ChartFixture {
     WindowFixture& f = Start();
     const QString before = Points();
     const QString view = View();
+    MoveTo(PlaceOf(16, 2), Qt::NoButton);
+    QCOMPARE(Chart().cursor().shape(), Qt::SizeAllCursor);
+    MoveTo(PlaceOf(16, 2) + QPointF(0, -60), Qt::NoButton);
+    QCOMPARE(Chart().cursor().shape(), Qt::ArrowCursor);
     Mouse(QEvent::MouseButtonPress, PlaceOf(16, 2), Qt::LeftButton);
     MoveTo(PlaceOf(16, 2) + QPointF(0, -60), Qt::LeftButton);
     const QModelIndex cell = f.Find<editor::CurveGridView>("MSFlexGrid1")->model()->index(3, 1);
