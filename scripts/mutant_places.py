@@ -54,6 +54,8 @@ COMPARISONS = {" < ": (" <= ", " >= "), " <= ": (" < ", " > "), " > ": (" >= ", 
                " >= ": (" > ", " < "), " == ": (" != ",), " != ": (" == ",)}
 SIMPLE = re.compile(r"(?:\+\+|--|\*)?(?!return\b|delete\b|throw\b|using\b|goto\b)[\w:.\[\]>()-]+"
                     r"(?:\(.*\)| (?:[-+*/|&^%]|<<|>>)?= .*|\+\+|--|)", re.DOTALL)
+# Which of the two comes first makes no difference.
+SYMMETRICAL = re.compile(r"\bstd::(?:min|max|hypot)(?:<[^<>]*>)?$")
 PARAMETER = re.compile(r"\s*(?:const )?[\w:]+(?:<.*>)?(?: ?[&*]+ ?| )\w+\s*(?:=.*)?", re.DOTALL)
 DECLARATION = re.compile(r"\s*(?:const )?[\w:]+(?:<[^=]*>)?(?: ?[&*] ?|[&*]? )\w+ = ", re.DOTALL)
 
@@ -127,6 +129,8 @@ def statements(text, code):
 
 def arguments(text, code):
     for match in re.finditer(r"(?<=[\w>])\(", code):
+        if SYMMETRICAL.search(code[:match.start()][-40:]):
+            continue
         end = closing(code, match.start())
         parts = split_at(code, match.end(), end, ",")
         if len(parts) < 2 or any(PARAMETER.fullmatch(code[a:b]) for a, b in parts):

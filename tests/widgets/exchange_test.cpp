@@ -69,6 +69,7 @@ class ExchangeTest : public QObject {
     InDialog("m_imp", [&](ExchangeDialog& dialog) {
       QCOMPARE(NamesIn(dialog), QStringLiteral("X|Y Ü|Z"));
       QVERIFY(dialog.command1->isEnabled());
+      QCOMPARE(made_->window->cursor().shape(), Qt::BusyCursor);
       Select(dialog, {0, 1});
       QVERIFY(dialog.outcome->text().contains('2'));
       bool isBusy = false;
@@ -112,6 +113,7 @@ class ExchangeTest : public QObject {
     f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
     // Nothing is copied, then something that the filter would hide.
     InDialog("m_imp", [](ExchangeDialog&) {});
+    QCOMPARE(f.window->cursor().shape(), Qt::ArrowCursor);
     QCOMPARE(NamesIn(*f.window), QStringLiteral("B"));
     QCOMPARE(f.SelectedRow(), 0);
     InDialog("m_imp", [](ExchangeDialog& dialog) {
