@@ -77,6 +77,8 @@ class ChartWorkTest : public ChartFixture {
     QCOMPARE(Lit(), QStringLiteral("3 3"));
     HoverRow(20);
     QCOMPARE(Lit(), QStringLiteral("0 20"));
+    QCoreApplication::sendEvent(f.Find<editor::CurveGridView>("MSFlexGrid1")->viewport(), &leave);
+    QCOMPARE(Lit(), QStringLiteral("0 0"));
   }
 
   void TheCrosshairGoesByKeysAndMarkersStay() {
