@@ -1,3 +1,5 @@
+#include <regex>
+
 #include "cli/command_line.h"
 
 namespace zentab::test {
@@ -41,6 +43,15 @@ TEST_F(Completion, ZshTakesTheScript) {
   EXPECT_NE(script.find(R"(    'list:The names of a table file'\''s entries, in file order')"),
             std::string::npos)
       << script;
+  std::string commands;
+  const std::regex command("^    '([a-z-]+):", std::regex::multiline);
+  for (std::sregex_iterator at(script.begin(), script.end(), command), end; at != end; ++at) {
+    commands += at->str(1) + ' ';
+  }
+  EXPECT_EQ(commands,
+            "list show add update remove copy rename move read export add-all diff merge text "
+            "expand entry import grh grh-read curve thin resample margin fit assess clean eval "
+            "functions check completion ");
   if (Run("zsh --version >out 2>&1") != 0) GTEST_SKIP() << "no zsh here";
   EXPECT_EQ(Run("zsh -n _zentab-cli"), 0);
 }

@@ -137,11 +137,6 @@ void EquationField::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
-void EquationField::focusOutEvent(QFocusEvent* event) {
-  QToolTip::hideText();
-  QLineEdit::focusOutEvent(event);
-}
-
 void EquationField::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
   if (remark_.character < 0) return;

@@ -31,7 +31,6 @@ class EquationField : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  public Q_SLOTS:
