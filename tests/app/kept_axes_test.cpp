@@ -47,5 +47,14 @@ TEST_F(KeptAxesTest, WhatNobodyWroteIsPassedOver) {
   EXPECT_EQ(damaged, (ChartAxes{{false, false}, LoadUnit::AsInGrid, {}, false, {}, false, true}));
 }
 
+TEST_F(KeptAxesTest, AFormOfAnotherProgramIsReadAsFarAsItIsOne) {
+  const std::pair<const char*, FormValues> cases[] = {
+      {"{", {}}, {"[1]", {}}, {"{\"a\":7,\"b\":\"x\",\"c\":null}", {{"b", "x"}}}};
+  for (const auto& [text, values] : cases) {
+    ASSERT_FALSE(store_->Save("Zentab", "Dialogs", {{"Curve", text}}));
+    EXPECT_EQ(LoadForm(*store_, "Zentab", "Curve"), values) << text;
+  }
+}
+
 }  // namespace
 }  // namespace zentab::app
