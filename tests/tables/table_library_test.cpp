@@ -17,6 +17,20 @@ using test::BytesOf;
 using test::Listed;
 using NameList = std::vector<std::string>;
 
+// Lets somebody who knows of no locks come in before one of the steps that read.
+class MeddledFileLayer final : public test::SteppedFileLayer {
+ public:
+  std::size_t step = 0;
+  std::function<void()> meddle;
+
+ private:
+  std::error_code Before(const char*) override { return {}; }
+  std::error_code BeforeReading(const char*) override {
+    if (step-- == 0) std::exchange(meddle, {})();
+    return {};
+  }
+};
+
 class TableLibrary : public test::TemporaryFolder {
  protected:
   [[nodiscard]] std::error_code Replace(std::size_t index, const CurveTableEntry& entry = kEntry) {
@@ -209,6 +223,29 @@ TEST_F(TableLibrary, AChangeFollowsItsLineOrIsNotMade) {
     }
   }
 }
+
+#ifndef _WIN32
+TEST_F(TableLibrary, WhoeverComesBetweenTwoStepsIsNoFault) {
+  for (const std::string now : {"", "{\"a\"\t 111}\n{\"b\"\t 001}\n{\"c\"\t 000}\n"}) {
+    int refused = 0;
+    for (std::size_t step = 0;; ++step) {
+      List(kThree);
+      MeddledFileLayer files;
+      files.step = step;
+      files.meddle = [&] { fs::rename(Write("other", now), file_); };
+      TableWriter writer(files, Backups::None);
+      EntryMark mark = listing_.MarkOf(1);
+      const std::error_code error = writer.ReplaceEntry(file_, listing_, mark, kEntry);
+      if (files.meddle) break;
+      if (!error) continue;
+      ++refused;
+      EXPECT_EQ(error, kEntryChanged) << step;
+      EXPECT_EQ(BytesOf(file_), now) << step;
+    }
+    EXPECT_GT(refused, 3);
+  }
+}
+#endif
 
 TEST_F(TableLibrary, ANameThatSomeoneElseHasTakenIsNotAddedAgain) {
   List("{\"a\"\t 000}\r\n");
