@@ -46,14 +46,15 @@ class ReportTest : public QObject {
     made_->Find<QAction>("m_savechart")->trigger();
     return made_->dialogs.file;
   }
-  // Runs the editor in the fixture's folder, without a display: its exit code and what it says;
-  // nothing when all went well.
-  [[nodiscard]] QString Run(const QStringList& arguments) const {
+  // Runs the editor in the fixture's folder, without a display or with one: its exit code and what
+  // it says; nothing when all went well.
+  [[nodiscard]] QString Run(const QStringList& arguments, const QString& display = {}) const {
     QProcess process;
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
     environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("1.5"));
     environment.insert(QStringLiteral("ZENTAB_SETTINGS_DIR"), made_->Path(QString()));
+    if (!display.isEmpty()) environment.insert(QStringLiteral("QT_QPA_PLATFORM"), display);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(made_->Path(QString()));
     process.setProcessChannelMode(QProcess::MergedChannels);
@@ -120,6 +121,22 @@ class ReportTest : public QObject {
     Save(QStringLiteral("both.svg"));
     const QStringList both = Drawn(QString::fromUtf8(f.Bytes(QStringLiteral("both.svg"))));
     QVERIFY(both.size() > shown.size() && !both.join(QString()).contains("<image"));
+  }
+
+  void TheWindowIsStartedByItsArguments() {
+    WindowFixture& f = Start();
+    const QString display = QStringLiteral("offscreen");
+#ifndef Q_OS_WIN  // where it is a box that waits for somebody
+    const QString help = Run({"--help"}, display);
+    QVERIFY2(help.startsWith("0: ") && help.contains("--screenshot <file>"), qPrintable(help));
+#endif
+    const QString two = Run({"a.dat", "b.dat"}, display);
+    QVERIFY2(two.startsWith("2: ") && two.endsWith("Zentab: one table file at most\n"),
+             qPrintable(two));
+    const QString drawn = Run({"--screenshot", "window.png", "relayTables.dat"}, display);
+    QVERIFY2(drawn.isEmpty() || drawn.startsWith("0: "), qPrintable(drawn));
+    QVERIFY(QImage(f.Path("window.png")).width() > 800);
+    QVERIFY(Run({"--screenshot", "no/window.png"}, display).startsWith("1: "));
   }
 
   void SignsOfTheMarkupMayStandInAName() {
