@@ -14,6 +14,7 @@
 
 #include "app/widgets/qt_user_dialogs.h"
 #include "exchange/widgets/exchange_dialog.h"
+#include "widgets/once_open.h"
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
@@ -137,14 +138,15 @@ class LibraryFilesTest : public QObject {
     QVERIFY(Said().startsWith(QStringLiteral("This table file has no backup")));
     f.Click("Command2");
     QString offered;
-    QTimer::singleShot(50, this, [&] {
-      auto* const dialog =
-          qobject_cast<exchange::ExchangeDialog*>(QApplication::activeModalWidget());
-      if (dialog == nullptr) qFatal("no dialog opens");
-      offered = NamesIn(*dialog);
-      dialog->list1->selectAll();
-      dialog->command1->click();
-      dialog->close();
+    using exchange::ExchangeDialog;
+    const auto isRead = [](const ExchangeDialog& dialog) {
+      return dialog.list1->model()->rowCount() > 0;
+    };
+    const auto visit = OnceOpen<ExchangeDialog>(isRead, [&](ExchangeDialog& dialog) {
+      offered = NamesIn(dialog);
+      dialog.list1->selectAll();
+      dialog.command1->click();
+      dialog.close();
     });
     Choose("m_backup");
     QCOMPARE(offered, QStringLiteral("Anna|Berta"));

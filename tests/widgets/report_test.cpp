@@ -12,12 +12,12 @@
 #include <QRawFont>
 #include <QStatusBar>
 #include <QTest>
-#include <QTimer>
 #include <QXmlStreamReader>
 
 #include "app/widgets/report/chart_picture.h"
 #include "app/widgets/report/report_controller.h"
 #include "app/widgets/report/report_dialog.h"
+#include "widgets/once_open.h"
 #include "widgets/pdf_file.h"
 #include "widgets/window_fixture.h"
 
@@ -70,12 +70,11 @@ class ReportTest : public QObject {
   }
   void InDialog(const std::function<void(ReportDialog&)>& work) {
     bool ran = false;
-    QTimer::singleShot(0, this, [&] {
-      auto* const dialog = made_->window->findChild<ReportDialog*>();
-      QVERIFY(dialog != nullptr);
-      work(*dialog);
+    const auto always = [](const ReportDialog&) { return true; };
+    const auto visit = OnceOpen<ReportDialog>(always, [&](ReportDialog& dialog) {
+      work(dialog);
       ran = true;
-      dialog->close();
+      dialog.close();
     });
     made_->Find<QAction>("m_print")->trigger();
     QVERIFY(ran);
