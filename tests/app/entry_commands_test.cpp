@@ -1,9 +1,11 @@
 #include "app/entry_commands.h"
 
 #include <functional>
+#include <set>
 
 #include "app/library_commands.h"
 #include "app/session_history.h"
+#include "platform/character_case.h"
 #include "support/temporary_folder.h"
 #include "texts/line_encoding.h"
 
@@ -55,6 +57,22 @@ auto Sort(EntryOrder order) {
     bool isChanged = false;
     return on.Sort(order, isChanged);
   };
+}
+
+TEST_F(EntryCommandsTest, CopiesOfManyHaveNamesOfTheirOwn) {
+  std::string bytes = kA, copies;
+  Places places;
+  for (std::size_t number = 2; number < 25; ++number) {
+    places.push_back(number - 2);
+    if (number > 2) bytes += "{\"a #" + std::to_string(number) + "\"\t 000}\n";
+  }
+  Open(bytes);
+  EntryMarks marks = MarksOf(session_.listing, places);
+  EXPECT_FALSE(commands_.Duplicate(marks));
+  std::set<std::string> names;
+  for (const std::string& name : session_.listing.names) names.insert(platform::LowerCase(name));
+  EXPECT_EQ(names.size(), 2 * places.size());
+  EXPECT_TRUE(names.contains("a #2"));
 }
 
 // Each is one step: taken back, every byte is what it was, and made again as well.

@@ -61,6 +61,23 @@ TEST_F(EventLogTest, APipeOfItsNameIsNeitherWaitedForNorWritten) {
 }
 #endif
 
+TEST(SessionTexts, SayWhyAFileIsRefused) {
+  using platform::FileError;
+  const std::pair<FileError, const char*> cases[] = {
+      {FileError::GroupNotKept, "group"},     {FileError::OwnerNotKept, "owner"},
+      {FileError::AccessListNotKept, "list"}, {FileError::HardLinked, "hard link"},
+      {FileError::LockedByOther, "writing"},  {FileError::OpenElsewhere, "open"},
+      {FileError::NoRegularFile, "regular"},  {FileError::LineTooLong, "long"},
+      {FileError::GivenUp, "given up"}};
+  for (const auto& [fault, word] : cases) {
+    const std::error_code error = fault;
+    EXPECT_NE(error.message().find(word), std::string::npos) << word;
+    EXPECT_NE(ReasonText({}, error).find(word), std::string::npos) << word;
+  }
+  const std::error_code other = std::make_error_code(std::errc::io_error);
+  EXPECT_EQ(ReasonText({}, other), other.message());
+}
+
 TEST(SessionTexts, FollowTheInstrumentAndTheValueModes) {
   Session session;
   session.texts.instruments[1] = {"Current", "Set I", "tip I", "I> (A)", "I>", "", "", "", "", "A"};

@@ -19,6 +19,9 @@ constexpr uid_t kSomebody = 1;  // daemon, who is everywhere
 
 class FilesOfOthers : public test::TemporaryFolder {
  protected:
+  // Below a folder that everyone may enter; one's own for temporary files may be closed.
+  FilesOfOthers() : TemporaryFolder("/tmp") {}
+
   void SetUp() override {
     if (::geteuid() != 0) GTEST_SKIP() << "only root can become somebody else";
     Give(Folder(), 0777, 0);

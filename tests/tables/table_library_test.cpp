@@ -78,6 +78,16 @@ const CurveTableEntry TableLibrary::kEntry = {
 const std::string kEntryLine = "{\"\xDC\"\t(1.5;2) 011}\r\n";
 constexpr std::string_view kThree = "{\"a\"\t 000}\r\n{\"b\"\t 000}\n{\"c\"\t 000}";
 
+TEST_F(TableLibrary, TheFirstOfManyNamesThatIsTakenIsFound) {
+  List(kThree);
+  NameList wanted(21, "x");
+  EXPECT_EQ(listing_.FirstTaken(wanted), std::nullopt);
+  for (const char* const name : {"C", "a", "c"}) wanted.emplace_back(name);
+  EXPECT_EQ(listing_.FirstTaken(wanted), "C");
+  wanted.erase(wanted.begin(), wanted.begin() + 21);
+  EXPECT_EQ(listing_.FirstTaken(wanted), "C");
+}
+
 TEST_F(TableLibrary, ListsANameForEachLineThatHasOne) {
   List("{\"first\"\t 000}\r\nno name here\r\n\r\n{\"Łódź\"\t 000}\n{\"last\"\t(1;2) 000}");
   EXPECT_EQ(listing_.names, (NameList{"first", "Łódź", "last"}));

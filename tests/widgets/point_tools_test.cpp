@@ -7,10 +7,8 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
-#include "app/widgets/qt_user_dialogs.h"
 #include "app/widgets/table/point_tools_controller.h"
 #include "app/widgets/table/table_panel.h"
 #include "editor/widgets/curve_grid_view.h"
@@ -258,27 +256,6 @@ class PointToolsTest : public QObject {
     QCOMPARE(f.Find<QWidget>("Command2")->accessibleName(), QStringLiteral("删除"));
     Grid().GridEdit('"');
     QCOMPARE(f.Find<QWidget>("Text11")->accessibleName(), QStringLiteral("第 1 行，负荷水平"));
-  }
-
-  void TheQuestionForANumberTakesNothingElse() {
-    WindowFixture& f = Start();
-    QtUserDialogs dialogs(f.session);
-    dialogs.SetParent(f.window.get());
-    QTimer::singleShot(0, this, [] {
-      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      auto* const field = dialog->findChild<QLineEdit*>(QStringLiteral("TextNumber"));
-      QCOMPARE(field->text(), QStringLiteral("1.5"));
-      for (const char* const text : {"", "x", "0", "1 2"}) {
-        field->setText(QLatin1String(text));
-        QTest::keyClick(field, Qt::Key_Return);
-        QVERIFY2(dialog->isVisible(), text);
-      }
-      field->setText(QStringLiteral(" 2,5"));
-      QTest::keyClick(field, Qt::Key_Return);
-    });
-    const NumberQuestion question{QStringLiteral("Scale"), QStringLiteral("Factor:"), 1.5,
-                                  [](double number) { return number != 0.0; }};
-    QCOMPARE(dialogs.AskNumber(question), std::optional(2.5));
   }
 };
 

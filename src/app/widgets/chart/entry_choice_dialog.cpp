@@ -1,11 +1,11 @@
 #include "app/widgets/chart/entry_choice_dialog.h"
 
-#include <QDialogButtonBox>
 #include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/widgets/dialog_buttons.h"
 #include "app/widgets/library/entry_list_model.h"
 
 namespace zentab::app {
@@ -22,14 +22,9 @@ EntryChoiceDialog::EntryChoiceDialog(const QString& title, const std::vector<std
   list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   model_->Reload();
   list_->setModel(model_);
-  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  QDialogButtonBox* const buttons = MakeDialogButtons(session, *this);
   QPushButton* const ok = buttons->button(QDialogButtonBox::Ok);
-  ok->setText(QString::fromStdString(session.texts.program.ok));
   ok->setEnabled(false);
-  buttons->button(QDialogButtonBox::Cancel)
-      ->setText(QString::fromStdString(session.texts.program.cancel));
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(list_, &QListView::doubleClicked, this, &QDialog::accept);
   connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this, ok] { ok->setEnabled(list_->selectionModel()->hasSelection()); });

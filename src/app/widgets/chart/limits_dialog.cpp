@@ -1,11 +1,11 @@
 #include "app/widgets/chart/limits_dialog.h"
 
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "app/widgets/dialog_buttons.h"
 #include "texts/number_text.h"
 
 namespace zentab::app {
@@ -33,13 +33,8 @@ LimitsDialog::LimitsDialog(const LimitsQuestion& question, const Session& sessio
   times_ = AddRow(*grid, "TextTime", question.timeLabel, question.limits.times, question.times);
   auto* const hint = new QLabel(QString::fromStdString(texts.limitsHint), this);
   hint->setForegroundRole(QPalette::PlaceholderText);
-  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  QDialogButtonBox* const buttons = MakeDialogButtons(session, *this);
   QPushButton* const ok = buttons->button(QDialogButtonBox::Ok);
-  ok->setText(QString::fromStdString(session.texts.program.ok));
-  buttons->button(QDialogButtonBox::Cancel)
-      ->setText(QString::fromStdString(session.texts.program.cancel));
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   for (const QLineEdit* const field : {loads_.from, loads_.to, times_.from, times_.to}) {
     connect(field, &QLineEdit::textChanged, this,
             [this, ok] { ok->setEnabled(Limits().has_value()); });
