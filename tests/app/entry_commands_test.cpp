@@ -60,7 +60,7 @@ auto Sort(EntryOrder order) {
 }
 
 TEST_F(EntryCommandsTest, CopiesOfManyHaveNamesOfTheirOwn) {
-  std::string bytes = kA, copies;
+  std::string bytes = kA;
   Places places;
   for (std::size_t number = 2; number < 25; ++number) {
     places.push_back(number - 2);
