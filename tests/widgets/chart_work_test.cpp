@@ -1,4 +1,5 @@
 #include <QLineEdit>
+#include <QStatusBar>
 
 #include "editor/widgets/chart/chart_colours.h"
 #include "widgets/chart_fixture.h"
@@ -199,6 +200,14 @@ class ChartWorkTest : public ChartFixture {
     DoubleClick(PlaceOf(8, 8));
     QCOMPARE(View(), view);
     QCOMPARE(Points(), before);
+    for (int row = 5; row <= 26; ++row) {
+      f.session.table.grid.SetCell(row, 1, std::to_string(row + 12));
+      f.session.table.grid.SetCell(row, 2, "1.5");
+    }
+    Chart().ShowCurve(editor::CurveOf(f.session.table.grid, "."));
+    Choose("m_fit");
+    DoubleClick((PlaceOf(4, 5) + PlaceOf(8, 3)) / 2.0);
+    QVERIFY(f.window->statusBar()->currentMessage().startsWith(QLatin1String("No room")));
   }
 };
 

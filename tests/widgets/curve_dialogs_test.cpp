@@ -272,6 +272,19 @@ class CurveDialogsTest : public QObject {
     QCOMPARE(Points().at(4), QStringLiteral("4\t1.0757"));
   }
 
+  void AFitSaysWhatItLeavesOutAndWhatItCannot() {
+    WindowFixture& f = Start();
+    f.session.table.grid.SetCell(1, 1, "0.9");
+    QDialog* const dialog = Opened("m_fitcurve");
+    QVERIFY2(Said(*dialog).startsWith(QLatin1String("The load 0.9 is at or below")),
+             qPrintable(Said(*dialog)));
+    dialog->findChild<QListWidget*>()->item(0)->setCheckState(Qt::Unchecked);
+    dialog->findChild<QTableWidget*>()->selectRow(1);
+    QVERIFY2(Said(*dialog).contains(QLatin1String("does not operate at one of the points")),
+             qPrintable(Said(*dialog)));
+    dialog->reject();
+  }
+
   void TheAssessmentFollowsTheGrid() {
     WindowFixture& f = Start();
     f.Select(1);

@@ -370,6 +370,14 @@ class InstrumentWindowTest : public QObject {
       QCOMPARE(Cells(), answer ? curve : edited);
       QVERIFY2(f.Find<QWidget>("Text11")->isHidden(), "its text would come over what is imported");
     }
+    f.Write("bad.grh",
+            "@A\r\n2\r\n2 4 3 5 0 0 0\r\n0 0\r\n7 5 8 5 0 0 0\r\n0 0\r\n"
+            "\r\n0\r\n\r\n2\r\n1 0 0\r\n2\r\n0\r\n0\r\n0 65280\r\n");
+    f.dialogs.file = f.Path("bad.grh");
+    made_->Click("Command6");
+    QVERIFY(Cells() != curve);
+    QVERIFY2(f.window->statusBar()->currentMessage().contains(QLatin1String("skipped")),
+             qPrintable(f.window->statusBar()->currentMessage()));
   }
 };
 

@@ -294,6 +294,16 @@ class LibraryListTest : public QObject {
     QCOMPARE(f.Find<editor::CurveLegend>("ListLegend")->model()->rowCount(), 4);
   }
 
+  void ManyCurvesAtOnceAreTooMany() {
+    QByteArray library;
+    for (int entry = 0; entry < 51; ++entry) library += "{\"E\"\t(1;2)(2;1) 001}\r\n";
+    const WindowFixture& f = Start(library);
+    List()->selectAll();
+    Go("m_cmpentry");
+    QVERIFY(f.Find<editor::CurveLegend>("ListLegend")->isHidden());
+    QVERIFY2(Said().startsWith(QLatin1String("At most 50 curves")), qPrintable(Said()));
+  }
+
   void TheTooltipReadsTheEntryThatIsPointedAt() {
     Start(kA + kB + kC, ",");
     const QPoint place = List()->visualRect(List()->model()->index(1, 0)).center();

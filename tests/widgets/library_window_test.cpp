@@ -187,6 +187,30 @@ class LibraryWindowTest : public QObject {
     ExpectEdits();
   }
 
+  void WhatAnotherProgramLeftInThePlaceOfTheFileIsOffered() {
+    WindowFixture& f = StartWithEdits();
+    auto* const box = f.Find<QLineEdit>("Text1");
+    const QByteArray added = "{\"new\"\t(8;10)(3;4) 001}\r\n";
+    for (const bool answer : {true, false}) {
+      QVERIFY(QFile::remove(f.Path("relayTables.dat")));
+      f.Write("relayTables.dat.new", kA + kC);
+      f.dialogs.answer = answer;
+      f.dialogs.asked.clear();
+      f.Click("Command3");
+      box->setText(QStringLiteral("new"));
+      QTest::keyClick(box, Qt::Key_Return);
+      QCOMPARE(f.dialogs.asked.size(), 1u);
+      QCOMPARE(box->isVisible(), answer);
+      QCOMPARE(Message().startsWith(QStringLiteral("What another program had left")), !answer);
+      QCOMPARE(f.Bytes(), answer ? kA + kC : added);
+      QCOMPARE(NamesIn(*f.window), QString(answer ? "Anna|Cäsar" : "new"));
+      if (!answer) QCOMPARE(f.Bytes("relayTables.dat.bak"), kA + kC);
+      QVERIFY(!QFile::exists(f.Path("relayTables.dat.new")));
+      QTest::keyClick(box, Qt::Key_Escape);
+    }
+    ExpectEdits();
+  }
+
   void AFileThatCannotBeWrittenIsSaidInTheStatusBarAndKeepsTheEdits() {
     WindowFixture& f = StartWithEdits();
     const auto expectKept = [&f, this] {

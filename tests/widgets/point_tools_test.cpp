@@ -120,6 +120,25 @@ class PointToolsTest : public QObject {
     QCOMPARE(f.dialogs.asked.size(), asked);
     QVERIFY(Said().startsWith(QStringLiteral("Select two rows")));
     QCOMPARE(f.dialogs.offered, (std::vector<double>{1, 1, 0, 1, 1, 3}));
+    const auto isRefused = [&](const char* cells, const char* tool, const char* said) {
+      f.session.table.grid.ClearPoints();
+      int row = 1;
+      for (const QString& point : QString(cells).split('|')) {
+        f.session.table.grid.SetCell(row, 1, point.section(';', 0, 0).toStdString());
+        f.session.table.grid.SetCell(row++, 2, point.section(';', 1).toStdString());
+      }
+      SelectRows(1, 26);
+      Choose(tool);
+      return Said().startsWith(QLatin1String(said));
+    };
+    QVERIFY(isRefused("x;", "m_scl", "None of the cells"));
+    f.dialogs.number = 1e300;
+    QVERIFY(isRefused("1e300;1", "m_scl", "A number would become too large"));
+    f.dialogs.number = 2;
+    QVERIFY(isRefused("1;2|x;|3;4", "m_fill", "There are other rows"));
+    QVERIFY(isRefused("1;2|1;4", "m_fill", "The two points have the same load"));
+    QVERIFY(
+        isRefused((QString("1;2|").repeated(25) + "2;3").toUtf8().constData(), "m_ins", "No room"));
   }
 
   void ConversionsChangeNumbersAndModesTogether() {
@@ -202,8 +221,16 @@ class PointToolsTest : public QObject {
     f.Find<QLineEdit>("Text2")->setFocus();
     f.Find<QLineEdit>("Text2")->selectAll();
     Choose("m_cut");
-    QCOMPARE(f.Find<QLineEdit>("Text2")->text() + '/' + Points(),
-             QStringLiteral("/1;10|2;20|3;30"));
+    const auto pickup = [&] { return f.Find<QLineEdit>("Text2")->text() + '/' + Points(); };
+    QCOMPARE(pickup(), QStringLiteral("/1;10|2;20|3;30"));
+    Choose("m_paste");
+    QCOMPARE(pickup(), QStringLiteral("77/1;10|2;20|3;30"));
+    f.Find<QLineEdit>("Text2")->setSelection(0, 1);
+    Choose("m_copy");
+    Choose("m_clear");
+    Choose("m_paste");
+    Choose("m_paste");
+    QCOMPARE(pickup(), QStringLiteral("777/1;10|2;20|3;30"));
   }
 
   void KeysLeadFromPanelToPanel() {

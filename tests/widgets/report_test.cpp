@@ -54,6 +54,7 @@ class ReportTest : public QObject {
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
     environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("1.5"));
     environment.insert(QStringLiteral("ZENTAB_SETTINGS_DIR"), made_->Path(QString()));
+    environment.insert(QStringLiteral("TMPDIR"), made_->Path(QString()));
     if (!display.isEmpty()) environment.insert(QStringLiteral("QT_QPA_PLATFORM"), display);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(made_->Path(QString()));
@@ -136,6 +137,9 @@ class ReportTest : public QObject {
     QVERIFY2(drawn.isEmpty() || drawn.startsWith("0: "), qPrintable(drawn));
     QVERIFY(QImage(f.Path("window.png")).width() > 800);
     QVERIFY(Run({"--screenshot", "no/window.png"}, display).startsWith("1: "));
+    const QString demo = Run({"--demo", "--screenshot", "demo.png"}, display);
+    QVERIFY2(demo.contains("The demo installation is " + f.Path("zentab-demo-")), qPrintable(demo));
+    QVERIFY(QImage(f.Path("demo.png")) != QImage(f.Path("window.png")));
   }
 
   void SignsOfTheMarkupMayStandInAName() {
@@ -312,6 +316,12 @@ class ReportTest : public QObject {
       QVERIFY(IsPageAsInPictures(f.dialogs.printed, with ? "page-assessed" : "page-grid"));
       QCOMPARE(text.contains(QLatin1String("5 % of the nominal time")), with);
     }
+    QVERIFY(QFile::remove(f.dialogs.printed));
+    InDialog([](ReportDialog& dialog) {
+      Press(dialog, "CommandPreview");
+      QVERIFY(dialog.isVisible());
+    });
+    QVERIFY(TextOf(f.dialogs.printed).contains(QLatin1String("Feeder 12")));
     // A preview of the page, as edited meanwhile.
     f.session.table.tableModified = true;
     f.Find<QAction>("m_preview")->trigger();
