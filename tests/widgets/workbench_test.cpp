@@ -173,6 +173,18 @@ class WorkbenchTest : public QObject {
     QCOMPARE(Said(dialog, "LabelRemark"), QString());
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(field->selectedText(), QStringLiteral("abs(t0-t1)*tMax+ 1"));
+    // All names are offered where that is asked for, and Tab takes one as Enter does.
+    field->setCursorPosition(0);
+    QTest::keyClick(field, Qt::Key_Space, Qt::ControlModifier);
+    auto* const all = qobject_cast<QAbstractItemView*>(QApplication::activePopupWidget());
+    QVERIFY(all != nullptr);
+    QTest::keyClick(all, Qt::Key_Down);
+    const QString first = all->currentIndex().data().toString();
+    QTest::keyClick(all, Qt::Key_Tab);
+    QVERIFY(QApplication::activePopupWidget() == nullptr);
+    QVERIFY2(!first.isEmpty() && field->text().startsWith(first.section('(', 0, 0)),
+             qPrintable(first + ' ' + field->text()));
+    field->setText(QStringLiteral("abs(t0-t1)*tMax+ 1"));
     QVERIFY(Ok(dialog)->isEnabled());  // it is not in use
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(dialog.findChild<QSpinBox*>("Field_difference")->value(), 4);

@@ -122,10 +122,6 @@ void EquationField::keyPressEvent(QKeyEvent* event) {
     event->ignore();  // the list takes it
     return;
   }
-  if (IsOffering() && key == Qt::Key_Tab) {
-    Insert(completer_->popup()->currentIndex());
-    return;
-  }
   if (key == Qt::Key_Space && event->modifiers() == Qt::ControlModifier) {
     Offer(true);
     return;
@@ -135,6 +131,13 @@ void EquationField::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QLineEdit::keyPressEvent(event);
+}
+
+// Comes in the place of the Tab key.
+bool EquationField::focusNextPrevChild(bool next) {
+  if (!IsOffering() || !next) return QLineEdit::focusNextPrevChild(next);
+  Insert(completer_->popup()->currentIndex());
+  return true;
 }
 
 void EquationField::paintEvent(QPaintEvent* event) {

@@ -31,6 +31,7 @@ class EquationField : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
   void paintEvent(QPaintEvent* event) override;
 
  public Q_SLOTS:
