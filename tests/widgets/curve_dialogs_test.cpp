@@ -306,6 +306,17 @@ class CurveDialogsTest : public QObject {
     QVERIFY(verdict().contains(QStringLiteral("from 0 up")));
     Find<QLineEdit>("Limit_percent")->clear();
     Find<QLineEdit>("Limit_class")->setText(QStringLiteral("5"));
+    auto* const factors = Find<QLineEdit>("Limit_factors");
+    const QString usual = factors->text();
+    for (const char* const text : {"2", "x:1", "1:x", "-1:2", "1:-2", "5:1 2:2", "2:1;2:2"}) {
+      factors->setText(QLatin1String(text));
+      QVERIFY2(verdict().contains(QLatin1String("pairs such as")), text);
+    }
+    // Twice the class up to a multiple of 5, then half of it.
+    factors->setText(QStringLiteral("0:2 5:0.5"));
+    QCOMPARE(table->item(1, 6)->text(), QStringLiteral("343.9"));
+    QCOMPARE(table->item(11, 6)->text(), QStringLiteral("11.3"));
+    factors->setText(usual);
     f.Click("CommandUseCurve");
     auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     Fill(*dialog, QStringLiteral("family=iec-a tms=0.2"));

@@ -134,6 +134,7 @@ class PointToolsTest : public QObject {
     QVERIFY(isRefused("x;", "m_scl", "None of the cells"));
     f.dialogs.number = 1e300;
     QVERIFY(isRefused("1e300;1", "m_scl", "A number would become too large"));
+    QCOMPARE(f.dialogs.offered.back(), 2.0);
     f.dialogs.number = 2;
     QVERIFY(isRefused("1;2|x;|3;4", "m_fill", "There are other rows"));
     QVERIFY(isRefused("1;2|1;4", "m_fill", "The two points have the same load"));
