@@ -312,7 +312,8 @@ std::error_code TableWriter::Make(const LineChange& change, TableListing& listin
 
 std::error_code TableWriter::AppendEntry(const fs::path& file, TableListing& listing,
                                          const CurveTableEntry& entry) {
-  if (listing.stamp) {
+  // Where something is left in the place of the file, the replacement itself waits for it.
+  if (listing.stamp && !FindsLeftover(file)) {
     // Entries that are shown are not taken for gone because someone just replaces their file.
     bool isThere = false;
     if (const auto error = platform::WaitForFile(files_, file, isThere)) return error;

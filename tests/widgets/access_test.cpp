@@ -90,8 +90,7 @@ class AccessTest : public QObject {
     made_->Write("curve.csv", "I (A);t (ms)\r\n1,5;3440\r\n2;2006\r\n5;856\r\n");
     made_->WriteTimeTest("1\t0.1\t900\t\r\n2\t0.2\t500\t\r\n", QDateTime({2026, 1, 2}, {3, 4}));
     made_->OpenIn(language);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     made_->Click("Command1");
     made_->Click("Option1");
     return *made_;

@@ -23,8 +23,7 @@ class ChartFixture : public QObject {
         "{\"Amperes\"\t(10;9000)(20;4000)(80;2500) 111}\r\n"
         "{\"Zero\"\t(0;10)(4;5) 001}\r\n");
     made_->window->resize(1240, 820);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     Read(0);
     made_->Find<QLineEdit>("Text2")->clear();
     return *made_;

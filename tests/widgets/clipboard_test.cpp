@@ -26,12 +26,10 @@ class ClipboardTest : public QObject {
 
   WindowFixture& Start(const std::string& separator = ".") {
     made_ = std::make_unique<WindowFixture>(kLibrary, separator);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     made_->Write("Zentab.txt", "F1.COMMAND8.TEXT {E&xport}\nF1.COMMAND9.TEXT {Cl&ear}\n");
     made_->Open();
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     Press("Command1");
     QGuiApplication::clipboard()->setText(QStringLiteral("left over"));
     return *made_;

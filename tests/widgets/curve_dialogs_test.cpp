@@ -35,8 +35,7 @@ class CurveDialogsTest : public QObject {
 
   WindowFixture& Start() {
     made_ = std::make_unique<WindowFixture>(kLibrary);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     made_->Click("Command1");
     return *made_;
   }

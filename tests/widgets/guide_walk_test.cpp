@@ -49,8 +49,7 @@ class GuideWalkTest : public QObject {
     f.window.reset();
     f.Open();
     f.window->resize(kWindow);
-    f.window->activateWindow();
-    if (!QTest::qWaitForWindowActive(f.window.get())) qFatal("the window stays inactive");
+    f.Activate();
     return f;
   }
 

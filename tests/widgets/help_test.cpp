@@ -130,8 +130,7 @@ class HelpTest : public QObject {
     f.session.isWithoutSuite = true;
     f.Open();
     QVERIFY(IsWelcome());
-    f.window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(f.window.get()));
+    f.Activate();
     QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("CommandDemo"));
     QVERIFY(IsAsInPictures(PictureOf(*f.Find<QWidget>("PanelWelcome")), QStringLiteral("welcome")));
     QVERIFY(!QApplication::focusWidget()->accessibleName().isEmpty());

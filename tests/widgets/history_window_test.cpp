@@ -137,8 +137,7 @@ class HistoryWindowTest : public QObject {
  private Q_SLOTS:
   void init() {
     f_ = std::make_unique<WindowFixture>(kLibrary);
-    f_->window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(f_->window.get()));
+    f_->Activate();
   }
   void cleanup() { f_.reset(); }
 

@@ -42,8 +42,7 @@ class InstrumentWindowTest : public QObject {
     made_ = std::make_unique<WindowFixture>(kLibrary, separator);
     made_->Write("Zentab.txt", catalogue);
     made_->Open();
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     return *made_;
   }
   void Read(int row) {
@@ -231,12 +230,10 @@ class InstrumentWindowTest : public QObject {
     QtUserDialogs dialogs(f.session);
     dialogs.SetParent(f.window.get());
     bool answerable = false;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
     f.dialogs.onError = [&] {
       QTimer::singleShot(0, f.window.get(), [&] {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (box == nullptr) qFatal("there is no box");
-        icon = box->icon();
         answerable = box->isEnabled() && box->button(QMessageBox::Ok)->isEnabled();
         QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
         if (box->isVisible()) box->reject();
@@ -245,7 +242,6 @@ class InstrumentWindowTest : public QObject {
     };
     made_->Click("Option1");
     QVERIFY(answerable);
-    QCOMPARE(icon, QMessageBox::Critical);
     QVERIFY(f.window->statusBar()->currentMessage().contains("CURR_API"));
   }
 

@@ -49,8 +49,7 @@ class InterchangeTest : public QObject {
 
   WindowFixture& Start() {
     made_ = std::make_unique<WindowFixture>(kLibrary);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     return *made_;
   }
   template <typename Control>

@@ -78,8 +78,7 @@ class Walk {
 
   void Reopen() {
     fixture_.Open();
-    fixture_.window->activateWindow();
-    if (!QTest::qWaitForWindowActive(fixture_.window.get())) qFatal("the window stays inactive");
+    fixture_.Activate();
   }
 
   // Where the keys of a user would go.

@@ -31,8 +31,7 @@ class LibraryListTest : public QObject {
   WindowFixture& Start(const QByteArray& library = kA + kB + kC,
                        const std::string& separator = ".") {
     made_ = std::make_unique<WindowFixture>(library, separator);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     List()->setFocus();
     return *made_;
   }

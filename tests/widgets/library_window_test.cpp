@@ -25,8 +25,7 @@ class LibraryWindowTest : public QObject {
   // The entry of row 1 is in the grid, edited.
   WindowFixture& StartWithEdits() {
     made_ = std::make_unique<WindowFixture>(kA + kB + kC);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     made_->Select(1);
     made_->Click("Command1");
     made_->Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');

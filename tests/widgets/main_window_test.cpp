@@ -31,8 +31,7 @@ class MainWindowTest : public QObject {
 
   WindowFixture& Start(const QByteArray& library = kLibrary, const std::string& separator = ".") {
     made_ = std::make_unique<WindowFixture>(library, separator);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     return *made_;
   }
   [[nodiscard]] bool Enabled(const char* name) const {

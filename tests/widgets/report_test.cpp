@@ -29,6 +29,9 @@ const QByteArray kLibrary =
     "{\"\xC3\x9C 27 \xE5\x8F\x98\xE7\x94\xB5\xE7\xAB\x99\"\t(100;500)(200;250) 110}\r\n"
     "{\"Empty\"\t 000}\r\n";
 
+// At which the program itself is started, which has a scale of its own.
+constexpr double kOnce = 1;
+
 // Runs at several scales of the screen, which must not make a difference to anything on paper.
 class ReportTest : public QObject {
   Q_OBJECT
@@ -125,8 +128,7 @@ class ReportTest : public QObject {
 
   void TheWindowIsStartedByItsArguments() {
     const WindowFixture& f = Start();
-    // It is drawn at a scale of its own: once is enough.
-    if (f.window->devicePixelRatioF() != 1.0) return;
+    if (f.window->devicePixelRatioF() != kOnce) return;
     const QString display = QStringLiteral("offscreen");
 #ifndef Q_OS_WIN  // where it is a box that waits for somebody
     const QString help = Run({"--help"}, display);
@@ -162,6 +164,7 @@ class ReportTest : public QObject {
 
   void ReportsAreWrittenWithoutAWindow() {
     WindowFixture& f = Start();
+    if (f.window->devicePixelRatioF() != kOnce) return;
     f.Write(QStringLiteral("former.pdf"), "former");
     f.Write(QStringLiteral("own.txt"), "REPORT.PAGE.OF {Blatt %1}\nF1.INSTRUMENT1.TEXT {S&trom}");
     const std::pair<QStringList, QString> rows[] = {

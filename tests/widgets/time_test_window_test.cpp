@@ -123,8 +123,7 @@ class TimeTestWindowTest : public QObject {
     // The next time test is found when the user comes back.
     fixture.WriteTimeTest(kResult);
     QEvent event(QEvent::ActivationChange);
-    fixture.window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(fixture.window.get()));
+    fixture.Activate();
     QCoreApplication::sendEvent(fixture.window.get(), &event);
     QTRY_VERIFY(Offered());
     // With a module that does not open it is of no use.

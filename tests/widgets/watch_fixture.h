@@ -84,8 +84,7 @@ class WatchFixture : public ChartFixture {
   void Shipped() {
     made_->OpenIn({});
     made_->window->resize(1240, 820);
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
   }
 };
 

@@ -242,6 +242,10 @@ class WindowFixture {
       qFatal("a test file could not be written");
     }
   }
+  void Activate() const {
+    window->activateWindow();
+    if (!QTest::qWaitForWindowActive(window.get())) qFatal("the window stays inactive");
+  }
   /// A time test with the current module's result of these lines; `measured` is its time, now
   /// unless given.
   void WriteTimeTest(const QByteArray& points, const QDateTime& measured = {}) const {

@@ -37,8 +37,7 @@ class WorkbenchTest : public QObject {
     made_->WriteTimeTest(WindowFixture::SixtyPoints());
     made_->window.reset();
     made_->Open();
-    made_->window->activateWindow();
-    if (!QTest::qWaitForWindowActive(made_->window.get())) qFatal("the window stays inactive");
+    made_->Activate();
     made_->Click("Option1");
     return *made_;
   }
