@@ -113,7 +113,6 @@ Report ReportOf(const Session& session, const std::vector<ReportedTable>& tables
   report.decimalSeparator = session.localeDecimalSeparator;
   // Not the list of a library, which may be long.
   Session words;
-  words.tablePath = session.tablePath;
   words.localeDecimalSeparator = session.localeDecimalSeparator;
   words.texts = session.texts;
   for (const ReportedTable& table : tables) {

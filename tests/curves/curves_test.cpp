@@ -5,6 +5,7 @@
 
 #include "curves/assessment.h"
 #include "curves/fit.h"
+#include "curves/least_squares.h"
 #include "curves/polyline_choice.h"
 #include "curves/sampling.h"
 #include "curves/thinning.h"
@@ -366,6 +367,12 @@ TEST(Fitting, SaysWhatThePointsLeaveOpen) {
                     .fits.at(0)
                     .largest < 0.02,
             true);
+}
+
+TEST(Fitting, FindsTheLeastPlaceBetweenThoseOfTheScan) {
+  const auto valley = [](double z) { return (z - 0.3) * (z - 0.3); };
+  EXPECT_NEAR(LeastPlace(valley, -1.0, 2.0), 0.3, 1e-7);
+  EXPECT_EQ(LeastPlace(valley, 1.0, 2.0), 1.0);
 }
 
 TEST(Assessing, HoldsPointsAgainstLimits) {

@@ -22,7 +22,7 @@
 #include "widgets/cut_texts.h"
 #include "widgets/described_window.h"
 #include "widgets/picture.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -77,11 +77,10 @@ QStringList Unnamed(const QWidget& window) {
   return found;
 }
 
-class AccessTest : public QObject {
+class AccessTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
   QFont usual_ = QApplication::font();
 
   WindowFixture& Start(const QString& language) {

@@ -7,23 +7,19 @@
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/chart/curve_legend.h"
 #include "editor/widgets/chart/text_box.h"
-#include "editor/widgets/curve_grid_view.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 
 /// A window whose chart is worked with by mouse and keys, on three entries.
-class ChartFixture : public QObject {
+class ChartFixture : public WindowTest {
  protected:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start() {
-    made_ = std::make_unique<WindowFixture>(
+    Make(
         "{\"SI\"\t(2;10)(4;5)(8;3)(16;2) 001}\r\n"
         "{\"Amperes\"\t(10;9000)(20;4000)(80;2500) 111}\r\n"
         "{\"Zero\"\t(0;10)(4;5) 001}\r\n");
     made_->window->resize(1240, 820);
-    made_->Activate();
     Read(0);
     made_->Find<QLineEdit>("Text2")->clear();
     return *made_;
@@ -71,7 +67,7 @@ class ChartFixture : public QObject {
   }
   // A row of 1..26 of the grid, whose place is above or on it.
   void HoverRow(int row) {
-    auto& grid = *made_->Find<editor::CurveGridView>("MSFlexGrid1");
+    auto& grid = Grid();
     const QPointF place = grid.visualRect(grid.model()->index(row - 1, 0)).center();
     QMouseEvent move(QEvent::MouseMove, place, grid.viewport()->mapToGlobal(place), Qt::NoButton,
                      Qt::NoButton, {});
@@ -94,7 +90,7 @@ class ChartFixture : public QObject {
   [[nodiscard]] QString Lit() const {
     const auto* const ring = made_->Find<QWidget>("PointRing");
     const auto* const light = made_->Find<QWidget>("RowLight");
-    auto& grid = *made_->Find<editor::CurveGridView>("MSFlexGrid1");
+    auto& grid = Grid();
     int point = 0;
     for (const editor::ChartPoint& each : Chart().Curve().points) {
       const QLineF way(ring->geometry().center(), PlaceOf(each.load, each.time));

@@ -8,8 +8,7 @@
 #include <QMimeData>
 #include <QTest>
 
-#include "editor/widgets/curve_grid_view.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -18,15 +17,12 @@ const QByteArray kLibrary =
     "{\"Four\"\t(1;10)(2;20)(3;30)(4;40) 001}\r\n"
     "{\"Empty\"\t 000}\r\n";
 
-class ClipboardTest : public QObject {
+class ClipboardTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start(const std::string& separator = ".") {
-    made_ = std::make_unique<WindowFixture>(kLibrary, separator);
-    made_->Activate();
+    Make(kLibrary, separator);
     made_->Write("Zentab.txt", "F1.COMMAND8.TEXT {E&xport}\nF1.COMMAND9.TEXT {Cl&ear}\n");
     made_->Open();
     made_->Activate();
@@ -34,10 +30,6 @@ class ClipboardTest : public QObject {
     QGuiApplication::clipboard()->setText(QStringLiteral("left over"));
     return *made_;
   }
-  [[nodiscard]] editor::CurveGridView& Grid() const {
-    return *made_->Find<editor::CurveGridView>("MSFlexGrid1");
-  }
-  [[nodiscard]] bool EditorOpen() const { return made_->Find<QWidget>("Text11")->isVisible(); }
   void Press(const char* name) {
     QTest::mouseClick(made_->Find<QAbstractButton>(name), Qt::LeftButton);
   }

@@ -13,9 +13,8 @@
 
 #include "editor/widgets/chart/chart_colours.h"
 #include "editor/widgets/chart/curve_chart.h"
-#include "editor/widgets/curve_grid_view.h"
 #include "widgets/companion.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -27,15 +26,12 @@ const QByteArray kLibrary =
     "(10;0.59412)(12;0.54955)(14;0.5166)(17;0.48032)(20;0.45351) 001}\r\n"
     "{\"Reference\"\t(1.5;3.439)(2;2.006)(5;0.856)(10;0.594)(20;0.4535) 001}\r\n";
 
-class CurveDialogsTest : public QObject {
+class CurveDialogsTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start() {
-    made_ = std::make_unique<WindowFixture>(kLibrary);
-    made_->Activate();
+    Make(kLibrary);
     made_->Click("Command1");
     return *made_;
   }
@@ -43,7 +39,6 @@ class CurveDialogsTest : public QObject {
   [[nodiscard]] Control* Find(const char* name) const {
     return made_->Find<Control>(name);
   }
-  [[nodiscard]] QStringList Points() const { return made_->Points(); }
   [[nodiscard]] QString Library() const { return made_->Path(QStringLiteral("relayTables.dat")); }
   [[nodiscard]] QDialog* Opened(const char* action) {
     Find<QAction>(action)->trigger();

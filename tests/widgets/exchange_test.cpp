@@ -8,10 +8,9 @@
 #include <QTimer>
 
 #include "app/widgets/exchange/exchange_controller.h"
-#include "editor/widgets/curve_grid_view.h"
 #include "exchange/widgets/exchange_dialog.h"
 #include "widgets/described_window.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -23,16 +22,11 @@ const QByteArray kLibrary =
     "{\"B\"\t(1;10) 001}\r\n"
     "{\"C\"\t 000}";
 
-class ExchangeTest : public QObject {
+class ExchangeTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
-  WindowFixture& Start(const QByteArray& library = kLibrary) {
-    made_ = std::make_unique<WindowFixture>(library);
-    return *made_;
-  }
+  WindowFixture& Start(const QByteArray& library = kLibrary) { return Make(library); }
   // Carries out `work` on the dialog that the menu command opens, once the file is chosen.
   void InDialog(const char* command, const std::function<void(ExchangeDialog&)>& work) {
     int runs = 0;
@@ -110,7 +104,7 @@ class ExchangeTest : public QObject {
     f.dialogs.file = f.Path("other.dat");
     f.Find<QLineEdit>("TextFilter")->setText(QStringLiteral("B"));
     f.Click("Command1");
-    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    Grid().GridEdit('8');
     // Nothing is copied, then something that the filter would hide.
     InDialog("m_imp", [](ExchangeDialog&) {});
     QCOMPARE(f.window->cursor().shape(), Qt::ArrowCursor);

@@ -8,13 +8,12 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
-#include <QStatusBar>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
 
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -23,12 +22,10 @@ constexpr QSize kWindow(1100, 720);
 constexpr QPoint kDialogAt(28, 64);
 constexpr int kTitle = 26;  // the height of a dialog's title in a picture
 
-class GuideWalkTest : public QObject {
+class GuideWalkTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   static void CopyFolder(const QString& from, const QString& to) {
     QDirIterator files(from, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
@@ -41,8 +38,7 @@ class GuideWalkTest : public QObject {
     }
   }
   WindowFixture& Start() {
-    made_ = std::make_unique<WindowFixture>("");
-    WindowFixture& f = *made_;
+    WindowFixture& f = Make("");
     CopyFolder(QStringLiteral(DEMO), f.Path("."));
     QFile::copy(QStringLiteral(CATALOGUE), f.Path("Zentab.txt"));
     f.store.values["Colours"] = qEnvironmentVariable("ZENTAB_GUIDE_COLOURS", "light").toStdString();
@@ -136,7 +132,6 @@ class GuideWalkTest : public QObject {
     Access('P');
   }
 
-  [[nodiscard]] QStringList Points() const { return made_->Points(); }
   [[nodiscard]] QString Line(const QByteArray& name,
                              const QString& file = "relayTables.dat") const {
     for (const QByteArray& line : made_->Bytes(file).split('\n')) {

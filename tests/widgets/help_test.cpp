@@ -4,25 +4,22 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QTableWidget>
 #include <QTest>
 #include <QToolButton>
 
 #include "app/widgets/accessible_names.h"
 #include "widgets/picture.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
 
 // The help menu and the welcome of a first start.
-class HelpTest : public QObject {
+class HelpTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start() {
     made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n");
     return *made_;

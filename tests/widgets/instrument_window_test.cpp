@@ -5,14 +5,12 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QRegularExpression>
-#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 
 #include "app/widgets/qt_user_dialogs.h"
 #include "editor/widgets/chart/curve_chart.h"
-#include "editor/widgets/curve_grid_view.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -31,12 +29,10 @@ const QByteArray kCatalogue =
     "LOAD.LABEL.REL.TEXT {times %U}\nTIME.LABEL.S.TEXT {time %X}\nTIME.LABEL.MS.TEXT {t in %X}\n"
     "F1.MSGBOX6.HEAD {%U}\nF1.MSGBOX6.TXT {no %U}\n";
 
-class InstrumentWindowTest : public QObject {
+class InstrumentWindowTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start(const std::string& separator = ".",
                        const QByteArray& catalogue = kCatalogue) {
     made_ = std::make_unique<WindowFixture>(kLibrary, separator);
@@ -49,12 +45,6 @@ class InstrumentWindowTest : public QObject {
     auto* const list = made_->Find<QListView>("List1");
     list->setCurrentIndex(list->model()->index(row, 0));
     made_->Click("Command1");
-  }
-  [[nodiscard]] bool Enabled(const char* name) const {
-    return made_->Find<QWidget>(name)->isEnabled();
-  }
-  [[nodiscard]] bool Checked(const char* name) const {
-    return made_->Find<QAbstractButton>(name)->isChecked();
   }
   [[nodiscard]] QString Text(const char* name) const {
     return made_->Find<QLineEdit>(name)->text();

@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTest>
@@ -17,7 +16,7 @@
 #include "editor/widgets/chart/curve_chart.h"
 #include "widgets/companion.h"
 #include "widgets/described_window.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -41,17 +40,11 @@ QByteArray RelayList() {
 }
 
 // The windows for files of other programs and for another library.
-class InterchangeTest : public QObject {
+class InterchangeTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
-  WindowFixture& Start() {
-    made_ = std::make_unique<WindowFixture>(kLibrary);
-    made_->Activate();
-    return *made_;
-  }
+  WindowFixture& Start() { return Make(kLibrary); }
   template <typename Control>
   [[nodiscard]] static Control* In(const QDialog& dialog, const char* name) {
     return dialog.findChild<Control*>(QLatin1String(name));
@@ -84,8 +77,6 @@ class InterchangeTest : public QObject {
     }
     Settle(dialog);
   }
-  [[nodiscard]] QStringList Points() const { return made_->Points(); }
-  [[nodiscard]] QString SaidBelow() const { return made_->window->statusBar()->currentMessage(); }
   [[nodiscard]] QStringList Differences(const QDialog& dialog) const {
     const auto* const model = In<QListView>(dialog, "ListDifferences")->model();
     QStringList lines;

@@ -7,19 +7,17 @@
 
 #include "editor/widgets/chart/curve_chart.h"
 #include "widgets/described_window.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
 
 const QByteArray kLibrary = "{\"SI\"\t(1.5;10)(2;4.25)(3;2) 001}\r\n{\"V\"\t(100;500) 112}\r\n";
 
-class LanguagesTest : public QObject {
+class LanguagesTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   // The default catalogue is the English one.
   WindowFixture& Start(const QString& standard = QStringLiteral("Zentab.txt")) {
     made_ = std::make_unique<WindowFixture>(kLibrary);

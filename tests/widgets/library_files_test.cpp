@@ -7,7 +7,6 @@
 #include <QPrintPreviewDialog>
 #include <QPushButton>
 #include <QStandardPaths>
-#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -15,7 +14,7 @@
 #include "app/widgets/qt_user_dialogs.h"
 #include "exchange/widgets/exchange_dialog.h"
 #include "widgets/once_open.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -24,21 +23,15 @@ const QByteArray kA = "{\"Anna\"\t(1.5;10)(2;4) 001}\r\n";
 const QByteArray kB = "{\"Berta\"\t(2.5;10)(3;4) 001}\r\n";
 
 // The commands on table files as a whole.
-class LibraryFilesTest : public QObject {
+class LibraryFilesTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
-  WindowFixture& Start() {
-    made_ = std::make_unique<WindowFixture>(kA + kB);
-    return *made_;
-  }
+  WindowFixture& Start() { return Make(kA + kB); }
   void Choose(const char* action, const QString& file = {}) {
     made_->dialogs.file = file;
     made_->Find<QAction>(action)->trigger();
   }
-  [[nodiscard]] QString Said() const { return made_->window->statusBar()->currentMessage(); }
   [[nodiscard]] QStringList Recent() const {
     auto* const menu = made_->Find<QMenu>("m_recent");
     Q_EMIT menu->aboutToShow();
@@ -85,8 +78,8 @@ class LibraryFilesTest : public QObject {
   void ANewLibraryReplacesNothing() {
     const WindowFixture& f = Start();
     Choose("m_newlib", f.Path("relayTables.dat"));
-    QVERIFY2(Said().startsWith(QStringLiteral("The table file was not created")),
-             qPrintable(Said()));
+    QVERIFY2(SaidBelow().startsWith(QStringLiteral("The table file was not created")),
+             qPrintable(SaidBelow()));
     QCOMPARE(f.Bytes(), kA + kB);
     Choose("m_newlib");
     QCOMPARE(NamesIn(*f.window), QStringLiteral("Anna|Berta"));
@@ -100,14 +93,14 @@ class LibraryFilesTest : public QObject {
     WindowFixture& f = Start();
     f.Write("copy.dat", "former");
     Choose("m_savecopy", f.Path("relayTables.dat"));
-    QVERIFY(Said().startsWith(QStringLiteral("The table file was not copied")));
+    QVERIFY(SaidBelow().startsWith(QStringLiteral("The table file was not copied")));
     f.files.bytesThatFit = 10;
     Choose("m_savecopy", f.Path("copy.dat"));
-    QVERIFY(Said().startsWith(QStringLiteral("The table file was not copied")));
+    QVERIFY(SaidBelow().startsWith(QStringLiteral("The table file was not copied")));
     QCOMPARE(f.Bytes("copy.dat"), QByteArray("former"));
     f.files.bytesThatFit = test::FailingFileLayer::kNever;
     Choose("m_savecopy", f.Path("copy.dat"));
-    QVERIFY(Said().startsWith(QStringLiteral("Copied to ")));
+    QVERIFY(SaidBelow().startsWith(QStringLiteral("Copied to ")));
     QCOMPARE(f.Bytes("copy.dat"), kA + kB);
     QCOMPARE(f.Bytes(), kA + kB);
     QCOMPARE(f.session.tablePath, std::string("relayTables.dat"));
@@ -135,7 +128,7 @@ class LibraryFilesTest : public QObject {
   void TheBackupsEntriesAreOffered() {
     const WindowFixture& f = Start();
     Choose("m_backup");
-    QVERIFY(Said().startsWith(QStringLiteral("This table file has no backup")));
+    QVERIFY(SaidBelow().startsWith(QStringLiteral("This table file has no backup")));
     f.Click("Command2");
     QString offered;
     using exchange::ExchangeDialog;
@@ -153,7 +146,7 @@ class LibraryFilesTest : public QObject {
     QCOMPARE(f.Bytes(), kB + kA + kB);
     f.window->statusBar()->showMessage(QStringLiteral("of the command before"));
     Choose("m_folder");
-    QCOMPARE(Said(), QString());
+    QCOMPARE(SaidBelow(), QString());
     QCOMPARE(QString::fromStdString(f.dialogs.asked.back()), QFileInfo(f.Path("x")).path());
   }
 

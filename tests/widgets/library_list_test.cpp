@@ -4,14 +4,13 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QSet>
-#include <QStatusBar>
 #include <QTest>
 #include <QTextDocument>
 #include <QToolTip>
 
 #include "app/widgets/library/library_files_controller.h"
 #include "editor/widgets/chart/curve_legend.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -22,22 +21,18 @@ const QByteArray kC = "{\"Clara\"\t(3;1) 001}\r\n";
 const QByteArray kTheirs = "{\"Berta\"\t(9;9) 112}\r\n";
 
 // The list of entries: several at once, their names and order.
-class LibraryListTest : public QObject {
+class LibraryListTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start(const QByteArray& library = kA + kB + kC,
                        const std::string& separator = ".") {
-    made_ = std::make_unique<WindowFixture>(library, separator);
-    made_->Activate();
+    Make(library, separator);
     List()->setFocus();
     return *made_;
   }
   [[nodiscard]] QListView* List() const { return made_->Find<QListView>("List1"); }
   [[nodiscard]] QString Names() const { return NamesIn(*made_->window); }
-  [[nodiscard]] QString Said() const { return made_->window->statusBar()->currentMessage(); }
   void Go(const char* action) const { made_->Find<QAction>(action)->trigger(); }
   void Press(Qt::Key key, Qt::KeyboardModifiers with = {}) const {
     QTest::keyClick(List(), key, with);
@@ -178,7 +173,7 @@ class LibraryListTest : public QObject {
     Type(QStringLiteral("anna"));
     QVERIFY(f.dialogs.asked.back().find("already contains an entry") != std::string::npos);
     Type(QStringLiteral("a(b"));
-    QCOMPARE(Said(), QStringLiteral("\"a(b\" cannot be the name of an entry"));
+    QCOMPARE(SaidBelow(), QStringLiteral("\"a(b\" cannot be the name of an entry"));
     QCOMPARE(Names(), QStringLiteral("Anna|Dora|Clara"));
     Go("m_undo");
     QCOMPARE(f.Bytes(), kA + kB + kC);
@@ -186,7 +181,8 @@ class LibraryListTest : public QObject {
     f.Select(1);
     f.Write("relayTables.dat", kA + kTheirs);
     Type(QStringLiteral("Dora"));
-    QVERIFY2(Said().startsWith(QStringLiteral("Another program has changed")), qPrintable(Said()));
+    QVERIFY2(SaidBelow().startsWith(QStringLiteral("Another program has changed")),
+             qPrintable(SaidBelow()));
     QCOMPARE(f.Bytes(), kA + kTheirs);
     QCOMPARE(Names(), QStringLiteral("Anna|Berta"));
     QCOMPARE(f.SelectedRow(), -1);
@@ -200,7 +196,7 @@ class LibraryListTest : public QObject {
     QCOMPARE(Names(), QStringLiteral("Anna|Berta|Clara"));
     QCOMPARE(Chosen(), QStringLiteral("Clara"));
     Press(Qt::Key_Up, Qt::AltModifier);
-    QVERIFY(Said().startsWith(QStringLiteral("Entries can be moved only")));
+    QVERIFY(SaidBelow().startsWith(QStringLiteral("Entries can be moved only")));
     f.Find<QLineEdit>("TextFilter")->setText(QStringLiteral("R"));
     QCOMPARE(Names(), QStringLiteral("Berta|Clara"));
     f.Find<QLineEdit>("TextFilter")->clear();
@@ -230,7 +226,7 @@ class LibraryListTest : public QObject {
     Go("m_sortfile");
     QCOMPARE(f.Bytes(), kA + kC + kB);
     Go("m_sortfile");
-    QCOMPARE(Said(), QStringLiteral("The table file has this order already"));
+    QCOMPARE(SaidBelow(), QStringLiteral("The table file has this order already"));
     Go("m_undo");
     QCOMPARE(f.Bytes(), library);
   }
@@ -258,8 +254,11 @@ class LibraryListTest : public QObject {
       Go("m_exportentries");
       QCOMPARE(f.Bytes("out"), c.written);
       QCOMPARE(f.dialogs.asked.back(), std::string("relayTables.csv"));
-      QVERIFY(Said().startsWith(QStringLiteral("Exported: ")));
+      QVERIFY(SaidBelow().startsWith(QStringLiteral("Exported: ")));
     }
+    QVERIFY(std::ranges::count(
+        f.dialogs.asked,
+        "CSV for spreadsheets on this &computer (separator \";\", decimal sign \",\")"));
     // The answers of the last time are offered.
     f.dialogs.choices = {0, 2};
     Go("m_exportentries");
@@ -275,7 +274,7 @@ class LibraryListTest : public QObject {
     Choose({0});
     f.dialogs.file = f.Path("relayTables.dat");
     Go("m_exportentries");
-    QVERIFY(Said().startsWith(QStringLiteral("The entries could not be exported")));
+    QVERIFY(SaidBelow().startsWith(QStringLiteral("The entries could not be exported")));
     f.dialogs.file = f.Path("other.dat");
     f.Write("other.dat", kB);
     Choose({0, 2});
@@ -300,7 +299,7 @@ class LibraryListTest : public QObject {
     List()->selectAll();
     Go("m_cmpentry");
     QVERIFY(f.Find<editor::CurveLegend>("ListLegend")->isHidden());
-    QVERIFY2(Said().startsWith(QLatin1String("At most 50 curves")), qPrintable(Said()));
+    QVERIFY2(SaidBelow().startsWith(QLatin1String("At most 50 curves")), qPrintable(SaidBelow()));
   }
 
   void TheTooltipReadsTheEntryThatIsPointedAt() {
@@ -319,8 +318,8 @@ class LibraryListTest : public QObject {
     const WindowFixture& f = Start();
     auto* const files = f.window->findChild<LibraryFilesController*>();
     files->OpenNamed(f.Path("missing.dat"));
-    QVERIFY2(Said().contains(QStringLiteral("missing.dat: The table file could not be read")),
-             qPrintable(Said()));
+    QVERIFY2(SaidBelow().contains(QStringLiteral("missing.dat: The table file could not be read")),
+             qPrintable(SaidBelow()));
     QCOMPARE(Names(), QStringLiteral("Anna|Berta|Clara"));
     f.Write("named.dat", kB);
     files->OpenNamed(f.Path("named.dat"));

@@ -1,11 +1,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QStatusBar>
 #include <QTest>
 
-#include "editor/widgets/curve_grid_view.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -16,20 +14,17 @@ const QByteArray kC = "{\"Cäsar\"\t(3.5;10)(4;4) 001}\r\n";
 const QByteArray kForeign = "{\"foreign\"\t(7;7)(8;8) 001}\r\n";
 
 // The library panel while the table file changes, cannot be written, or is long.
-class LibraryWindowTest : public QObject {
+class LibraryWindowTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   // The entry of row 1 is in the grid, edited.
   WindowFixture& StartWithEdits() {
-    made_ = std::make_unique<WindowFixture>(kA + kB + kC);
-    made_->Activate();
+    Make(kA + kB + kC);
     made_->Select(1);
     made_->Click("Command1");
-    made_->Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
-    made_->Find<editor::CurveGridView>("MSFlexGrid1")->CloseEditor();
+    Grid().GridEdit('8');
+    Grid().CloseEditor();
     return *made_;
   }
   void ExpectEdits() const {
@@ -113,12 +108,11 @@ class LibraryWindowTest : public QObject {
     };
     for (const auto& [now, selectsAgain, isStopped] : cases) {
       for (const char* const command : {"Command4", "Command2"}) {
-        made_ = std::make_unique<WindowFixture>(kA + b11 + kC + b21);
-        WindowFixture& f = *made_;
+        WindowFixture& f = Make(kA + b11 + kC + b21);
         f.Select(3);
         f.Click("Command1");
-        f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
-        f.Find<editor::CurveGridView>("MSFlexGrid1")->CloseEditor();
+        Grid().GridEdit('8');
+        Grid().CloseEditor();
         f.Write("relayTables.dat", now);
         const qsizetype entries = now.count('\n');
         QTRY_COMPARE(f.Find<QListView>("List1")->model()->rowCount(), static_cast<int>(entries));
@@ -265,8 +259,7 @@ class LibraryWindowTest : public QObject {
     for (int number = 0; number < 500; ++number) {
       many += "{\"" + QByteArray::number(number) + "\"\t(1;2) 001}\r\n";
     }
-    made_ = std::make_unique<WindowFixture>(many);
-    WindowFixture& f = *made_;
+    WindowFixture& f = Make(many);
     auto* const bar = f.Find<QListView>("List1")->verticalScrollBar();
     QTRY_VERIFY(bar->maximum() > 300);
     bar->setValue(300);

@@ -6,14 +6,12 @@
 #include <QListView>
 #include <QRegularExpression>
 #include <QScrollArea>
-#include <QStatusBar>
 #include <QTest>
 
 #include "app/widgets/window_placement.h"
 #include "editor/widgets/chart/curve_chart.h"
-#include "editor/widgets/curve_grid_view.h"
 #include "widgets/described_window.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -23,22 +21,12 @@ const QByteArray kLibrary =
     "{\"U> ms\"\t(100;500)(110;250) 112}\r\n"
     "{\"Empty\"\t 000}\r\n";
 
-class MainWindowTest : public QObject {
+class MainWindowTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start(const QByteArray& library = kLibrary, const std::string& separator = ".") {
-    made_ = std::make_unique<WindowFixture>(library, separator);
-    made_->Activate();
-    return *made_;
-  }
-  [[nodiscard]] bool Enabled(const char* name) const {
-    return made_->Find<QWidget>(name)->isEnabled();
-  }
-  [[nodiscard]] bool Checked(const char* name) const {
-    return made_->Find<QAbstractButton>(name)->isChecked();
+    return Make(library, separator);
   }
   [[nodiscard]] QString Cell(int row, int column) const {
     return QString::fromStdString(made_->session.table.grid.Cell(row, column));
@@ -157,7 +145,7 @@ class MainWindowTest : public QObject {
   void ReadingAsksBeforeEditsAreLost() {
     WindowFixture& f = Start();
     made_->Click("Command1");
-    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    Grid().GridEdit('8');
     f.dialogs.answer = false;
     made_->Click("Command1");
     QCOMPARE(f.dialogs.asked.size(), 1u);
@@ -172,7 +160,7 @@ class MainWindowTest : public QObject {
     WindowFixture& f = Start(kLibrary, ",");
     made_->Click("Command1");
     QCOMPARE(Cell(1, 1), QStringLiteral("1,5"));
-    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('9');
+    Grid().GridEdit('9');
     f.dialogs.answer = false;
     made_->Click("Command4");
     made_->Click("Command2");
@@ -242,7 +230,7 @@ class MainWindowTest : public QObject {
     made_->Click("Command1");
     f.Find<QLineEdit>("Text2")->setText(QStringLiteral("5"));
     f.window->setGeometry(100, 80, 1300, 840);
-    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    Grid().GridEdit('8');
     f.dialogs.answer = false;
     QVERIFY(!f.window->close());
     QCOMPARE(f.store.values["NomLoad1"], std::string("5"));
@@ -257,6 +245,14 @@ class MainWindowTest : public QObject {
       f.store.values["F1Top"] = top;
       f.Open();
       QVERIFY(f.window->screen()->geometry().intersects(f.window->geometry()));
+    }
+    // 64 pixels of it are enough to drag it.
+    const int last = f.window->screen()->availableGeometry().right() + 1 - 64;
+    for (const int left : {last, last + 1}) {
+      f.store.values["F1Left"] = std::to_string(left * 15);
+      f.store.values["F1Top"] = "0";
+      f.Open();
+      QCOMPARE(f.window->x() == left, left == last);
     }
     f.store.values["F1Left"] = "1500";
     f.store.values["F1Top"] = "750";
@@ -280,8 +276,7 @@ class MainWindowTest : public QObject {
     }
     for (const char* const language : {"", ".de", ".zh_CN"}) {
       made_.reset();
-      made_ = std::make_unique<WindowFixture>(kLibrary);
-      made_->OpenIn(QLatin1String(language));
+      Make(kLibrary).OpenIn(QLatin1String(language));
       // The menu and the status bar come to it.
       const auto* const frame = static_cast<QScrollArea*>(made_->window->centralWidget());
       const QSize least = frame->widget()->minimumSizeHint() + QSize(0, 60);
@@ -356,7 +351,7 @@ class MainWindowTest : public QObject {
     if (rows >= 0) QCOMPARE(list->model()->rowCount(), rows);
     QVERIFY(!f.window->grab().isNull());
     made_->Click("Command1");
-    f.Find<editor::CurveGridView>("MSFlexGrid1")->GridEdit('8');
+    Grid().GridEdit('8');
     QVERIFY(!f.window->grab().isNull());
     QCOMPARE(f.Bytes(), bytes);
   }

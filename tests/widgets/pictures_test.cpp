@@ -30,7 +30,7 @@ class PicturesTest : public WatchFixture {
 
  private:
   WindowFixture& Begin() {
-    made_ = std::make_unique<WindowFixture>(kLibrary);
+    Make(kLibrary);
     made_->Write("other.dat", kOther);
     made_->Write("curves.csv", kCurves);
     made_->Write("library.json",

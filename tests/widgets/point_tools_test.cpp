@@ -5,39 +5,29 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
 
 #include "app/widgets/table/point_tools_controller.h"
 #include "app/widgets/table/table_panel.h"
-#include "editor/widgets/curve_grid_view.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
 
 const QByteArray kLibrary = "{\"Three\"\t(1;10)(2;20)(3;30) 001}\r\n";
 
-class PointToolsTest : public QObject {
+class PointToolsTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start(const QByteArray& library = kLibrary) {
-    made_ = std::make_unique<WindowFixture>(library);
-    made_->Activate();
+    Make(library);
     made_->Click("Command1");
     Grid().setFocus();
     return *made_;
   }
-  [[nodiscard]] editor::CurveGridView& Grid() const {
-    return *made_->Find<editor::CurveGridView>("MSFlexGrid1");
-  }
-  [[nodiscard]] bool EditorOpen() const { return made_->Find<QWidget>("Text11")->isVisible(); }
   [[nodiscard]] QString Focus() const { return QApplication::focusWidget()->objectName(); }
-  [[nodiscard]] QString Said() const { return made_->window->statusBar()->currentMessage(); }
   [[nodiscard]] QString Marked() const {
     const auto* const button = made_->Find<QToolButton>("StatusCheck");
     return button->isVisible() ? button->text() : QString();
@@ -117,7 +107,7 @@ class PointToolsTest : public QObject {
     SelectRows(20, 21);
     Choose("m_fill");
     QCOMPARE(f.dialogs.asked.size(), asked);
-    QVERIFY(Said().startsWith(QStringLiteral("Select two rows")));
+    QVERIFY(SaidBelow().startsWith(QStringLiteral("Select two rows")));
     QCOMPARE(f.dialogs.offered, (std::vector<double>{1, 1, 0, 1, 1, 3}));
     const auto isRefused = [&](const char* cells, const char* tool, const char* said) {
       f.session.table.grid.ClearPoints();
@@ -128,7 +118,7 @@ class PointToolsTest : public QObject {
       }
       SelectRows(1, 26);
       Choose(tool);
-      return Said().startsWith(QLatin1String(said));
+      return SaidBelow().startsWith(QLatin1String(said));
     };
     QVERIFY(isRefused("x;", "m_scl", "None of the cells"));
     f.dialogs.number = 1e300;
@@ -145,7 +135,7 @@ class PointToolsTest : public QObject {
     WindowFixture& f = Start();
     f.Find<QLineEdit>("Text2")->clear();
     Choose("m_cvl");
-    QVERIFY(Said().startsWith(QStringLiteral("The pickup value")));
+    QVERIFY(SaidBelow().startsWith(QStringLiteral("The pickup value")));
     f.Find<QLineEdit>("Text2")->setText(QStringLiteral("5"));
     Choose("m_cvl");
     Choose("m_cvt");
@@ -171,7 +161,7 @@ class PointToolsTest : public QObject {
       const editor::CurveGrid& grid = f.session.table.grid;
       QCOMPARE(QStringLiteral("%1,%2").arg(grid.Row()).arg(grid.Col()), QLatin1String(place));
     }
-    QCOMPARE(Said(), QStringLiteral("Row 2: the load does not increase"));
+    QCOMPARE(SaidBelow(), QStringLiteral("Row 2: the load does not increase"));
     Key(Qt::Key_Return);
     f.Find<QLineEdit>("Text11")->setText(QStringLiteral("2"));
     QCOMPARE(words(2, 1),

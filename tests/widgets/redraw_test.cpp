@@ -45,7 +45,7 @@ class RedrawTest : public WatchFixture {
     QCoreApplication::sendEvent(&Chart(), &wheel);
   }
   void Type(int row, int column, const char* text) {
-    auto& grid = *made_->Find<editor::CurveGridView>("MSFlexGrid1");
+    auto& grid = Grid();
     grid.setFocus();
     grid.setCurrentIndex(grid.model()->index(row - 1, column - 1));
     QTest::keyClick(&grid, Qt::Key_Return);
@@ -215,6 +215,7 @@ class RedrawTest : public WatchFixture {
         {"a view from further off", [&] { Turn(point, -120), Turn(point, -120); }},
         {"without its line", [&] { Trigger("m_pickup"); }},
         {"with its line", [&] { Trigger("m_pickup"); }},
+        {"its dark colours", [&] { Trigger("m_coldark"); }},
         {"loads in amperes", [&] { Trigger("m_unitabs"); }},
         {"loads in multiples", [&] { Trigger("m_unitmult"); }},
         {"logarithms again", [&] { Trigger("m_logload"), Trigger("m_logtime"); }},
@@ -235,12 +236,12 @@ class RedrawTest : public WatchFixture {
         {"as the reference", [&] { Trigger("m_reference"); }},
         {"it is taken out", [&] { Trigger("m_cmpremove"); }},
         {"the first one is on", [&] { Switch(Qt::Checked); }},
-        {"the difference", [&] { Trigger("m_difference"); }},
+        {"no difference", [&] { Trigger("m_difference"); }},
         {"a place in both", [&] { MoveTo(PlaceOf(5, 4)); }},
         {"an edit above it", [&] { Type(1, 2, "12"); }},
         {"a zoom above it", [&] { Turn(PlaceOf(4, 5)); }},
         {"dark colours above it", [&] { Trigger("m_coldark"); }},
-        {"no difference", [&] { Trigger("m_difference"); }},
+        {"the difference", [&] { Trigger("m_difference"); }},
         {"the assessment", [&] { Trigger("m_assess"); }},
         {"an assessed edit", [&] { Type(2, 2, "2.5"); }},
         {"no assessment", [&] { Trigger("m_assess"); }},

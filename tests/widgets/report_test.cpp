@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRawFont>
-#include <QStatusBar>
 #include <QTest>
 #include <QXmlStreamReader>
 
@@ -19,7 +18,7 @@
 #include "app/widgets/report/report_dialog.h"
 #include "widgets/once_open.h"
 #include "widgets/pdf_file.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -33,12 +32,10 @@ const QByteArray kLibrary =
 constexpr double kOnce = 1;
 
 // Runs at several scales of the screen, which must not make a difference to anything on paper.
-class ReportTest : public QObject {
+class ReportTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start() {
     made_ = std::make_unique<WindowFixture>(kLibrary);
     made_->Click("Command1");

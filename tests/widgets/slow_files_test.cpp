@@ -5,7 +5,7 @@
 #include <atomic>
 
 #include "support/stepped_file_layer.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -40,20 +40,17 @@ class HeldFileLayer final : public test::SteppedFileLayer {
 };
 
 // The window while a file is waited for, and while someone else is writing it.
-class SlowFilesTest : public QObject {
+class SlowFilesTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
 
   // A screen reader presses buttons whether the mouse reaches them or not.
   void NothingBeginsAndTheWindowStaysWhileAFileIsWritten() {
     HeldFileLayer layer;
-    made_ = std::make_unique<WindowFixture>(kA + kB, ".", &layer);
-    WindowFixture& f = *made_;
+    WindowFixture& f = Make(kA + kB, ".", &layer);
     f.OpenIn({});
     f.Click("Command1");
     f.Click("Option1");
@@ -99,7 +96,7 @@ class SlowFilesTest : public QObject {
 
   void TheFileIsLookedAtOneLookAtATime() {
     HeldFileLayer layer;
-    made_ = std::make_unique<WindowFixture>(kA + kB, ".", &layer);
+    Make(kA + kB, ".", &layer);
     QTRY_VERIFY(layer.reads > 20);
     layer.holdsReading = true;
     QTest::qWait(20 * WindowFixture::kLookEvery);
@@ -108,6 +105,22 @@ class SlowFilesTest : public QObject {
     // What waited comes now, and nothing new as long as no events are.
     QTest::qSleep(50);
     QVERIFY2(layer.reads - before < 10, qPrintable(QString::number(layer.reads - before)));
+  }
+
+  // Or its height would come from what it says before.
+  void TheAssessmentIsShownOnceItsReferenceIsRead() {
+    HeldFileLayer layer;
+    WindowFixture& f = Make(kA + kB, ".", &layer);
+    f.Click("Command1");
+    const auto* const panel = f.Find<QWidget>("PanelAssessment");
+    bool isShown = true;
+    QTimer::singleShot(0, [&] {
+      isShown = panel->isVisible();
+      HeldFileLayer::Release(layer.holdsReading);
+    });
+    layer.holdsReading = true;
+    f.Find<QAction>("m_assess")->trigger();
+    QVERIFY(!isShown && panel->isVisible());
   }
 
   void AFileThatIsBeingWrittenIsListedOnceItIsDone() {
@@ -123,7 +136,7 @@ class SlowFilesTest : public QObject {
       made_->Write("relayTables.dat", growing);
       --left;
     };
-    made_ = std::make_unique<WindowFixture>(kA, ".", &layer);
+    Make(kA, ".", &layer);
     QTRY_VERIFY(layer.reads > 20);
     left = 8;
     QTRY_COMPARE(left, 0);

@@ -2,11 +2,10 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QProgressDialog>
-#include <QStatusBar>
 #include <QTest>
 
 #include "app/widgets/testset/import_progress.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -17,12 +16,10 @@ const QByteArray kTexts =
     "FILTER.EQUATION.4 {t1+*2}\r\n";
 const QByteArray kResult = "1\t3\t2500\t\r\n2\t6\t1500\t\r\n3\t9\t1000\t\r\n";
 
-class TimeTestWindowTest : public QObject {
+class TimeTestWindowTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start() {
     made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n", ",");
     made_->Write("Zentab.txt", kTexts);

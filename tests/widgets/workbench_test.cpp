@@ -10,7 +10,7 @@
 #include <QTest>
 
 #include "app/form_values.h"
-#include "widgets/window_fixture.h"
+#include "widgets/window_test.h"
 
 namespace zentab::app {
 namespace {
@@ -25,12 +25,10 @@ const QByteArray kSite =
 const QString kCatalogue = QStringLiteral("Zentab1.txt");
 const QString kResult = QStringLiteral("data/current/result.txt");
 
-class WorkbenchTest : public QObject {
+class WorkbenchTest : public WindowTest {
   Q_OBJECT
 
  private:
-  std::unique_ptr<WindowFixture> made_;
-
   WindowFixture& Start(const std::string& separator = ".") {
     made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n", separator);
     made_->Write(kCatalogue, kSite);

@@ -52,14 +52,16 @@ void AssessmentController::AddTo(QMenu& menu) {
 bool AssessmentController::IsShown() const { return switch_ != nullptr && switch_->isChecked(); }
 
 void AssessmentController::Show(bool shown) {
-  panel_->setVisible(shown);
   if (!shown) {
+    panel_->hide();
     band_->Hide();
     Q_EMIT Assessed(nullptr, {});
     return;
   }
   if (!reference_) Begin();
   Refresh();
+  // Filled, or its height would depend on how soon the reference's file is read.
+  panel_->setVisible(IsShown());
 }
 
 void AssessmentController::Begin() {

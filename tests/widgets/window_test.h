@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QStatusBar>
+#include <utility>
+
+#include "editor/widgets/curve_grid_view.h"
+#include "widgets/window_fixture.h"
+
+namespace zentab::app {
+
+/// Tests that have a window each, which their cleanup() throws away.
+class WindowTest : public QObject {
+ protected:
+  std::unique_ptr<WindowFixture> made_;
+
+  /// An active window; what the fixture takes goes to it.
+  template <typename... Parts>
+  WindowFixture& Make(Parts&&... parts) {
+    made_ = std::make_unique<WindowFixture>(std::forward<Parts>(parts)...);
+    made_->Activate();
+    return *made_;
+  }
+  [[nodiscard]] editor::CurveGridView& Grid() const {
+    return *made_->Find<editor::CurveGridView>("MSFlexGrid1");
+  }
+  [[nodiscard]] bool EditorOpen() const { return made_->Find<QWidget>("Text11")->isVisible(); }
+  [[nodiscard]] QString SaidBelow() const { return made_->window->statusBar()->currentMessage(); }
+  [[nodiscard]] QStringList Points() const { return made_->Points(); }
+  [[nodiscard]] bool Enabled(const char* name) const {
+    return made_->Find<QWidget>(name)->isEnabled();
+  }
+  [[nodiscard]] bool Checked(const char* name) const {
+    return made_->Find<QAbstractButton>(name)->isChecked();
+  }
+};
+
+}  // namespace zentab::app
