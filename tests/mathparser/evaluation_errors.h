@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 #include "mathparser/math_parser.h"
@@ -12,6 +14,7 @@ std::string ErrorOf(Evaluate evaluate) {
   try {
     evaluate();
   } catch (const EvaluationError& error) {
+    EXPECT_EQ(error.Source(), "MathParser");
     return std::to_string(error.Number()) + " " + error.Description();
   }
   return "";

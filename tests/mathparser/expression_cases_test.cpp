@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "mathparser/math_parser.h"
+#include "evaluation_errors.h"
 
 namespace zentab::mathparser {
 namespace {
@@ -29,17 +29,6 @@ void Prepare(MathParser& parser, const std::string& settings) {
       parser.VarSymb(setting.substr(0, sign), NumberOf(setting.substr(sign + 1)));
     }
   }
-}
-
-template <class Evaluate>
-std::string ErrorOf(Evaluate evaluate) {
-  try {
-    evaluate();
-  } catch (const EvaluationError& error) {
-    EXPECT_EQ(error.Source(), "MathParser");
-    return std::to_string(error.Number()) + " " + error.Description();
-  }
-  return "no error";
 }
 
 // All the ways to evaluate, which must not differ in a single bit.

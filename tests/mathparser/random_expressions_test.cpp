@@ -85,17 +85,23 @@ Result EvaluateProduct(const Node& node, const Values& variables) {
   return Checked(*left * *right);
 }
 
-Result EvaluateComparison(const Node& node, const Values& variables) {
+std::optional<Values> OperandsOf(const Node& node, const Values& variables) {
   Values operands;
   for (const NodePointer& child : node.children) {
     const Result operand = Evaluate(*child, variables);
     if (!operand) return std::nullopt;
     operands.push_back(*operand);
   }
+  return operands;
+}
+
+Result EvaluateComparison(const Node& node, const Values& variables) {
+  const std::optional<Values> operands = OperandsOf(node, variables);
+  if (!operands) return std::nullopt;
   double truth = 1.0;
   for (std::size_t i = 0; i < node.text.size(); ++i) {
-    const double a = operands[i];
-    const double b = operands[i + 1];
+    const double a = (*operands)[i];
+    const double b = (*operands)[i + 1];
     const bool holds = node.text[i] == '<' ? a < b : node.text[i] == '>' ? a > b : a == b;
     truth *= holds ? 1.0 : 0.0;
   }
@@ -109,13 +115,9 @@ Result Evaluate(const Node& node, const Values& variables) {
   }
   if (IsProduct(node)) return EvaluateProduct(node, variables);
   if (IsComparison(node)) return EvaluateComparison(node, variables);
-  Values operands;
-  for (const NodePointer& child : node.children) {
-    const Result operand = Evaluate(*child, variables);
-    if (!operand) return std::nullopt;
-    operands.push_back(*operand);
-  }
-  const Result result = Checked(node.compute(operands));
+  const std::optional<Values> operands = OperandsOf(node, variables);
+  if (!operands) return std::nullopt;
+  const Result result = Checked(node.compute(*operands));
   if (!result) return std::nullopt;
   return node.text.front() == '-' && node.kind == Node::Kind::Function ? -*result : *result;
 }

@@ -103,19 +103,24 @@ class GrhFile : public test::TemporaryFolder {
   void Set(const std::vector<GraphSegment>& segments) {
     EXPECT_FALSE(WriteReferenceGraph(platform::SystemFiles(), Folder(), segments, kDate));
   }
+  [[nodiscard]] InstrumentSession Opened(tables::Instrument instrument) {
+    test::InstallSimulators(Folder());
+    InstrumentSession session(Folder(),
+                              {[this](std::string_view line) { lastLine_ = line; }, [] {}});
+    session.Choose(instrument);
+    EXPECT_TRUE(session.Open().open);
+    return session;
+  }
   [[nodiscard]] std::filesystem::path File() const { return Folder() / "data" / "currtmp.grh"; }
   [[nodiscard]] ReadGraph ReadText(std::string_view bytes) {
     return ReadReferenceGraph(platform::SystemFiles(), Write("t.grh", bytes));
   }
+
+  std::string lastLine_;
 };
 
 TEST_F(GrhFile, ComesBackAsTheCurveThatWasWrittenInEveryMode) {
-  test::InstallSimulators(Folder());
-  std::string lastLine;
-  InstrumentSession session(Folder(),
-                            {[&lastLine](std::string_view line) { lastLine = line; }, [] {}});
-  session.Choose(tables::Instrument::Voltage);
-  ASSERT_TRUE(session.Open().open);
+  InstrumentSession session = Opened(tables::Instrument::Voltage);
   std::mt19937 random(1);
   const auto number = [&random](int digits, int smallestPower, int largestPower) {
     const int power =
@@ -143,7 +148,7 @@ TEST_F(GrhFile, ComesBackAsTheCurveThatWasWrittenInEveryMode) {
     EXPECT_TRUE(imported.skipped.empty());
     EXPECT_EQ(imported.points, points) << "table " << table;
     session.SetReferenceGraph(kGraphFile);
-    ASSERT_EQ(lastLine, " %E SetRefgraph 1");
+    ASSERT_EQ(lastLine_, " %E SetRefgraph 1");
     EXPECT_EQ(test::BytesOf(Folder() / "data/voltage/reference.grh"), test::BytesOf(File()));
   }
 }
@@ -176,12 +181,7 @@ TEST_F(GrhFile, NamesTheLineAtFault) {
 }
 
 TEST_F(GrhFile, CutAnywhereIsRefusedByReaderAndInstrument) {
-  test::InstallSimulators(Folder());
-  std::string lastLine;
-  InstrumentSession session(Folder(),
-                            {[&lastLine](std::string_view line) { lastLine = line; }, [] {}});
-  session.Choose(tables::Instrument::Current);
-  ASSERT_TRUE(session.Open().open);
+  InstrumentSession session = Opened(tables::Instrument::Current);
   Set({{{1, 2}, {3, 4}}});
   session.SetReferenceGraph(kGraphFile);
   const std::string reference = test::BytesOf(Folder() / "data/current/reference.grh");
@@ -192,7 +192,7 @@ TEST_F(GrhFile, CutAnywhereIsRefusedByReaderAndInstrument) {
     EXPECT_EQ(ReadReferenceGraph(platform::SystemFiles(), File()).error.has_value(), size <= colour)
         << size;
     session.SetReferenceGraph(kGraphFile);
-    EXPECT_EQ(lastLine, " %E SetRefgraph 0") << size;
+    EXPECT_EQ(lastLine_, " %E SetRefgraph 0") << size;
   }
   EXPECT_EQ(test::BytesOf(Folder() / "data/current/reference.grh"), reference);
 }
