@@ -344,16 +344,15 @@ class InstrumentWindowTest : public WindowTest {
     QVERIFY(!f.session.table.tableModified);
     QVERIFY(QFile::copy(f.Path("data/current/reference.grh"), f.Path("good.grh")));
     f.dialogs.file = f.Path("good.grh");
-    auto* const grid = f.Find<editor::CurveGridView>("MSFlexGrid1");
-    grid->GridEdit('8');
+    Grid().GridEdit('8');
     const QString edited = Cells();
     QVERIFY(edited != curve);
-    for (const bool answer : {false, true}) {
+    for (const auto& [answer, cells] : {std::pair(false, edited), {true, curve}}) {
       f.dialogs.answer = answer;
       f.dialogs.asked.clear();
       made_->Click("Command6");
       QCOMPARE(f.dialogs.asked, std::vector<std::string>{f.session.texts.messages[1].text});
-      QCOMPARE(Cells(), answer ? curve : edited);
+      QCOMPARE(Cells(), cells);
       QVERIFY2(f.Find<QWidget>("Text11")->isHidden(), "its text would come over what is imported");
     }
     f.Write("bad.grh",
