@@ -19,7 +19,7 @@ std::string Repeated(const std::string& part, std::size_t length) {
 }
 
 // Compiles and, if that works, evaluates in every way. Returns the error or "".
-std::string ErrorOf(const std::string& text) {
+std::string StoringErrorOf(const std::string& text) {
   MathParser parser;
   if (!parser.StoreExpression(text)) return parser.ErrorDescription();
   try {
@@ -79,7 +79,7 @@ TEST(HostileInput, LongAndDeepTexts) {
       {"many choices", "comb(1029,514)+perm(170,169)+comb(1E300,1)+gcd(1E308,3)", ""},
   };
   for (const Case& tried : cases) {
-    const std::string error = ErrorOf(tried.text);
+    const std::string error = StoringErrorOf(tried.text);
     EXPECT_EQ(error.substr(0, tried.error.size()), tried.error) << tried.what;
     EXPECT_EQ(error.empty(), tried.error.empty()) << tried.what;
   }
@@ -100,7 +100,7 @@ TEST(HostileInput, RandomTexts) {
                                  : pieces[random() % std::size(pieces)];
     }
     SCOPED_TRACE(text);
-    compiled += ErrorOf(text).empty() ? 1 : 0;
+    compiled += StoringErrorOf(text).empty() ? 1 : 0;
     if (HasFailure()) return;
   }
   EXPECT_GT(compiled, 50);
