@@ -65,7 +65,8 @@ QStringList Unnamed(const QWidget& window) {
     const QAccessibleInterface* const said = QAccessible::queryAccessibleInterface(control);
     const QString which =
         control->metaObject()->className() + QLatin1String(" ") + control->objectName();
-    if (said->text(QAccessible::Name).trimmed().isEmpty()) found += which + " has no name";
+    const QString name = said->text(QAccessible::Name).trimmed();
+    if (name.isEmpty() || name.contains('&')) found += which + " has no name: " + name;
     const auto* const row = std::ranges::find_if(
         kRoles, [control](const auto& known) { return control->inherits(known.kind); });
     if (IsOpenedByMistake(*control)) found += which + " can be edited";

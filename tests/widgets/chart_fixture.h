@@ -118,8 +118,6 @@ class ChartFixture : public WindowTest {
     Mouse(QEvent::MouseButtonRelease, place, Qt::NoButton);
     Chart().replot();
   }
-  // The points of the grid, "load;time|load;time".
-  [[nodiscard]] QString Points() const { return made_->Points().join('|').replace('\t', ';'); }
   // The legend, "+" for what is shown, "-" for what is switched off or cannot be.
   [[nodiscard]] QString Legend() const {
     const auto& legend = *made_->Find<editor::CurveLegend>("ListLegend");

@@ -132,7 +132,7 @@ class ChartWorkTest : public ChartFixture {
     for (const auto& [what, way, modifiers, movesLoad, movesTime] : cases) {
       const QString view = View();
       DragBy(PlaceOf(4, 5), way, modifiers);
-      const QStringList cells = Points().section('|', 1, 1).split(';');
+      const QStringList cells = PointRow().section('|', 1, 1).split(';');
       QVERIFY2((cells[0] != QLatin1String("4")) == movesLoad, what);
       QVERIFY2((cells[1] != QLatin1String("5")) == movesTime, what);
       QVERIFY2(cells[0].size() <= 5 && cells[1].size() <= 5, qPrintable(cells.join(' ')));
@@ -144,14 +144,14 @@ class ChartWorkTest : public ChartFixture {
       Q_EMIT f.Find<QMenu>("m_edit")->aboutToShow();
       QCOMPARE(f.Find<QAction>("m_undo")->text(), QStringLiteral("&Undo Move point"));
       Choose("m_undo");
-      QCOMPARE(Points(), before);
+      QCOMPARE(PointRow(), before);
       QCOMPARE(View(), view);
     }
   }
 
   void TheCellFollowsAHeldPointAndEscapeTakesItBack() {
     WindowFixture& f = Start();
-    const QString before = Points();
+    const QString before = PointRow();
     const QString view = View();
     MoveTo(PlaceOf(16, 2), Qt::NoButton);
     QCOMPARE(Chart().cursor().shape(), Qt::SizeAllCursor);
@@ -165,41 +165,41 @@ class ChartWorkTest : public ChartFixture {
     QCOMPARE(View(), view);
     Mouse(QEvent::MouseButtonRelease, {}, Qt::NoButton);
     Choose("m_undo");
-    QCOMPARE(Points(), before);
+    QCOMPARE(PointRow(), before);
     // Escape takes it back, no other key counts, and there is no step to undo.
     const bool canUndo = f.Find<QAction>("m_undo")->isEnabled();
     Mouse(QEvent::MouseButtonPress, PlaceOf(16, 2), Qt::LeftButton);
     MoveTo(PlaceOf(16, 2) + QPointF(0, -60), Qt::LeftButton);
     Key(Qt::Key_Delete);
-    QCOMPARE(Points().count('|'), 3);
+    QCOMPARE(PointRow().count('|'), 3);
     Key(Qt::Key_Escape);
-    QCOMPARE(Points(), before);
+    QCOMPARE(PointRow(), before);
     MoveTo(PlaceOf(16, 2) + QPointF(0, -90), Qt::LeftButton);
     Mouse(QEvent::MouseButtonRelease, {}, Qt::NoButton);
-    QCOMPARE(Points(), before);
+    QCOMPARE(PointRow(), before);
     QCOMPARE(f.Find<QAction>("m_undo")->isEnabled(), canUndo);
   }
 
   void PointsAreAddedAndRemoved() {
     WindowFixture& f = Start();
-    const QString before = Points();
+    const QString before = PointRow();
     const QString view = View();
     const QPointF middle = (PlaceOf(4, 5) + PlaceOf(8, 3)) / 2.0;
     DoubleClick(middle + QPointF(2, 2));
-    QVERIFY2(Points().startsWith(QStringLiteral("2;10|4;5|5.")), qPrintable(Points()));
-    QCOMPARE(Points().count('|'), 4);
+    QVERIFY2(PointRow().startsWith(QStringLiteral("2;10|4;5|5.")), qPrintable(PointRow()));
+    QCOMPARE(PointRow().count('|'), 4);
     QCOMPARE(f.session.table.grid.Row(), 3);
     Key(Qt::Key_Delete);
-    QCOMPARE(Points(), before);
+    QCOMPARE(PointRow(), before);
     Choose("m_undo");
     Choose("m_undo");
-    QCOMPARE(Points(), before);
+    QCOMPARE(PointRow(), before);
     // Beside the line a double-click shows the whole curve, and a drag moves the view.
     DragBy(PlaceOf(8, 8), {60, 30});
     QVERIFY(View() != view);
     DoubleClick(PlaceOf(8, 8));
     QCOMPARE(View(), view);
-    QCOMPARE(Points(), before);
+    QCOMPARE(PointRow(), before);
     for (int row = 5; row <= 26; ++row) {
       f.session.table.grid.SetCell(row, 1, std::to_string(row + 12));
       f.session.table.grid.SetCell(row, 2, "1.5");

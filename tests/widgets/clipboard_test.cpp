@@ -22,7 +22,7 @@ class ClipboardTest : public WindowTest {
 
  private:
   WindowFixture& Start(const std::string& separator = ".") {
-    Make(kLibrary, separator);
+    made_ = std::make_unique<WindowFixture>(kLibrary, separator);
     made_->Write("Zentab.txt", "F1.COMMAND8.TEXT {E&xport}\nF1.COMMAND9.TEXT {Cl&ear}\n");
     made_->Open();
     made_->Activate();

@@ -38,7 +38,8 @@ class GuideWalkTest : public WindowTest {
     }
   }
   WindowFixture& Start() {
-    WindowFixture& f = Make("");
+    made_ = std::make_unique<WindowFixture>("");
+    WindowFixture& f = *made_;
     CopyFolder(QStringLiteral(DEMO), f.Path("."));
     QFile::copy(QStringLiteral(CATALOGUE), f.Path("Zentab.txt"));
     f.store.values["Colours"] = qEnvironmentVariable("ZENTAB_GUIDE_COLOURS", "light").toStdString();

@@ -220,10 +220,12 @@ class InstrumentWindowTest : public WindowTest {
     QtUserDialogs dialogs(f.session);
     dialogs.SetParent(f.window.get());
     bool answerable = false;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
     f.dialogs.onError = [&] {
       QTimer::singleShot(0, f.window.get(), [&] {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (box == nullptr) qFatal("there is no box");
+        icon = box->icon();
         answerable = box->isEnabled() && box->button(QMessageBox::Ok)->isEnabled();
         QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
         if (box->isVisible()) box->reject();
@@ -232,6 +234,7 @@ class InstrumentWindowTest : public WindowTest {
     };
     made_->Click("Option1");
     QVERIFY(answerable);
+    QCOMPARE(icon, QMessageBox::Critical);
     QVERIFY(f.window->statusBar()->currentMessage().contains("CURR_API"));
   }
 

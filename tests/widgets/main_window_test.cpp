@@ -275,8 +275,8 @@ class MainWindowTest : public WindowTest {
       QVERIFY(size.height() >= screen.height() - 60);
     }
     for (const char* const language : {"", ".de", ".zh_CN"}) {
-      made_.reset();
-      Make(kLibrary).OpenIn(QLatin1String(language));
+      made_ = std::make_unique<WindowFixture>(kLibrary);
+      made_->OpenIn(QLatin1String(language));
       // The menu and the status bar come to it.
       const auto* const frame = static_cast<QScrollArea*>(made_->window->centralWidget());
       const QSize least = frame->widget()->minimumSizeHint() + QSize(0, 60);

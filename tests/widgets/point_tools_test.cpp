@@ -32,7 +32,6 @@ class PointToolsTest : public WindowTest {
     const auto* const button = made_->Find<QToolButton>("StatusCheck");
     return button->isVisible() ? button->text() : QString();
   }
-  [[nodiscard]] QString Points() const { return made_->Points().join('|').replace('\t', ';'); }
   void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
   }
@@ -62,47 +61,47 @@ class PointToolsTest : public WindowTest {
     WindowFixture& f = Start();
     Key(Qt::Key_Return);
     Key(Qt::Key_Down, Qt::AltModifier);
-    QCOMPARE(Points(), QStringLiteral("2;20|1;10|3;30"));
+    QCOMPARE(PointRow(), QStringLiteral("2;20|1;10|3;30"));
     QVERIFY(f.session.table.tableModified && EditorOpen());
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("5"));
-    QCOMPARE(Points(), QStringLiteral("2;20|15;10|3;30"));
+    QCOMPARE(PointRow(), QStringLiteral("2;20|15;10|3;30"));
     Key(Qt::Key_Up, Qt::AltModifier);
     Key(Qt::Key_Plus, Qt::ControlModifier);
-    QCOMPARE(Points(), QStringLiteral(";|15;10|2;20|3;30"));
+    QCOMPARE(PointRow(), QStringLiteral(";|15;10|2;20|3;30"));
     Key(Qt::Key_Minus, Qt::ControlModifier);
     SelectRows(1, 2);
     Key(Qt::Key_Down, Qt::AltModifier);
-    QCOMPARE(Points(), QStringLiteral("3;30|15;10|2;20"));
+    QCOMPARE(PointRow(), QStringLiteral("3;30|15;10|2;20"));
     QCOMPARE(Grid().SelectedArea().top * 100 + Grid().SelectedArea().bottom, 203);
     Choose("m_sort");
-    QCOMPARE(Points(), QStringLiteral("3;30|2;20|15;10"));
+    QCOMPARE(PointRow(), QStringLiteral("3;30|2;20|15;10"));
     Choose("m_rev");
     Key(Qt::Key_Minus, Qt::ControlModifier);
-    QCOMPARE(Points(), QStringLiteral("3;30"));
+    QCOMPARE(PointRow(), QStringLiteral("3;30"));
     QVERIFY(f.Find<QWidget>("MSChart1")->isHidden());
   }
 
   void NumbersAreAskedForAndOutcomesTold() {
     WindowFixture& f = Start();
     Choose("m_sct");
-    QCOMPARE(Points(), QStringLiteral("1;10|2;20|3;30"));
+    QCOMPARE(PointRow(), QStringLiteral("1;10|2;20|3;30"));
     QCOMPARE(f.dialogs.asked, std::vector<std::string>{"Scale times"});
     f.dialogs.number = 0.5;
     Choose("m_sct");
     SelectRows(2, 3);
     Choose("m_shl");
-    QCOMPARE(Points(), QStringLiteral("1;5|2.5;10|3.5;15"));
+    QCOMPARE(PointRow(), QStringLiteral("1;5|2.5;10|3.5;15"));
     f.dialogs.number = 1;
     SelectRows(1, 2);
     Key(Qt::Key_B, Qt::ControlModifier);
-    QCOMPARE(Points(), QStringLiteral("1;5|1.581139;7.07107|2.5;10|3.5;15"));
+    QCOMPARE(PointRow(), QStringLiteral("1;5|1.581139;7.07107|2.5;10|3.5;15"));
     Choose("m_log");
     Choose("m_fill");
-    QCOMPARE(Points().section('|', 1, 1), QStringLiteral("1.257433;5.91744"));
+    QCOMPARE(PointRow().section('|', 1, 1), QStringLiteral("1.257433;5.91744"));
     f.dialogs.number = 2;
     SelectRows(1, 26);
     Choose("m_rnd");
-    QCOMPARE(Points().section('|', 1, 1), QStringLiteral("1.26;5.92"));
+    QCOMPARE(PointRow().section('|', 1, 1), QStringLiteral("1.26;5.92"));
     const std::size_t asked = f.dialogs.asked.size();
     SelectRows(20, 21);
     Choose("m_fill");
@@ -139,12 +138,12 @@ class PointToolsTest : public WindowTest {
     f.Find<QLineEdit>("Text2")->setText(QStringLiteral("5"));
     Choose("m_cvl");
     Choose("m_cvt");
-    QCOMPARE(Points(), QStringLiteral("5;10000|10;20000|15;30000"));
+    QCOMPARE(PointRow(), QStringLiteral("5;10000|10;20000|15;30000"));
     QVERIFY(f.Find<QCheckBox>("Check1")->isChecked() && f.Find<QCheckBox>("Check2")->isChecked());
     QCOMPARE(f.Find<QLabel>("Label2")->text(), QStringLiteral("Trip time (ms)"));
     QVERIFY(f.session.modes.absoluteValues && f.session.modes.milliseconds);
     f.Find<QCheckBox>("Check2")->click();
-    QCOMPARE(Points(), QStringLiteral("5;10000|10;20000|15;30000"));
+    QCOMPARE(PointRow(), QStringLiteral("5;10000|10;20000|15;30000"));
   }
 
   void FaultsAreMarkedCountedAndVisited() {
@@ -194,10 +193,10 @@ class PointToolsTest : public WindowTest {
     QCOMPARE(MenuOn(f.Find<QWidget>("Text11")), QStringLiteral("m_edit"));
     Choose("m_copy");
     Choose("m_clear");
-    QCOMPARE(Points(), QStringLiteral(";10|2;20|3;30"));
+    QCOMPARE(PointRow(), QStringLiteral(";10|2;20|3;30"));
     QVERIFY(EditorOpen());
     Choose("m_paste");
-    QCOMPARE(Points(), QStringLiteral("1;10|2;20|3;30"));
+    QCOMPARE(PointRow(), QStringLiteral("1;10|2;20|3;30"));
     QCOMPARE(MenuOn(f.Find<QWidget>("MSChart1")), QStringLiteral("m_chartmenu"));
     QCOMPARE(MenuOn(f.Find<QAbstractItemView>("List1")->viewport()), QStringLiteral("m_listmenu"));
     Choose("m_Command2");
@@ -210,7 +209,7 @@ class PointToolsTest : public WindowTest {
     f.Find<QLineEdit>("Text2")->setFocus();
     f.Find<QLineEdit>("Text2")->selectAll();
     Choose("m_cut");
-    const auto pickup = [&] { return f.Find<QLineEdit>("Text2")->text() + '/' + Points(); };
+    const auto pickup = [&] { return f.Find<QLineEdit>("Text2")->text() + '/' + PointRow(); };
     QCOMPARE(pickup(), QStringLiteral("/1;10|2;20|3;30"));
     Choose("m_paste");
     QCOMPARE(pickup(), QStringLiteral("77/1;10|2;20|3;30"));

@@ -43,7 +43,6 @@ class HeldFileLayer final : public test::SteppedFileLayer {
 class SlowFilesTest : public WindowTest {
   Q_OBJECT
 
- private:
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
 

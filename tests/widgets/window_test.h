@@ -26,6 +26,8 @@ class WindowTest : public QObject {
   [[nodiscard]] bool EditorOpen() const { return made_->Find<QWidget>("Text11")->isVisible(); }
   [[nodiscard]] QString SaidBelow() const { return made_->window->statusBar()->currentMessage(); }
   [[nodiscard]] QStringList Points() const { return made_->Points(); }
+  /// "2;10|4;5"
+  [[nodiscard]] QString PointRow() const { return Points().join('|').replace('\t', ';'); }
   [[nodiscard]] bool Enabled(const char* name) const {
     return made_->Find<QWidget>(name)->isEnabled();
   }

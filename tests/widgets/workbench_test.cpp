@@ -54,7 +54,6 @@ class WorkbenchTest : public WindowTest {
   [[nodiscard]] static QPushButton* Ok(const QDialog& dialog) {
     return dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
   }
-  [[nodiscard]] QString Grid() const { return made_->Points().join('|'); }
   // What an import leaves behind, whoever gave the command.
   struct Outcome {
     QString grid;
@@ -65,8 +64,8 @@ class WorkbenchTest : public WindowTest {
     QString undo;
   };
   [[nodiscard]] Outcome Left() const {
-    Outcome outcome{Grid(), {}, made_->Bytes("Zentab_ImportTable.txt"), made_->dialogs.asked,
-                    {},     {}};
+    Outcome outcome{PointRow(),           {}, made_->Bytes("Zentab_ImportTable.txt"),
+                    made_->dialogs.asked, {}, {}};
     // Lines begin with the time, the first one with the date and the time.
     for (const QByteArray& line : made_->Bytes("Zentab.log").split('\n')) {
       outcome.log += line.mid(line.indexOf(':') + 3) + '\n';
@@ -75,7 +74,7 @@ class WorkbenchTest : public WindowTest {
       outcome.fields += made_->Find<QLineEdit>(field)->text() + ' ';
     }
     made_->Find<QAction>("m_undo")->trigger();
-    outcome.undo = Grid();
+    outcome.undo = PointRow();
     return outcome;
   }
 
