@@ -43,7 +43,6 @@ std::error_code OrderOf(platform::FileLayer& files, const std::filesystem::path&
   std::size_t end = order.size();
   while (end > first && order[end - 1] == end - 1) --end;
   change = {};
-  change.file = file;
   if (first == end) return {};
   change = ChangeOfLine(file, listing, first);
   platform::FileReader reader(files, file);

@@ -42,14 +42,14 @@ TEST_F(KeptAxesTest, WhatNobodyWroteIsPassedOver) {
     ASSERT_FALSE(SaveForm(*store_, "Zentab", "Axes", {{"1", row}}));
     EXPECT_EQ(KeptAxes::Load(*store_, "Zentab").Of("a"), ChartAxes()) << row;
   }
-  ASSERT_FALSE(SaveForm(*store_, "Zentab", "Axes", {{"1", "000019 5:1 1:x|a"}}));
+  ASSERT_FALSE(SaveForm(*store_, "Zentab", "Axes", {{"1", "000019 5:5 1:x|a"}}));
   const ChartAxes damaged = KeptAxes::Load(*store_, "Zentab").Of("a");
   EXPECT_EQ(damaged, (ChartAxes{{false, false}, LoadUnit::AsInGrid, {}, false, {}, false, true}));
 }
 
 TEST_F(KeptAxesTest, AFormOfAnotherProgramIsReadAsFarAsItIsOne) {
   const std::pair<const char*, FormValues> cases[] = {
-      {"{", {}}, {"[1]", {}}, {"{\"a\":7,\"b\":\"x\",\"c\":null}", {{"b", "x"}}}};
+      {"{", {}}, {"[\"x\"]", {}}, {"{\"a\":7,\"b\":\"x\",\"c\":null}", {{"b", "x"}}}};
   for (const auto& [text, values] : cases) {
     ASSERT_FALSE(store_->Save("Zentab", "Dialogs", {{"Curve", text}}));
     EXPECT_EQ(LoadForm(*store_, "Zentab", "Curve"), values) << text;

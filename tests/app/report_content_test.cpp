@@ -8,6 +8,8 @@
 #include "curves/table_curve.h"
 #include "editor/grid_points.h"
 #include "support/cases.h"
+#include "support/environment.h"
+#include "support/temporary_folder.h"
 #include "tables/entry_line.h"
 #include "texts/number_text.h"
 
@@ -113,32 +115,19 @@ TEST(ReportContent, LimitsInWords) {
   }
 }
 
-class MemoryStore : public platform::SettingsStore {
- public:
-  std::map<std::string, std::string> values;
+using ReportSettingsFile = test::TemporaryFolder;
 
-  std::optional<std::string> Read(std::string_view, std::string_view section,
-                                  std::string_view key) const override {
-    const auto found = values.find(std::string(section) + '/' + std::string(key));
-    return found == values.end() ? std::nullopt : std::optional(found->second);
-  }
-  std::error_code Save(std::string_view, std::string_view section,
-                       const std::vector<platform::Setting>& settings) override {
-    for (const auto& [key, value] : settings) values[std::string(section) + '/' + key] = value;
-    return {};
-  }
-};
-
-TEST(ReportSettings, ComeBackAsTheyWere) {
+TEST_F(ReportSettingsFile, ComesBackAsItWas) {
   EXPECT_EQ(Joined(HeaderLines(" a \r\n\n b\nc\nd\ne\nf")), "a|b|c|d|e");
-  MemoryStore store;
-  const ReportSettings first = LoadReportSettings(store, "Zentab", {{"x"}, Paper::Letter, true});
+  const test::Variable folder("ZENTAB_SETTINGS_DIR", Folder().string());
+  const auto store = platform::UserSettingsStore();
+  const ReportSettings first = LoadReportSettings(*store, "Zentab", {{"x"}, Paper::Letter, true});
   EXPECT_TRUE(first.headerLines.empty() && first.paper == Paper::Letter && first.withAssessment);
   // Fewer lines than before leave none of those behind.
   for (const ReportSettings& kept :
        {ReportSettings{{"a", "b"}, Paper::A4, false}, ReportSettings{{"c"}, Paper::Letter, true}}) {
-    EXPECT_FALSE(SaveReportSettings(store, "Zentab", kept));
-    const ReportSettings read = LoadReportSettings(store, "Zentab", {});
+    EXPECT_FALSE(SaveReportSettings(*store, "Zentab", kept));
+    const ReportSettings read = LoadReportSettings(*store, "Zentab", {});
     EXPECT_EQ(read.headerLines, kept.headerLines);
     EXPECT_EQ(read.paper, kept.paper);
     EXPECT_EQ(read.withAssessment, kept.withAssessment);

@@ -272,7 +272,7 @@ TEST_F(SessionHistoryTest, TextsOfAnyLengthComeBack) {
   }
 }
 
-TEST_F(SessionHistoryTest, TenThousandStepsTakeAFewMegabytes) {
+TEST_F(SessionHistoryTest, StepsTakeAFewMegabytesUpToALimit) {
   editor::EditHistory history;
   for (int row = 1; row <= editor::kLastRow; ++row) {
     session_.table.grid.SetCell(row, 1, std::to_string(1000.125 + row).substr(0, 8));
@@ -287,6 +287,16 @@ TEST_F(SessionHistoryTest, TenThousandStepsTakeAFewMegabytes) {
   EXPECT_NE(history.ToUndo(state), nullptr);
   EXPECT_EQ(history.Size(), 10'000u);
   EXPECT_LT(history.Bytes(), 8u << 20);
+  // The oldest ones go; the last one stays, however large it is.
+  for (const auto& [size, steps] : {std::pair(editor::EditHistory::kMostBytes / 5 * 2, 2u),
+                                    {editor::EditHistory::kMostBytes, 1u}}) {
+    for (int step = 0; step < 3; ++step) {
+      tables::LineChange change;
+      change.before.reserve(size);
+      history.Attach(std::move(change), state);
+    }
+    EXPECT_EQ(history.Size(), steps);
+  }
 }
 
 }  // namespace

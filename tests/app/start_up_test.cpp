@@ -1,6 +1,7 @@
 #include "app/start_up.h"
 
 #include "app/demo_copy.h"
+#include "app/windowless_session.h"
 #include "platform/paths.h"
 #include "support/environment.h"
 #include "support/temporary_folder.h"
@@ -59,6 +60,9 @@ TEST_F(StartUpFolder, ASessionBeginsInTheInstallationWithTheSettings) {
     EXPECT_EQ(session.modes.pickup, "2,5");
     EXPECT_FALSE(session.isWithoutSuite);
   }
+  const Session windowless = WindowlessSession({}, registry, "/opt/suite/Zentab", {});
+  EXPECT_EQ(windowless.texts.instruments[1].name, "Current");
+  EXPECT_EQ(windowless.texts.instruments[2].name, "Voltage");
 }
 
 #ifndef _WIN32
@@ -75,6 +79,8 @@ TEST_F(StartUpFolder, TheDemoIsCopiedToWhereTheRegistryFindsIt) {
   Write("share/relayTables.dat", "table");
   Write("bin/instruments/CURR_API.so", "module");
   EXPECT_TRUE(HasDemo(executable));
+  Write("bin/settings", "no folder");
+  EXPECT_TRUE(CopyDemo(executable, Folder() / "bin"));
   ASSERT_FALSE(CopyDemo(executable, scratch));
   const test::Variable folder("ZENTAB_REGISTRY_DIR", (scratch / "registry").string());
   const std::filesystem::path found = FindInstallFolder(*platform::SystemRegistry(), executable);

@@ -1,9 +1,16 @@
+#include <sstream>
+
+#include "app/curve_assessment.h"
+#include "app/curve_fitting.h"
 #include "app/equation_words.h"
 #include "app/last_result.h"
+#include "app/report_content.h"
 #include "app/site_equations.h"
 #include "mathparser/math_parser.h"
+#include "support/cases.h"
 #include "support/failing_file_layer.h"
 #include "support/temporary_folder.h"
+#include "texts/number_text.h"
 #include "timetest/import_pipeline.h"
 
 namespace zentab::app {
@@ -23,54 +30,23 @@ class SiteEquations : public test::TemporaryFolder {
 };
 
 TEST_F(SiteEquations, ReplaceOneLineAndLeaveAllElse) {
-  const struct {
-    string before;
-    EquationId id;
-    string text;
-    string after;
-  } cases[] = {
-      {"", {Difference, 1}, "t0", "DIFF.EQUATION.1 {t0}\r\n"},
-      {"A {1}", {Value, 3}, "t0", "A {1}\r\nVALUE.EQUATION.3 {t0}\r\n"},
-      {"A {1}\n", {Filter, 2}, "t0", "A {1}\nFILTER.EQUATION.2 {t0}\n"},
-      {"x\r\n filter.equation.2  {t1}   old\r\ny",
-       {Filter, 2},
-       "",
-       "x\r\n filter.equation.2  {}   "
-       "old\r\ny"},
-      // The first line counts, and the braces have to be the key's.
-      {"DIFF.EQUATION.1 {a}\nDIFF.EQUATION.1 {b}\n",
-       {Difference, 1},
-       "c",
-       "DIFF.EQUATION.1 {c}\nDIFF.EQUATION.1 {b}\n"},
-      {"HELP {of DIFF.EQUATION.1}\n",
-       {Difference, 1},
-       "c",
-       "DIFF.EQUATION.1 {c}\nHELP {of DIFF.EQUATION.1}\n"},
-      {"DIFF.EQUATION.1 a}\n", {Difference, 1}, "c", "DIFF.EQUATION.1 {c}\nDIFF.EQUATION.1 a}\n"},
-      // The line of the tenth serves the first one as well, until that has one of its own.
-      {"DIFF.EQUATION.10 {a}\n",
-       {Difference, 1},
-       "c",
-       "DIFF.EQUATION.1 {c}\nDIFF.EQUATION.10 {a}\n"},
-      {"DIFF.EQUATION.10 {a}\n",
-       {Difference, 10},
-       "c",
-       "DIFF.EQUATION.1 {a}\nDIFF.EQUATION.10 {c}\n"},
-      {"B {}\n", {Difference, 10}, "c", "B {}\nDIFF.EQUATION.1 {}\nDIFF.EQUATION.10 {c}\n"},
+  auto cases = test::Cases("site_equations.txt", "replace");
+  cases.push_back(
       {"\xEF\xBB\xBF"
        "DIFF.EQUATION.10 {a}\n",
-       {Difference, 1},
-       "c",
+       "0", "1", "c",
        "\xEF\xBB\xBF"
-       "DIFF.EQUATION.1 {c}\nDIFF.EQUATION.10 {a}\n"},
-  };
+       "DIFF.EQUATION.1 {c}\nDIFF.EQUATION.10 {a}\n"});
+  // Written as the rest of its line is.
+  cases.push_back({"VALUE.EQUATION.3 {a} \xDC", "1", "3", "µ", "VALUE.EQUATION.3 {\xB5} \xDC"});
   for (const auto& row : cases) {
-    EXPECT_EQ(WithEquation(row.before, row.id, row.text), row.after);
-    Write("main1.txt", row.before);
-    ASSERT_FALSE(WriteEquation(files, catalogues[3], row.id, row.text));
-    EXPECT_EQ(InUse(row.id), row.text);
+    const EquationId id = {static_cast<texts::EquationStage>(row[1][0] - '0'), std::stoul(row[2])};
+    EXPECT_EQ(WithEquation(row[0], id, row[3]), row[4]);
+    Write("main1.txt", row[0]);
+    ASSERT_FALSE(WriteEquation(files, catalogues[3], id, row[3]));
+    EXPECT_EQ(InUse(id), row[3]);
   }
-  for (const char* const text : {"{t0}", "t0\n+1"}) {
+  for (const char* const text : {"{t0}", "t0\n+1", "t0\r+1"}) {
     EXPECT_EQ(WithEquation("", {Value, 1}, text), std::nullopt);
     EXPECT_EQ(WriteEquation(files, catalogues[3], {Value, 1}, text), std::errc::invalid_argument);
   }
@@ -89,6 +65,12 @@ TEST_F(SiteEquations, GoWhereTheyCount) {
   Write("main2.txt", "FILTER.EQUATION.7 {t0}\n");
   EXPECT_EQ(SiteCatalogueFor(files, catalogues, id), catalogues[4]);
   // Whatever step fails, the old catalogue stays.
+  for (const std::size_t read : {0u, 1u, 2u, 3u, 4u}) {
+    test::FailingFileLayer unreadable;
+    unreadable.failingRead = read;
+    static_cast<void>(WriteEquation(unreadable, catalogues[4], id, "t0"));
+    EXPECT_EQ(test::BytesOf(catalogues[4]), "FILTER.EQUATION.7 {t0}\n") << read;
+  }
   for (files.failingStep = 0;; ++files.failingStep) {
     test::FailingFileLayer failing;
     failing.failingStep = files.failingStep;
@@ -102,45 +84,16 @@ TEST_F(SiteEquations, GoWhereTheyCount) {
 TEST(EquationWords, AreFoundAndCheckedAtTheirCharacter) {
   const Session session;
   const std::vector<EquationWord> variables = TimeTestVariables(session);
-  const struct {
-    string text;
-    int character;  // -1: nothing to be said
-    bool isFault;
-  } checks[] = {
-      {"", -1, false},
-      {"  ", -1, false},
-      {"t0+5ms*tMax", -1, false},
-      {"t0+", 3, true},
-      {"t0+sin(", 7, true},
-      {"αβ", 0, true},
-      {"t0+foo(1)", 3, true},
-      {"xt0+t0+x", 0, false},
-      {"t0+t00+T0", 3, false},
-      {"max(t0)", 6, true},
-      {"t0 + max(1,2,3)", 12, true},
-  };
-  for (const auto& row : checks) {
-    const EquationRemark remark = CheckEquation(session, row.text, variables);
-    EXPECT_EQ(remark.character, row.character) << row.text << ": " << remark.text;
-    EXPECT_EQ(remark.isFault, row.isFault) << row.text;
-    EXPECT_EQ(remark.text.empty(), row.character < 0) << row.text;
+  for (const auto& row : test::Cases("site_equations.txt", "checks")) {
+    const EquationRemark remark = CheckEquation(session, row[0], variables);
+    const string place = std::to_string(remark.character) + '+' + std::to_string(remark.length);
+    EXPECT_EQ(place + ' ' + remark.text, row[1]) << row[0];
+    EXPECT_EQ(remark.isFault, row[2] == "fault") << row[0];
   }
-  // The word as "text|", with the cursor behind the mark; what is being completed.
-  const struct {
-    string text;
-    std::size_t cursor;
-    string word;
-    bool isUnit;
-  } words[] = {
-      {"si", 2, "si", false}, {"2*si(1)", 3, "si", false}, {"2*si(1)", 4, "si", false},
-      {"5m+1", 2, "m", true}, {"1.5kH", 5, "kH", true},    {"t0", 2, "t0", false},
-      {"12", 2, "", false},   {"1+", 2, "", false},        {"", 0, "", false},
-      {"µm", 3, "m", false},
-  };
-  for (const auto& row : words) {
-    const auto word = WordAt(row.text, row.cursor);
-    EXPECT_EQ(word ? row.text.substr(word->begin, word->end - word->begin) : "", row.word);
-    EXPECT_EQ(word && word->isUnit, row.isUnit) << row.text;
+  for (const auto& row : test::Cases("site_equations.txt", "words")) {
+    const auto word = WordAt(row[0], std::stoul(row[1]));
+    EXPECT_EQ(word ? row[0].substr(word->begin, word->end - word->begin) : "", row[2]) << row[0];
+    EXPECT_EQ(word && word->isUnit, row[3] == "unit") << row[0];
   }
 }
 
@@ -169,19 +122,20 @@ TEST(ImportEffects, TellWhatEachStageDid) {
       {{9, 20, 7, 6}, 3, 0, 0, 0, 1, 0, 0},    {{9, 9, 6, 3}, 0, 2, 0, 0, 0, 2, 0},
       {{9, 8, 7, 6}, 0, 5, 0, 0, 0, 3, 1},   // 1/(y-2) has no value at the second point
       {{9, 20, 7, 6}, 8, 0, 0, 0, 1, 0, 1},  // 8/(t1-20) neither
-      {{9, 3, 7, 6}, 9, 0, 0, 2, 0, 0, 0},
+      {{9, 3, 7, 6}, 9, 0, 0, 2, 0, 0, 1},   // 1/(y-3) neither
   };
   texts::EquationTexts equations;
   equations[static_cast<std::size_t>(Value)][5] = "1/(y-2)";
   equations[static_cast<std::size_t>(Filter)][8] = "8/(t1-20)*0+8";
   equations[static_cast<std::size_t>(Filter)][9] = "-1";
+  equations[static_cast<std::size_t>(Difference)][9] = "1/(y-3)";
   for (const auto& row : cases) {
     timetest::ReadPoints read;
     for (const double time : row.times) {
       read.points.push_back({static_cast<double>(read.points.size()), time});
       read.extremes.tMax = std::max(read.extremes.tMax, time);
     }
-    const timetest::ImportOptions options = {{}, 0, row.filter, row.mean, "800"};
+    const timetest::ImportOptions options = {{}, row.filter, row.filter, row.mean, "800"};
     timetest::ImportEffects effects;
     const auto result = timetest::ImportPoints(read, options, equations, nullptr, &effects);
     const auto untold = timetest::ImportPoints(read, options, equations, nullptr, nullptr);
@@ -192,10 +146,88 @@ TEST(ImportEffects, TellWhatEachStageDid) {
     EXPECT_EQ(effects.filter.removed.size(), row.filtered);
     EXPECT_EQ(effects.filter.moved, row.moved);
     EXPECT_EQ(effects.averaged, row.averaged);
-    EXPECT_EQ(effects.failures[static_cast<std::size_t>(Value)] +
-                  effects.failures[static_cast<std::size_t>(Filter)],
-              row.failed);
+    EXPECT_EQ(effects.failures[0] + effects.failures[1] + effects.failures[2], row.failed);
     EXPECT_EQ(read.points.size(), row.times.size());
+  }
+}
+
+// A decimal separator, the line of the grid and the pickup value.
+Session Holding(const std::vector<string>& row) {
+  const ReportedTable table = TableOfLine("", row[1], row[0]);
+  Session session;
+  session.localeDecimalSeparator = row[0];
+  session.table.grid = table.grid;
+  session.modes = table.modes;
+  session.modes.pickup = row[2];
+  session.instrument = table.instrument;
+  return session;
+}
+
+// "field=text field=text …" over what the form holds.
+FormValues Filled(FormValues values, const string& fields) {
+  std::istringstream pairs(fields);
+  for (string pair; pairs >> pair;) {
+    values[pair.substr(0, pair.find('='))] = pair.substr(pair.find('=') + 1);
+  }
+  return values;
+}
+
+template <class Made>
+string FaultIn(const Made& made) {
+  const auto* const fault = std::get_if<FormFault>(&made);
+  return fault ? fault->field + ": " + fault->text : "";
+}
+
+TEST(CurveForms, GiveTheirCurveOrSayWhatIsWrong) {
+  for (const auto& row : test::Cases("forms.txt", "curve")) {
+    const Session session = Holding(row);
+    const auto family = FamilyIn(Filled({}, row[3]));
+    const auto made = ProposeCurve(Filled(FirstCurveValues(family, session), row[3]), session);
+    string text = FaultIn(made);
+    const auto* const proposal = std::get_if<CurveProposal>(&made);
+    for (const auto& [load, time] : proposal ? proposal->points : std::vector<curves::Point>()) {
+      text += texts::ShortText(load, 1e-4, ".") + ' ' + texts::ShortText(time, 1e-4, ".") + '|';
+    }
+    if (proposal && proposal->deviation) text += texts::ShortText(*proposal->deviation, 1e-4, ".");
+    EXPECT_EQ(text, row[4]) << row[3];
+  }
+}
+
+TEST(CurveForms, HaveTheFieldsOfTheirFamily) {
+  for (const auto& row : test::Cases("forms.txt", "fields")) {
+    string names;
+    for (const CurveFieldRow& field : CurveFields()) {
+      const bool isThere = HasField(field.name, FamilyIn({{"family", row[0]}}), row[1]);
+      if (isThere) names += string(field.name) + ' ';
+    }
+    EXPECT_EQ(names, row[2]) << row[0];
+  }
+  EXPECT_EQ(PlainLabel("K(&K)", {}) + PlainLabel("(&L):", {}) + PlainLabel("a(&b", {}), "K:a(b");
+  EXPECT_EQ(OwnConstantsIn({{"a", "1 2 3"}, {"b", "1 2"}, {"c", "x"}}),
+            (std::vector<OwnConstants>{{"a", {1, 2, 3}}}));
+}
+
+TEST(CurveForms, AssessAndFitTheGrid) {
+  for (const auto& row : test::Cases("forms.txt", "assess")) {
+    const Session session = Holding(row);
+    const ChosenReference reference = {
+        "R", Filled(FirstCurveValues(FamilyIn(Filled({}, row[4])), session), row[4])};
+    const auto made = AssessGrid(session, reference, Filled(FirstLimits(session), row[3]));
+    const auto* const done = std::get_if<GridAssessment>(&made);
+    EXPECT_EQ(done ? TextOf(*done, reference, session) : FaultIn(made), row[5]) << row[3];
+  }
+  for (const auto& row : test::Cases("forms.txt", "fit")) {
+    const Session session = Holding(row);
+    const auto made = FitGrid(session, {std::stoi(row[3])}, row[4].ends_with("free"));
+    string text = FaultIn(made);
+    for (const auto& one : text.empty() ? std::get<0>(made) : std::vector<curves::FamilyFit>()) {
+      if (!row[4].starts_with(curves::RowOf(one.characteristic.family).id)) continue;
+      const FitRow fit = RowOf(one, session);
+      text = fit.family + '|' + fit.multiplier + fit.constants + '|' + fit.pickup + '|' +
+             fit.rootMeanSquare + '|' + fit.largest + '|' + fit.remark + '|' +
+             std::to_string(TableOf(one, session).leftOut);
+    }
+    EXPECT_EQ(text, row[5]) << row[1];
   }
 }
 

@@ -64,11 +64,12 @@ TEST_F(CommandLine, ExportedLibrariesComeBackAsTheSameBytes) {
 }
 TEST_F(CommandLine, ReadsCurvesOfOtherPrograms) {
   Write("german.csv", "Strom [A];Ausl\xF6sezeit [ms]\r\n100,5;1.234,5\r\n200;500\r\n");
-  Write("marked.csv", "\xEF\xBB\xBF\"Current (kA)\",\"Time (cycles, 60 Hz)\"\n1.5,60\n2,30\n");
-  Write("wide.csv", string("\xFE\xFF\0I\0/\0A\0;\0t\0/\0s\0\n\0"
+  Write("marked.csv", "\xEF\xBB\xBFkA,\"Time (cycles, 60 Hz)\"\n1.5,60\n2,30\n");
+  Write("wide.csv", string("\xFE\xFF\0I\0/\0A\0;\xD8\x3D\xDC\0\0a\0\n\0"
                            "1\0;\0,\0"
                            "5",
                            26));
+  Write("odd.csv", BytesOf(Folder() / "wide.csv") + 'x');
   Write("relay.tsv",
         "Relay X\n\nI/In\tTMS 0.1 [s]\tTMS 0.2 [s]\tRemark\n2\t1\t2\tx\n3\t0.5\t1\n4\t\t0.8\n");
   string many = "Load;Time\n";

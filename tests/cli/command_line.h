@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -36,6 +37,9 @@ class CommandLine : public TemporaryFolder {
           messages.starts_with("zentab-cli: ") || messages.starts_with("conflict: ");
       EXPECT_TRUE(messages.empty() || isOurs) << messages;
       EXPECT_EQ(messages.empty(), row[3].empty()) << row[0] << "\n" << messages;
+      // Nothing else is said behind it; what is wrong with the arguments ends in a hint.
+      const auto said = std::ranges::count(messages, '\n');
+      EXPECT_TRUE(exit == 2 || said <= 1 || said == std::ranges::count(row[3], '\n')) << messages;
     }
   }
 };

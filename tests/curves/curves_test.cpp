@@ -363,10 +363,9 @@ TEST(Fitting, SaysWhatThePointsLeaveOpen) {
   const FitResult own = Fit(PointsOf("2,10 3,5 2,10 3,5"), {}, {{Family::Own}});
   EXPECT_EQ(own.failed.at(0).second, (Fault{FaultKind::TooFewPoints, 3}));
   EXPECT_EQ(fault("2,1 3,1 4,0", {0}), (Fault{FaultKind::BadTime, 3}));
-  EXPECT_EQ(Fit(PointsOf("2,10 9,99 5,4.2"), std::vector<std::size_t>{1}, {{Family::IecA}})
-                    .fits.at(0)
-                    .largest < 0.02,
-            true);
+  const std::size_t second = 1;
+  const FitResult without = Fit(PointsOf("2,10 9,99 5,4.2"), {&second, 1}, {{Family::IecA}});
+  EXPECT_LT(without.fits.at(0).largest, 0.02);
 }
 
 TEST(Fitting, FindsTheLeastPlaceBetweenThoseOfTheScan) {
@@ -385,6 +384,7 @@ TEST(Assessing, HoldsPointsAgainstLimits) {
     limits.loadPercent = Number(row[3]);
     const Point measured = {Number(row[4]), Number(row[5])};
     const Assessment assessment = Good(Assess({&measured, 1}, reference, limits));
+    EXPECT_EQ(assessment.points[0].measured, measured);
     EXPECT_NEAR(assessment.points[0].limit * 1000, Number(row[6]), 0.01) << measured.load;
     const Verdict verdict = assessment.points[0].verdict;
     EXPECT_EQ(verdict == Verdict::Passed   ? "passed"
@@ -395,9 +395,18 @@ TEST(Assessing, HoldsPointsAgainstLimits) {
     EXPECT_EQ(assessment.IsPassed(), row[7] == "passed");
   }
   const Point point = {2, 1};
-  ExpectFault(Assess({&point, 1}, reference, {-1}), "The value of percent");
+  const std::pair<Limits, string> refused[] = {{{-1}, "percent"},
+                                               {{0, -1}, "ms"},
+                                               {{0, 0, -1}, "class"},
+                                               {{0, 0, 0, {}, -1}, "load percent"},
+                                               {{0, 0, 0, {{2, -1}}}, "factor"}};
+  for (const auto& [limits, name] : refused) {
+    ExpectFault(Assess({&point, 1}, reference, limits), "The value of " + name);
+  }
   ExpectFault(Assess({}, reference, {}), "At least one");
+  ExpectFault(Assess({&point, 1}, {reference.time, 0}, {}), "The value of pickup");
   ExpectFault(Assess({&point, 1}, {reference.time, std::nullopt}, {0, 0, 5}), "Absolute loads");
+  EXPECT_NEAR(Good(Assess({&point, 1}, reference, {0, 0, 5, {}})).points[0].limit, 0.675, 1e-9);
 }
 
 }  // namespace

@@ -61,6 +61,9 @@ TEST(ScreenNumbers, HaveTheDigitsThatAPixelTellsApart) {
       {5, NAN, 5, "5"},
       {12345678, 1e6, 12000000, "12000000"},
       {-7.26, 0.1, -7.3, "-7,3"},
+      {2.5, 1, 2, "2"},
+      {1.23456789e-9, 2e-15, 1.235e-9, "0,000000001234568"},
+      {1.23456789e-9, 1e-17, 1.235e-9, "1,23456789E-09"},
   };
   for (const auto& [number, step, rounded, text] : cases) {
     EXPECT_NEAR(RoundedTo(number, step), rounded, 1e-9) << number;

@@ -48,14 +48,16 @@ ChartCurve CurveThrough(const std::vector<std::pair<double, double>>& points) {
 TEST(OverlayCurve, DiffersFromAReferenceWhereBothHaveTimes) {
   const ChartCurve reference = CurveThrough({{1, 10}, {10, 1}});
   const auto differences = DifferenceOf(CurveThrough({{2, 5.5}, {4, 5}, {40, 1}}), reference, {});
-  ASSERT_FALSE(differences.empty());
+  // At three loads of the two curves' points and 23 between them.
+  ASSERT_EQ(differences.size(), 26u);
   EXPECT_DOUBLE_EQ(differences.front().load, 2);
   EXPECT_NEAR(differences.front().percent, 10, 1e-9);
   EXPECT_DOUBLE_EQ(differences.back().load, 10);
   for (const PercentAt& place : differences) {
     EXPECT_TRUE(place.load != 4.0 || std::abs(place.percent - 100) < 1e-9);
   }
-  EXPECT_TRUE(DifferenceOf(CurveThrough({{20, 5}, {40, 1}}), reference, {}).empty());
+  EXPECT_TRUE(DifferenceOf(CurveThrough({{10, 5}, {40, 1}}), reference, {}).empty());
+  EXPECT_FALSE(DifferenceOf(reference, reference, {}).empty());
   EXPECT_TRUE(DifferenceOf({}, reference, {}).empty());
   EXPECT_TRUE(DifferenceOf(reference, CurveThrough({{1, 0}, {10, 0}}), {false, false}).empty());
 }

@@ -53,6 +53,10 @@ TEST(Members, Dump) {
   EXPECT_EQ(ColumnOf(parser, "Cond"), (Column{"0", "0", "0", "0", "2", "0", "2"}));
   EXPECT_EQ(ColumnOf(parser, "PriLvl"), (Column{"3", "111", "3", "3", "10", "3", "10"}));
   EXPECT_EQ(ColumnOf(parser, "PriIdx"), (Column{"2", "5", "7", "1", "3", "4", "6"}));
+  ASSERT_TRUE(parser.StoreExpression("(x>0)*((sqr(x)>1)*x)"));
+  EXPECT_EQ(ColumnOf(parser, "PriIdx"), (Column{"1", "3", "4", "5", "2"}));
+  ASSERT_TRUE(parser.StoreExpression("(1<(y>0)*sqr(y)<3)*x!"));
+  EXPECT_EQ(ColumnOf(parser, "PriLvl"), (Column{"11", "121", "13", "20", "103", "11", "3", "9"}));
 
   ASSERT_TRUE(parser.StoreExpression("(x<0)*sqr(-x)+1/x"));
   EXPECT_EQ(parser.Eval1(-4.0), 1.75);
@@ -67,6 +71,10 @@ TEST(Members, DumpShowsTheLastEvaluation) {
   const std::vector<double> values = {5.0, 6.0, 7.0};
   const Action eval3 = [](MathParser& p) { p.VarValue(1, 3.0), (void)p.Eval(); };
   const Action fail = [](MathParser& p) { p.VarValue(1, 0.0), (void)EvalError(p); };
+  const Action try0 = [](MathParser& p) { p.VarValue(1, 0.0), (void)p.TryEval(); };
+  const Action oneOfMulti = [](MathParser& p) {
+    p.VarValue(2, 1.0), (void)p.EvalMulti(std::vector{7.0});
+  };
   const Action multi = [&](MathParser& p) { (void)p.EvalMulti(values); };
   const Action eachOfMulti = [](MathParser& p) {
     (void)ErrorOf([&] { (void)p.EvalMulti(std::vector<double>{5.0, 0.0, 7.0}); });
@@ -94,6 +102,9 @@ TEST(Members, DumpShowsTheLastEvaluation) {
       {"Eval1", "x*2", {eval3, [](MathParser& p) { (void)p.Eval1(4.0); }}, {"4"}, {"8"}},
       {"EvalMulti", "x*2", {eval3, multi}, {"7"}, {"14"}},
       {"EvalMulti by point", "(x<9)*(x-1)", {multi}, {"7", "1", "7"}, {"1", "6", "6"}},
+      {"by one point", "(x<9)*(x-y)", {eval3, oneOfMulti}, {"7", "1", "7"}, {"1", "6", "6"}},
+      {"TryEval", "x+1", {try0}, {"0"}, {"1"}},
+      {"failure of TryEval", "ln(x)", {eval3, try0}, {"0"}, {"0"}},
       {"EvalMulti of none",
        "x*2",
        {eval3, [](MathParser& p) { (void)p.EvalMulti(std::vector<double>()); }},
@@ -118,13 +129,14 @@ TEST(Members, DumpShowsTheLastEvaluation) {
        {"2", "56", "5", "9", "14", "20", "27", "35", "44", "54"}},
       {"the angle unit",
        "sin(x)",
-       {[](MathParser& p) { p.AngleUnit("DEG"), p.VarValue(1, 90.0), (void)p.Eval(); }},
+       {eval3, [](MathParser& p) { p.AngleUnit("DEG"), p.VarValue(1, 90.0), (void)p.Eval(); }},
        {"90"},
        {"1"}},
   };
+  MathParser parser;
   for (const Case& tried : cases) {
     SCOPED_TRACE(tried.name);
-    MathParser parser;
+    parser.OpAssignExplicit(false);
     ASSERT_TRUE(parser.StoreExpression(tried.expression));
     for (const Action& evaluate : tried.evaluate) evaluate(parser);
     for (int i = 1; i <= parser.VarTop(); ++i) parser.Variable(i, 99.0);
@@ -133,9 +145,9 @@ TEST(Members, DumpShowsTheLastEvaluation) {
     EXPECT_EQ(ColumnOf(parser, "Value"), tried.results);
     // Asked again, and after a further evaluation.
     EXPECT_EQ(ColumnOf(parser, "Value"), tried.results);
-    parser.OpAssignExplicit(false);
     (void)parser.Eval();
     EXPECT_EQ(ColumnOf(parser, "Arg1 Value")[0], "99");
+    (void)parser.Eval();
   }
 }
 

@@ -46,6 +46,7 @@ void ExpectValue(MathParser& parser, double expected) {
     parser.VarValue(1, 12345.0);
     EXPECT_EQ(parser.Eval1(x), value);
     EXPECT_EQ(parser.VarValue(1), 12345.0);
+    EXPECT_EQ(parser.ErrorNumber(), 0);
   }
 }
 
@@ -82,7 +83,8 @@ TEST_P(ExpressionCases, GiveTheirValueOrError) {
       EXPECT_EQ(parser.ErrorDescription(), expected);
       EXPECT_EQ(ErrorOf([&] { (void)parser.Eval(); }), "1001 " + expected);
       EXPECT_EQ(ErrorOf([&] { (void)parser.Eval1(1.0); }), "1002 " + expected);
-      EXPECT_EQ(ErrorOf([&] { (void)parser.EvalMulti({}, 1); }), "1001 " + expected);
+      EXPECT_EQ(ErrorOf([&] { parser.EvalMulti({}, {}, 1); }), "1001 " + expected);
+      EXPECT_EQ(parser.TryEval(), std::nullopt);
       continue;
     }
     EXPECT_EQ(parser.ErrorDescription(), "");

@@ -60,6 +60,7 @@ TEST(HostileInput, LongAndDeepTexts) {
       {"digits", Repeated("7", m), "Syntax error: 777"},
       {"zeros", "0." + Repeated("0", m) + "1", ""},
       {"an exponent", "1E" + Repeated("9", m), "Syntax error: 1E999"},
+      {"degrees", Repeated("7", m) + "d", "Wrong DMS format"},
       {"a small exponent", "1E-" + Repeated("9", m), ""},
       {"almost a number", "1" + Repeated("1", m / 2) + "e" + Repeated("x", m / 2), "Syntax error"},
       {"a name", Repeated("abc", m), ""},

@@ -89,14 +89,19 @@ TEST(Members, ExplicitAssignment) {
        },
        noX},
   };
+  MathParser settled;  // of which no assignment counts any more
+  ASSERT_TRUE(settled.StoreExpression("x+y"));
+  cases[6].assign(settled);
   for (const Case& tried : cases) {
     SCOPED_TRACE(tried.name);
-    MathParser parser;
-    parser.OpAssignExplicit(true);
-    ASSERT_TRUE(parser.StoreExpression("x+y"));
+    MathParser stored = settled;
+    stored.OpAssignExplicit(true);
+    ASSERT_TRUE(stored.StoreExpression("x+y"));
+    MathParser parser = settled;
+    parser = stored;
     tried.assign(parser);
     EXPECT_EQ(EvalError(parser), tried.error);
-    EXPECT_EQ(EvalError(parser), tried.error);
+    EXPECT_EQ(parser.TryEval().has_value(), tried.error.empty());
     parser.OpAssignExplicit(false);
     EXPECT_EQ(EvalError(parser), "");
   }
@@ -121,6 +126,7 @@ TEST(Members, WhatSurvivesARecompile) {
   EXPECT_TRUE(parser.OpAssignExplicit());
   EXPECT_EQ(parser.VarValue(1), 0.0);
   EXPECT_EQ(EvalError(parser), "1001 Variable < x > not assigned");
+  EXPECT_EQ(parser.TryEval(), std::nullopt);
   EXPECT_EQ(parser.ErrorDescription(), "Variable < x > not assigned");
 
   EXPECT_FALSE(parser.StoreExpression("cos(x"));
@@ -146,7 +152,7 @@ TEST(Members, AFailureLeavesTheExpressionAsItIs) {
   copy.VarValue(1, -1.0);
   EXPECT_EQ(parser.Eval(), 0.0);
   EXPECT_NE(EvalError(copy), "");
-  ASSERT_TRUE(copy.StoreExpression("2*y"));
+  ASSERT_TRUE(copy.StoreExpression("2*y+z"));
   copy.VarValue(1, 3.0);
   MathParser& same = copy;
   copy = same;
@@ -154,6 +160,7 @@ TEST(Members, AFailureLeavesTheExpressionAsItIs) {
   copy = parser;
   EXPECT_EQ(copy.Eval(), 0.0);
   EXPECT_EQ(copy.VarName(1), "x");
+  EXPECT_EQ(copy.VarTop(), 1);
 
   // What a move leaves behind is still a parser.
   const MathParser moved = std::move(parser);  // NOLINT(performance-move-const-arg)
@@ -192,6 +199,7 @@ TEST(Members, EvalMulti) {
   };
   EXPECT_EQ(error({1.0, 4.0, 5.0}, 1), "1001 Evaluation error < 3 / 0 > at pos: 6");
   EXPECT_EQ(parser.VarValue(1), 4.0);
+  EXPECT_EQ(error({4.0, 1.0}, 1), "1001 Evaluation error < 3 / 0 > at pos: 6");
   EXPECT_EQ(error(values, "q"), "1001 Variable not found");
   EXPECT_EQ(error(values, 3), "1001 Variable not found");
   EXPECT_EQ(error(values, 0), "1001 Variable not found");
@@ -228,9 +236,9 @@ TEST(MathParserErrors, SayTheCharacter) {
     std::string_view text;
     int position;
   } cases[] = {
-      {"1+1", 0},  {"(x", 3},     {"x)", 2},       {"2*", 3},       {"", 1},
-      {"2**3", 3}, {"foo(1)", 1}, {"  foo(1)", 3}, {"1+foo(1)", 3}, {"max(1)+1", 6},
-      {"1+2a", 3}, {"|x", 1},     {"zz#+1", 1},    {"1,2", 2},      {"α+(1", 1},
+      {"1+1", 0},    {"(x", 3},       {"x)", 2},       {"2*", 3},       {"", 1},     {"2**3", 3},
+      {"foo(1)", 1}, {"  foo(1)", 3}, {"1+foo(1)", 3}, {"max(1)+1", 6}, {"1+2a", 3}, {"|x", 1},
+      {"zz#+1", 1},  {"1,2", 2},      {"α+(1", 1},     {"2|", 2},
   };
   MathParser parser;
   for (const auto& row : cases) {
@@ -247,7 +255,10 @@ TEST(MathParserErrors, OfAnEvaluationSayTheOperation) {
   const Action eval = [](MathParser& p) { (void)p.Eval(); };
   const Action eval1 = [](MathParser& p) { (void)p.Eval1(0.0); };
   const Action multi = [](MathParser& p) { (void)p.EvalMulti(std::vector<double>{1.0, 0.0}); };
-  const Action unassigned = [](MathParser& p) { p.OpAssignExplicit(true), (void)p.Eval(); };
+  const Action unassigned = [](MathParser& p) {
+    (void)p.Eval(), p.OpAssignExplicit(true), (void)p.Eval();
+  };
+  const Action another = [](MathParser& p) { (void)p.EvalMulti(std::vector<double>{1.0}, 2); };
   const struct {
     const char* text;
     const Action& evaluate;
@@ -256,7 +267,7 @@ TEST(MathParserErrors, OfAnEvaluationSayTheOperation) {
       {"1+1/x", eval, 1001, 4},   {"  x/ln(x)", eval, 1001, 7}, {" 2+1/x", eval1, 1002, 5},
       {"1/x", multi, 1001, 2},    {"x+y", eval1, 1002, 0},      {"5", multi, 1001, 0},
       {"(x", eval, 1001, 3},      {"(x", eval1, 1002, 3},       {"x", unassigned, 1001, 0},
-      {"zeta(1)", eval, 1001, 5},
+      {"zeta(1)", eval, 1001, 5}, {"x", another, 1001, 0},
   };
   for (const auto& row : cases) {
     SCOPED_TRACE(row.text);

@@ -26,23 +26,26 @@ class InstrumentSessionTest : public test::TemporaryFolder {
 
   Lines lines;
   InstrumentSession session{Folder(),
-                            {[this](std::string_view line) { lines.emplace_back(line); }, [] {}}};
+                            {[this](std::string_view line) { lines.emplace_back(line); },
+                             [this] { lines.emplace_back("(events)"); }}};
 };
 
 TEST_F(InstrumentSessionTest, EveryChoiceClosesFirst) {
   EXPECT_TRUE(ChooseAndOpen(Instrument::Current).open);
   EXPECT_EQ(TakeLines(), (Lines{" %E Current selected ", " %E Close request ", " %E Open Current 1",
-                                " %E I pickup = 0.5"}));
+                                "(events)", " %E I pickup = 0.5", "(events)"}));
   EXPECT_TRUE(ChooseAndOpen(Instrument::Current).open);
-  EXPECT_EQ(TakeLines(),
-            (Lines{" %E Current selected ", " %E Close request ", " %E Current is Open ",
-                   " %E Close Current 1", " %E Open Current 1", " %E I pickup = 0.5"}));
+  EXPECT_EQ(TakeLines(), (Lines{" %E Current selected ", " %E Close request ",
+                                " %E Current is Open ", " %E Close Current 1", " %E Open Current 1",
+                                "(events)", " %E I pickup = 0.5", "(events)"}));
   test::SetInstrument(Folder(), "current", "fail = close\n");
   EXPECT_TRUE(ChooseAndOpen(Instrument::Voltage).open);
   EXPECT_EQ(session.UsablePickup(), 110.25f);
-  EXPECT_EQ(TakeLines(),
-            (Lines{" %E Voltage selected ", " %E Close request ", " %E Current is Open ",
-                   " %E Close Current 0", " %E Open Voltage 1", " %E U pickup = 110.25"}));
+  EXPECT_EQ(TakeLines(), (Lines{" %E Voltage selected ", " %E Close request ",
+                                " %E Current is Open ", " %E Close Current 0", " %E Open Voltage 1",
+                                "(events)", " %E U pickup = 110.25", "(events)"}));
+  session.SetReferenceGraph("missing.grh");
+  EXPECT_EQ(TakeLines(), (Lines{"(events)", "(events)", " %E SetRefgraph 0"}));
   EXPECT_FALSE(ChooseAndOpen(Instrument::Third).open);
   EXPECT_FALSE(session.IsOpen());
   session.CloseRequest();

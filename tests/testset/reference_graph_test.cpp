@@ -1,4 +1,5 @@
 #include <random>
+#include <sstream>
 
 #include "editor/grid_points.h"
 #include "support/cases.h"
@@ -171,13 +172,16 @@ TEST_F(GrhFile, NamesTheLineAtFault) {
     EXPECT_EQ(graph.error ? graph.error->line : 0, expected) << ::testing::PrintToString(row);
     EXPECT_EQ(graph.segments.size(), expected == 0 ? 1u : 0u);
   }
-  EXPECT_EQ(ReadReferenceGraph(platform::SystemFiles(), Folder() / "missing").error->fault,
-            GraphFault::Unreadable);
-  EXPECT_EQ(ReadReferenceGraph(platform::SystemFiles(), Folder()).error->fault,
-            GraphFault::Unreadable);
+  for (const char* const unreadable : {"missing", "."}) {
+    const auto error = ReadReferenceGraph(platform::SystemFiles(), Folder() / unreadable).error;
+    EXPECT_TRUE(error && error->fault == GraphFault::Unreadable && error->line == 1) << unreadable;
+  }
   EXPECT_EQ(ReadText("").error->fault, GraphFault::EndsEarly);
   EXPECT_EQ(ReadText(std::string(5'000'000, '7')).error->line, 2u);
-  EXPECT_EQ(ReadText("\r\n1\r\n" + std::string(5'000'000, ' ')).error->line, 3u);
+  std::string wide = example;
+  wide.insert(wide.find("\r\n0 0\r\n"), 5'000'000, ' ');
+  EXPECT_EQ(ReadText(wide).error.value().line, 3u);
+  EXPECT_EQ(ReadText(example + std::string(30'000, '\n')).error.value().line, 20'101u);
 }
 
 TEST_F(GrhFile, CutAnywhereIsRefusedByReaderAndInstrument) {
@@ -197,17 +201,30 @@ TEST_F(GrhFile, CutAnywhereIsRefusedByReaderAndInstrument) {
   EXPECT_EQ(test::BytesOf(Folder() / "data/current/reference.grh"), reference);
 }
 
-TEST(ImportGraph, SkipsWhatDoesNotContinueOrFit) {
+TEST(ImportGraph, SkipsWhatDoesNotContinue) {
   const ValueModes modes = {true, false, "", ""};
   const ImportedGraph gap =
       ImportGraph({{{1, 9}, {2, 8}}, {{3, 7}, {4, 6}}, {{2, 8}, {5, 5}}}, modes, {});
   EXPECT_EQ(gap.points, (Points{{"1", "9"}, {"2", "8"}, {"5", "5"}}));
   EXPECT_EQ(gap.skipped, (std::vector<GraphPoint>{{4, 6}}));
-  std::vector<GraphSegment> segments;
-  for (int i = 0; i < 28; ++i) segments.push_back({{1.0 + i, 1}, {2.0 + i, 1}});
-  const ImportedGraph full = ImportGraph(segments, modes, {});
-  EXPECT_EQ(full.points.size(), tables::kMaxPoints);
-  EXPECT_EQ(full.skipped, (std::vector<GraphPoint>{{27, 1}, {28, 1}, {29, 1}}));
+}
+
+TEST(ImportGraph, TakesOffWhatExportingAddsAgainAndSkipsWhatDoesNotFit) {
+  for (const auto& row : test::Cases("graphs.txt", "imported")) {
+    std::vector<GraphSegment> segments;
+    std::istringstream numbers(row[5]);
+    for (GraphPoint point{}; numbers >> point.load >> point.time;) {
+      if (!segments.empty()) segments.back().end = point;
+      segments.push_back({point, point});
+    }
+    segments.pop_back();
+    const auto graph = ImportGraph(segments, {false, false, row[0], row[6]},
+                                   WithExtensions(row[1], row[2], row[3], row[4]));
+    std::string points;
+    for (const auto& [load, time] : graph.points) points += load + ';' + time + ' ';
+    points += std::to_string(graph.skipped.size());
+    EXPECT_EQ(points, row[7]) << ::testing::PrintToString(row);
+  }
 }
 
 TEST(ImportGraph, GivesNumbersWhateverThePickupIs) {

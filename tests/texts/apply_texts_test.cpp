@@ -27,8 +27,12 @@ class RecordingTarget final : public TextTarget {
   void SetShown(std::string_view control, bool visible) override {
     shown[std::string(control)] = visible;
   }
-  void SetPlaceholder(std::string_view, std::string_view) override {}
-  void SetSpokenName(std::string_view, std::string_view) override {}
+  void SetPlaceholder(std::string_view control, std::string_view text) override {
+    captions[std::string(control) + " empty"] = text;
+  }
+  void SetSpokenName(std::string_view control, std::string_view text) override {
+    captions[std::string(control) + " spoken"] = text;
+  }
   std::string Caption(std::string_view control) const override {
     const auto found = captions.find(control);
     return found == captions.end() ? "" : found->second;
@@ -64,11 +68,14 @@ TEST_F(ApplyTextsTest, KeysReachTheirControlsAndTablesInOrder) {
       "F1.INSTRUMENT2.UNIT {V}\nF1.COMMAND5.TEXT2 {two}\nF1.TEXT2.TIP3 {three}\n"
       "F1.MSGBOX6.HEAD {head}\nLAST.Y2 {9}\nFIRST.X {1}\nLOAD.LABEL.ABS.TEXT {%V}\n"
       "F2.EXPORT.LIST.TIP {list}\nDIFF.EQUATION.10 { t0 }\nTIMEOUT.VALUE { 5 }\n"
-      "F1.LOGGFILE {on}\nF1.HEADING.TEXT {title}\n");
+      "F1.LOGGFILE {on}\nF1.HEADING.TEXT {title}\nF1.FILTER.FIELD {find}\nF1.FILTER.SPOKEN "
+      "{say}\n");
   EXPECT_EQ(target.captions["Command1"], "<&Lesen>");
   EXPECT_EQ(target.tips["Command1"], "<liest>");
   EXPECT_EQ(target.captions["Option1"], "<St&rom>");
   EXPECT_EQ(target.captions["Form1"], "<title>");
+  EXPECT_EQ(target.captions["TextFilter empty"] + target.captions["TextFilter spoken"],
+            "<find><say>");
   EXPECT_EQ(texts.instruments[1].name, "<Strom>");
   EXPECT_EQ(target.shown, (decltype(target.shown){{"Command6", true}, {"Check2", true}}));
   EXPECT_EQ(texts.instruments[2].unit, "<V>");

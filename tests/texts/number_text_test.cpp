@@ -38,6 +38,15 @@ TEST(NumberText, WritesFifteenDigitsAndScientificFormOnlyFarOut) {
   }
 }
 
+TEST(NumberText, WritesAsManyDigitsAsAreWanted) {
+  for (const auto& row : Cases("numbers.txt", "fixed")) {
+    EXPECT_EQ(FixedText(Number(row[0]), std::stoi(row[1])), row[2]) << row[0];
+  }
+  for (const auto& row : Cases("numbers.txt", "short")) {
+    EXPECT_EQ(ShortText(Number(row[0]), Number(row[1]), ","), row[2]) << row[0];
+  }
+}
+
 TEST(NumberText, ReplacesOnlyTheFirstSeparator) {
   for (const auto& row : Cases("numbers.txt", "separator")) {
     EXPECT_EQ(SetDecimalSeparator(row[0], row[1]), row[2]) << row[0];

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/cases.h"
+
 namespace zentab::texts {
 namespace {
 
@@ -19,22 +21,8 @@ TEST(ExpandTemplate, FillsInEveryFieldOnce) {
   fields.loadLevels = "1.5;2";
   fields.instrumentName = "Current";
   fields.instrumentUnit = "A";
-  const std::pair<std::string_view, std::string_view> cases[] = {
-      {"%D %E Started", "20260307 09:05 Started"},
-      {"%S", "09:05:01"},
-      {"<%1|%2|%3>", "<one|%D|>"},
-      {"%F", "C:\\%1.dat"},
-      {"%G%N%X", "other\nmS"},
-      {"%T %U %V", "1.5;2 Current A"},
-      {"a%Ab%Bc%Cd%He%If%Jg%Kh", "abcdefgh"},
-      {"100%% %%D", "100% %D"},
-      {"%d %? %", "%d %? %"},
-      {"%", "%"},
-      {"", ""},
-      {"Größe %V", "Größe A"},
-  };
-  for (const auto& [text, expanded] : cases) {
-    EXPECT_EQ(ExpandTemplate(text, fields, {"one", "%D"}), expanded) << text;
+  for (const auto& row : test::Cases("texts.txt", "templates")) {
+    EXPECT_EQ(ExpandTemplate(row[0], fields, {"one", "%D"}), row[1]) << row[0];
   }
 }
 

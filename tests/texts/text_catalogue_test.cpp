@@ -1,5 +1,7 @@
 #include "texts/text_catalogue.h"
 
+#include "support/cases.h"
+#include "support/failing_file_layer.h"
 #include "support/temporary_folder.h"
 
 namespace zentab::texts {
@@ -63,20 +65,18 @@ TEST_F(CatalogueFile, AMissingFileOrAFolderHasNoTexts) {
     EXPECT_TRUE(LookupTexts(platform::SystemFiles(), keys, file, texts));
     EXPECT_EQ(texts.front(), "");
   }
+  test::FailingFileLayer failing;
+  failing.failingRead = 2;
+  const auto file = Write("catalogue.txt", "K.A {text}\n" + std::string(1u << 20, '\n'));
+  std::vector<std::string> texts;
+  EXPECT_TRUE(LookupTexts(failing, std::vector<std::string>{"K.A"}, file, texts));
+  EXPECT_EQ(texts.front(), "") << "as good as none";
 }
 
 TEST(StripAmpersands, KeepsTheKnownLossBehindTheFirstCharacter) {
-  const std::pair<std::string_view, std::string_view> cases[] = {
-      {"&Current", "Current"},
-      {"Cu&rrent", "Current"},
-      {"A&B&C", "BC"},
-      {"&A&B", "AB"},
-      {"&&A", "A"},
-      {"A&", "A"},
-      {"", ""},
-      {"none", "none"},
-  };
-  for (const auto& [text, stripped] : cases) EXPECT_EQ(StripAmpersands(text), stripped) << text;
+  for (const auto& row : test::Cases("texts.txt", "ampersands")) {
+    EXPECT_EQ(StripAmpersands(row[0]), row[1]) << row[0];
+  }
 }
 
 }  // namespace

@@ -72,6 +72,7 @@ TEST_F(TimeTestImport, StagesFollowTheFields) {
   };
   equation(Difference, 10) = "t0*0";
   equation(Value, 2) = "t0*2";
+  equation(Value, 9) = "t0+tMax";
   equation(Value, 10) = "-t0";
   equation(Filter, 8) = "z*100+y-(t1>15)*5000";
   equation(Filter, 9) = "t1+1000";
@@ -86,6 +87,7 @@ TEST_F(TimeTestImport, StagesFollowTheFields) {
       {{"0", "0", "0"}, {5, 4, 800, 799.5, 3}, "5 4 799,5 3"},
       {{"0", "7", "0"}, {900, 900, 5, 900}, "900 900 5 900"},
       {{"0", "7", "0"}, {900, 900, 900, 5, 900, 4}, "900 900 900 5 900 4"},
+      {{"0", "6", "0"}, {900, 900, 900, 5, 4}, "900 5 4"},
       {{"0", "1", "0"}, {900, 900, 5, 4}, "900 5 4"},
       {{"0", "2", "0"}, {9, 20, 7, 6}, "9 7 6"},
       {{"0", "3", "0"}, {9, 20, 7, 6}, "9 9 7 6"},
@@ -93,6 +95,7 @@ TEST_F(TimeTestImport, StagesFollowTheFields) {
       {{"0", "9", "0"}, {9, 20, 7, 6}, "9 1020 1007 6"},
       {{"0", "0", "3"}, {3, 6, 9, 0}, "3 4,5 6 5"},
       {{"0", "0", "2"}, {3, 6, 9, 1}, "6 12 18 2"},
+      {{"0", "0", "9"}, {3, 6, 9, 1}, "12 15 18 10"},
       {{"10", "0", "10"}, {3, 6, 9, 1}, "-3 -6 -9 -1"},
       // Fields that are no such number leave what the last import had.
       {{"x", "", "100000"}, {3, 6, 9, 1}, "-3 -6 -9 -1"},
@@ -107,20 +110,13 @@ TEST_F(TimeTestImport, StagesFollowTheFields) {
     EXPECT_FALSE(session.table.tableModified);
   }
   EXPECT_EQ(session.texts.import.differenceType, 0) << "where the built-in measure was used";
-  session.localeDecimalSeparator = "\xD9\xAB";
+  const string comma = "\xD9\xAB";
+  session.localeDecimalSeparator = comma;
   session.modes.absoluteValues = false;
-  session.modes.pickup =
-      "0\xD9\xAB"
-      "8";
-  ASSERT_EQ(Import({"0", "0",
-                    "1\xD9\xAB"
-                    "6"})
-                .outcome,
-            ImportOutcome::Imported);
+  session.modes.pickup = "0" + comma + "8";
+  ASSERT_EQ(Import({"0", "0", "1" + comma + "6"}).outcome, ImportOutcome::Imported);
   EXPECT_EQ(Times(), "6 12 18 2");
-  EXPECT_EQ(session.table.grid.Cell(1, 1),
-            "1\xD9\xAB"
-            "25");
+  EXPECT_EQ(session.table.grid.Cell(1, 1), "1" + comma + "25");
 }
 
 TEST_F(TimeTestImport, AnEquationThatIsNoneEndsItWithTheGridAsItWas) {
@@ -150,6 +146,8 @@ TEST_F(TimeTestImport, SelectsTheEndsAndTheBends) {
   string loads;
   for (int row = 1; row <= 26; ++row) loads += grid.Cell(row, 1) + " ";
   EXPECT_TRUE(loads.starts_with("1 40 41 42 151 300 ")) << loads;
+  session.texts.equations[0][1] = "1e6";
+  EXPECT_TRUE(Import({"1", "0", "0"}).selectedByRank);
 }
 
 TEST_F(TimeTestImport, BadFilesLeaveTheGrid) {
@@ -181,20 +179,23 @@ TEST_F(TimeTestImport, AStoppedImportChangesNothing) {
   session.texts.equations[0][1] = session.texts.equations[1][1] = "t0";
   session.texts.equations[2][1] = "t1";
   session.texts.import.printTable = true;
-  int reports = 0;
-  const auto count = [&](double fraction) {
-    ++reports;
-    return fraction >= 0.0 && fraction <= 1.0;
-  };
-  ASSERT_EQ(Import({"1", "1", "1"}, count).outcome, ImportOutcome::Imported);
-  const int all = reports;
-  EXPECT_GE(all, 12) << "two at every stage, two for each of them in the trace";
-  for (int last = 0; last < all; ++last) {
-    KeepEdit();
-    reports = 0;
-    const auto stop = [&](double) { return reports++ < last; };
-    EXPECT_EQ(Import({"1", "1", "1"}, stop).outcome, ImportOutcome::Stopped);
-    EXPECT_TRUE(GridStayed());
+  for (const char* mean : {"1", "3"}) {
+    int reports = 0;
+    const auto count = [&](double fraction) {
+      ++reports;
+      return fraction > 0.0 && fraction <= 1.0;
+    };
+    ASSERT_EQ(Import({"1", "1", mean}, count).outcome, ImportOutcome::Imported);
+    const int all = reports;
+    EXPECT_GE(all, 12) << "two at every stage, two for each of them in the trace";
+    for (int last = 0; last < all; ++last) {
+      KeepEdit();
+      reports = 0;
+      const auto stop = [&](double) { return reports++ < last; };
+      EXPECT_EQ(Import({"1", "1", mean}, stop).outcome, ImportOutcome::Stopped);
+      EXPECT_TRUE(GridStayed());
+      EXPECT_EQ(reports, last + 1) << "it is asked no more";
+    }
   }
 }
 
@@ -215,9 +216,10 @@ TEST_F(TimeTestImport, TheTraceHoldsTheStages) {
   EXPECT_EQ(Trace(), expected);
   // An import that ends early leaves the stages before it; one that cannot write goes on.
   session.texts.equations[2][4] = "(";
-  Import({"0", "4", "2"});
-  EXPECT_TRUE(Trace().starts_with("Diff Type 0\r\n"));
-  EXPECT_EQ(Trace().find("After"), string::npos);
+  session.texts.equations[0][5] = "t0";
+  Import({"5", "4", "2"});
+  EXPECT_TRUE(Trace().starts_with("Diff Type 5\r\n"));
+  EXPECT_EQ(Trace().find("\r\n "), string::npos);
   const string before = Trace();
   for (std::size_t bytes = 0; bytes < 100; bytes += 9) {
     files.bytesThatFit = bytes;

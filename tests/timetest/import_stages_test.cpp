@@ -149,9 +149,12 @@ TEST(ImportStages, MeansHaveTheBitsOfPlainAdditions) {
     }
     // Times that differ by the last bit of a double.
     if (round % 11 == 0) {
-      for (MeasuredPoint& point : points) point.time = random() % 2 == 0 ? 1.0 : 1.0 + 0x1p-52;
+      const int last = round % 2;
+      for (MeasuredPoint& point : points) {
+        point.time = 1.0 + (random() % 2 == 0 ? last : 1 + 2 * last) * 0x1p-52;
+      }
     }
-    for (const int width : {-3, 0, 1, 2, 5, 8, 31, 100, 32767}) {
+    for (const int width : {-3, 0, 1, 2, 3, 5, 8, 31, 100, 32767}) {
       Told told{points};
       Points result = points;
       ToldMean(told, width);
@@ -280,12 +283,17 @@ TEST(ImportStages, TimesNearTheLargestNumberStayNumbers) {
   ASSERT_TRUE(
       MeasureDifferences(points, std::numeric_limits<double>::infinity(), nullptr, Silent()));
   EXPECT_EQ(points[1].difference, kLargest);
+  EXPECT_EQ(points[3].difference, kLargest);
+  // Of three whose parts alone are beyond it.
+  Points bent = {{1, -0x1p1023}, {2, -0x1p1022}, {3, 0x1.8p1023}};
+  ASSERT_TRUE(MeasureDifferences(bent, kLargest, nullptr, Silent()));
+  EXPECT_EQ(bent[1].difference, 0x1.8p1023);
 }
 
 TEST(ImportStages, DifferencesAreThoseOfTheTimes) {
-  Points points = {{1, 9}, {2, 5}, {3, 2}, {4, 20}, {5, 1}};
+  Points points = {{1, 9}, {2, 5}, {3, 2}, {4, 10}, {5, 1}};
   ASSERT_TRUE(MeasureDifferences(points, 10.0, nullptr, Silent()));
-  const double expected[] = {100'000.0, 1.0, 21.0, 10'000.0, 100'000.0};
+  const double expected[] = {100'000.0, 1.0, 11.0, 10'000.0, 100'000.0};
   for (std::size_t at = 0; at < points.size(); ++at) {
     EXPECT_EQ(points[at].difference, expected[at]) << at;
   }
@@ -319,22 +327,16 @@ TEST(ImportStages, EquationsSeeThePointAndTheTwoBeforeIt) {
   const auto filter = [](Points& result, PointEquation& equation) {
     return FilterSpikes(result, 1, 50.0, &equation, Silent());
   };
+  // The last one fails, as it divides by zero: the measure stays.
   const std::pair<const char*, double> atThird[] = {
-      {"z", 5},
-      {"y", 4},
-      {"t0", 16},
-      {"t1", 8},
-      {"t2", 4},
-      {"v0", 4},
-      {"v1", 3},
-      {"v2", 2},
-      {"tMin", 2},
-      {"tMax", 64},
-      {"vMin", 1},
-      {"vMax", 5},
-      {"-t0", 16},
-      // Fails where it divides by zero: the measure stays.
-      {"1/(y-4)", 100'000}};
+      {"z", 5},    {"y", 4},
+      {"t0", 16},  {"t1", 8},
+      {"t2", 4},   {"v0", 4},
+      {"v1", 3},   {"v2", 2},
+      {"tMin", 2}, {"tMax", 64},
+      {"vMin", 1}, {"vMax", 5},
+      {"-t0", 16}, {"1/(y-4)", 100'000},
+  };
   for (const auto& [text, expected] : atThird) {
     EXPECT_EQ(evaluated(text, differences)[2].difference, expected) << text;
   }
@@ -349,6 +351,7 @@ TEST(ImportStages, EquationsSeeThePointAndTheTwoBeforeIt) {
   EXPECT_EQ(evaluated("t0*100+t1", filter)[1].time, 804.0);
   EXPECT_EQ(evaluated("z*100+y", filter)[3].time, 505.0);
   EXPECT_EQ(evaluated("-1", filter).size(), 2u);
+  EXPECT_EQ(evaluated("0", filter).size(), 5u);
   EXPECT_EQ(evaluated("t1*(y<>4)-(y=4)", filter).size(), 3u);
   EXPECT_EQ(evaluated("1/(y-3)", filter)[1].time, 4.0);
 }

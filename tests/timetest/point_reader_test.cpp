@@ -77,8 +77,7 @@ TEST_F(PointReader, OneReadingGivesWhatTheEntriesGive) {
       "T\n2\t1\t1\t\n1\t2\t2\t\n",
       "T\n01\t5\t6\t\n1\t1\t2\t\n",
       "T\n12\t5\t6\t\n1\t1\t2\t\n2\t3\t4\t\n",
-      "T\n10\t0\t0\t\n9\t9\t9\t\n8\t8\t8\t\n7\t7\t7\t\n6\t6\t6\t\n5\t5\t5\t\n4\t4\t4\t\n3\t3\t3\t\n"
-      "2\t2\t2\t\n1\t1\t1\t\n11\t11\t11\t\n",
+      "T\n2\t1\t1\t\n3\t2\t2\t\n3\t3\t3\t\n4\t4\t4\t\n1\t5\t5\t\n",
       "T\n1\t1\t2\t\n1\t3\t4\t\n2\t5\t6\t\n2\t7\t8\t\n",
       "T\n1\t1\t2\t\n3\t5\t6\t\n",
       "T\n1\t1\t2\t\n2\t\n3\t5\t6\t\n",
@@ -92,6 +91,9 @@ TEST_F(PointReader, OneReadingGivesWhatTheEntriesGive) {
   };
   for (const string& bytes : awkward) ExpectTheSame({Write("result.txt", bytes), "T"}, bytes);
   ExpectTheSame({Write("result.txt", "1\t2\t3\t\n2\t4\t5\t\n"), ""}, "no heading");
+  string falling = "T\n";
+  for (int entry = 70; entry > 0; --entry) falling += std::to_string(entry) + "\t1\t2\t\n";
+  ExpectTheSame({Write("result.txt", falling), "T"}, falling);
   ExpectTheSame({Folder(), "T"}, "a folder");
   ExpectTheSame({Folder() / "missing.txt", "T"}, "no file");
   std::mt19937 random(5);
@@ -141,7 +143,7 @@ TEST_F(PointReader, CanBeStoppedAtLongLinesAndBeforeTheHeading) {
 }
 
 TEST_F(PointReader, BringsLoadsAndTimesToTheModes) {
-  const ResultSource source = {Write("result.txt", "T\n1\t6\t1500\t\n2\t3\t9000\t\n3\t4.5\t60\t\n"),
+  const ResultSource source = {Write("result.txt", "T\n1\t6\t1500\t\n2\t3\t9000\t\n3\t9\t60\t\n"),
                                "T"};
   const auto points = [&](const ReadingModes& modes) {
     ReadPoints read;
@@ -153,7 +155,7 @@ TEST_F(PointReader, BringsLoadsAndTimesToTheModes) {
   EXPECT_EQ(relative.points[0].time, 1.5);
   EXPECT_EQ(relative.points[0].difference, 100'000.0);
   EXPECT_EQ(relative.extremes.vMin, 2.0);
-  EXPECT_EQ(relative.extremes.vMax, 4.0);
+  EXPECT_EQ(relative.extremes.vMax, 6.0);
   EXPECT_EQ(relative.extremes.tMin, 0.06);
   EXPECT_EQ(relative.extremes.tMax, 9.0);
   EXPECT_EQ(points({true, true, 1.5}).points[0].load, 6.0);

@@ -88,6 +88,7 @@ class ChartAxesTest : public ChartFixture {
   void LoadsAreLabelledInTheOtherUnitAndTheCurveStays() {
     WindowFixture& f = Start();
     const double place = Chart().xAxis->coordToPixel(4);
+    Chart().SetDecimalSeparator(QStringLiteral(","));  // whose languages group digits
     f.Find<QLineEdit>("Text2")->setText(QStringLiteral("100"));
     const struct {
       const char* action;

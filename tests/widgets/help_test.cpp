@@ -24,14 +24,20 @@ class HelpTest : public WindowTest {
     made_ = std::make_unique<WindowFixture>("{\"SI\"\t(1.5;10)(2;4.25) 001}\r\n");
     return *made_;
   }
-  // What a window of the menu lets one copy, a line a row.
+  // What a window of the menu lets one copy, a line a row, and its note.
   [[nodiscard]] QStringList Shown(const char* action) const {
     made_->Find<QAction>(action)->trigger();
     QWidget* const dialog = QApplication::activeModalWidget();
     if (dialog == nullptr || dialog->objectName() != "FormHelp") qFatal("no window opens");
     dialog->findChild<QPushButton*>("CommandCopyAll")->click();
     QStringList lines = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
-    if (dialog->findChild<QTableWidget*>()->rowCount() + 1 != lines.size()) qFatal("lines lost");
+    const auto& table = *dialog->findChild<QTableWidget*>();
+    if (table.rowCount() + 1 != lines.size()) qFatal("lines lost");
+    if (table.editTriggers() || table.tabKeyNavigation()) qFatal("the table keeps the keys");
+    const auto* const note = dialog->findChild<QLabel*>("LabelNote");
+    const bool isBelow = note != nullptr && note->y() > table.geometry().bottom();
+    if (isBelow && note->wordWrap()) lines += note->text();
+    dialog->findChild<QPushButton*>("CommandGuide")->click();
     QTest::keyClick(dialog, Qt::Key_Escape);
     return lines;
   }
@@ -62,12 +68,14 @@ class HelpTest : public WindowTest {
     QVERIFY2(lines.value(1).endsWith("Started"), qPrintable(lines.join('\n')));
     // Each begins with the time where another minute has begun.
     QCOMPARE(lines.filter(" Current selected ").size(), 1);
+    QCOMPARE(lines.last(), QString::fromStdString(f.session.texts.help.noLogFile));
     QVERIFY(!QFile::exists(f.Path("Zentab.log")));
     f.Write("Zentab.txt", "F1.LOGGFILE {on}\n");
     f.window.reset();
     f.Write("Zentab.log", "former\r\n");
     f.Open();
     lines = Shown("m_sessionlog");
+    QVERIFY(lines.last().startsWith("Written to ") && lines.takeLast().endsWith("Zentab.log"));
     QCOMPARE(f.Bytes("Zentab.log"), "former\r\n" + lines.mid(1).join("\r\n").toUtf8() + "\r\n");
   }
 
@@ -79,9 +87,16 @@ class HelpTest : public WindowTest {
   }
 
   void AGuideThatIsMissingIsSaidToBe() {
-    const WindowFixture& f = Start();
+    WindowFixture& f = Start();
     f.Find<QAction>("m_guide")->trigger();
-    QCOMPARE(f.window->statusBar()->currentMessage(), QStringLiteral("The guide is not installed"));
+    QCOMPARE(SaidBelow(), QStringLiteral("The guide is not installed"));
+    QVERIFY(QDir().mkpath(f.Path("guide")));
+    for (const auto& [action, page] :
+         {std::pair("m_keys", "keys.html"), {"m_about", "index.html"}}) {
+      f.Write(QStringLiteral("guide/") + page, {});
+      static_cast<void>(Shown(action));
+      QVERIFY2(f.dialogs.asked.back().ends_with(page), action);
+    }
   }
 
   // Those of the menu bar, the buttons and the fields are pressed in the same window.
@@ -126,6 +141,7 @@ class HelpTest : public WindowTest {
     QVERIFY(QDir().mkpath(f.Path("demo")) && QDir().mkpath(f.Path("instruments")));
     f.session.isWithoutSuite = true;
     f.Open();
+    f.window->resize(1240, 820);
     QVERIFY(IsWelcome());
     f.Activate();
     QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("CommandDemo"));

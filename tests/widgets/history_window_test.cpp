@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
@@ -142,6 +143,9 @@ class HistoryWindowTest : public QObject {
   void cleanup() { f_.reset(); }
 
   void FiftyEditsAreTakenBackAndMadeAgain() {
+    // Nothing to take back is no reason to take nothing back later.
+    Q_EMIT f_->Find<QMenu>("m_edit")->aboutToShow();
+    Q_EMIT f_->Find<QMenu>("m_edit")->aboutToHide();
     std::vector<QByteArray> seen = {Seen()};
     for (const auto& edit : FiftyEdits()) {
       edit();
@@ -228,11 +232,13 @@ class HistoryWindowTest : public QObject {
     Go("m_undo");
     QCOMPARE(f_->session.table.grid.Cell(1, 1), "7");
     f_->window->setEnabled(true);
-    TypeInField("Text2", QStringLiteral("5"));
+    for (const char* const text : {"5", "6"}) TypeInField("Text2", QLatin1String(text));
     auto* const field = f_->Find<QLineEdit>("Text2");
     field->setFocus();
-    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(field->text(), QString());
+    for (const char* const text : {"5", ""}) {
+      QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+      QCOMPARE(field->text(), QLatin1String(text));
+    }
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(f_->session.table.grid.Cell(1, 1), "");
     QTest::keyClicks(field, QStringLiteral("8"));

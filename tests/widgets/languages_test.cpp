@@ -95,12 +95,18 @@ class LanguagesTest : public WindowTest {
 
   void WithoutADefaultCatalogueTheBuiltInTextsComeBack() {
     Start({});
+    // What two catalogues of the site call by other names.
+    const QStringList site = {made_->Path("Zentab1.txt"), made_->Path("Zentab2.txt")};
+    made_->Write("Zentab1.txt", "F1.COMMAND2.TEXT {One}\n");
+    made_->Write("Zentab2.txt", "F1.COMMAND2.TEXT {Two}\n");
     Language("m_lang_Zentab.de")->trigger();
     QCOMPARE(made_->Find<QAbstractButton>("Command1")->text(), QStringLiteral("&Lesen"));
     QVERIFY(made_->Find<QWidget>("Check1")->isHidden());  // no language shows what is hidden
+    for (const QString& file : site) QVERIFY(QFile::remove(file));
     Language("m_langinstalled")->trigger();
     Q_EMIT made_->Find<QMenu>("m_calc")->aboutToShow();
     const std::pair<const char*, const char*> texts[] = {{"Command1", "&Read"},
+                                                         {"Command2", "Re&move"},
                                                          {"Command5", "?"},
                                                          {"m_exit", "E&xit"},
                                                          {"Label3", "Load level (× pickup)"},

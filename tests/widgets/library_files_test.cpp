@@ -81,8 +81,9 @@ class LibraryFilesTest : public WindowTest {
     QVERIFY2(SaidBelow().startsWith(QStringLiteral("The table file was not created")),
              qPrintable(SaidBelow()));
     QCOMPARE(f.Bytes(), kA + kB);
-    Choose("m_newlib");
-    QCOMPARE(NamesIn(*f.window), QStringLiteral("Anna|Berta"));
+    f.window->statusBar()->clearMessage();
+    for (const char* const given : {"m_newlib", "m_savecopy"}) Choose(given);
+    QCOMPARE(NamesIn(*f.window) + SaidBelow(), QStringLiteral("Anna|Berta"));
     Choose("m_newlib", f.Path("new.dat"));
     QCOMPARE(NamesIn(*f.window), QString());
     QVERIFY(QFile::exists(f.Path("new.dat")) && f.Bytes("new.dat").isEmpty());
@@ -120,6 +121,7 @@ class LibraryFilesTest : public WindowTest {
     QVERIFY(!Drop({QUrl(QStringLiteral("http://example.org/a.dat"))}));
     QCOMPARE(Recent().size(), 8);
     QCOMPARE(Recent().first(), QStringLiteral("9.DAT"));
+    QVERIFY(f.Find<QMenu>("m_recent")->actions().at(0)->text().startsWith("&1  "));
     f.Find<QMenu>("m_recent")->actions().at(3)->trigger();
     QCOMPARE(Recent().first() + Recent().at(1), QStringLiteral("6.DAT9.DAT"));
     QVERIFY(f.session.tablePath.ends_with("6.DAT"));

@@ -268,10 +268,17 @@ class LibraryWindowTest : public WindowTest {
     QCOMPARE(bar->value(), 300);
     QCOMPARE(f.SelectedRow(), 0);
     // The selected name stays in view when it was.
-    bar->setValue(0);
-    f.Write("relayTables.dat", many + many);
-    QTRY_COMPARE(f.session.listing.names.size(), 1000u);
+    f.Find<QAction>("m_rename")->trigger();
     QCOMPARE(bar->value(), 0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    f.Write("relayTables.dat", kForeign.repeated(500) + many);
+    QTRY_COMPARE(f.session.listing.names.size(), 1000u);
+    QVERIFY(bar->value() > 400);
+    // And an entry that is added comes into view.
+    f.Click("Command3");
+    f.Find<QLineEdit>("Text1")->setText(QStringLiteral("new"));
+    QTest::keyClick(f.Find<QLineEdit>("Text1"), Qt::Key_Return);
+    QCOMPARE(bar->value(), bar->maximum());
   }
 
   void TheFilterFindsNamesAndCommandsWorkOnWhatItShows() {
@@ -294,7 +301,9 @@ class LibraryWindowTest : public WindowTest {
     QCOMPARE(f.Bytes(), kForeign + kA + kB + kForeign);
     QCOMPARE(NamesIn(*f.window), QString());
     QVERIFY(!f.Find<QAbstractButton>("Command1")->isEnabled());
-    // Nothing to read, to copy or to remove.
+    // Nothing to rename, to read, to copy or to remove.
+    f.Find<QAction>("m_rename")->trigger();
+    QVERIFY(filter->hasFocus());
     for (const int key : {Qt::Key_Return, Qt::Key_Down}) {
       QTest::keyClick(filter, static_cast<Qt::Key>(key));
       QVERIFY(f.Find<QListView>("List1")->hasFocus());
@@ -305,8 +314,9 @@ class LibraryWindowTest : public WindowTest {
       filter->setFocus();
     }
     QCOMPARE(f.Bytes(), kForeign + kA + kB + kForeign);
-    filter->setText(QStringLiteral("ÄS"));
-    QCOMPARE(NamesIn(*f.window), QString());
+    QTest::keyClick(f.window.get(), Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(filter, QStringLiteral("BER"));
+    QCOMPARE(NamesIn(*f.window), QStringLiteral("Berta"));
     QTest::keyClick(filter, Qt::Key_Escape);
     QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|foreign"));
     QVERIFY(f.Find<QListView>("List1")->hasFocus());

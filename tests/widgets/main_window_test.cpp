@@ -6,6 +6,7 @@
 #include <QListView>
 #include <QRegularExpression>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 #include "app/widgets/window_placement.h"
@@ -45,21 +46,6 @@ class MainWindowTest : public WindowTest {
 
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
-
-  void StartsWithTheListAndNothingInTheGrid() {
-    Start();
-    QCOMPARE(NamesIn(*made_->window), QStringLiteral("SI|U> ms|Empty"));
-    QVERIFY(Enabled("Command1"));
-    for (const char* const name : {"Command3", "Command4", "Command5"}) QVERIFY(!Enabled(name));
-    QVERIFY(!ChartShown());
-    QCOMPARE(made_->window->windowTitle(),
-             QStringLiteral("Relay curve table editor – relayTables.dat[*]"));
-    QCOMPARE(made_->Find<QAbstractButton>("Command5")->text(), QStringLiteral("?"));
-    QCOMPARE(made_->Find<QAbstractButton>("Command1")->shortcut(), QKeySequence("Alt+R"));
-    QVERIFY(made_->Find<QLineEdit>("Text2")->toolTip().contains("Select Instrument first"));
-    QVERIFY(made_->Find<QWidget>("Command8")->isHidden());
-    QVERIFY(made_->Find<QWidget>("Option3")->isHidden());
-  }
 
   void IsLaidOutAsDesigned() {
     WindowFixture& f = Start();
@@ -138,8 +124,18 @@ class MainWindowTest : public WindowTest {
     QVERIFY(!f.session.table.tableModified);
     grid->GridEdit('7');
     QCOMPARE(Cell(1, 1), QStringLiteral("7"));
-    QCOMPARE(f.Find<QLineEdit>("Text11")->cursorPosition(), 1);
+    auto* const field = f.Find<QLineEdit>("Text11");
+    QCOMPARE(field->cursorPosition(), 1);
     QVERIFY(f.session.table.tableModified);
+    // It stays over its cell, which comes into view when it is opened.
+    const auto isOver = [&] { return field->geometry() == grid->visualRect(grid->currentIndex()); };
+    f.window->resize(1100, 300);
+    QVERIFY(isOver());
+    grid->verticalScrollBar()->setValue(grid->verticalScrollBar()->maximum());
+    QVERIFY(isOver() && field->y() < 0);
+    grid->CloseEditor();
+    grid->GridEdit(' ');
+    QVERIFY(isOver() && field->y() >= 0);
   }
 
   void ReadingAsksBeforeEditsAreLost() {
@@ -232,32 +228,25 @@ class MainWindowTest : public WindowTest {
     f.window->setGeometry(100, 80, 1300, 840);
     Grid().GridEdit('8');
     f.dialogs.answer = false;
-    QVERIFY(!f.window->close());
+    QVERIFY(!f.window->close() && !EditorOpen());
     QCOMPARE(f.store.values["NomLoad1"], std::string("5"));
     QCOMPARE(f.store.values["AbsValues"], std::string("1"));
     QCOMPARE(f.store.values["TableName"], std::string("relayTables.dat"));
     QCOMPARE(f.store.values["F1Width"], std::string("19500"));
     f.dialogs.answer = true;
     QVERIFY(f.window->close());
-    // Off every screen.
-    for (const auto& [left, top] : {std::pair("-30000", "0"), {"900000", "0"}, {"0", "-30000"}}) {
-      f.store.values["F1Left"] = left;
-      f.store.values["F1Top"] = top;
+    // 64 pixels of it are enough to drag it, if its upper edge is there.
+    const QPoint last = f.window->screen()->availableGeometry().bottomRight() - QPoint(63, 63);
+    const QList<QPoint> reached = {{last.x(), 0}, {9, last.y()}, {9, -1}, {100, 50}};
+    const QList<QPoint> lost = {{last.x() + 1, 0}, {9, last.y() + 1}, {9, -2},
+                                {-2000, 0},        {60000, 0},        {0, -2000}};
+    for (const QPoint& place : lost + reached) {
+      f.store.values["F1Left"] = std::to_string(place.x() * 15);
+      f.store.values["F1Top"] = std::to_string(place.y() * 15);
       f.Open();
+      QCOMPARE(f.window->pos() == place, reached.contains(place));
       QVERIFY(f.window->screen()->geometry().intersects(f.window->geometry()));
     }
-    // 64 pixels of it are enough to drag it.
-    const int last = f.window->screen()->availableGeometry().right() + 1 - 64;
-    for (const int left : {last, last + 1}) {
-      f.store.values["F1Left"] = std::to_string(left * 15);
-      f.store.values["F1Top"] = "0";
-      f.Open();
-      QCOMPARE(f.window->x() == left, left == last);
-    }
-    f.store.values["F1Left"] = "1500";
-    f.store.values["F1Top"] = "750";
-    f.Open();
-    QCOMPARE(f.window->pos(), QPoint(100, 50));
     f.store.values["F1Left"] = "-5e7";
     f.store.values["F1Height"] = "1499999";
     f.Open();
@@ -282,6 +271,11 @@ class MainWindowTest : public WindowTest {
       const QSize least = frame->widget()->minimumSizeHint() + QSize(0, 60);
       QVERIFY2(least.width() <= 1350 && least.height() <= 680, language);
     }
+    // What comes into it later gets its room.
+    made_->window->resize(900, 200);
+    const int least = made_->window->height();
+    made_->Find<QAction>("m_assess")->trigger();
+    QTRY_VERIFY(made_->window->height() > least);
   }
 
   void TheCataloguesCaptionTheWindowAndSwitchTheLogOn() {

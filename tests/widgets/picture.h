@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QWidget>
 #include <cstdlib>
+#include <cstring>
 
 namespace zentab::app {
 
@@ -22,11 +23,13 @@ inline QRect DifferenceOf(const QImage& one, const QImage& other) {
   };
   const QImage first = one.convertToFormat(QImage::Format_RGB32);
   const QImage second = other.convertToFormat(QImage::Format_RGB32);
+  const int width = second.width();
   QRect difference;
   for (int y = 0; y < second.height(); ++y) {
     const auto* const a = reinterpret_cast<const QRgb*>(first.constScanLine(y));
     const auto* const b = reinterpret_cast<const QRgb*>(second.constScanLine(y));
-    for (int x = 0; x < second.width(); ++x) {
+    if (std::memcmp(a, b, static_cast<std::size_t>(width) * sizeof *a) == 0) continue;
+    for (int x = 0; x < width; ++x) {
       if (a[x] != b[x] && !areAlike(a[x], b[x])) difference |= QRect(x, y, 1, 1);
     }
   }
@@ -35,11 +38,12 @@ inline QRect DifferenceOf(const QImage& one, const QImage& other) {
 
 /// A window's picture, without what names the folders of this run.
 inline QImage PictureOf(QWidget& window) {
+  static const QRegularExpression folder(QStringLiteral("(^|\\s)/\\w"));
   QImage picture = window.grab().toImage();
   QPainter painter(&picture);
   for (auto* const control : window.findChildren<QWidget*>()) {
     const QString text = control->property("text").toString();
-    if (control->isVisible() && text.contains(QRegularExpression(QStringLiteral("(^|\\s)/\\w")))) {
+    if (control->isVisible() && text.contains(folder)) {
       painter.fillRect(QRect(control->mapTo(&window, QPoint()), control->size()), Qt::gray);
     }
   }

@@ -142,7 +142,8 @@ class PicturesTest : public WatchFixture {
   }
   void Equations() {
     Begin();
-    WatchSteps({"Option1|CommandPreview", "Field_equation<ta", "Field_equation<n"});
+    WatchSteps({"Option1|CommandPreview", "Field_equation<ta", "Field_equation<n",
+                "Field_equation=|Field_equation<a"});
   }
   void Files() {
     WindowFixture& f = Begin();
@@ -162,9 +163,12 @@ class PicturesTest : public WatchFixture {
   }
   void Workbench() {
     Begin();
-    WatchSteps({"Option1|CommandPreview", "Field_filter=2|Field_mean=3", "TabStages=1",
-                "Field_timeout=2", "ListEquations=3|Field_equation=t0*abs(t1)", "CommandWrite",
-                "Field_difference=3", "Field_equation=t0*)", "CommandRevert", "Ok"});
+    WatchSteps(
+        {"Option1|CommandPreview", "Field_filter=2|Field_mean=3", "TabStages=1", "Field_timeout=2",
+         "ListEquations=3|Field_equation=t0*abs(t1)", "CommandWrite", "Field_difference=3",
+         "Field_equation=t0*)", "CommandRevert", "Ok", "CommandPreview|Field_equation=)",
+         "ListEquations=9|Field_equation=averyveryverylongnamethatnobodyknowsandthatneverends"
+         "andstilldoesnotend"});
   }
 };
 

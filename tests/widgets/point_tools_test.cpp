@@ -43,13 +43,15 @@ class PointToolsTest : public WindowTest {
         QItemSelection(Grid().model()->index(from - 1, 0), Grid().model()->index(to - 1, 1)),
         QItemSelectionModel::ClearAndSelect);
   }
-  // What asks for a context menu on a control shows this one.
-  [[nodiscard]] QString MenuOn(QWidget* control) {
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, control->mapToGlobal(QPoint(5, 5)));
+  // What asks for a context menu on a control shows this one, at `menuPlace_` on the screen.
+  QPoint menuPlace_;
+  QString MenuOn(QWidget* control, QContextMenuEvent::Reason reason = QContextMenuEvent::Mouse) {
+    QContextMenuEvent event(reason, {5, 5}, control->mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(control, &event);
     QWidget* const menu = QApplication::activePopupWidget();
     if (menu == nullptr) return {};
     QString name = menu->objectName();
+    menuPlace_ = menu->pos();
     menu->close();
     return name;
   }
@@ -125,9 +127,21 @@ class PointToolsTest : public WindowTest {
     QCOMPARE(f.dialogs.offered.back(), 2.0);
     f.dialogs.number = 2;
     QVERIFY(isRefused("1;2|x;|3;4", "m_fill", "There are other rows"));
+    QVERIFY(!isRefused("1;2|;|;|3;4", "m_fill", " ") && f.dialogs.offered.back() == 2.0);
     QVERIFY(isRefused("1;2|1;4", "m_fill", "The two points have the same load"));
     QVERIFY(
         isRefused((QString("1;2|").repeated(25) + "2;3").toUtf8().constData(), "m_ins", "No room"));
+    const auto takes = [&](const char* tool, double number) {
+      isRefused("1.5;2|3;4", "m_sort", " ");
+      f.dialogs.number = number;
+      SelectRows(1, 2);
+      f.window->statusBar()->clearMessage();
+      const QString before = PointRow();
+      Choose(tool);
+      return PointRow() != before || !SaidBelow().isEmpty();
+    };
+    QVERIFY(takes("m_rnd", 0) && takes("m_rnd", 15) && !takes("m_rnd", 16));
+    QVERIFY(!takes("m_fill", 0) && takes("m_fill", 24) && !takes("m_fill", 25));
   }
 
   void ConversionsChangeNumbersAndModesTogether() {
@@ -156,7 +170,9 @@ class PointToolsTest : public WindowTest {
     QCOMPARE(words(1, 1), QString());
     Key(Qt::Key_Return);
     for (const char* const place : {"2,1", "2,2", "2,1"}) {
+      f.Find<QWidget>("List1")->setFocus();
       Key(Qt::Key_F8);
+      QCOMPARE(Focus(), QStringLiteral("MSFlexGrid1"));
       const editor::CurveGrid& grid = f.session.table.grid;
       QCOMPARE(QStringLiteral("%1,%2").arg(grid.Row()).arg(grid.Col()), QLatin1String(place));
     }
@@ -201,7 +217,12 @@ class PointToolsTest : public WindowTest {
     QCOMPARE(MenuOn(f.Find<QAbstractItemView>("List1")->viewport()), QStringLiteral("m_listmenu"));
     Choose("m_Command2");
     QCOMPARE(NamesIn(*f.window), QString());
-    QCOMPARE(MenuOn(f.Find<QWidget>("List1")), QStringLiteral("m_listmenu"));
+    auto& list = *f.Find<QAbstractItemView>("List1");
+    QCOMPARE(MenuOn(&list), QStringLiteral("m_listmenu"));
+    QCOMPARE(menuPlace_, list.mapToGlobal(QPoint(5, 5)));
+    MenuOn(&list, QContextMenuEvent::Keyboard);
+    const QPoint middle = list.visualRect(list.currentIndex()).center();
+    QCOMPARE(menuPlace_, list.viewport()->mapToGlobal(middle));
     QVERIFY(!f.Find<QAction>("m_Command1")->isEnabled());
     f.Activate();
     // A text field keeps the commands of the clipboard for itself.
@@ -223,7 +244,10 @@ class PointToolsTest : public WindowTest {
 
   void KeysLeadFromPanelToPanel() {
     WindowFixture& f = Start();
-    for (const char* const name : {"MSChart1", "List1", "MSFlexGrid1"}) {
+    // From nowhere the first one comes first.
+    Grid().clearFocus();
+    Choose("m_panel");
+    for (const char* const name : {"MSFlexGrid1", "MSChart1", "List1", "MSFlexGrid1"}) {
       Key(Qt::Key_F6);
       QCOMPARE(Focus(), QLatin1String(name));
       // A line above it says so.
@@ -251,9 +275,9 @@ class PointToolsTest : public WindowTest {
   }
 
   void ScreenReadersHearEveryCell() {
-    WindowFixture& f = Start();
+    WindowFixture& f = Start("{\"Three\"\t(5;10)(6;20)(7;30) 001}\r\n");
     QVERIFY(QFile::copy(QStringLiteral(CATALOGUES "/Zentab.zh_CN.txt"), f.Path("Zentab.txt")));
-    for (const char* const cell : {"row 3, load 3", "第 3 行，负荷水平 3"}) {
+    for (const char* const cell : {"row 3, load 7", "第 3 行，负荷水平 7"}) {
       const QModelIndex place = Grid().model()->index(2, 0);
       QCOMPARE(place.data(Qt::AccessibleTextRole).toString(), QString::fromUtf8(cell));
       f.Open();

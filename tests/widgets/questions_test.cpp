@@ -73,14 +73,14 @@ class QuestionsTest : public QObject {
 
   void OfSomeAnswersOneIsChosen() {
     const ChoiceQuestion question{"Export",
-                                  {{"Which", {"A", "B"}, 0}, {"How", {"1", "2", "3"}, 2}}};
+                                  {{"Which", {"A", "B"}, 1}, {"How", {"1", "2", "3"}, 2}}};
     const auto ask = [&] { return dialogs_->Choose(question); };
     const auto answer = [](QDialog& dialog) {
-      QCOMPARE(dialog.focusWidget(), dialog.findChild<QWidget*>("Choice1_1"));
-      dialog.findChild<QRadioButton*>("Choice1_2")->click();
+      QCOMPARE(dialog.focusWidget(), dialog.findChild<QWidget*>("Choice1_2"));
+      dialog.findChild<QRadioButton*>("Choice1_1")->click();
       Ok(dialog).click();
     };
-    QCOMPARE(Answered(ask, answer), std::optional(std::vector<std::size_t>{1, 2}));
+    QCOMPARE(Answered(ask, answer), std::optional(std::vector<std::size_t>{0, 2}));
     QCOMPARE(Answered(ask, [](QDialog& dialog) { Cancel(dialog).click(); }), std::nullopt);
   }
 

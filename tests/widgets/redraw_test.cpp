@@ -121,6 +121,8 @@ class RedrawTest : public WatchFixture {
          [&] { Hold(*list.viewport(), list.visualRect(Entry(2)).center()); }},
         {"and leaves", [&] { Leave(*list.viewport()); }},
         {"the chosen ones in the chart", [&] { Trigger("m_cmpentry"); }},
+        {"one dragged to the top", [&] { f.Select(4), Hold(*list.viewport(), QPoint(9, 1)); }},
+        {"and behind the last", [&] { Hold(*list.viewport(), QPoint(9, 400)); }},
     });
   }
   void TheInstrument() {
@@ -220,6 +222,8 @@ class RedrawTest : public WatchFixture {
         {"loads in multiples", [&] { Trigger("m_unitmult"); }},
         {"logarithms again", [&] { Trigger("m_logload"), Trigger("m_logtime"); }},
         {"square decades", [&] { Trigger("m_square"); }},
+        {"a zoom into them", [&] { Turn(PlaceOf(4, 5)); }},
+        {"a size with them", [&] { f.window->resize(1100, 800); }},
     });
   }
   void WhatIsCompared() {
@@ -247,6 +251,16 @@ class RedrawTest : public WatchFixture {
         {"no assessment", [&] { Trigger("m_assess"); }},
         {"nothing compared", [&] { Trigger("m_cmpnone"); }},
         {"light colours", [&] { Trigger("m_collight"); }},
+        {"all entries",
+         [&] { made_->Find<QListView>("List1")->selectAll(), Trigger("m_cmpentry"); }},
+        {"eight that are shown",
+         [&] { Trigger("m_cmpentry"), Trigger("m_cmpentry"), Trigger("m_cmpentry"); }},
+        {"one more", [&] { DropEntries({0}); }},
+        {"a reference, and one before it is taken out",
+         [&] {
+           ListLegend().setCurrentIndex(ListLegend().model()->index(3, 0)), Trigger("m_reference");
+           ListLegend().setCurrentIndex(ListLegend().model()->index(1, 0)), Trigger("m_cmpremove");
+         }},
     });
   }
 };

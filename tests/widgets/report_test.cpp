@@ -25,7 +25,8 @@ namespace {
 
 const QByteArray kLibrary =
     "{\"Feeder 12\"\t(1.1;31)(1.5;12)(2;6.5)(5;2)(20;0.9) 001}\r\n"
-    "{\"\xC3\x9C 27 \xE5\x8F\x98\xE7\x94\xB5\xE7\xAB\x99\"\t(100;500)(200;250) 110}\r\n"
+    "{\"\xC3\x9C 27 \xE5\x8F\x98\xE7\x94\xB5\xE7\xAB\x99\"\t"
+    "(100;500)(110;450)(120;400)(130;370)(140;340)(160;300)(180;270)(200;250) 110}\r\n"
     "{\"Empty\"\t 000}\r\n";
 
 // At which the program itself is started, which has a scale of its own.
@@ -92,7 +93,7 @@ class ReportTest : public WindowTest {
     f.dialogs.picture = PictureSize{{80.0, 50.0}, 254};
     const QImage pixels(Save(QStringLiteral("chart.png")));
     QCOMPARE(pixels.size(), QSize(800, 500));
-    QCOMPARE(pixels.dotsPerMeterX(), 10000);
+    QCOMPARE(QPoint(pixels.dotsPerMeterX(), pixels.dotsPerMeterY()), QPoint(10000, 10000));
     QVERIFY(IsAsInPictures(pixels, QStringLiteral("chart")));
     f.dialogs.picture = PictureSize();
     Save(QStringLiteral("chart.svg"));
@@ -251,7 +252,9 @@ class ReportTest : public WindowTest {
     QCOMPARE(f.Bytes(QStringLiteral("chart.svg")), QByteArray("old"));
     QVERIFY(f.window->statusBar()->currentMessage().startsWith(
         QString::fromStdString(f.session.texts.output.notWritten)));
+    f.session.source->name = R"(a/b\c)" + std::string(80, 'x');
     Save(QStringLiteral("chart.bmp"));
+    QCOMPARE(f.dialogs.asked.back(), "a_b_c" + std::string(75, 'x') + ".png");
     QCOMPARE(f.window->statusBar()->currentMessage(),
              QString::fromStdString(f.session.texts.output.unknownFormat));
   }
@@ -259,10 +262,13 @@ class ReportTest : public WindowTest {
   void EntriesBecomePagesBehindAListOfThem() {
     WindowFixture& f = Start();
     f.dialogs.file = f.Path(QStringLiteral("report.pdf"));
-    InDialog([](ReportDialog& dialog) {
+    const auto chooseAll = [](const ReportDialog& dialog) {
       dialog.findChild<QRadioButton*>(QStringLiteral("OptionEntries"))->setChecked(true);
       QVERIFY(!dialog.findChild<QPushButton*>(QStringLiteral("CommandSave"))->isEnabled());
       dialog.findChild<QListView*>(QStringLiteral("ListEntries"))->selectAll();
+    };
+    InDialog([&](ReportDialog& dialog) {
+      chooseAll(dialog);
       dialog.findChild<QPlainTextEdit*>()->setPlainText(QStringLiteral("Substation <b>7\n\nBay 3"));
       Press(dialog, "CommandSave");
     });
@@ -270,18 +276,9 @@ class ReportTest : public WindowTest {
     if (!kReadsPdf) return;
     const QStringList pages = TextOf(f.dialogs.file).split('\f');
     QVERIFY2(pages.size() == 5, qPrintable(f.window->statusBar()->currentMessage()));
-    const QStringList wanted = {QStringLiteral("Feeder 12 +5 +2"), QStringLiteral("Feeder 12"),
-                                QStringLiteral("Ü 27 变电站"), QStringLiteral("Empty")};
-    for (int page = 0; page < wanted.size(); ++page) {
-      for (const QString& text :
-           {wanted[page], QStringLiteral("Substation <b>7"), QStringLiteral("Bay 3"),
-            QStringLiteral("Page %1 of 4").arg(page + 1)}) {
-        const QRegularExpression words(
-            QRegularExpression::escape(text).replace(QLatin1String("\\ \\+"), QLatin1String(" +")));
-        QVERIFY2(pages[page].contains(words), qPrintable(text + '\n' + pages[page]));
-      }
-      QVERIFY(
-          IsPageAsInPictures(f.dialogs.file, QStringLiteral("page-%1").arg(page + 1), page + 1));
+    QVERIFY2(pages[2].contains(QStringLiteral("Ü 27 变电站")), qPrintable(pages[2]));
+    for (int page = 1; page <= 4; ++page) {
+      QVERIFY(IsPageAsInPictures(f.dialogs.file, QStringLiteral("page-%1").arg(page), page));
     }
     CheckFonts(f.dialogs.file);
     CheckWords(f.dialogs.file);
@@ -299,6 +296,20 @@ class ReportTest : public WindowTest {
     InDialog([paper](ReportDialog& dialog) {
       QCOMPARE(dialog.findChild<QComboBox*>(QStringLiteral("ComboPaper"))->currentIndex(), paper);
     });
+    // Some of the pages are printed; then an entry has become another.
+    f.dialogs.printed = f.Path(QStringLiteral("printed.pdf"));
+    f.dialogs.pages = {2, 9};
+    InDialog([&](ReportDialog& dialog) { chooseAll(dialog), Press(dialog, "CommandPrint"); });
+    const QStringList printed = TextOf(f.dialogs.printed).split('\f');
+    QCOMPARE(printed.size(), 4);
+    QVERIFY(printed[0].contains(QLatin1String("Page 2 of 4")));
+    InDialog([&](ReportDialog& dialog) {
+      chooseAll(dialog);
+      f.Write("relayTables.dat", "{\"Other\"\t(1;2)(2;1) 001}\r\n");
+      Press(dialog, "CommandSave");
+    });
+    QCOMPARE(f.window->statusBar()->currentMessage(),
+             QString::fromStdString(f.session.texts.program.entryChanged));
   }
 
   void TheGridsPageHasWhatWasAssessed() {
@@ -307,16 +318,17 @@ class ReportTest : public WindowTest {
     f.dialogs.printed = f.Path(QStringLiteral("printed.pdf"));
     f.Find<QAction>("m_assess")->setChecked(true);
     for (const bool with : {true, false}) {
+      for (int row = 6; !with && row <= 9; ++row) {
+        f.session.table.grid.SetCell(row, 1, std::to_string(row + 20));
+        f.session.table.grid.SetCell(row, 2, "0.8");
+      }
       InDialog([with](ReportDialog& dialog) {
         auto* const box = dialog.findChild<QCheckBox*>(QStringLiteral("CheckAssessment"));
         QVERIFY(box->isEnabled());
         if (box->isChecked() != with) box->click();
         Press(dialog, "CommandPrint");
       });
-      const QString text = TextOf(f.dialogs.printed);
-      QVERIFY2(text.contains(QLatin1String("Feeder 12")), qPrintable(text));
       QVERIFY(IsPageAsInPictures(f.dialogs.printed, with ? "page-assessed" : "page-grid"));
-      QCOMPARE(text.contains(QLatin1String("5 % of the nominal time")), with);
     }
     QVERIFY(QFile::remove(f.dialogs.printed));
     InDialog([](ReportDialog& dialog) {
@@ -335,16 +347,15 @@ class ReportTest : public WindowTest {
     WindowFixture& f = Start();
     f.dialogs.file = f.Path(QStringLiteral("page.pdf"));
     const std::pair<const char*, QStringList> rows[] = {
-        {".de", {"Datei", "Auslösezeit (s)", "Seite 1 von 1", "Ansprechwert"}},
-        {".zh_CN", {"动作时间", "启动值", "页，共", "文件"}}};
+        {".de", {"Seite 1 von 1"}}, {".zh_CN", {"动作时间", "启动值", "页，共", "文件"}}};
     for (const auto& [language, texts] : rows) {
       f.OpenIn(QLatin1String(language));
       f.Click("Command1");
+      f.Find<QAction>("m_assess")->setChecked(true);
       InDialog([](ReportDialog& dialog) { Press(dialog, "CommandSave"); });
+      QVERIFY(IsPageAsInPictures(f.dialogs.file, QStringLiteral("page") + language));
       const QString shown = TextOf(f.dialogs.file);
-      for (const QString& text : texts) {
-        QVERIFY2(shown.contains(text), qPrintable(text + '\n' + shown));
-      }
+      for (const QString& text : texts) QVERIFY2(shown.contains(text), qPrintable(shown));
       CheckFonts(f.dialogs.file);
       CheckWords(f.dialogs.file);
     }
@@ -366,6 +377,7 @@ class ReportTest : public WindowTest {
       for (const char* const lines : {"", "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12\n13\n14"}) {
         InDialog([=](ReportDialog& dialog) {
           dialog.findChild<QPlainTextEdit*>()->setPlainText(QLatin1String(lines));
+          dialog.findChild<QComboBox*>()->setCurrentIndex(*lines == 0 ? 0 : 1);
           Press(dialog, "CommandSave");
         });
         CheckWords(f.dialogs.file);

@@ -28,6 +28,7 @@ class SessionEndTest : public QObject {
   static std::unique_ptr<WindowFixture> Edited() {
     auto f = std::make_unique<WindowFixture>(kLibrary);
     f->Write("Zentab.txt", "F1.LOGGFILE {on}");
+    f->recoveryFolder = f->Path("recovery").toStdString();
     test::SetInstrument(f->session.installFolder, "current", "pickup = 0.5\nleave = signals\n");
     f->Open();
     f->window->ListenForEnd();
@@ -46,31 +47,26 @@ class SessionEndTest : public QObject {
 #endif
 
  private Q_SLOTS:
-  void TheSessionsEndIsAQuestionWhenThereAreEdits_data() {
-    QTest::addColumn<bool>("modified");
-    QTest::addColumn<bool>("mayAsk");
-    QTest::addColumn<bool>("answer");
-    QTest::addColumn<bool>("asked");
-    QTest::addColumn<bool>("goesOn");
-    QTest::newRow("no edits") << false << true << false << false << true;
-    QTest::newRow("cancelled") << true << true << false << true << false;
-    QTest::newRow("discarded") << true << true << true << true << true;
-    QTest::newRow("nobody to ask") << true << false << false << false << true;
-  }
   void TheSessionsEndIsAQuestionWhenThereAreEdits() {
-    QFETCH(bool, modified);
-    QFETCH(bool, mayAsk);
-    QFETCH(bool, answer);
-    const auto f = Edited();
-    f->session.table.tableModified = modified;
-    f->dialogs.answer = answer;
-    const bool goesOn =
-        f->window->findChild<SessionEnd*>()->MaySessionEnd([mayAsk] { return mayAsk; });
-    QTEST(goesOn, "goesOn");
-    QTEST(!f->dialogs.asked.empty(), "asked");
-    QCOMPARE(f->store.values["TableName"], std::string("relayTables.dat"));
-    QVERIFY(f->window->isVisible() && f->session.table.tableModified == modified);
-    QVERIFY(!Log(*f).contains("Unloading"));
+    const struct {
+      const char* what;
+      bool modified, mayAsk, answer, asked, goesOn;
+    } cases[] = {{"no edits", false, true, false, false, true},
+                 {"cancelled", true, true, false, true, false},
+                 {"discarded", true, true, true, true, true},
+                 {"nobody to ask", true, false, false, false, true}};
+    for (const auto& c : cases) {
+      const auto f = Edited();
+      f->session.table.tableModified = c.modified;
+      f->dialogs.answer = c.answer;
+      const bool goesOn =
+          f->window->findChild<SessionEnd*>()->MaySessionEnd([&] { return c.mayAsk; });
+      QVERIFY2(goesOn == c.goesOn && f->dialogs.asked.empty() != c.asked, c.what);
+      QCOMPARE(f->store.values["TableName"], std::string("relayTables.dat"));
+      QVERIFY(f->window->isVisible() && f->session.table.tableModified == c.modified);
+      QVERIFY(!Log(*f).contains("Unloading"));
+      QCOMPARE(QDir(f->Path("recovery")).entryList({"*.json"}).size(), 1);
+    }
   }
 
   void EndsInOrderWhateverIsOpen_data() {

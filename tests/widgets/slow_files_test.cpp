@@ -72,10 +72,11 @@ class SlowFilesTest : public WindowTest {
         press(name, [&] { f.Click(name); });
       }
       for (const char* const name :
-           {"m_act",      "m_newlib",      "m_savecopy",      "m_backup",      "m_imp",
-            "m_exp",      "m_copyentries", "m_exportentries", "m_duplicate",   "m_entrydown",
-            "m_undo",     "m_redo",        "m_impcurves",     "m_pastecurves", "m_cmplibrary",
-            "m_cmpentry", "m_cmpfile",     "m_savechart",     "m_preview",     "m_exit"}) {
+           {"m_act",         "m_newlib",      "m_savecopy",      "m_backup",    "m_imp",
+            "m_exp",         "m_copyentries", "m_exportentries", "m_duplicate", "m_entrydown",
+            "m_folder",      "m_sortfile",    "m_undo",          "m_redo",      "m_impcurves",
+            "m_pastecurves", "m_cmplibrary",  "m_cmpentry",      "m_cmpfile",   "m_savechart",
+            "m_preview",     "m_exit"}) {
         press(name, [&] { f.Find<QAction>(name)->trigger(); });
       }
       // It takes a moment until the pointer tells.

@@ -142,9 +142,9 @@ class TimeTestWindowTest : public WindowTest {
     QVERIFY(progress.Report(0.1));
     QVERIFY(bar() == nullptr);
     QTest::qWait(350);
-    QVERIFY(progress.Report(0.25));
-    QVERIFY(bar() != nullptr && bar()->isVisible());
-    QCOMPARE(bar()->value(), 250);
+    QVERIFY(progress.Report(1.0));
+    QVERIFY(bar() != nullptr && bar()->isVisible() && bar()->isModal());
+    QCOMPARE(bar()->value(), 1000);
     bar()->cancel();
     QTest::qWait(50);
     QVERIFY(!progress.Report(0.5));

@@ -99,7 +99,9 @@ class AnsweringDialogs : public UserDialogs {
   }
   /// What would be printed becomes the PDF file `printed`.
   QString printed;
+  std::pair<int, int> pages;  // the first and the last one, all unless given
   bool ChoosePrinter(QPrinter& printer) override {
+    printer.setFromTo(pages.first, pages.second);
     printer.setOutputFileName(printed);
     return answer;
   }
@@ -214,11 +216,8 @@ class WindowFixture {
     auto* const list = Find<QListView>("List1");
     list->setCurrentIndex(list->model()->index(row, 0));
   }
-  /// Drags entries of the list to a place of a part of the window; `look` is called before they are
-  /// let go there.
-  void DragEntries(
-      std::initializer_list<int> rows, QWidget& target, const QPoint& place,
-      const std::function<void()>& look = [] {}) const {
+  /// Drags entries of the list to a place of a part of the window.
+  void DragEntries(std::initializer_list<int> rows, QWidget& target, const QPoint& place) const {
     const auto* const model = Find<QListView>("List1")->model();
     QModelIndexList chosen;
     for (const int row : rows) chosen += model->index(row, 0);
@@ -227,7 +226,6 @@ class WindowFixture {
     QCoreApplication::sendEvent(&target, &enter);
     QDragMoveEvent over(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
     QCoreApplication::sendEvent(&target, &over);
-    look();
     QDropEvent drop(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
     QCoreApplication::sendEvent(&target, &drop);
   }

@@ -81,65 +81,46 @@ class WorkbenchTest : public WindowTest {
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
 
-  void AcceptingDoesWhatTheButtonDoes_data() {
-    QTest::addColumn<int>("difference");
-    QTest::addColumn<int>("filter");
-    QTest::addColumn<int>("mean");
-    QTest::addColumn<QString>("timeout");  // of the catalogue, for the button
-    QTest::addColumn<bool>("edited");
-    QTest::addColumn<bool>("answer");
-    int number = 0;
-    const auto row = [&number](int difference, int filter, int mean, const char* timeout,
-                               bool edited = false, bool answer = true) {
-      QTest::addRow("%d", ++number) << difference << filter << mean << timeout << edited << answer;
-    };
-    row(0, 0, 0, "0");
-    row(0, 2, 1, "0");
-    row(1, 3, 5, "0");
-    row(1, 7, 3, "0");
-    row(5, 0, 3, "2.5");
-    row(-3, 1, 32767, "30");
-    row(0, -32768, 2, "0.5");
-    row(0, 0, 2, "0", true, true);
-    row(0, 0, 2, "0", true, false);
-  }
   void AcceptingDoesWhatTheButtonDoes() {
-    QFETCH(int, difference);
-    QFETCH(int, filter);
-    QFETCH(int, mean);
-    QFETCH(QString, timeout);
-    QFETCH(bool, edited);
-    QFETCH(bool, answer);
-    const auto begin = [&] {
-      WindowFixture& fixture = Start(",");
-      fixture.dialogs.answer = answer;
-      fixture.session.table.grid.SetCell(1, 1, "mine");
-      fixture.session.table.tableModified = edited;
-    };
-    begin();
-    made_->session.texts.import.timeout = timeout.toStdString();
-    made_->Find<QLineEdit>("Text4")->setText(QString::number(difference));
-    made_->Find<QLineEdit>("Text5")->setText(QString::number(filter));
-    made_->Find<QLineEdit>("Text6")->setText(QString::number(mean));
-    made_->Click("Command10");
-    const Outcome byButton = Left();
-    begin();
-    const QDialog& dialog = *Opened();
-    Set(dialog, "Field_difference", difference);
-    Set(dialog, "Field_filter", filter);
-    Set(dialog, "Field_mean", mean);
-    dialog.findChild<QLineEdit*>("Field_timeout")->setText(timeout.replace('.', ','));
-    QTRY_VERIFY(Ok(dialog)->isEnabled());
-    Ok(dialog)->click();
-    const Outcome byDialog = Left();
-    QCOMPARE(byDialog.grid, byButton.grid);
-    QCOMPARE(byDialog.log, byButton.log);
-    QCOMPARE(byDialog.trace, byButton.trace);
-    QCOMPARE(byDialog.asked, byButton.asked);
-    QCOMPARE(byDialog.fields, byButton.fields);
-    QCOMPARE(byDialog.undo, byButton.undo);
-    QCOMPARE(byButton.asked.size(), std::size_t{edited ? 1U : 0U});
-    QCOMPARE(made_->session.texts.import.timeout, std::string());
+    const struct {
+      int difference, filter, mean;
+      QString timeout;  // of the catalogue, for the button
+      bool edited = false, answer = true;
+    } cases[] = {{0, 0, 0, "0"},        {0, 2, 1, "0"},       {1, 3, 5, "0"},
+                 {1, 7, 3, "0"},        {5, 0, 3, "2.5"},     {-3, 1, 32767, "30"},
+                 {0, -32768, 2, "0.5"}, {0, 0, 2, "0", true}, {0, 0, 2, "0", true, false}};
+    for (const auto& c : cases) {
+      const auto begin = [&] {
+        WindowFixture& fixture = Start(",");
+        fixture.dialogs.answer = c.answer;
+        fixture.session.table.grid.SetCell(1, 1, "mine");
+        fixture.session.table.tableModified = c.edited;
+      };
+      begin();
+      made_->session.texts.import.timeout = c.timeout.toStdString();
+      made_->Find<QLineEdit>("Text4")->setText(QString::number(c.difference));
+      made_->Find<QLineEdit>("Text5")->setText(QString::number(c.filter));
+      made_->Find<QLineEdit>("Text6")->setText(QString::number(c.mean));
+      made_->Click("Command10");
+      const Outcome byButton = Left();
+      begin();
+      const QDialog& dialog = *Opened();
+      Set(dialog, "Field_difference", c.difference);
+      Set(dialog, "Field_filter", c.filter);
+      Set(dialog, "Field_mean", c.mean);
+      dialog.findChild<QLineEdit*>("Field_timeout")->setText(QString(c.timeout).replace('.', ','));
+      QTRY_VERIFY(Ok(dialog)->isEnabled());
+      Ok(dialog)->click();
+      const Outcome byDialog = Left();
+      QCOMPARE(byDialog.grid, byButton.grid);
+      QCOMPARE(byDialog.log, byButton.log);
+      QCOMPARE(byDialog.trace, byButton.trace);
+      QCOMPARE(byDialog.asked, byButton.asked);
+      QCOMPARE(byDialog.fields, byButton.fields);
+      QCOMPARE(byDialog.undo, byButton.undo);
+      QCOMPARE(byButton.asked.size(), std::size_t{c.edited ? 1U : 0U});
+      QCOMPARE(made_->session.texts.import.timeout, std::string());
+    }
   }
 
   void AnEquationIsWrittenCorrectedAndTried() {
@@ -169,18 +150,6 @@ class WorkbenchTest : public WindowTest {
     QCOMPARE(Said(dialog, "LabelRemark"), QString());
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(field->selectedText(), QStringLiteral("abs(t0-t1)*tMax+ 1"));
-    // All names are offered where that is asked for, and Tab takes one as Enter does.
-    field->setCursorPosition(0);
-    QTest::keyClick(field, Qt::Key_Space, Qt::ControlModifier);
-    auto* const all = qobject_cast<QAbstractItemView*>(QApplication::activePopupWidget());
-    QVERIFY(all != nullptr);
-    QTest::keyClick(all, Qt::Key_Down);
-    const QString first = all->currentIndex().data().toString();
-    QTest::keyClick(all, Qt::Key_Tab);
-    QVERIFY(QApplication::activePopupWidget() == nullptr);
-    QVERIFY2(!first.isEmpty() && field->text().startsWith(first.section('(', 0, 0)),
-             qPrintable(first + ' ' + field->text()));
-    field->setText(QStringLiteral("abs(t0-t1)*tMax+ 1"));
     QVERIFY(Ok(dialog)->isEnabled());  // it is not in use
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(dialog.findChild<QSpinBox*>("Field_difference")->value(), 4);
@@ -201,16 +170,46 @@ class WorkbenchTest : public WindowTest {
     QTRY_VERIFY(Ok(dialog)->isEnabled());
   }
 
+  void NamesAreOffered() {
+    Start();
+    const QDialog& dialog = *Opened();
+    dialog.findChild<QListWidget*>("ListEquations")->setCurrentRow(3);
+    auto* const field = dialog.findChild<QLineEdit*>("Field_equation");
+    field->setFocus();
+    // All names are offered where that is asked for, and Tab takes one as Enter does.
+    field->setCursorPosition(0);
+    QTest::keyClick(field, Qt::Key_Space, Qt::ControlModifier);
+    auto* const all = qobject_cast<QAbstractItemView*>(QApplication::activePopupWidget());
+    QVERIFY(all != nullptr);
+    QTest::keyClick(all, Qt::Key_Down);
+    const QString first = all->currentIndex().data().toString();
+    QTest::keyClick(all, Qt::Key_Tab);
+    QVERIFY(QApplication::activePopupWidget() == nullptr);
+    QVERIFY2(!first.isEmpty() && field->text().startsWith(first.section('(', 0, 0)),
+             qPrintable(first + ' ' + field->text()));
+    // A bracket that is there already is not written once more.
+    field->setText(QStringLiteral("2+ab(1)"));
+    field->setCursorPosition(4);
+    QTest::keyClick(field, Qt::Key_Space, Qt::ControlModifier);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    QCOMPARE(field->text(), QStringLiteral("2+abs(1)"));
+  }
+
   void WhatIsNotWrittenIsThereTheNextTime() {
     Start();
+    // The last of them all.
     QDialog* dialog = Opened();
+    Set(*dialog, "Field_mean", 10);
     dialog->findChild<QLineEdit*>("Field_equation")->setText("t0+");
     dialog->reject();
     dialog = Opened();
+    Set(*dialog, "Field_mean", 10);
     QCOMPARE(dialog->findChild<QLineEdit*>("Field_equation")->text(), QStringLiteral("t0+"));
     dialog->findChild<QPushButton*>("CommandRevert")->click();
     dialog->reject();
-    QVERIFY(!Opened()->findChild<QPushButton*>("CommandRevert")->isEnabled());
+    dialog = Opened();
+    Set(*dialog, "Field_mean", 10);
+    QVERIFY(!dialog->findChild<QPushButton*>("CommandRevert")->isEnabled());
   }
 
   void StagesSayWhatTheyDoAndWhatIsWrong() {
@@ -228,6 +227,10 @@ class WorkbenchTest : public WindowTest {
     QVERIFY(!Ok(dialog)->isEnabled());
     Set(dialog, "Field_filter", 0);
     QTRY_VERIFY(Ok(dialog)->isEnabled());
+    made_->session.texts.equations[0][1] = "1/0";
+    Set(dialog, "Field_difference", 1);
+    QTRY_VERIFY(Said(dialog, "LabelOutcome")
+                    .contains(QString::fromStdString(made_->session.texts.program.selectedByRank)));
     dialog.findChild<QLineEdit*>("Field_timeout")->setText("-1");
     QVERIFY(!Ok(dialog)->isEnabled());
   }

@@ -34,7 +34,7 @@ std::vector<std::size_t> EntriesIn(const QMimeData& data) {
 QString ShownName(const std::string& name) {
   const auto length = std::min<std::size_t>(name.size(), 4 * kLongestShown);
   QString text = QString::fromUtf8(name.data(), static_cast<qsizetype>(length));
-  if (text.size() > kLongestShown || length < name.size()) {
+  if (text.size() > kLongestShown) {
     text.truncate(kLongestShown);
     text.append(QChar(0x2026));
   }

@@ -43,6 +43,7 @@ EntryListView::EntryListView(QWidget* parent) : QListView(parent) {
   setSelectionMode(QAbstractItemView::ExtendedSelection);
   setEditTriggers(QAbstractItemView::EditKeyPressed);
   setDragDropMode(QAbstractItemView::DragDrop);
+  setDropIndicatorShown(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
@@ -107,6 +108,18 @@ void EntryListView::ShowDropPlace(int row) {
   if (std::exchange(dropRow_, row) != row) viewport()->update();
 }
 
+int EntryListView::DropRow() const {
+  const QModelIndex index = indexAt(dragged_);
+  if (!index.isValid()) return model()->rowCount();
+  return index.row() + (dragged_.y() > visualRect(index).center().y() ? 1 : 0);
+}
+
+void EntryListView::scrollContentsBy(int dx, int dy) {
+  QListView::scrollContentsBy(dx, dy);
+  // The rows move below a mouse that stands still.
+  if (dropRow_ != kNowhere) ShowDropPlace(DropRow());
+}
+
 void EntryListView::dragEnterEvent(QDragEnterEvent* event) {
   // Files are for the window.
   if (!IsOwnDrag(*event)) return event->ignore();
@@ -117,18 +130,16 @@ void EntryListView::dragEnterEvent(QDragEnterEvent* event) {
 
 void EntryListView::dragMoveEvent(QDragMoveEvent* event) {
   if (!IsOwnDrag(*event)) return event->ignore();
-  const QPoint place = event->position().toPoint();
-  const QModelIndex index = indexAt(place);
-  const bool isLowerHalf = index.isValid() && place.y() > visualRect(index).center().y();
-  ShowDropPlace(index.isValid() ? index.row() + (isLowerHalf ? 1 : 0) : model()->rowCount());
+  // It scrolls at the edges.
+  QListView::dragMoveEvent(event);
+  dragged_ = event->position().toPoint();
+  ShowDropPlace(DropRow());
   event->setDropAction(Qt::CopyAction);
   event->accept();
-  const int margin = autoScrollMargin();
-  if (place.y() < margin || place.y() > viewport()->height() - margin) startAutoScroll();
 }
 
-void EntryListView::dragLeaveEvent(QDragLeaveEvent*) {
-  stopAutoScroll();
+void EntryListView::dragLeaveEvent(QDragLeaveEvent* event) {
+  QListView::dragLeaveEvent(event);
   ShowDropPlace(kNowhere);
 }
 

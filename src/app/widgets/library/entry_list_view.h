@@ -31,15 +31,18 @@ class EntryListView : public QListView {
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
   void paintEvent(QPaintEvent* event) override;
   [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
       const QModelIndex& index, const QEvent* event) const override;
 
  private:
   [[nodiscard]] bool IsOwnDrag(const QDropEvent& event) const;
+  [[nodiscard]] int DropRow() const;
   void ShowDropPlace(int row);
   void CopyNames() const;
 
+  QPoint dragged_;    // where the mouse was last seen
   int dropRow_ = -1;  // in front of which what is dragged would go; -1: nowhere
 };
 
