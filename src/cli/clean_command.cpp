@@ -15,7 +15,7 @@ struct CleanOptions {
   std::string decimal = ".";
 };
 
-const CLI::Validator kSeparator(
+const CLI::Validator kDecimalSeparator(
     [](const std::string& text) {
       const bool isSign = text.size() == 1 &&
                           std::ispunct(static_cast<unsigned char>(text[0])) != 0 && text != "-" &&
@@ -29,7 +29,7 @@ void DeclareClean(CLI::App& command, CleanOptions& options) {
   command
       .add_option("--decimal", options.decimal,
                   "Decimal separator of the user's locale; . and , are understood beside it")
-      ->check(kSeparator)
+      ->check(kDecimalSeparator)
       ->capture_default_str();
 }
 
