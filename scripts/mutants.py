@@ -16,6 +16,7 @@ import argparse
 import collections
 import contextlib
 import hashlib
+import itertools
 import json
 import os
 import pathlib
@@ -47,17 +48,24 @@ def equivalents():
     return found
 
 
-def stages_for(folder):
+def stages_for(mutant, likely):
     """The targets to build and the tests to run behind each of them, as arguments of CTest."""
+    folder = folder_of(mutant.file)
     if "widgets" in folder.split("/"):
         # No other test has the windows in it, or starts them.
-        return ("all", ("-R", r"^widgets\.")), ("all", ("-R", r"^GuidePages\."))
+        stages = (["all"], ("-R", r"^widgets\.")), (["all"], ("-R", r"^GuidePages\."))
+        if not likely:
+            return stages
+        programs = {re.sub(r"^widgets\.|_at_[\d.]+$", "", test) for test in likely}
+        first = "|".join(map(re.escape, likely))
+        others = ("-R", r"^widgets\.", "-E", f"^({first})$")
+        return (sorted(programs), ("-R", f"^({first})$")), (["all"], others), *stages[1:]
     tests = ROOT / "tests" / folder
     suites = {suite for file in tests.glob("*.cpp")
               for suite in re.findall(r"\bTEST(?:_[FP])?\((\w+)", file.read_text("utf-8"))}
     program = {"mathparser": "mathparser_tests", "cli": "cli_test"}.get(folder, "zentab_tests")
     own = rf"(^|/)({'|'.join(sorted(suites))})[./]"
-    return (program, ("-R", own)), ("all", ("-E", own))
+    return ([program], ("-R", own)), (["all"], ("-E", own))
 
 
 class Copy:
@@ -132,7 +140,7 @@ class Copy:
             sys.exit(f"{self.folder}: {failed} fails before anything was changed")
         passed.write_text(state.hexdigest())
 
-    def verdict(self, mutant):
+    def verdict(self, mutant, likely):
         """"caught by ...", "survived", "does not compile", or "gone" with its line."""
         path = self.folder / mutant.file
         text = path.read_text(encoding="utf-8")
@@ -142,9 +150,9 @@ class Copy:
         at = min(found, key=lambda start: abs(text.count("\n", 0, start) + 1 - mutant.line))
         path.write_text(text[:at] + mutant.new + text[at + len(mutant.old):], encoding="utf-8")
         try:
-            for goal, selection in stages_for(folder_of(mutant.file)):
+            for goals, selection in stages_for(mutant, likely):
                 status, output = self.run(BUILD_SECONDS, "cmake", "--build", self.build, "-j",
-                                          self.jobs, "--target", goal)
+                                          self.jobs, "--target", *goals)
                 if status is None:
                     return "caught by the build's limit"
                 if status:
@@ -164,12 +172,26 @@ class Run:
         self.options = options
         self.known = equivalents()
         self.journal = options.folder / f"{options.seed}.jsonl"
-        rows = self.journal.read_text("utf-8").splitlines() if self.journal.is_file() else []
-        self.verdicts = {Mutant(*row[:-1]): row[-1] for row in map(json.loads, rows)}
+        found = {file: [json.loads(row) for row in file.read_text("utf-8").splitlines()]
+                 for file in options.folder.glob("*.jsonl")}
+        self.verdicts = {Mutant(*row[:-1]): row[-1] for row in found.get(self.journal, [])}
+        # What has caught a fault of a file, or of its folder, may well catch the next one.
+        self.catchers = collections.defaultdict(collections.Counter)
+        for row in itertools.chain(*found.values()):
+            self.learn(Mutant(*row[:-1]), row[-1])
         self.lock = threading.Lock()
         self.counted = {}
         self.failed = []
         self.places = iter(self.plan())
+
+    def learn(self, mutant, verdict):
+        if verdict.startswith("caught by widgets."):
+            for place, weight in ((mutant.file, 4), (os.path.dirname(mutant.file), 1)):
+                self.catchers[place][verdict.split()[-1]] += weight
+
+    def likely(self, file):
+        return [test for test, _ in
+                (self.catchers[file] + self.catchers[os.path.dirname(file)]).most_common(4)]
 
     def plan(self):
         if self.options.again:
@@ -198,7 +220,8 @@ class Run:
             copy.prepare()
             while mutant := self.next():
                 start = time.monotonic()
-                verdict = copy.verdict(mutant)
+                verdict = copy.verdict(mutant, self.likely(mutant.file))
+                self.learn(mutant, verdict)
                 with self.lock, self.journal.open("a", encoding="utf-8") as file:
                     file.write(json.dumps([*mutant, verdict]) + "\n")
                     self.counted[mutant] = verdict

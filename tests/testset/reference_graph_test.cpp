@@ -210,7 +210,7 @@ TEST(ImportGraph, SkipsWhatDoesNotContinue) {
 }
 
 TEST(ImportGraph, TakesOffWhatExportingAddsAgainAndSkipsWhatDoesNotFit) {
-  for (const auto& row : test::Cases("graphs.txt", "imported")) {
+  for (const auto& row : test::Cases("imported_graphs.txt", "imported")) {
     std::vector<GraphSegment> segments;
     std::istringstream numbers(row[5]);
     for (GraphPoint point{}; numbers >> point.load >> point.time;) {
