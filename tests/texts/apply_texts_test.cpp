@@ -126,6 +126,7 @@ TEST_F(ApplyTextsTest, KeysWithANumberReachTheirOwn) {
     EXPECT_EQ(target.captions[std::string("Command") + button], text[key + ".TEXT"]);
     EXPECT_EQ(target.tips[std::string("Command") + button], text[key + ".TIP"]);
   }
+  EXPECT_EQ(target.captions["Frame1"], text["F1.INSTRUMENTS.TEXT"]);
   const std::string_view stages[] = {"DIFF", "VALUE", "FILTER"};
   for (std::size_t stage = 0; stage < 3; ++stage) {
     for (std::size_t slot = 1; slot <= 10; ++slot) {

@@ -40,8 +40,9 @@ class WatchFixture : public ChartFixture {
   // changed with its picture: a part of the window, and the dialog or menu in front of it.
   void Watch(const std::vector<Step>& steps) {
     QWidget& window = *made_->window;
+    QImage after = PictureOf(window);
     for (const auto& [what, take] : steps) {
-      const QImage before = PictureOf(window);
+      const QImage before = after;
       take();
       const QString test = QLatin1String(QTest::currentTestFunction());
       const QString name = QStringLiteral("%1-%2").arg(test).arg(++taken_[test]);
@@ -50,7 +51,7 @@ class WatchFixture : public ChartFixture {
       if (IsTakingPictures()) QTest::qWait(front != nullptr ? 200 : 20);
       Settle();
       const auto areAsInPictures = [&] {
-        const QImage after = PictureOf(window);
+        after = PictureOf(window);
         const QRect changed = DifferenceOf(before, after);
         // A step that changes nothing would test nothing.
         if (changed.isEmpty() && front == nullptr) return false;
