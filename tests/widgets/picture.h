@@ -61,14 +61,17 @@ inline bool IsDrawnAsInPictures() {
 inline QString TakenInto() { return qEnvironmentVariable("ZENTAB_TAKE_PICTURES"); }
 inline bool IsTakingPictures() { return !TakenInto().isEmpty(); }
 
-/// Whether a picture is the one of that name; one that is taken always is.
+/// Whether a picture is the one of that name, or nothing is shown and there is none; one that is
+/// taken always is.
 inline bool IsAsInPictures(const QImage& shown, const QString& name) {
   const QString file = '/' + name + QStringLiteral(".png");
   if (IsTakingPictures()) {
-    return shown.convertToFormat(QImage::Format_RGB32).save(TakenInto() + file, "PNG", 0);
+    return shown.isNull() ||
+           shown.convertToFormat(QImage::Format_RGB32).save(TakenInto() + file, "PNG", 0);
   }
-  return !IsDrawnAsInPictures() ||
-         DifferenceOf(QImage(QStringLiteral(PICTURES) + file), shown).isEmpty();
+  if (!IsDrawnAsInPictures()) return true;
+  const QImage picture(QStringLiteral(PICTURES) + file);
+  return picture.size() == shown.size() && DifferenceOf(picture, shown).isEmpty();
 }
 
 }  // namespace zentab::app
