@@ -220,11 +220,13 @@ class Run:
             copy.prepare()
             while mutant := self.next():
                 start = time.monotonic()
-                verdict = copy.verdict(mutant, self.likely(mutant.file))
-                self.learn(mutant, verdict)
+                with self.lock:
+                    likely = self.likely(mutant.file)
+                verdict = copy.verdict(mutant, likely)
                 with self.lock, self.journal.open("a", encoding="utf-8") as file:
                     file.write(json.dumps([*mutant, verdict]) + "\n")
                     self.counted[mutant] = verdict
+                    self.learn(mutant, verdict)
                     if verdict in NOT_COUNTED:
                         del self.counted[mutant]
                     print(f"{len(self.counted):4} {time.monotonic() - start:4.0f} s  {verdict}: "

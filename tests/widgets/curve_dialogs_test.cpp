@@ -319,6 +319,10 @@ class CurveDialogsTest : public WindowTest {
     QVERIFY(verdict().startsWith(QStringLiteral("Assessment passed: all 12")));
     f.Click("CommandCopyAssessment");
     QCOMPARE(QApplication::clipboard()->text().count('\n'), 15);
+    f.session.table.grid.SetCell(5, 2, "1.3");
+    Q_EMIT Grid().EditingLeft();
+    QVERIFY(verdict().startsWith(
+        QStringLiteral("Assessment not passed. Points within the limits: 11, beyond them: 1")));
     f.Click("CommandCloseAssessment");
     QVERIFY(Find<QWidget>("PanelAssessment")->isHidden());
     Make("{\"One\"\t(1;2)(2;1) 001}\r\n");

@@ -161,6 +161,7 @@ class ExchangeTest : public WindowTest {
     for (const char* const command : {"m_imp", "m_exp"}) {
       InDialog(command, [](ExchangeDialog& dialog) {
         QVERIFY(NamesIn(dialog).isEmpty() && !dialog.command1->isEnabled());
+        QVERIFY(!dialog.outcome->text().isEmpty());
       });
     }
   }

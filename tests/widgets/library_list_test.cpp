@@ -3,7 +3,6 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QScrollBar>
 #include <QSet>
 #include <QTest>
 #include <QTextDocument>
@@ -146,25 +145,16 @@ class LibraryListTest : public WindowTest {
     for (int number = 0; number < 200; ++number) {
       library += "{\"" + QByteArray::number(number) + "\"\t(1;2)(2;1) 001}\r\n";
     }
-    Start(library);
+    WindowFixture& f = Start(library);
     QWidget& list = *List()->viewport();
-    const std::unique_ptr<QMimeData> data(
-        List()->model()->mimeData({List()->model()->index(0, 0)}));
-    const auto dragTo = [&](int y) {
-      QDragEnterEvent enter({9, y}, Qt::CopyAction, data.get(), Qt::LeftButton, {});
-      QCoreApplication::sendEvent(&list, &enter);
-      QDragMoveEvent over({9, y}, Qt::CopyAction, data.get(), Qt::LeftButton, {});
-      QCoreApplication::sendEvent(&list, &over);
-    };
-    const int below = list.height() - 2;
-    dragTo(below);
-    QTRY_VERIFY(List()->indexAt({9, 2}).row() > 8);
-    dragTo(2);
-    const int highest = List()->indexAt({9, 2}).row();
-    QTRY_VERIFY(List()->indexAt({9, 2}).row() < highest);
-    QDropEvent drop({9, 2}, Qt::CopyAction, data.get(), Qt::LeftButton, {});
-    const int row = List()->indexAt({9, 2}).row();
-    QCoreApplication::sendEvent(&list, &drop);
+    const auto top = [this] { return List()->indexAt({9, 2}).row(); };
+    f.HoldEntries({0}, list, {9, list.height() - 2});
+    QTRY_VERIFY(top() > 8);
+    f.HoldEntries({0}, list, {9, 2});
+    const int highest = top();
+    QTRY_VERIFY(top() < highest);
+    const int row = top();
+    f.LetGo(list, {9, 2});
     QTRY_VERIFY(Names().startsWith(QLatin1String("1|")));
     QVERIFY(std::abs(Names().split('|').indexOf(QLatin1String("0")) - row) <= 1);
   }

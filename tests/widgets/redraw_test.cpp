@@ -23,13 +23,7 @@ class RedrawTest : public WatchFixture {
     QTest::qWait(kFading);
   }
   // Drags an entry to a place, and out again.
-  void Hold(QWidget& target, const QPoint& place) {
-    held_.reset(Entry(0).model()->mimeData({Entry(0)}));
-    QDragEnterEvent enter(place, Qt::CopyAction, held_.get(), Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&target, &enter);
-    QDragMoveEvent over(place, Qt::CopyAction, held_.get(), Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&target, &over);
-  }
+  void Hold(QWidget& target, const QPoint& place) { made_->HoldEntries({0}, target, place); }
   static void Leave(QWidget& target) {
     QDragLeaveEvent leave;
     QCoreApplication::sendEvent(&target, &leave);
@@ -54,8 +48,6 @@ class RedrawTest : public WatchFixture {
     QTest::keyClicks(field, QLatin1String(text));
     QTest::keyClick(field, Qt::Key_Escape);
   }
-
-  std::unique_ptr<QMimeData> held_;
 
  private Q_SLOTS:
   void initTestCase() {

@@ -216,18 +216,25 @@ class WindowFixture {
     auto* const list = Find<QListView>("List1");
     list->setCurrentIndex(list->model()->index(row, 0));
   }
-  /// Drags entries of the list to a place of a part of the window.
-  void DragEntries(std::initializer_list<int> rows, QWidget& target, const QPoint& place) const {
+  /// Drags entries of the list to a place of a part of the window, where they are held, ...
+  void HoldEntries(std::initializer_list<int> rows, QWidget& target, const QPoint& place) {
     const auto* const model = Find<QListView>("List1")->model();
     QModelIndexList chosen;
     for (const int row : rows) chosen += model->index(row, 0);
-    const std::unique_ptr<QMimeData> data(model->mimeData(chosen));
-    QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    held_.reset(model->mimeData(chosen));
+    QDragEnterEvent enter(place, Qt::CopyAction, held_.get(), Qt::LeftButton, {});
     QCoreApplication::sendEvent(&target, &enter);
-    QDragMoveEvent over(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    QDragMoveEvent over(place, Qt::CopyAction, held_.get(), Qt::LeftButton, {});
     QCoreApplication::sendEvent(&target, &over);
-    QDropEvent drop(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+  }
+  /// ... and lets them go.
+  void LetGo(QWidget& target, const QPoint& place) {
+    QDropEvent drop(place, Qt::CopyAction, held_.get(), Qt::LeftButton, {});
     QCoreApplication::sendEvent(&target, &drop);
+  }
+  void DragEntries(std::initializer_list<int> rows, QWidget& target, const QPoint& place) {
+    HoldEntries(rows, target, place);
+    LetGo(target, place);
   }
   [[nodiscard]] int SelectedRow() const {
     const QModelIndexList rows = Find<QListView>("List1")->selectionModel()->selectedRows();
@@ -281,6 +288,7 @@ class WindowFixture {
 
  private:
   platform::FileLayer& layer_;
+  std::unique_ptr<QMimeData> held_;
   QTemporaryDir folder_;
   QTemporaryDir elsewhere_;
 };
