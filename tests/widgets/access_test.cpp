@@ -184,7 +184,7 @@ class AccessTest : public WindowTest {
     });
     ask("limits", [&] {
       return dialogs.AskLimits({{},
-                                {1, 2},
+                                {1.23456, 2},
                                 {1, 2},
                                 {},
                                 text(f.session.texts.labels.loadRelative),

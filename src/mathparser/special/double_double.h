@@ -102,7 +102,6 @@ constexpr DoubleDouble& operator*=(DoubleDouble& a, DoubleDouble b) { return a =
 }
 
 inline constexpr DoubleDouble kPi{3.141592653589793116, 1.2246467991473532072e-16};
-inline constexpr DoubleDouble kLn2{0.69314718055994528623, 2.3190468138462995584e-17};
 inline constexpr DoubleDouble kLn10{2.302585092994045901, -2.1707562233822493508e-16};
 
 }  // namespace zentab::mathparser

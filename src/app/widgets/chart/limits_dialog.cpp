@@ -56,6 +56,8 @@ LimitsDialog::Fields LimitsDialog::AddRow(QGridLayout& grid, const char* name, c
   const auto add = [&](const char* end, int column, const QString& caption, double proposed) {
     auto* const field = new QLineEdit(this);
     field->setObjectName(QLatin1String(name) + QLatin1String(end));
+    // A number is read whole in the smallest dialog.
+    field->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     field->setPlaceholderText(number(proposed, std::abs(proposed) * kRoughly));
     field->setAccessibleName(caption.contains(label) ? caption : label + ' ' + caption);
     field->setAccessibleDescription(windowTitle());

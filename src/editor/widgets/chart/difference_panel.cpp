@@ -20,7 +20,6 @@ DifferencePanel::DifferencePanel(CurveChart& chart, QWidget* parent)
   setObjectName(QStringLiteral("DifferencePanel"));
   setFixedHeight(kHeight);
   setFocusPolicy(Qt::NoFocus);
-  setInteractions(QCP::iNone);
   setPlottingHint(QCP::phFastPolylines);
   setNotAntialiasedElements(QCP::aeGrid | QCP::aeAxes | QCP::aeZeroLine);
   axisRect()->setupFullAxesBox(true);
