@@ -85,7 +85,7 @@ TEST_F(EntryCommandsTest, ChangeWhatIsMeantAndNoOtherByte) {
     std::string after;
     std::string shown;
   } cases[] = {
-      {"remove apart", kA + kB + kC, {0, 2}, kRemove, kB, ""},
+      {"remove apart", kA + kB + kC, {2, 0}, kRemove, kB, ""},
       {"remove all", kA + kB + kOpen, {0, 1, 2}, kRemove, "", ""},
       {"remove the open end", kA + kB + kOpen, {1, 2}, kRemove, kA, ""},
       {"remove behind a line that is none",
@@ -133,7 +133,7 @@ TEST_F(EntryCommandsTest, ChangeWhatIsMeantAndNoOtherByte) {
        "A|"},
       {"move apart together",
        kA + kB + kC,
-       {0, 2},
+       {2, 0},
        Move(3),
        "{\"B\"\t(2;2) 002}\r\n{\"A\"\t(1;1) 001}\n" + kC,
        "A|C|"},
@@ -170,6 +170,7 @@ TEST_F(EntryCommandsTest, LeaveAloneWhatOthersHaveChanged) {
     Write("t.dat", kA + kTheirs + kC);
     EXPECT_EQ(command(commands_, marks), tables::kEntryChanged);
     EXPECT_EQ(File(), kA + kTheirs + kC);
+    EXPECT_EQ(Names(marks), "");
     // What stands elsewhere now is still the one that was meant; a place is not.
     Open(kA + kB + kC);
     marks = MarksOf(session_.listing, {1});
@@ -193,7 +194,10 @@ TEST_F(EntryCommandsTest, TheGridKnowsItsEntryByItsNewName) {
   Open(kA + kB);
   tables::EntryMark read = session_.listing.MarkOf(1);
   ASSERT_FALSE(library_.ReadEntry(read));
-  EntryMarks marks = MarksOf(session_.listing, {1});
+  EntryMarks marks = MarksOf(session_.listing, {0});
+  ASSERT_FALSE(commands_.Rename(marks, "Other"));
+  EXPECT_EQ(session_.source->name, "B");
+  marks = MarksOf(session_.listing, {1});
   ASSERT_FALSE(commands_.Rename(marks, "New"));
   EXPECT_EQ(session_.source->name, "New");
   EXPECT_FALSE(library_.UpdateEntry(marks.front()));
@@ -204,14 +208,16 @@ TEST_F(EntryCommandsTest, TheGridKnowsItsEntryByItsNewName) {
 
 TEST(EntryOrder, GoesByInstrumentNumbersAndPlainLetters) {
   tables::TableListing listing;
-  listing.names = {"Feeder 10", "Zebra",     "feeder 2", "Äpfel",     "Feeder 010",
-                   "Straße",    "Strasse 1", "Feeder",   "apfelwein", ""};
+  listing.names = {"Feeder 10", "Zebra",  "feeder 2",  "Äpfel",   "Feeder 010", "Straße",
+                   "Strasse 1", "Feeder", "apfelwein", "",        "×÷ÿ",        "bΩ",
+                   "b\"",       "c x",    "feeder 03", "Feeder 4"};
   listing.instruments.assign(listing.names.size(), tables::Instrument::None);
   listing.instruments[1] = tables::Instrument::Voltage;
   listing.instruments[2] = tables::Instrument::Current;
-  EXPECT_EQ(PlacesInOrder(EntryOrder::Name, listing, {}), (Places{9, 3, 8, 7, 2, 0, 4, 5, 6, 1}));
+  EXPECT_EQ(PlacesInOrder(EntryOrder::Name, listing, {}),
+            (Places{9, 3, 8, 12, 11, 13, 7, 2, 14, 15, 0, 4, 5, 6, 1, 10}));
   EXPECT_EQ(PlacesInOrder(EntryOrder::Instrument, listing, {}),
-            (Places{2, 1, 9, 3, 8, 7, 0, 4, 5, 6}));
+            (Places{2, 1, 9, 3, 8, 12, 11, 13, 7, 14, 15, 0, 4, 5, 6, 10}));
   EXPECT_EQ(PlacesInOrder(EntryOrder::File, listing, {}).at(7), 7u);
   EXPECT_TRUE(PlacesInOrder(EntryOrder::Name, {}, {}).empty());
 }

@@ -82,7 +82,8 @@ TEST(SessionTexts, FollowTheInstrumentAndTheValueModes) {
   Session session;
   session.texts.instruments[1] = {"Current", "Set I", "tip I", "I> (A)", "I>", "", "", "", "", "A"};
   session.texts.instruments[2] = {"Voltage", "Set U", "", "", "", "", "", "", "", "V"};
-  EXPECT_EQ(InstrumentInUse(session).name, "");
+  session.texts.labels.loadRelative = "(%V)ab[%V]";
+  EXPECT_EQ(LabelsFor(session).load, "ab");
   session.instrument = tables::Instrument::Voltage;
   EXPECT_EQ(InstrumentInUse(session).setGraphCaption, "Set U");
   EXPECT_EQ(InstrumentInUse(session).setGraphTip, "tip I");

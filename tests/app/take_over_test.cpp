@@ -114,16 +114,26 @@ TEST_F(TakeOverTest, ChangesNothingThatSomeoneElseHasChanged) {
   Write("b.dat", other + "x\r\n");
   EXPECT_EQ(Take(differences), tables::kEntryChanged);
   // What stands beside the lines concerned may change.
-  begin();
-  ASSERT_FALSE(Take({differences.at(0)}));
-  Write("a.dat", library + "{\"E\"\t(1;9) 001}\r\n");
-  EXPECT_FALSE(Make(change_));
-  EXPECT_TRUE(Bytes("a.dat").starts_with("{\"A\"\t(1;6)"));
-  EXPECT_TRUE(Bytes("a.dat").ends_with("{\"E\"\t(1;9) 001}\r\n"));
-  // But what was compared is no longer what is there.
-  const auto compared = begin();
-  Write("a.dat", library + "{\"E\"\t(1;9) 001}\r\n");
-  EXPECT_EQ(Take({compared.at(0)}), tables::kEntryChanged);
+  const std::string more = "{\"E\"\t(1;9) 001}\r\n";
+  for (const std::size_t line : {0u, 3u}) {
+    begin();
+    ASSERT_FALSE(Take({differences.at(line)}));
+    Write("a.dat", library.substr(0, 34) + more);
+    EXPECT_FALSE(Make(change_));
+    EXPECT_EQ(Bytes("a.dat"), (line == 0 ? other.substr(0, 17) + library.substr(17, 17) + more
+                                         : library.substr(0, 34) + more + other.substr(34)));
+  }
+  // What was removed comes back beside the neighbour that is left.
+  for (const std::size_t left : {0u, 34u}) {
+    begin();
+    ASSERT_FALSE(Take({differences.at(1)}));
+    ASSERT_FALSE(Make(change_));
+    const std::string beside = library.substr(left, 17), removed = library.substr(17, 17);
+    Write("a.dat", more + more + beside + more);
+    EXPECT_FALSE(Make(change_.Reversed()));
+    EXPECT_EQ(Bytes("a.dat"),
+              more + more + (left == 0 ? beside + removed : removed + beside) + more);
+  }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "app/curve_assessment.h"
 #include "app/curve_fitting.h"
+#include "app/curve_reduction.h"
 #include "app/equation_words.h"
 #include "app/last_result.h"
 #include "app/report_content.h"
@@ -31,12 +32,6 @@ class SiteEquations : public test::TemporaryFolder {
 
 TEST_F(SiteEquations, ReplaceOneLineAndLeaveAllElse) {
   auto cases = test::Cases("site_equations.txt", "replace");
-  cases.push_back(
-      {"\xEF\xBB\xBF"
-       "DIFF.EQUATION.10 {a}\n",
-       "0", "1", "c",
-       "\xEF\xBB\xBF"
-       "DIFF.EQUATION.1 {c}\nDIFF.EQUATION.10 {a}\n"});
   // Written as the rest of its line is.
   cases.push_back({"VALUE.EQUATION.3 {a} \xDC", "1", "3", "µ", "VALUE.EQUATION.3 {\xB5} \xDC"});
   for (const auto& row : cases) {
@@ -59,7 +54,7 @@ TEST_F(SiteEquations, GoWhereTheyCount) {
   EXPECT_EQ(SiteCatalogueFor(files, catalogues, id), catalogues[3]);
   EXPECT_EQ(InUse(id), "t1");
   ASSERT_FALSE(WriteEquation(files, catalogues[3], id, "t2"));
-  Write("main2.txt", "FILTER.EQUATION.7 {}\n");
+  Write("main2.txt", "FILTER.EQUATION.7 { }\n");
   EXPECT_EQ(SiteCatalogueFor(files, catalogues, id), catalogues[3]);
   EXPECT_EQ(InUse(id), "t2");
   Write("main2.txt", "FILTER.EQUATION.7 {t0}\n");
@@ -178,17 +173,24 @@ string FaultIn(const Made& made) {
   return fault ? fault->field + ": " + fault->text : "";
 }
 
+string Rounded(double number) { return texts::ShortText(number, 1e-4, "."); }
+
 TEST(CurveForms, GiveTheirCurveOrSayWhatIsWrong) {
   for (const auto& row : test::Cases("forms.txt", "curve")) {
     const Session session = Holding(row);
     const auto family = FamilyIn(Filled({}, row[3]));
-    const auto made = ProposeCurve(Filled(FirstCurveValues(family, session), row[3]), session);
+    const bool isLogarithmic = row[3].ends_with(" log");
+    const auto made =
+        row[3].starts_with("thin") ? ProposeThinned(session, 2, isLogarithmic)
+        : row[3].starts_with("resample")
+            ? ProposeResampled(Filled(FirstResampleValues(session), row[3]), session, isLogarithmic)
+            : ProposeCurve(Filled(FirstCurveValues(family, session), row[3]), session);
     string text = FaultIn(made);
     const auto* const proposal = std::get_if<CurveProposal>(&made);
     for (const auto& [load, time] : proposal ? proposal->points : std::vector<curves::Point>()) {
-      text += texts::ShortText(load, 1e-4, ".") + ' ' + texts::ShortText(time, 1e-4, ".") + '|';
+      text += Rounded(load) + ' ' + Rounded(time) + '|';
     }
-    if (proposal && proposal->deviation) text += texts::ShortText(*proposal->deviation, 1e-4, ".");
+    if (proposal && proposal->deviation) text += Rounded(*proposal->deviation);
     EXPECT_EQ(text, row[4]) << row[3];
   }
 }
@@ -214,7 +216,13 @@ TEST(CurveForms, AssessAndFitTheGrid) {
         "R", Filled(FirstCurveValues(FamilyIn(Filled({}, row[4])), session), row[4])};
     const auto made = AssessGrid(session, reference, Filled(FirstLimits(session), row[3]));
     const auto* const done = std::get_if<GridAssessment>(&made);
-    EXPECT_EQ(done ? TextOf(*done, reference, session) : FaultIn(made), row[5]) << row[3];
+    string text = done ? TextOf(*done, reference, session) : FaultIn(made);
+    if (const std::size_t size = done ? done->band.size() : 0) {
+      const auto& [load, nominal, lower, upper] = done->band[size / 2];
+      text += std::to_string(size) + ": " + Rounded(load) + ' ' + Rounded(nominal) + ' ' +
+              Rounded(lower) + ' ' + Rounded(upper);
+    }
+    EXPECT_EQ(text, row[5]) << row[3];
   }
   for (const auto& row : test::Cases("forms.txt", "fit")) {
     const Session session = Holding(row);
@@ -223,9 +231,10 @@ TEST(CurveForms, AssessAndFitTheGrid) {
     for (const auto& one : text.empty() ? std::get<0>(made) : std::vector<curves::FamilyFit>()) {
       if (!row[4].starts_with(curves::RowOf(one.characteristic.family).id)) continue;
       const FitRow fit = RowOf(one, session);
+      const FittedTable table = TableOf(one, session);
       text = fit.family + '|' + fit.multiplier + fit.constants + '|' + fit.pickup + '|' +
              fit.rootMeanSquare + '|' + fit.largest + '|' + fit.remark + '|' +
-             std::to_string(TableOf(one, session).leftOut);
+             std::to_string(table.leftOut) + '|' + Rounded(table.proposal.points.back().time);
     }
     EXPECT_EQ(text, row[5]) << row[1];
   }

@@ -65,10 +65,10 @@ TEST_F(CommandLine, ExportedLibrariesComeBackAsTheSameBytes) {
 TEST_F(CommandLine, ReadsCurvesOfOtherPrograms) {
   Write("german.csv", "Strom [A];Ausl\xF6sezeit [ms]\r\n100,5;1.234,5\r\n200;500\r\n");
   Write("marked.csv", "\xEF\xBB\xBFkA,\"Time (cycles, 60 Hz)\"\n1.5,60\n2,30\n");
-  Write("wide.csv", string("\xFE\xFF\0I\0/\0A\0;\xD8\x3D\xDC\0\0a\0\n\0"
+  Write("wide.csv", string("\xFE\xFF\0I\0/\0A\0;\xD8\x3D\xDC\0\xD8\0\xDC\0\0a\0\n\0"
                            "1\0;\0,\0"
                            "5",
-                           26));
+                           30));
   Write("odd.csv", BytesOf(Folder() / "wide.csv") + 'x');
   Write("relay.tsv",
         "Relay X\n\nI/In\tTMS 0.1 [s]\tTMS 0.2 [s]\tRemark\n2\t1\t2\tx\n3\t0.5\t1\n4\t\t0.8\n");
@@ -103,10 +103,8 @@ TEST_F(CommandLine, Eval) { RunCases("eval"); }
 TEST_F(CommandLine, ListsItsFunctions) {
   ASSERT_EQ(Run("\"" PROGRAM "\" functions >out"), 0);
   const string text = BytesOf(Folder() / "out");
-  EXPECT_NE(
-      text.find(
-          "\nlogn\tx, base\tlogarithm to a base\tx > 0; base > 0, not 1\tlogn(1000,10) = 3\n"),
-      string::npos);
+  EXPECT_NE(text.find("\nlogn\tx, base\tlogarithm to a base\tx > 0; base > 0, not 1\tlogn(1000,"),
+            string::npos);
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 116);
   ASSERT_EQ(Run("\"" PROGRAM "\" functions --format json >out"), 0);
   EXPECT_TRUE(
@@ -182,17 +180,22 @@ TEST_F(CommandLine, ALimitOfTheFileSizeFailsTheWrite) {
 // The memory of the reading process begins with a page that nobody can read.
 TEST_F(CommandLine, AFileThatCannotBeReadToItsEndIsNoShorterOne) {
   const string library = "{\"A\"\t(1;2)(3;4) 000}\r\n";
-  const string bad = "/proc/self/mem";
-  for (const string& arguments :
-       {"list " + bad, "check " + bad, "show " + bad + " A", "update lib.dat A --points " + bad,
-        "add lib.dat B --points " + bad, "copy " + bad + " lib.dat A", "text " + bad + " K",
-        "entry " + bad + " T 1", "import " + bad + " --heading T", "grh-read --absolute " + bad,
-        "import result.txt --heading T --catalogue " + bad}) {
-    Write("lib.dat", library);
-    Write("result.txt", "T\n1\t1\t1000\t\n");
-    EXPECT_EQ(Run("\"" PROGRAM "\" " + arguments + " >out 2>err"), 1) << arguments;
-    EXPECT_EQ(BytesOf(Folder() / "lib.dat"), library) << arguments;
-    EXPECT_NE(BytesOf(Folder() / "err").find("error"), string::npos) << arguments;
+  for (const auto& [bad, why] : {std::pair<string, string>("/proc/self/mem", "Input/output error"),
+                                 {"/dev/null", "Operation not supported"}}) {
+    for (const string& arguments :
+         {"list " + bad, "check " + bad, "show " + bad + " A", "update lib.dat A --points " + bad,
+          "add lib.dat B --points " + bad, "copy " + bad + " lib.dat A", "text " + bad + " K",
+          "entry " + bad + " T 1", "import " + bad + " --heading T", "grh-read --absolute " + bad,
+          "import result.txt --heading T --catalogue " + bad, "update " + bad + " A",
+          "remove " + bad + " A", "rename " + bad + " A B", "grh --absolute -o o.grh " + bad + " A",
+          "thin --points 2 " + bad + " A"}) {
+      Write("lib.dat", library);
+      Write("result.txt", "T\n1\t1\t1000\t\n");
+      EXPECT_EQ(Run("\"" PROGRAM "\" " + arguments + " >out 2>err"), 1) << arguments;
+      EXPECT_EQ(BytesOf(Folder() / "lib.dat"), library) << arguments;
+      const string line = arguments.starts_with("check /proc") ? ":1: " : ": ";
+      EXPECT_EQ(BytesOf(Folder() / "err"), "zentab-cli: " + bad + line + why + '\n') << arguments;
+    }
   }
 }
 #endif
@@ -206,6 +209,7 @@ TEST_F(CommandLine, StreamsThatFailAreNoEmptyInputAndNoSuccess) {
     EXPECT_EQ(Run("\"" PROGRAM "\" " + string(command) + " 2>err"), 1) << command;
     EXPECT_NE(BytesOf(Folder() / "err").find("standard "), string::npos) << command;
   }
+  EXPECT_EQ(Run("\"" PROGRAM "\" --help >/dev/full"), 1);
   EXPECT_FALSE(fs::exists(Folder() / "lib.dat"));
 }
 

@@ -43,6 +43,10 @@ TEST(ChartReading, LinesAreStraightInTheAxesShown) {
   }
   EXPECT_EQ(TimeAt(CurveThrough({{1, 2}}), 1, 2, {}), std::nullopt);
   EXPECT_EQ(TimeAt(CurveThrough({{-1, -2}, {1, 2}}), 0, -5, {false, false}), 0.0);
+  // A zero, which has no place on a logarithmic axis, leaves the ends as they are.
+  const ChartCurve toZero = CurveThrough({{1, 3}, {10, 0}, {100, 3}});
+  for (const double load : {1.0, 100.0}) EXPECT_EQ(TimeAt(toZero, load, 5, {true, true}), 3.0);
+  EXPECT_EQ(TimeAt(CurveThrough({{0, 1}, {2, 1}, {2, 3}, {0, 3}}), 1, 2, {false, false}), 1.0);
 }
 
 TEST(ScreenNumbers, HaveTheDigitsThatAPixelTellsApart) {
@@ -62,11 +66,12 @@ TEST(ScreenNumbers, HaveTheDigitsThatAPixelTellsApart) {
       {12345678, 1e6, 12000000, "12000000"},
       {-7.26, 0.1, -7.3, "-7,3"},
       {2.5, 1, 2, "2"},
-      {1.23456789e-9, 2e-15, 1.235e-9, "0,000000001234568"},
-      {1.23456789e-9, 1e-17, 1.235e-9, "1,23456789E-09"},
+      {25, 12, 30, "30"},
+      {1.23456789e-9, 2e-15, 1.234568e-9, "0,000000001234568"},
+      {1.2345678912e-9, 2e-16, 1.2345678912e-9, "1,2345678912E-09"},
   };
   for (const auto& [number, step, rounded, text] : cases) {
-    EXPECT_NEAR(RoundedTo(number, step), rounded, 1e-9) << number;
+    EXPECT_DOUBLE_EQ(RoundedTo(number, step), rounded) << number;
     EXPECT_EQ(RoundedText(number, step, ","), text) << number;
   }
 }

@@ -67,10 +67,13 @@ TEST(ClipboardText, ClearsTheSelectedCellsAndTidiesTheRest) {
     WorkingTable table = FilledTable();
     ClearArea(table, Area(row[0]), ",");
     EXPECT_EQ(BlockText(table.grid, kFourRows), row[1]) << row[0];
+    EXPECT_EQ(table.grid.Cell(kLastRow, kTimeColumn), Area(row[0]).bottom < kLastRow ? "26" : "");
     EXPECT_TRUE(table.tableModified);
   }
   WorkingTable table;
   table.grid.SetCell(9, kLoadColumn, "1.23456 ");
+  PasteText(table, {1, 1, 1, 1}, "", ",");
+  EXPECT_EQ(table.grid.Cell(9, kLoadColumn), "1.23456 ") << "nothing was pasted";
   ClearArea(table, {1, 1, 1, 1}, ",");
   EXPECT_EQ(table.grid.Cell(9, kLoadColumn), "1,235");
 }

@@ -57,7 +57,7 @@ TEST(OverlayCurve, DiffersFromAReferenceWhereBothHaveTimes) {
     EXPECT_TRUE(place.load != 4.0 || std::abs(place.percent - 100) < 1e-9);
   }
   EXPECT_TRUE(DifferenceOf(CurveThrough({{10, 5}, {40, 1}}), reference, {}).empty());
-  EXPECT_FALSE(DifferenceOf(reference, reference, {}).empty());
+  EXPECT_EQ(DifferenceOf(reference, reference, {}).size(), 25u);
   EXPECT_TRUE(DifferenceOf({}, reference, {}).empty());
   EXPECT_TRUE(DifferenceOf(reference, CurveThrough({{1, 0}, {10, 0}}), {false, false}).empty());
 }

@@ -79,6 +79,11 @@ TEST(Members, DumpShowsTheLastEvaluation) {
   const Action eachOfMulti = [](MathParser& p) {
     (void)ErrorOf([&] { (void)p.EvalMulti(std::vector<double>{5.0, 0.0, 7.0}); });
   };
+  const Action assigned = [](MathParser& p) {
+    MathParser copy;
+    copy = p;
+    p.VarValue(1, 8.0), (void)p.Eval(), p = copy;
+  };
   struct Case {
     const char* name;
     const char* expression;
@@ -103,6 +108,7 @@ TEST(Members, DumpShowsTheLastEvaluation) {
       {"EvalMulti", "x*2", {eval3, multi}, {"7"}, {"14"}},
       {"EvalMulti by point", "(x<9)*(x-1)", {multi}, {"7", "1", "7"}, {"1", "6", "6"}},
       {"by one point", "(x<9)*(x-y)", {eval3, oneOfMulti}, {"7", "1", "7"}, {"1", "6", "6"}},
+      {"an assignment", "x*2", {eval3, assigned}, {"3"}, {"6"}},
       {"TryEval", "x+1", {try0}, {"0"}, {"1"}},
       {"failure of TryEval", "ln(x)", {eval3, try0}, {"0"}, {"0"}},
       {"EvalMulti of none",

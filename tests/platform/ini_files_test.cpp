@@ -4,6 +4,7 @@
 #include "platform/ini_text.h"
 #include "platform/registry.h"
 #include "platform/settings_store.h"
+#include "support/cases.h"
 #include "support/environment.h"
 #include "support/temporary_folder.h"
 
@@ -15,25 +16,11 @@ using namespace std::string_literals;
 using test::BytesOf;
 
 TEST(IniText, ChangesValuesAndLeavesAllElse) {
-  const struct {
-    std::string before, section, key, value, after;
-  } cases[] = {
-      {"", "S", "k", "v", "[S]\nk=v\n"},
-      {"[S]\nk=old\n", "S", "k", "new", "[S]\nk=new\n"},
-      {"[ s ]\r\n K = old\r\nx=1\r\n", "S", "k", "new", "[ s ]\r\n K =new\r\nx=1\r\n"},
-      {"; note\nnonsense\n[T]\nk=1\n[S]\na=2", "S", "k", "v",
-       "; note\nnonsense\n[T]\nk=1\n[S]\na=2\nk=v\n"},
-      {"[S]\na=1\n\n[T]\nk=1\n", "S", "k", "v", "[S]\na=1\nk=v\n\n[T]\nk=1\n"},
-      {"[S]", "S", "k", "v", "[S]\nk=v\n"},
-      {"[S]\n;k=1\n#k=2\n", "S", "k", "", "[S]\nk=\n;k=1\n#k=2\n"},
-      {"[S]\na=1\n[T]\n[S]\nk=2\n", "S", "k", "v", "[S]\na=1\n[T]\n[S]\nk=v\n"},
-      {"[T]\nk=1", "S", "k", " a=b ", "[T]\nk=1\n[S]\nk= a=b \n"},
-  };
-  for (const auto& c : cases) {
-    IniText ini(c.before);
-    EXPECT_TRUE(ini.Set(c.section, c.key, c.value));
-    EXPECT_EQ(ini.Text(), c.after);
-    EXPECT_EQ(ini.Find(c.section, c.key), c.value);
+  for (const auto& row : test::Cases("ini.txt", "changes")) {
+    IniText ini(row[2]);
+    EXPECT_TRUE(ini.Set("S", row[0], row[1]));
+    EXPECT_EQ(ini.Text(), row[3]);
+    EXPECT_EQ(ini.Find("S", row[0]), row[1]);
   }
   IniText ini("[S]\n");
   EXPECT_FALSE(ini.Set("S", "k", "two\nlines"));
@@ -107,6 +94,18 @@ TEST_F(IniFiles, NothingIsSavedInPartsOrOverAFolder) {
   fs::create_directory(Folder() / "settings" / "Other.ini");
   EXPECT_TRUE(store_->Save("Other", "S", {{"a", "1"}}));
   EXPECT_EQ(store_->Read("Other", "S", "a"), std::nullopt);
+  // What is stored already needs no writing.
+  const fs::path file = Folder() / "settings/Zentab.ini";
+  fs::permissions(file, fs::perms::owner_read);
+  EXPECT_FALSE(store_->Save("Zentab", "S", {{"a", "1"}}));
+  EXPECT_TRUE(store_->Save("Zentab", "S", {{"a", "2"}}));
+  fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
+  // Nor is a file replaced that is too large to be read.
+  fs::resize_file(file, kLargestIniFile);
+  EXPECT_EQ(store_->Read("Zentab", "S", "a"), "1");
+  fs::resize_file(file, kLargestIniFile + 1);
+  EXPECT_EQ(store_->Read("Zentab", "S", "a"), std::nullopt);
+  EXPECT_EQ(store_->Save("Zentab", "S", {{"a", "2"}}), std::errc::file_too_large);
 }
 
 TEST_F(IniFiles, TwoWhoSaveAtOnceKeepEachOthersSettings) {

@@ -39,6 +39,9 @@ TEST_F(SafeFileReplacement, CleansUpBehindACrash) {
   EXPECT_FALSE(ReplaceFile(SystemFiles(), file, WriteFresh));
   EXPECT_EQ(BytesOf(file), kFresh);
   EXPECT_EQ(Names(), kOnlyTheFile);
+  fs::rename(file, Folder() / "table.dat.new");
+  EXPECT_FALSE(ReplaceFile(SystemFiles(), file, WriteFresh));
+  EXPECT_EQ(Names(), kOnlyTheFile);
 }
 
 // Whoever replaces a file at the same time waits, and what he reads of it is what he replaces.
@@ -69,6 +72,8 @@ TEST_F(SafeFileReplacement, WaitsForALockAsLongAsItIsToldTo) {
   WaitingFileLayer impatient([&] { return ++asked < 5; });
   EXPECT_EQ(ReplaceFile(impatient, file, WriteFresh), FileError::LockedByOther);
   EXPECT_EQ(asked, 5);
+  EXPECT_GE(impatient.alive, 4);
+  EXPECT_EQ(TakeLeftover(impatient, file), FileError::LockedByOther);
   EXPECT_EQ(BytesOf(file), kOld);
   WaitingFileLayer patient([&] {
     held.reset();
@@ -96,9 +101,8 @@ TEST_F(SafeFileReplacement, RefusesReadOnlyFilesAndFolders) {
   fs::permissions(file, fs::perms::owner_read);
   const fs::path folder = Folder() / "folder.dat";
   fs::create_directory(folder);
-  for (const fs::path& path : {file, folder}) {
-    EXPECT_TRUE(ReplaceFile(SystemFiles(), path, WriteFresh)) << path;
-  }
+  EXPECT_EQ(ReplaceFile(SystemFiles(), file, WriteFresh), std::errc::permission_denied);
+  EXPECT_EQ(ReplaceFile(SystemFiles(), folder, WriteFresh), std::errc::is_a_directory);
   EXPECT_EQ(BytesOf(file), kOld);
   EXPECT_EQ(Names(), (std::vector<std::string>{"folder.dat", "table.dat"}));
 }
@@ -167,6 +171,7 @@ TEST_F(SafeFileReplacement, LocksAreForEveryone) {
   fs::remove(lock);
   ASSERT_EQ(::mkfifo(lock.c_str(), 0600), 0);
   EXPECT_EQ(ReplaceFile(SystemFiles(), file, WriteFresh), FileError::NoRegularFile);
+  EXPECT_EQ(ReplaceFile(SystemFiles(), lock, WriteFresh), FileError::NoRegularFile);
   EXPECT_TRUE(fs::is_fifo(lock));
 }
 #endif

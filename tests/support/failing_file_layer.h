@@ -31,13 +31,20 @@ class FailingFileLayer final : public SteppedFileLayer {
   std::size_t bytesThatFit = kNever;
   std::string failedStep;            // the name of the step that failed
   std::size_t failingRead = kNever;  // of the steps that read, which are counted apart
+  bool countsAsking = false;         // among these
 
+  std::error_code Ask(const std::function<std::error_code()>& call) override {
+    const std::error_code error = countsAsking ? BeforeReading("ask") : std::error_code();
+    return error ? error : call();
+  }
   // There is nobody whose change could come to its end.
   bool GoOnWaiting(std::chrono::steady_clock::duration) override { return false; }
 
  private:
-  std::error_code BeforeReading(const char*) override {
-    return reads_++ == failingRead ? std::make_error_code(fault.error) : std::error_code();
+  std::error_code BeforeReading(const char* step) override {
+    if (reads_++ != failingRead) return {};
+    failedStep = step;
+    return std::make_error_code(fault.error);
   }
 
   std::error_code Before(const char* step) override {

@@ -57,6 +57,7 @@ struct LineFile {
       files.push_back({what + ", the last", {{text, end}}});
     }
   }
+  files.push_back({"mark inside", {{"", "\n"}, {"\xEF\xBB\xBF" + std::string(kBlock, 'x'), "\n"}}});
   files.push_back({"5 MB", {{"a", "\r\n"}, {std::string(5'000'000, '('), "\r\n"}, {"b", ""}}});
   return files;
 }

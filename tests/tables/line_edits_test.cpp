@@ -1,8 +1,10 @@
 // Renamed and reordered lines, made, taken back and made again through the guarded writer.
-#include <numeric>
+#include <sstream>
 
+#include "support/cases.h"
 #include "support/listed.h"
 #include "support/temporary_folder.h"
+#include "tables/chosen_lines.h"
 #include "tables/entry_rename.h"
 #include "tables/line_order.h"
 #include "tables/table_writer.h"
@@ -13,87 +15,77 @@ namespace {
 using platform::SystemFiles;
 using test::BytesOf;
 
-const std::string kMark = "\xEF\xBB\xBF";
-const std::string kLines =
-    kMark + "{\"a\"\t(1;2) 001}\n{\"b\"\t 000}\r\nnone\n{\"\xC3\x84\"\t 000}\r{\"d\"\t 000}";
-
 CurveTableEntry Named(const std::string& name) {
   return {name, {}, false, false, Instrument::None};
 }
 
 class LineEdits : public test::TemporaryFolder {
  protected:
-  void SetUp() override {
-    file_ = Write("t.dat", kLines);
-    listing_ = test::Listed(file_);
-  }
-
-  // Makes a change, takes it back and makes it again.
-  void ExpectChange(const LineChange& change, const std::string& bytes) {
-    ASSERT_FALSE(writer_.Make(change, listing_));
-    EXPECT_EQ(BytesOf(file_), bytes);
-    ASSERT_FALSE(writer_.Make(change.Reversed(), listing_));
-    EXPECT_EQ(BytesOf(file_), kLines);
-    ASSERT_FALSE(writer_.Make(change, listing_));
-    EXPECT_EQ(BytesOf(file_), bytes);
+  void List(std::string_view bytes) { listing_ = test::Listed(file_ = Write("t.dat", bytes)); }
+  // Makes what a verb, the numbers of lines and a name say.
+  std::error_code Run(const std::string& command) {
+    std::istringstream words(command);
+    std::string verb, name;
+    std::vector<std::size_t> lines;
+    for (words >> verb; words >> name;) {
+      if (name[0] >= '0' && name[0] <= '9') lines.push_back(std::stoul(name));
+    }
+    if (verb == "add") return writer_.AppendEntry(file_, listing_, Named(name));
+    EntryMark mark = listing_.MarkOf(lines.front());
+    if (verb == "remove") return writer_.RemoveEntry(file_, listing_, mark);
+    LineChange change;
+    const std::error_code error =
+        verb == "move"     ? MoveOf(SystemFiles(), file_, listing_, mark, lines[1], change)
+        : verb == "rename" ? RenameOf(SystemFiles(), file_, listing_, mark, name, change)
+        : verb == "copy"   ? CopiesOf(SystemFiles(), file_, listing_, lines, change, copies_)
+                           : RemovalOf(SystemFiles(), file_, listing_, lines, change);
+    EXPECT_TRUE(verb != "copy" || error || copies_.size() == lines.size());
+    return error || change.file.empty() ? error : writer_.Make(change, listing_);
   }
 
   std::filesystem::path file_;
   TableListing listing_;
+  std::vector<std::size_t> copies_;
   TableWriter writer_{SystemFiles(), Backups::None};
 };
 
-TEST_F(LineEdits, ARenameKeepsTheRestAndComesBack) {
-  LineChange change;
-  EntryMark mark = listing_.MarkOf(0);
-  EXPECT_EQ(RenameOf(SystemFiles(), file_, listing_, mark, "D", change), std::errc::file_exists);
-  EXPECT_EQ(RenameOf(SystemFiles(), file_, listing_, mark, "x(1", change),
-            std::errc::invalid_argument);
-  ASSERT_FALSE(RenameOf(SystemFiles(), file_, listing_, mark, "A", change));
-  std::string renamed = kLines;
-  renamed[kMark.size() + 2] = 'A';
-  ExpectChange(change, renamed);
-  // Someone else has taken the former name meanwhile.
-  ASSERT_FALSE(RenameOf(SystemFiles(), file_, listing_, mark = listing_.MarkOf(0), "z", change));
-  ASSERT_FALSE(writer_.Make(change, listing_));
-  ASSERT_FALSE(writer_.AppendEntry(file_, listing_, Named("a")));
-  EXPECT_EQ(writer_.Make(change.Reversed(), listing_), kEntryChanged);
-}
-
-TEST_F(LineEdits, AnOrderComesBackAndLineEndsStayInTheirPlaces) {
-  LineChange change;
-  std::vector<std::size_t> order = {0, 4, 3, 2, 1};
-  ASSERT_FALSE(OrderOf(SystemFiles(), file_, listing_, order, change));
-  ExpectChange(change,
-               kMark +
-                   "{\"a\"\t(1;2) 001}\n{\"d\"\t 000}\r\n{\"\xC3\x84\"\t 000}\nnone\r{\"b\"\t "
-                   "000}");
-  ASSERT_FALSE(writer_.Make(change.Reversed(), listing_));
-  order[0] = 1;
-  EXPECT_EQ(OrderOf(SystemFiles(), file_, listing_, order, change), std::errc::invalid_argument);
-  std::iota(order.begin(), order.end(), 0);
-  ASSERT_FALSE(OrderOf(SystemFiles(), file_, listing_, order, change));
-  EXPECT_TRUE(change.before.empty());
-  // Someone else was quicker.
-  std::swap(order[1], order[2]);
-  Write(file_.filename().string(), BytesOf(file_) + "{\"new\"\t 000}");
-  EXPECT_EQ(OrderOf(SystemFiles(), file_, listing_, order, change), kEntryChanged);
-}
-
-TEST_F(LineEdits, EveryChangeKeepsTheByteOrderMark) {
-  std::vector<LineChange> made;
-  writer_.OnChange([&made](const LineChange& change) { made.push_back(change); });
-  EntryMark mark = listing_.MarkOf(0);
-  ASSERT_FALSE(writer_.ReplaceEntry(file_, listing_, mark, Named("new")));
-  ASSERT_FALSE(writer_.RemoveEntry(file_, listing_, mark));
-  ASSERT_FALSE(writer_.AppendEntry(file_, listing_, Named("last")));
-  EXPECT_EQ(BytesOf(file_),
-            kMark + kLines.substr(kLines.find("{\"b\"")) + "\r\n{\"last\"\t 000}\r\n");
-  writer_.OnChange({});
-  for (auto change = made.rbegin(); change != made.rend(); ++change) {
-    ASSERT_FALSE(writer_.Make(change->Reversed(), listing_));
+TEST_F(LineEdits, FindTheirPlaceInWhatOthersMadeOfTheFile) {
+  const auto result = [this](std::error_code error) {
+    if (!error) {
+      EXPECT_EQ(listing_.stamp, test::Listed(file_).stamp);
+    }
+    return !error ? BytesOf(file_) : error == std::errc::file_exists ? "(taken)" : "(refused)";
+  };
+  LineChange made;
+  writer_.OnChange([&made](const LineChange& change) { made = change; });
+  for (const auto& row : test::Cases("line_changes.txt", "changes")) {
+    SCOPED_TRACE(row[0] + ' ' + row[1]);
+    List(row[0]);
+    EXPECT_EQ(result(Run(row[1])), row[2]);
+    for (std::size_t at = 3; at + 2 < row.size(); at += 3) {
+      // Another file, whatever the clock says.
+      std::filesystem::rename(Write("other.dat", row[at]), file_);
+      const LineChange back = made.Reversed();
+      EXPECT_EQ(result(writer_.Make(back, listing_)), row[at + 1]);
+      const std::optional<EntryMark> first = FirstEntry(back, listing_);
+      EXPECT_EQ(first ? std::to_string(first->index) : "none", row[at + 2]);
+    }
   }
-  EXPECT_EQ(BytesOf(file_), kLines);
+}
+
+TEST_F(LineEdits, AreNotMadeOfAWrongOrderOrAnotherFile) {
+  List("a\nb\nc");
+  LineChange change;
+  for (const auto& wrong : std::vector<std::vector<std::size_t>>{{0, 2, 2}, {0, 1, 3}, {0, 1}}) {
+    EXPECT_EQ(OrderOf(SystemFiles(), file_, listing_, wrong, change), std::errc::invalid_argument);
+  }
+  const std::vector<std::size_t> order = {1, 0, 2}, one = {0};
+  Write("t.dat", "someone else was quicker");
+  EXPECT_EQ(OrderOf(SystemFiles(), file_, listing_, order, change), kEntryChanged);
+  std::filesystem::remove(file_);
+  constexpr auto kGone = std::errc::no_such_file_or_directory;
+  EXPECT_EQ(OrderOf(SystemFiles(), file_, listing_, order, change), kGone);
+  EXPECT_EQ(RemovalOf(SystemFiles(), file_, listing_, one, change), kGone);
 }
 
 }  // namespace

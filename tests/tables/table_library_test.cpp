@@ -1,6 +1,9 @@
 #include <chrono>
+#include <set>
 #include <thread>
 
+#include "platform/file_errors.h"
+#include "support/cases.h"
 #include "support/failing_file_layer.h"
 #include "support/listed.h"
 #include "support/table_lines.h"
@@ -21,7 +24,10 @@ using NameList = std::vector<std::string>;
 class MeddledFileLayer final : public test::SteppedFileLayer {
  public:
   std::size_t step = 0;
-  std::function<void()> meddle;
+  std::function<void()> meddle = [] {};
+  int alive = 0;
+
+  void KeepAlive() override { ++alive; }
 
  private:
   std::error_code Before(const char*) override { return {}; }
@@ -58,6 +64,8 @@ class TableLibrary : public test::TemporaryFolder {
   void ExpectUpToDate() {
     const TableListing fresh = Listed(file_);
     EXPECT_EQ(listing_.names, fresh.names);
+    EXPECT_EQ(listing_.instruments, fresh.instruments);
+    EXPECT_EQ(listing_.stamp, fresh.stamp);
     EXPECT_EQ(listing_.end, fresh.end);
     ASSERT_EQ(listing_.lines.size(), fresh.lines.size());
     for (std::size_t line = 0; line < fresh.lines.size(); ++line) {
@@ -86,16 +94,41 @@ TEST_F(TableLibrary, TheFirstOfManyNamesThatIsTakenIsFound) {
   EXPECT_EQ(listing_.FirstTaken(wanted), "C");
   wanted.erase(wanted.begin(), wanted.begin() + 21);
   EXPECT_EQ(listing_.FirstTaken(wanted), "C");
+  wanted.resize(30, "b");
+  std::swap(wanted.front(), wanted.back());
+  EXPECT_EQ(listing_.FirstTaken(wanted), "b");
+}
+
+TEST_F(TableLibrary, EveryByteOfALineCounts) {
+  std::string line(70, 'x');
+  std::set<std::uint64_t> hashes = {HashOf(line)};
+  for (char& byte : line) {
+    byte = 'y';
+    EXPECT_TRUE(hashes.insert(HashOf(line)).second) << line;
+  }
+}
+
+TEST_F(TableLibrary, LongWorkLetsOthersLive) {
+  MeddledFileLayer files;
+  const std::string line((1u << 20) - 1, 'x');
+  file_ = Write("t.dat", line + '\n' + line + '\n' + line + '\n' + line + '\n');
+  EXPECT_FALSE(ListEntries(files, file_, listing_));
+  EXPECT_EQ(files.alive, 2);
+  listing_.names.assign(19'999, "x");
+  EXPECT_FALSE(listing_.HasName("y", TableWriter(files, Backups::None).Alive()));
+  EXPECT_EQ(files.alive, 3);
 }
 
 TEST_F(TableLibrary, ListsANameForEachLineThatHasOne) {
   List("{\"first\"\t 000}\r\nno name here\r\n\r\n{\"Łódź\"\t 000}\n{\"last\"\t(1;2) 000}");
   EXPECT_EQ(listing_.names, (NameList{"first", "Łódź", "last"}));
   EXPECT_EQ(listing_.nameless, (std::vector<std::size_t>{1, 2}));
+  EXPECT_EQ(listing_.LineOf(2), 4u);
+  EXPECT_EQ(listing_.LineOf(3), kNoLine);
+  EXPECT_EQ(listing_.NameIn(4), 2u);
+  EXPECT_EQ(listing_.NameIn(5), kNoLine);
   List("{\"a\"\r{\"b\"\r");
   EXPECT_EQ(listing_.names, (NameList{"a", "b"}));
-  List("");
-  EXPECT_EQ(listing_.names, NameList());
   EXPECT_FALSE(ListEntries(SystemFiles(), Folder() / "missing.dat", listing_));
   EXPECT_EQ(listing_.names, NameList());
   EXPECT_TRUE(ListEntries(SystemFiles(), Folder(), listing_));
@@ -130,17 +163,8 @@ TEST_F(TableLibrary, ChangesOneLineOfAnyFile) {
   }
 }
 
-TEST_F(TableLibrary, AppendsBehindACompleteLastLine) {
-  const std::string_view cases[][2] = {
-      {"", ""}, {"x", "x\r\n"}, {"x\r\n", "x\r\n"}, {"x\n", "x\n"}, {"x\r", "x\r"}, {"\n", "\n"},
-  };
-  for (const auto& [before, kept] : cases) {
-    List(before);
-    EXPECT_FALSE(Append());
-    EXPECT_EQ(BytesOf(file_), std::string(kept) + kEntryLine);
-  }
+TEST_F(TableLibrary, AppendsToAFileThatIsNotThereYet) {
   file_ = Folder() / "fresh.dat";
-  listing_ = Listed(file_);
   EXPECT_FALSE(Append());
   EXPECT_EQ(BytesOf(file_), kEntryLine);
   file_ = Folder() / "no folder" / "t.dat";
@@ -188,69 +212,54 @@ TEST_F(TableLibrary, TheListingFollowsTheOwnChanges) {
   EXPECT_EQ(Line(0), "{\"Ü\"\t(1.5;2) 011}");
 }
 
-// What someone else made of the file a, b, c since it was listed, and what becomes of a change of
-// the entry b.
 TEST_F(TableLibrary, AChangeFollowsItsLineOrIsNotMade) {
-  const std::string a = "{\"a\"\t 000}\r\n", b = "{\"b\"\t 000}\n", c = "{\"c\"\t 000}",
-                    other = "{\"other\"\t(1;2) 000}\r\n", edited = "{\"b\"\t(9;9) 000}\r\n";
-  const struct {
-    std::string now;
-    std::optional<std::size_t> place;  // nothing: no change
-    std::size_t index;
-  } cases[] = {
-      {a + b + c, 1, 1},
-      {other + a + b + c, 2, 2},
-      {b + a + c, 0, 0},
-      {a + a + a + b, 3, 3},
-      {b + a + a + b + b + c, 0, 0},
-      {a + edited + c, {}, kNoLine},
-      {edited + a + c, {}, kNoLine},
-      {a + c, {}, kNoLine},
-      {a + other + c, {}, kNoLine},
-      {"", {}, kNoLine},
-  };
-  for (const auto& [now, place, index] : cases) {
+  const std::string b = "{\"b\"\t 000}\n";
+  for (const auto& row : test::Cases("line_changes.txt", "followed")) {
     for (const std::string& line : {kEntryLine, std::string()}) {
-      SCOPED_TRACE(now + " " + line);
-      List(a + b + c);
-      std::this_thread::sleep_for(std::chrono::milliseconds(10));  // the file system's clock
-      Write("t.dat", now);
+      SCOPED_TRACE(row[0] + " " + line);
+      List(kThree);
+      fs::rename(Write("other", row[0]), file_);
       EntryMark at = listing_.MarkOf(1);
       const std::error_code error = line.empty()
                                         ? writer_.RemoveEntry(file_, listing_, at)
                                         : writer_.ReplaceEntry(file_, listing_, at, kEntry);
-      EXPECT_EQ(at.index, index);
-      if (place) {
-        EXPECT_FALSE(error);
-        std::string expected = now;
-        expected.replace(expected.find(b), b.size(), line);
-        EXPECT_EQ(BytesOf(file_), expected);
-      } else {
+      EXPECT_EQ(at.index == kNoLine ? "none" : std::to_string(at.index), row[1]);
+      std::string expected = row[0];
+      if (at.index == kNoLine) {
         EXPECT_EQ(error, kEntryChanged);
-        EXPECT_EQ(BytesOf(file_), now);
         ExpectUpToDate();
+      } else {
+        EXPECT_FALSE(error);
+        expected.replace(expected.find(b), b.size(), line);
       }
+      EXPECT_EQ(BytesOf(file_), expected);
     }
   }
 }
 
 #ifndef _WIN32
 TEST_F(TableLibrary, WhoeverComesBetweenTwoStepsIsNoFault) {
-  for (const std::string now : {"", "{\"a\"\t 111}\n{\"b\"\t 001}\n{\"c\"\t 000}\n"}) {
+  const std::string b = "{\"b\"\t 000}\n", edited = "{\"a\"\t 111}\n{\"b\"\t 001}\n{\"c\"\t 000}\n";
+  std::string changed(kThree);
+  changed.replace(changed.find(b), b.size(), kEntryLine);
+  for (const auto& [now, isMade] :
+       {std::pair(std::string(), true), {edited, true}, {std::string(), false}, {edited, false}}) {
     int refused = 0;
     for (std::size_t step = 0;; ++step) {
       List(kThree);
       MeddledFileLayer files;
       files.step = step;
-      files.meddle = [&] { fs::rename(Write("other", now), file_); };
+      files.meddle = [&, &bytes = now] { fs::rename(Write("other", bytes), file_); };
       TableWriter writer(files, Backups::None);
       EntryMark mark = listing_.MarkOf(1);
-      const std::error_code error = writer.ReplaceEntry(file_, listing_, mark, kEntry);
+      const std::error_code error =
+          isMade ? writer.Make({file_, listing_.lines[1].offset, b, kEntryLine, {}, {}}, listing_)
+                 : writer.ReplaceEntry(file_, listing_, mark, kEntry);
       if (files.meddle) break;
+      EXPECT_TRUE(BytesOf(file_) == now || (!error && BytesOf(file_) == changed)) << step;
       if (!error) continue;
       ++refused;
       EXPECT_EQ(error, kEntryChanged) << step;
-      EXPECT_EQ(BytesOf(file_), now) << step;
     }
     EXPECT_GT(refused, 3);
   }
@@ -289,6 +298,16 @@ TEST_F(TableLibrary, TheFirstWriteKeepsTheFormerFile) {
   EXPECT_FALSE(next.RemoveEntry(file_, listing_, index));
   EXPECT_EQ(fs::status(backup).permissions(), kPrivate);
 #endif
+  List(kThree);
+  fs::remove(backup);
+  fs::create_directory(backup);
+  TableWriter last(SystemFiles(), Backups::AtFirstWrite);
+  index = listing_.MarkOf(0);
+  EXPECT_TRUE(last.RemoveEntry(file_, listing_, index));
+  EXPECT_TRUE(last.LacksBackup());
+  index = listing_.MarkOf(9);
+  EXPECT_EQ(last.RemoveEntry(file_, listing_, index), kEntryChanged);
+  EXPECT_FALSE(last.LacksBackup());
 }
 
 TEST_F(TableLibrary, AFileWithoutEntriesReplacesNoBackupThatHasSome) {
@@ -336,53 +355,55 @@ TEST_F(TableLibrary, WhatIsLeftInThePlaceOfTheFileIsNeverLost) {
   List(kThree);
   fs::remove(file_);
   EXPECT_EQ(Append(), std::errc::no_such_file_or_directory);
+  EXPECT_EQ(listing_.readings, 2u);
   EXPECT_FALSE(fs::exists(file_));
+  // What has no entries is none of it.
+  Write("t.dat.new", "none");
   EXPECT_FALSE(Append());
-}
-
-// A mark in front of the first line stays, and is no part of its name.
-TEST_F(TableLibrary, AByteOrderMarkStaysInFront) {
-  const std::string mark = "\xEF\xBB\xBF", a = "{\"a\"\t(1;2) 000}\r\n", b = "{\"b\"\t 000}\r\n";
-  List(mark + a + b);
-  EXPECT_EQ(listing_.names, (NameList{"a", "b"}));
-  EXPECT_EQ(Line(0), "{\"a\"\t(1;2) 000}");
-  EXPECT_FALSE(Replace(0));
-  EXPECT_EQ(BytesOf(file_), mark + kEntryLine + b);
-  EXPECT_FALSE(Remove(0));
-  EXPECT_EQ(BytesOf(file_), mark + b);
-  EXPECT_FALSE(Append());
-  EXPECT_EQ(BytesOf(file_), mark + b + kEntryLine);
-  List(mark);
-  EXPECT_FALSE(Append());
-  EXPECT_EQ(BytesOf(file_), mark + kEntryLine);
-  ExpectUpToDate();
+  EXPECT_EQ(Names(), NameList{"t.dat"});
+  EXPECT_FALSE(writer_.HasKeptLeftover());
 }
 
 // A read that fails at any step changes nothing, and is told.
 TEST_F(TableLibrary, WhatCannotBeReadToItsEndIsNotChanged) {
-  std::string bytes;
-  for (int line = 0; line < 20'000; ++line) {
+  std::string bytes = "none\r\n";
+  for (int line = 0; line < 12'000; ++line) {
     bytes += "{\"" + std::to_string(line) + "\"\t(1;2)(3;4) 000}\r\n";
   }
-  int failures = 0;
-  for (std::size_t step = 0;; ++step) {
-    List(bytes);
+  List(bytes);
+  for (const std::string change : {"replace", "append", "make"}) {
+    int failures = 0;
     test::FailingFileLayer files;
-    files.failingRead = step;
-    TableWriter writer(files, Backups::AtFirstWrite);
-    TableListing listing = listing_;
-    EntryMark mark = listing.MarkOf(19'999);
-    const std::error_code listed = ListEntries(files, file_, listing);
-    const std::error_code error =
-        listed ? listed : writer.ReplaceEntry(file_, listing, mark, kEntry);
-    fs::remove(Folder() / "t.dat.bak");
-    if (!error) break;
-    ++failures;
-    EXPECT_EQ(error, files.fault.error) << step;
-    EXPECT_TRUE(BytesOf(file_) == bytes) << step;
-    EXPECT_EQ(listing.names.size(), 20'000u) << step;
+    for (std::size_t step = 0; step == 0 || !files.failedStep.empty(); ++step) {
+      SCOPED_TRACE(change + ' ' + std::to_string(step));
+      files = {};
+      files.failingRead = step;
+      files.countsAsking = true;
+      TableWriter writer(files, Backups::AtFirstWrite);
+      TableListing listing = listing_;
+      std::error_code error = ListEntries(files, file_, listing);
+      EntryMark mark = listing_.MarkOf(12'000);
+      if (!error && change == "replace") {
+        error = writer.ReplaceEntry(file_, listing, mark, kEntry);
+      } else if (!error) {
+        error = change == "append" ? writer.AppendEntry(file_, listing, kEntry)
+                                   : writer.Make({file_, 0, "", kEntryLine, {}, {}}, listing);
+      }
+      failures += error ? 1 : 0;
+      if (error) {
+        EXPECT_TRUE(error == files.fault.error || error == platform::FileError::GivenUp);
+        EXPECT_TRUE(BytesOf(file_) == bytes);
+        EXPECT_EQ(listing.names.size(), 12'000u);
+      } else {
+        EXPECT_TRUE(BytesOf(Folder() / "t.dat.bak") == bytes);
+        EXPECT_FALSE(Refresh(SystemFiles(), file_, listing));
+        EXPECT_EQ(listing.names.back(), "Ü");
+        Write("t.dat", bytes);
+      }
+      fs::remove(Folder() / "t.dat.bak");
+    }
+    EXPECT_GT(failures, 10);
   }
-  EXPECT_GT(failures, 10);
 }
 
 TEST_F(TableLibrary, NamesAreComparedWithoutCase) {

@@ -9,49 +9,22 @@ namespace {
 
 class CatalogueFile : public test::TemporaryFolder {};
 
-struct LookupCase {
-  std::string_view bytes;
-  std::string_view key;
-  std::string_view text;
-};
-
 TEST_F(CatalogueFile, TheFirstLineWithTheKeyGivesTheText) {
-  const std::string behindLargePart = std::string(5u << 20, 'x') + "\nK.A {far}\n";
-  const LookupCase cases[] = {
-      {behindLargePart, "K.A", "far"},
-      {"K.A {one} rest\r\nK.A {two}\r\n", "K.A", "one"},
-      {"x k.a y {small letters}\n", "K.A", "small letters"},
-      {"K.A {one}\n", "k.a", "one"},
-      {"LAST.X2 {long}\nLAST.X {short}\n", "LAST.X", "long"},
-      {"LAST.X {short}\nLAST.X2 {long}\n", "LAST.X2", "long"},
-      {"K.A {a}b} c\n", "K.A", "a"},
-      {"K.A {}\nK.A {later}\n", "K.A", ""},
-      {"K.A no braces\nK.A {later}\n", "K.A", ""},
-      {"K.A {open\n", "K.A", ""},
-      {"K.A only} closed\n", "K.A", "K.A only"},
-      {"K.A } before { open\n", "K.A", ""},
-      {"\xEF\xBB\xBFK.A {after a mark}", "K.A", "after a mark"},
-      {"K.A {\xDC"
-       "ber}\nK.B {\xC3\x9C"
-       "ber}\n",
-       "K.A", "Über"},
-      {"K.A {\xDC"
-       "ber}\nK.B {\xC3\x9C"
-       "ber}\n",
-       "K.B", "Über"},
-      {"other\rK.A {behind CR}\r", "K.A", "behind CR"},
-      {"", "K.A", ""},
-      {std::string_view("\0\xFF{}}K.A\0\nK.A {x}", 16), "K.A", ""},
-  };
+  auto cases = test::Cases("texts.txt", "lookup");
+  cases.push_back({std::string(5u << 20, 'x') + "\nK.A {far}\n", "K.A", "far"});
+  cases.push_back({"K.A {\xDC}\nK.B {\xC3\x9C}\n", "K.A", "Ü"});
+  cases.push_back({"K.A {\xDC}\nK.B {\xC3\x9C}\n", "K.B", "Ü"});
+  cases.push_back({std::string("\0\xFF{}}K.A\0\nK.A {x}", 16), "K.A", ""});
   std::string text;
   std::vector<std::string> texts;
-  for (const LookupCase& c : cases) {
-    const auto file = Write("catalogue.txt", c.bytes);
-    EXPECT_FALSE(LookupText(platform::SystemFiles(), c.key, file, text));
-    EXPECT_EQ(text, c.text) << c.bytes.substr(0, 80);
-    const std::vector keys = {std::string(c.key)};
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row[0].substr(0, 80));
+    const auto file = Write("catalogue.txt", row[0]);
+    EXPECT_FALSE(LookupText(platform::SystemFiles(), row[1], file, text));
+    EXPECT_EQ(text, row[2]);
+    const std::vector keys = {row[1]};
     EXPECT_FALSE(LookupTexts(platform::SystemFiles(), keys, file, texts));
-    EXPECT_EQ(texts.front(), c.text) << c.bytes.substr(0, 80);
+    EXPECT_EQ(texts.front(), row[2]);
   }
 }
 

@@ -33,7 +33,7 @@ TEST(UiFont, FollowsTheSystemLocale) {
       {0x0C04, "", 0, 0},           {0x0411, "ＭＳ Ｐゴシック", 9, 128},
       {0x0412, "굴림", 9, 129},     {0x0812, "굴림", 9, 129},
       {0x0C12, "", 9, 129},         {0x0409, "ARIAL", 8, 204},
-      {0x0407, "ARIAL", 8, 204},
+      {0x0407, "ARIAL", 8, 204},    {0, "ARIAL", 8, 204},
   };
   for (const Case& c : cases) {
     FakeSystem system;

@@ -16,6 +16,7 @@
 #include <algorithm>
 
 #include "app/widgets/qt_user_dialogs.h"
+#include "app/widgets/window_font.h"
 #include "editor/widgets/chart/chart_colours.h"
 #include "editor/widgets/chart/curve_chart.h"
 #include "editor/widgets/chart/overlay_style.h"
@@ -141,20 +142,14 @@ class AccessTest : public WindowTest {
     QCoreApplication::processEvents();
     look(*f.window, QStringLiteral("main"));
     f.Find<QAction>("m_assess")->setChecked(false);
-    for (const char* const action :
-         {"m_standard", "m_fitcurve", "m_thin", "m_resample", "m_print"}) {
-      InDialog(
-          QLatin1String(action), [&] { f.Find<QAction>(action)->trigger(); }, look);
-    }
-    InDialog(
-        QStringLiteral("preview"), [&] { f.Click("CommandPreview"); }, look);
-    f.dialogs.file = f.Path("curve.csv");
-    InDialog(
-        QStringLiteral("m_impcurves"), [&] { f.Find<QAction>("m_impcurves")->trigger(); }, look);
-    f.dialogs.file = f.Path("other.dat");
-    for (const char* const action : {"m_cmplibrary", "m_imp", "m_exp"}) {
-      InDialog(
-          QLatin1String(action), [&] { f.Find<QAction>(action)->trigger(); }, look);
+    for (const char* const action : {"m_standard", "m_fitcurve", "m_thin", "m_resample", "m_print",
+                                     "preview", "m_impcurves", "m_cmplibrary", "m_imp", "m_exp"}) {
+      const QString name = QLatin1String(action);
+      f.dialogs.file = f.Path(name == "m_impcurves" ? "curve.csv" : "other.dat");
+      const auto open = [&] {
+        name == "preview" ? f.Click("CommandPreview") : f.Find<QAction>(action)->trigger();
+      };
+      InDialog(name, open, look);
     }
     LookAtQuestions(look);
   }
@@ -262,10 +257,15 @@ class AccessTest : public WindowTest {
     QFETCH(const QString, language);
     QFETCH(const double, scale);
     QFont font = usual_;
+    font.setPointSizeF(12.0);
+    QApplication::setFont(font);
+    QCOMPARE(TextScale(), 1.0);
     font.setPointSizeF(9.0 * scale);
     QApplication::setFont(font);
     WindowFixture& f = Start(language);
     QCOMPARE_GE(f.window->font().pointSizeF(), 8.0 * scale);
+    const auto& quick = *f.Find<QToolButton>("Quick_m_act");
+    QCOMPARE(quick.iconSize().height(), std::max(16, quick.fontMetrics().height()));
     QStringList found;
     LookAtAll([&](const QWidget& window, const QString& name) {
       // It takes some turns until every layout has the last of it.
@@ -281,6 +281,7 @@ class AccessTest : public WindowTest {
   }
 
   void TextAndCurvesStandOutInEveryScheme() {
+    QApplication::setStyle(QStringLiteral("windows"));
     WindowFixture& f = Start({});
     f.Find<QAction>("m_pickup")->setChecked(true);
     f.Select(1);
@@ -304,6 +305,13 @@ class AccessTest : public WindowTest {
       QTest::qWait(1);
       CheckContrast(scheme);
     }
+    // Dark colours are those of the next start; the style that cannot show them comes back.
+    f.window.reset();
+    f.Open();
+    QCOMPARE(QApplication::palette().color(QPalette::Window), QColor(0xFF2B2D30));
+    QCOMPARE(QApplication::style()->name(), QStringLiteral("fusion"));
+    f.Find<QAction>("m_colsystem")->trigger();
+    QCOMPARE(QApplication::style()->name(), QStringLiteral("windows"));
   }
 
  private:

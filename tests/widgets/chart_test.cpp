@@ -104,8 +104,8 @@ class ChartTest : public QObject {
   void TheCurveStandsOutOnAnyPalette() {
     CurveChart& chart = Start();
     for (const char* const base :
-         {"white", "black", "#232629", "#1e1e1e", "#777777", "#808080", "#fdf6e3", "#002b36", "red",
-          "lime", "blue", "yellow", "#1f6fc4", "#308cc6", "#5e7fa0"}) {
+         {"white", "black", "#232629", "#1e1e1e", "#757575", "#777777", "#808080", "#fdf6e3",
+          "#002b36", "red", "lime", "blue", "yellow", "#1f6fc4", "#308cc6", "#5e7fa0"}) {
       for (const char* const highlight : {"#308cc6", "white", "black", "#4a4a4a"}) {
         QPalette colours;
         colours.setColor(QPalette::Base, QColor(base));
@@ -115,7 +115,7 @@ class ChartTest : public QObject {
         const struct {
           QPen pen;
           double least;
-        } lines[] = {{chart.plottable(0)->pen(), 3.0},
+        } lines[] = {{chart.plottable(0)->pen(), 4.5},
                      {chart.xAxis->basePen(), 3.0},
                      {grid.pen(), 1.3},
                      {grid.subGridPen(), 1.3}};
@@ -125,35 +125,42 @@ class ChartTest : public QObject {
         }
       }
     }
+    QCOMPARE(LineOn(Qt::white, Qt::red, 3.0).red(), 255);
     QVERIFY(std::abs(ContrastOf(Qt::black, Qt::white) - 21.0) < 1e-9);
     QVERIFY(std::abs(ContrastOf(QColor("#777777"), Qt::white) - 4.478) < 1e-3);
   }
 
   void AZoomLastsWhileAnyOfTheCurveIsInView() {
     CurveChart& chart = Start();
-    QVERIFY(IsWholeInView(Usual()));
+    const auto showsWhole = [&](const ChartCurve& curve) {
+      chart.ShowCurve(curve);
+      return IsWholeInView(curve);
+    };
+    QVERIFY(showsWhole(Usual()));
     const QPointF place(chart.xAxis->coordToPixel(2.7), chart.yAxis->coordToPixel(4.1));
     Zoom(place, 8);
-    QVERIFY(!IsWholeInView(Usual()));
     const QCPRange loads = chart.xAxis->range();
     // One point is left in view, then none but the line between two of them.
-    chart.ShowCurve(Curve({{1, 30}, {2.7, 4.2}, {9, 1}}));
-    chart.ShowCurve(Curve({{1, 30}, {2.7, 4.1}, {9, 1}}));
-    const ChartCurve passing = Curve({{1, 4.1}, {9, 4.1}});
-    chart.ShowCurve(passing);
-    QCOMPARE(chart.xAxis->range(), loads);
+    for (const ChartCurve& left : {Curve({{1, 30}, {2.7, 4.2}, {9, 1}}),
+                                   Curve({{2.7, 4.1}, {1, 30}}), Curve({{1, 4.1}, {9, 4.1}})}) {
+      QVERIFY(!showsWhole(left));
+      QCOMPARE(chart.xAxis->range(), loads);
+    }
     chart.HoldView(true);
     chart.HoldView(false);
+    chart.SetExtent(&chart, Extent{{1, 99}, {1, 99}});
     QCOMPARE(chart.xAxis->range(), loads);
-    const ChartCurve far = Curve({{100, 7}, {200, 5}});
-    chart.ShowCurve(far);
-    QVERIFY(IsWholeInView(far));
+    const ChartCurve far = Curve({{100, 0.7}, {200, 0.5}});
+    QVERIFY(showsWhole(far));
+    for (const bool isCurve : {true, false}) {
+      Zoom(place, 8);
+      chart.SetExtent(&chart, {});
+      QVERIFY(!showsWhole({}) && chart.isHidden());
+      isCurve ? chart.ShowCurve(far) : chart.SetExtent(&chart, Extent{far.load, far.time});
+      QVERIFY(IsWholeInView(far) && chart.IsLogarithmic());
+    }
     Zoom(place, 8);
-    QVERIFY(!IsWholeInView(far));
-    chart.ShowCurve(ChartCurve());
-    QVERIFY(chart.isHidden());
-    chart.ShowCurve(far);
-    QVERIFY(IsWholeInView(far));
+    QVERIFY2(showsWhole(Curve({{0, 9}, {150, 0.6}})), "on other axes");
   }
 };
 

@@ -78,30 +78,10 @@ class CurveDialogsTest : public WindowTest {
   void cleanup() { made_.reset(); }
 
   void DialogsGiveWhatTheCompanionPrints_data() {
-    QTest::addColumn<QString>("action");
-    QTest::addColumn<QString>("fields");
-    QTest::addColumn<QString>("arguments");
-    const auto row = [](const char* name, const char* action, const char* fields,
-                        const char* arguments) {
-      QTest::newRow(name) << action << fields << arguments;
-    };
-    row("best", "m_standard", "family=iec-b tms=0.3 spacing=best points=12",
-        "curve iec-b --tms 0.3 --spacing best --points 12");
-    row("given", "m_standard", "family=thermal tau=30 previous=0.5 spacing=given loads=1.2;2;5,7",
-        "curve thermal --tau 30 --previous 0.5 --loads 1.2,2,5,7");
-    row("relay", "m_standard",
-        "family=ieee-ei min=0.2 max=9 step=8 steptime=0.05 start=1.1 from=1.2 spacing=linear",
-        "curve ieee-ei --min-time 0.2 --max-time 9 --step 8,0.05 --start 1.1 --from 1.2 --spacing "
-        "linear");
-    row("below", "m_standard", "family=undervoltage k=2 points=5",
-        "curve undervoltage --k 2 --points 5");
-    row("equation", "m_standard", "family=equation equation=multiplier*13.5/(v-1) tms=2",
-        "curve equation --equation multiplier*13.5/(v-1) --tms 2");
-    row("thin", "m_thin", "points=6", "thin FILE Measured --points 6");
-    row("resample", "m_resample", "spacing=linear points=7 from=2",
-        "resample FILE Measured --points 7 --from 2 --spacing linear");
-    row("loads", "m_resample", "spacing=given loads=1.5;3;19",
-        "resample FILE Measured --loads 1.5,3,19");
+    for (const auto* each : {"action", "fields", "arguments"}) QTest::addColumn<QString>(each);
+    for (const QStringList& row : RowsIn("curve_dialogs.txt")) {
+      QTest::newRow(qPrintable(row[0])) << row[1] << row[2] << row[3];
+    }
   }
   void DialogsGiveWhatTheCompanionPrints() {
     QFETCH(QString, action);
@@ -115,6 +95,8 @@ class CurveDialogsTest : public WindowTest {
     QDialog* dialog = Opened(action.toUtf8().constData());
     Fill(*dialog, fields);
     QVERIFY(ShowsProposal());
+    const auto* const fault = dialog->findChild<QLabel*>(QStringLiteral("LabelEquation"));
+    QVERIFY(fault == nullptr || fault->text().isEmpty());
     if (!remark.isEmpty()) {
       const QString deviation = QString::number(remark.toDouble(), 'f', 2);
       QVERIFY2(Said(*dialog).contains(deviation), qPrintable(Said(*dialog)));
@@ -139,23 +121,9 @@ class CurveDialogsTest : public WindowTest {
   void WhatCannotBeIsSaid_data() {
     QTest::addColumn<QString>("fields");
     QTest::addColumn<QString>("said");
-    const auto row = [](const char* fields, const char* said) {
-      QTest::newRow(fields) << fields << said;
-    };
-    row("tms=0", "The value of Time multiplier is out of its range");
-    row("tms=x", "Time multiplier: a number is needed");
-    row("from=1", "The load 1 is at or below the pickup value");
-    row("from=30", "The range of loads is empty");
-    row("points=27", "A table has 2 to 26 points");
-    row("points=1", "A table has 2 to 26 points");
-    row("step=3", "Its time (s): a number is needed");
-    row("max=0.1 min=0.2", "The value of Maximum time (s) is out of its range");
-    row("spacing=given loads=", "Loads (× pickup): numbers are needed");
-    row("spacing=given loads=2;2", "Two points have the same load, 2");
-    row("family=own alpha=0", "The value of α is out of its range");
-    row("family=equation equation=v)", "Character 2: Too many closing brackets");
-    row("family=equation equation=w", "The equation has the name w");
-    row("family=equation equation=-v", "There is no finite operating time");
+    for (const QStringList& row : RowsIn("curve_refusals.txt")) {
+      QTest::newRow(qPrintable(row[0])) << row[0] << row[1];
+    }
   }
   void WhatCannotBeIsSaid() {
     QFETCH(QString, fields);
@@ -186,8 +154,7 @@ class CurveDialogsTest : public WindowTest {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("0.5"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QCOMPARE(Points(), Printed({QStringLiteral("curve"), QStringLiteral("iec-b"),
-                                QStringLiteral("--tms"), QStringLiteral("0.5")}));
+    QCOMPARE(Points(), Printed({"curve", "iec-b", "--tms", "0.5"}));
   }
 
   void LoadsAndTimesComeOutInTheGridsModes() {
@@ -206,22 +173,26 @@ class CurveDialogsTest : public WindowTest {
                                    .split(' ')));
     f.Click("Check1");
     dialog = Opened("m_standard");
-    QCOMPARE(dialog->findChild<QLineEdit*>(QStringLiteral("Field_to"))->text(),
-             QStringLiteral("20"));
+    QCOMPARE(dialog->findChild<QLineEdit*>("Field_to")->text(), QStringLiteral("20"));
   }
 
   void OwnConstantsAreKeptUnderTheirNames() {
     Start();
     QDialog* dialog = Opened("m_standard");
-    Fill(*dialog, QStringLiteral("family=own k=0.7 alpha=0.5 c=0.1"));
+    Fill(*dialog, QStringLiteral("family=own alpha=0.5 c=0.1"));
     auto* const name = dialog->findChild<QComboBox*>(QStringLiteral("Field_name"));
-    name->setEditText(QStringLiteral("Feeder 7"));
-    dialog->findChild<QPushButton*>(QStringLiteral("CommandKeep"))->click();
+    for (const auto& [k, called] : {std::pair("0.7", ""), std::pair("x", "Feeder 7"),
+                                    std::pair("0.7", "Feeder 7"), std::pair("0.9", "Zone 2")}) {
+      Fill(*dialog, QStringLiteral("k=%1").arg(k));
+      name->setEditText(QLatin1String(called));
+      dialog->findChild<QPushButton*>(QStringLiteral("CommandKeep"))->click();
+      QCOMPARE(name->currentText(), QLatin1String(called));
+    }
     dialog->reject();
     dialog = Opened("m_standard");
     Fill(*dialog, QStringLiteral("family=own"));
     auto* const again = dialog->findChild<QComboBox*>(QStringLiteral("Field_name"));
-    QCOMPARE(again->itemText(0), QStringLiteral("Feeder 7"));
+    QCOMPARE(again->itemText(0) + again->itemText(1), QStringLiteral("Feeder 7Zone 2"));
     Q_EMIT again->activated(0);
     dialog->accept();
     QCOMPARE(Points(), Printed(QStringLiteral("curve own --k 0.7 --alpha 0.5 --c 0.1").split(' ')));
@@ -246,7 +217,11 @@ class CurveDialogsTest : public WindowTest {
     QVERIFY(isAsPrinted(Printed(fit)));
     QCOMPARE(fits->item(1, 0)->text(), QStringLiteral("IEC standard inverse (A)"));
     dialog->findChild<QListWidget*>()->item(4)->setCheckState(Qt::Unchecked);
-    QVERIFY(isAsPrinted(Printed(fit << QStringLiteral("--exclude") << QStringLiteral("5"))));
+    fit += {QStringLiteral("--exclude"), QStringLiteral("5")};
+    QVERIFY(isAsPrinted(Printed(fit)));
+    Find<QAbstractButton>("CheckPickup")->click();
+    QVERIFY(isAsPrinted(Printed(fit + QStringList{QStringLiteral("--pickup-free")})));
+    Find<QAbstractButton>("CheckPickup")->click();
     fits->selectRow(1);
     dialog->accept();
     QVERIFY(std::abs(Points().at(4).section('\t', 1).toDouble() - 0.99603) < 2e-4);
@@ -262,7 +237,7 @@ class CurveDialogsTest : public WindowTest {
              qPrintable(Said(*dialog)));
     dialog->findChild<QListWidget*>()->item(0)->setCheckState(Qt::Unchecked);
     dialog->findChild<QTableWidget*>()->selectRow(1);
-    QVERIFY2(Said(*dialog).contains(QLatin1String("does not operate at one of the points")),
+    QVERIFY2(Said(*dialog).contains(QLatin1String(". It does not operate at one of the points")),
              qPrintable(Said(*dialog)));
     dialog->reject();
   }
@@ -286,6 +261,9 @@ class CurveDialogsTest : public WindowTest {
     QCOMPARE(table->item(0, 7)->text(), QStringLiteral("outside"));
     Find<QLineEdit>("Limit_percent")->setText(QStringLiteral("-1"));
     QVERIFY(verdict().contains(QStringLiteral("from 0 up")));
+    QApplication::clipboard()->setText(QStringLiteral("kept"));
+    f.Click("CommandCopyAssessment");
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("kept"));
     Find<QLineEdit>("Limit_percent")->clear();
     Find<QLineEdit>("Limit_class")->setText(QStringLiteral("5"));
     auto* const factors = Find<QLineEdit>("Limit_factors");
@@ -325,10 +303,6 @@ class CurveDialogsTest : public WindowTest {
         QStringLiteral("Assessment not passed. Points within the limits: 11, beyond them: 1")));
     f.Click("CommandCloseAssessment");
     QVERIFY(Find<QWidget>("PanelAssessment")->isHidden());
-    Make("{\"One\"\t(1;2)(2;1) 001}\r\n");
-    Find<QListView>("List1")->clearSelection();
-    Find<QAction>("m_assess")->setChecked(true);
-    QVERIFY(verdict().startsWith(QStringLiteral("Choose what to assess against")));
   }
 
   void DialogsOpenBesideTheChart() {
@@ -343,23 +317,31 @@ class CurveDialogsTest : public WindowTest {
       const int top = std::clamp(chart.y(), 0, screen.bottom() - dialog->height());
       QCOMPARE(dialog->pos(), QPoint(left, top));
       dialog->reject();
+      QTRY_VERIFY(f.window->findChild<QDialog*>() == nullptr);
     }
   }
 
   void LimitsAndReferenceAreThereTheNextTime() {
     WindowFixture& f = Start();
+    Find<QListView>("List1")->clearSelection();
     Find<QAction>("m_assess")->setChecked(true);
+    f.Click("CommandUseEntry");
+    QVERIFY(Find<QLabel>("LabelVerdict")->text().startsWith(QLatin1String("Choose what to")));
     f.Click("CommandUseCurve");
     auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     Fill(*dialog, QStringLiteral("family=iec-a tms=0.2"));
     dialog->accept();
     QTest::keyClicks(Find<QLineEdit>("Limit_ms"), QStringLiteral("40"));
     QTest::keyClick(Find<QLineEdit>("Limit_ms"), Qt::Key_Return);
-    f.window.reset();
-    f.Open();
-    Find<QAction>("m_assess")->setChecked(true);
-    QCOMPARE(Find<QLineEdit>("Limit_ms")->text(), QStringLiteral("40"));
-    QVERIFY(Find<QLabel>("LabelReference")->text().contains(QStringLiteral("0.2")));
+    for (const char* const reference : {"0.2", "Reference"}) {
+      f.window.reset();
+      f.Open();
+      f.Select(1);
+      Find<QAction>("m_assess")->setChecked(true);
+      QCOMPARE(Find<QLineEdit>("Limit_ms")->text(), QStringLiteral("40"));
+      QVERIFY(Find<QLabel>("LabelReference")->text().contains(QLatin1String(reference)));
+      f.Click("CommandUseEntry");
+    }
   }
 };
 

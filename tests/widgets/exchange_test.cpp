@@ -52,6 +52,12 @@ class ExchangeTest : public WindowTest {
                                              QItemSelectionModel::Select);
     }
   }
+  void ImportTheFirst() {
+    InDialog("m_imp", [](ExchangeDialog& dialog) {
+      Select(dialog, {0});
+      dialog.command1->click();
+    });
+  }
 
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
@@ -110,25 +116,16 @@ class ExchangeTest : public WindowTest {
     QCOMPARE(f.window->cursor().shape(), Qt::ArrowCursor);
     QCOMPARE(NamesIn(*f.window), QStringLiteral("B"));
     QCOMPARE(f.SelectedRow(), 0);
-    InDialog("m_imp", [](ExchangeDialog& dialog) {
-      Select(dialog, {0});
-      dialog.command1->click();
-    });
+    ImportTheFirst();
     QCOMPARE(NamesIn(*f.window), QStringLiteral("A|B|C|X"));
     QCOMPARE(f.SelectedRow(), 1);
     QVERIFY(f.session.table.tableModified);
     f.Write("relayTables.dat", "{\"new\"\t 0}\r\n" + f.Bytes());
-    InDialog("m_imp", [](ExchangeDialog& dialog) {
-      Select(dialog, {0});
-      dialog.command1->click();
-    });
+    ImportTheFirst();
     QCOMPARE(NamesIn(*f.window), QStringLiteral("new|A|B|C|X|X"));
     QCOMPARE(f.SelectedRow(), 2);
     f.Find<QListView>("List1")->clearSelection();
-    InDialog("m_imp", [](ExchangeDialog& dialog) {
-      Select(dialog, {0});
-      dialog.command1->click();
-    });
+    ImportTheFirst();
     QCOMPARE(f.SelectedRow(), -1);
   }
 
@@ -241,12 +238,12 @@ class ExchangeTest : public WindowTest {
       QCOMPARE(dialog.command1->text(), QStringLiteral("Execute"));
     });
     f.Write("Zentab.txt",
-            "F2.EXPORT.HEADING {To %G}\nF2.EXPORT.BUTTON.TEXT {Go %X}\n"
+            "F2.EXPORT.HEADING {To %G}\nF2.EXPORT.BUTTON.TEXT {Go %X}\nF2.CLOSE.TEXT {Zu}\n"
             "F2.IMPORT.BUTTON.TIP {Get <it>}\nF2.IMPORT.LIST.TIP {List}\n");
     f.Open();
     InDialog("m_exp", [&](ExchangeDialog& dialog) {
       QCOMPARE(dialog.windowTitle(), "To " + QDir::toNativeSeparators(f.Path("other.dat")));
-      QCOMPARE(dialog.command1->text(), QStringLiteral("Go S"));
+      QCOMPARE(dialog.command1->text() + dialog.closeButton->text(), QStringLiteral("Go SZu"));
     });
     InDialog("m_imp", [](ExchangeDialog& dialog) {
       QCOMPARE(dialog.windowTitle(), QStringLiteral("Import/Export"));

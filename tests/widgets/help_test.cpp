@@ -4,11 +4,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTest>
 #include <QToolButton>
 
-#include "app/widgets/accessible_names.h"
+#include "editor/widgets/chart/curve_chart.h"
 #include "widgets/picture.h"
 #include "widgets/window_test.h"
 
@@ -34,6 +35,9 @@ class HelpTest : public WindowTest {
     const auto& table = *dialog->findChild<QTableWidget*>();
     if (table.rowCount() + 1 != lines.size()) qFatal("lines lost");
     if (table.editTriggers() || table.tabKeyNavigation()) qFatal("the table keeps the keys");
+    // The newest line of a log is seen, and the first one of all others.
+    const QScrollBar& bar = *table.verticalScrollBar();
+    if (bar.value() != (table.columnCount() == 1 ? bar.maximum() : 0)) qFatal("the wrong end");
     const auto* const note = dialog->findChild<QLabel*>("LabelNote");
     const bool isBelow = note != nullptr && note->y() > table.geometry().bottom();
     if (isBelow && note->wordWrap()) lines += note->text();
@@ -63,11 +67,11 @@ class HelpTest : public WindowTest {
 
   void TheLogIsThatOfTheSessionWhetherItIsWrittenOrNot() {
     WindowFixture& f = Start();
-    f.Click("Option1");
+    for (int press = 0; press < 12; ++press) f.Click(press % 2 == 0 ? "Option2" : "Option1");
     QStringList lines = Shown("m_sessionlog");
     QVERIFY2(lines.value(1).endsWith("Started"), qPrintable(lines.join('\n')));
     // Each begins with the time where another minute has begun.
-    QCOMPARE(lines.filter(" Current selected ").size(), 1);
+    QCOMPARE(lines.filter(" Current selected ").size(), 6);
     QCOMPARE(lines.last(), QString::fromStdString(f.session.texts.help.noLogFile));
     QVERIFY(!QFile::exists(f.Path("Zentab.log")));
     f.Write("Zentab.txt", "F1.LOGGFILE {on}\n");
@@ -152,6 +156,8 @@ class HelpTest : public WindowTest {
     QVERIFY(f.dialogs.asked.back().ends_with("Zentab --demo") && f.window->isVisible());
     f.dialogs.file = f.Path("mine.dat");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    // It stays where it is when a library or a curve is looked for anew.
+    Q_EMIT f.Find<editor::CurveChart>("MSChart1")->CurveShown();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     QVERIFY(QFile::exists(f.Path("mine.dat")) && !IsWelcome());

@@ -3,15 +3,12 @@
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QDialog>
-#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPushButton>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTest>
-#include <QUrl>
 
 #include "editor/widgets/chart/curve_chart.h"
 #include "widgets/companion.h"
@@ -77,13 +74,10 @@ class InterchangeTest : public WindowTest {
     }
     Settle(dialog);
   }
-  [[nodiscard]] QStringList Differences(const QDialog& dialog) const {
-    const auto* const model = In<QListView>(dialog, "ListDifferences")->model();
-    QStringList lines;
-    for (int row = 0; row < model->rowCount(); ++row) {
-      lines += model->index(row, 0).data().toString().replace(QChar(0x2212), '-').simplified();
-    }
-    return lines;
+  // As the companion has them.
+  [[nodiscard]] QString Differences(const QDialog& dialog) const {
+    QString texts = Texts(*In<QListView>(dialog, "ListDifferences")->model());
+    return texts.replace(QChar(0x2212), '-').simplified();
   }
   // The rows of a table, cells apart by a comma.
   static QString Texts(const QAbstractItemModel& model) {
@@ -111,28 +105,11 @@ class InterchangeTest : public WindowTest {
     QTest::addColumn<QString>("fields");
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("settings");  // ms, absolute, instrument
-    const auto row = [](const char* name, const QByteArray& bytes, const char* fields,
-                        const char* arguments, const char* settings) {
-      QTest::newRow(name) << bytes << fields
-                          << QString::fromLatin1(arguments).split(' ', Qt::SkipEmptyParts)
-                          << settings;
-    };
-    row("german", kTwoCurves, "", "", "111");
-    row("english", "Load,Time [s]\n1.5,3.44\n2,2.006\n", "", "", "000");
-    row("list", RelayList(), "", "", "000");
-    row("cut", RelayList(), "surplus=cut", "--cut", "000");
-    row("units", "1.5;60\n2;30\n", "loadunit=ka timeunit=cycles60", "--units kA,cycles60", "011");
-    row("columns", "1;5;9\n2;6;10\n", "load=2 time=3 loadunit=v", "--load 2 --time 3 --units V,s",
-        "012");
-    row("signs", "1,5;3,44\n2;1\n", "separator=, header=no", "--separator , --header no", "000");
-    row("numbers", "1;2;3\n5;7;9\n6;4;3\n", "header=yes load=2 time=1",
-        "--header yes --load 2 --time 1", "000");
-    row("decimal", "1.000;2.000\n2.000;1.000\n", "decimal=,", "--decimal ,", "000");
-    row("json",
-        "{\"format\":\"zentab-library\",\"version\":1,\"entries\":[{\"name\":\"J\","
-        "\"milliseconds\":"
-        "true,\"absolute\":true,\"instrument\":\"voltage\",\"points\":[[1.5,10.0],[2.0,4.25]]}]}",
-        "", "", "112");
+    for (QStringList row : RowsIn("curve_readings.txt")) {
+      const QByteArray bytes = row[1].replace("\\r", "\r").replace("\\n", "\n").toUtf8();
+      QTest::newRow(qPrintable(row[0])) << (bytes == "LIST" ? RelayList() : bytes) << row[2]
+                                        << row[3].split(' ', Qt::SkipEmptyParts) << row[4];
+    }
   }
   void TheGridGetsWhatTheCompanionPrints() {
     QFETCH(QByteArray, bytes);
@@ -142,11 +119,13 @@ class InterchangeTest : public WindowTest {
     const WindowFixture& f = Start();
     f.Write("curve.txt", bytes);
     QDialog* const dialog = Opened("m_impcurves", "curve.txt");
-    Fill(*dialog, fields);
     QCOMPARE(In<QComboBox>(*dialog, "Field_separator")->isEnabled(), !bytes.startsWith('{'));
     QString remark;
     const QStringList printed =
         Printed(QStringList{"read", f.Path("curve.txt")} + arguments, &remark);
+    // What has become of the file meanwhile is not asked.
+    f.Write("curve.txt", "1;1\n");
+    Fill(*dialog, fields);
     if (printed.isEmpty()) {
       QVERIFY(!In<QPushButton>(*dialog, "CommandGrid")->isEnabled() && !Said(*dialog).isEmpty());
       return;
@@ -156,6 +135,7 @@ class InterchangeTest : public WindowTest {
       QVERIFY2(Said(*dialog).contains(percent), qPrintable(Said(*dialog) + percent));
     }
     In<QPushButton>(*dialog, "CommandGrid")->click();
+    QVERIFY(!dialog->isVisible());
     QCOMPARE(Points(), printed);
     const auto digit = [](auto value) { return QString::number(static_cast<int>(value)); };
     QCOMPARE(digit(f.session.modes.milliseconds) + digit(f.session.modes.absoluteValues) +
@@ -176,14 +156,25 @@ class InterchangeTest : public WindowTest {
     f.Write("german.csv", kTwoCurves);
     auto& chart = *f.Find<QCustomPlot>("MSChart1");
     const QString before = CurvesOf(chart);
-    for (const auto& [action, file] :
-         {std::pair("m_cmplibrary", "other.dat"), std::pair("m_impcurves", "german.csv")}) {
+    for (const auto& [action, file, isListed] : {std::tuple("m_cmplibrary", "other.dat", false),
+                                                 std::tuple("m_cmplibrary", "other.dat", true),
+                                                 std::tuple("m_impcurves", "german.csv", false)}) {
       f.dialogs.file = f.Path(QLatin1String(file));
       f.Find<QAction>(action)->trigger();
-      qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (isListed) {
+        Settle(*dialog);
+        auto* const list = In<QListView>(*dialog, "ListDifferences");
+        list->setCurrentIndex(list->model()->index(3, 0));
+        Mark(*dialog, "ListDifferences", 3);
+        In<QPushButton>(*dialog, "CommandTakeOver")->click();
+      }
+      dialog->reject();
       const QDeadlineTimer end(50);
       while (!end.hasExpired()) QCoreApplication::processEvents();
       QCOMPARE(CurvesOf(chart), before);
+      QCOMPARE(f.Bytes(), kLibrary);
+      QTRY_VERIFY(f.window->findChild<QDialog*>() == nullptr);
     }
   }
 
@@ -204,23 +195,32 @@ class InterchangeTest : public WindowTest {
 
   void ChosenCurvesBecomeEntriesInOneStep() {
     WindowFixture& f = Start();
-    f.Write("feeder.csv", kTwoCurves + "\r\nBeta\r\n1,5;1;2\r\n3;1;2\r\n");
+    f.Write("feeder.csv", kTwoCurves + "\r\nBeta\r\n1,5;1;2\r\n3;1;2\r\n\r\nOne\r\n" +
+                              QByteArray("2;3;4\r\n").repeated(27));
     QDialog* const dialog = Opened("m_impcurves", "feeder.csv");
     auto* const add = In<QPushButton>(*dialog, "CommandAdd");
     auto* const list = In<QTableView>(*dialog, "TableCurves");
     QCOMPARE(Texts(*list->model()),
-             QStringLiteral("Abgang 1,3,|Abgang 2,2,|Beta Abgang 1,2,|Beta Abgang 2,2,"));
+             QStringLiteral("Abgang 1,3,|Abgang 2,2,|Beta Abgang 1,2,|Beta Abgang 2,2,|"
+                            "One Abgang 1,27,not possible|One Abgang 2,27,not possible"));
     const auto name = [list](int row, const char* text) {
       list->model()->setData(list->model()->index(row, 0), QLatin1String(text), Qt::EditRole);
     };
-    Mark(*dialog, "TableCurves", 1, false);
-    Mark(*dialog, "TableCurves", 3, false);
+    for (const int row : {0, 1, 2, 3, 4, 5}) Mark(*dialog, "TableCurves", row, false);
+    QVERIFY(!add->isEnabled());
+    for (const int row : {0, 2, 5}) Mark(*dialog, "TableCurves", row);
+    QVERIFY(!add->isEnabled());
+    Mark(*dialog, "TableCurves", 5, false);
     for (const auto& [text, why] : {std::pair("bETA", "already has an entry \"bETA\""),
                                     std::pair(" ", "no name"), std::pair("abgang 1", "Two of")}) {
       name(2, text);
       QVERIFY2(!add->isEnabled() && Said(*dialog).contains(QLatin1String(why)), why);
     }
     name(2, "New");
+    // Read anew, they stay what they are.
+    list->selectRow(2);
+    Fill(*dialog, QStringLiteral("surplus=cut"));
+    QCOMPARE(list->currentIndex().row(), 2);
     // Someone else takes the name meanwhile.
     f.Write("relayTables.dat", kLibrary + "{\"new\"\t(1;2)(2;3) 001}\r\n");
     add->click();
@@ -291,6 +291,9 @@ class InterchangeTest : public WindowTest {
   void FilesAreDroppedAndCellsPasted() {
     const WindowFixture& f = Start();
     for (const char* const command : {"m_impcurves", "m_cmplibrary"}) {
+      made_->dialogs.file.clear();
+      f.Find<QAction>(command)->trigger();
+      QVERIFY(QApplication::activeModalWidget() == nullptr);
       QDialog* const missing = Opened(command, QStringLiteral("missing.json"));
       QVERIFY2(Said(*missing).contains(QStringLiteral("could not be read")), command);
       missing->reject();
@@ -300,17 +303,12 @@ class InterchangeTest : public WindowTest {
     QCOMPARE(SaidBelow(), QStringLiteral("The clipboard holds no text"));
     QApplication::clipboard()->setText(QStringLiteral("1,5\t3,44\r\n2\t2,006\r\n"));
     QDialog* dialog = Opened("m_pastecurves");
+    QCOMPARE(SaidBelow(), QString());
     QCOMPARE(dialog->windowTitle(), QStringLiteral("Import curves – Clipboard"));
     In<QPushButton>(*dialog, "CommandGrid")->click();
     QCOMPARE(Points().join('|'), QStringLiteral("1.5\t3.44|2\t2.006"));
     f.Write("Dropped.CSV", "1;2\n2;1\n");
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(f.Path("Dropped.CSV"))});
-    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(f.window.get(), &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(f.window.get(), &drop);
+    QVERIFY(f.DropFiles({QUrl::fromLocalFile(f.Path("Dropped.CSV"))}));
     dialog = Shown();
     QVERIFY(ShowsAsDesigned(*dialog, QStringLiteral(WINDOWS), QStringLiteral("FormImportCurves")));
   }
@@ -320,17 +318,17 @@ class InterchangeTest : public WindowTest {
     f.Write("other.dat", kOther);
     QDialog* const dialog = Opened("m_cmplibrary", "other.dat");
     QCOMPARE(Differences(*dialog),
-             Printed({"diff", f.Path("relayTables.dat"), f.Path("other.dat")}));
+             Printed({"diff", f.Path("relayTables.dat"), f.Path("other.dat")}).join('|'));
     const auto entry = [dialog] { return In<QLabel>(*dialog, "LabelEntry")->text(); };
     QTRY_COMPARE(entry(), QStringLiteral("Name: Alpha → alpha"));
     QVERIFY(ShowsAsDesigned(*dialog, QStringLiteral(WINDOWS), QStringLiteral("FormCompare")));
     auto* const list = In<QListView>(*dialog, "ListDifferences");
-    list->setCurrentIndex(list->model()->index(2, 0));
+    for (const int row : {1, 2}) list->setCurrentIndex(list->model()->index(row, 0));
     QTRY_VERIFY(entry().contains(QStringLiteral("Points: 2 → 3")));
     QVERIFY(entry().contains(QStringLiteral("Times: ms → s")));
     QVERIFY(entry().endsWith(QStringLiteral("Not every curve can be shown in the chart.")));
     In<QLineEdit>(*dialog, "TextFind")->setText(QStringLiteral("DEL"));
-    QCOMPARE(Differences(*dialog).join('|'), QStringLiteral("+ Delta"));
+    QCOMPARE(Differences(*dialog), QStringLiteral("+ Delta"));
     QTRY_VERIFY(entry().contains(QStringLiteral("Only in the other")));
     In<QLineEdit>(*dialog, "TextFind")->setText(QStringLiteral("nobody"));
     QTRY_COMPARE(entry(), QString());
@@ -338,12 +336,15 @@ class InterchangeTest : public WindowTest {
     f.dialogs.file = f.Path("relayTables.dat");
     f.Find<QAction>("m_cmplibrary")->trigger();
     QCOMPARE(SaidBelow(), QStringLiteral("This is the open library itself"));
+    QVERIFY(Opened("m_cmplibrary", "other.dat") != nullptr);
+    QCOMPARE(SaidBelow(), QString());
   }
 
   void ChosenDifferencesAreTakenOverInOneStep() {
     WindowFixture& f = Start();
     f.Write("other.dat", kOther);
     f.Click("Command1");
+    f.Select(2);
     QDialog* dialog = Opened("m_cmplibrary", "other.dat");
     auto* const take = In<QPushButton>(*dialog, "CommandTakeOver");
     QVERIFY(!take->isEnabled());
@@ -352,9 +353,10 @@ class InterchangeTest : public WindowTest {
     // Someone else is quicker: nothing is done, and the list is what it is now.
     f.Write("relayTables.dat", kLibrary + "{\"Delta\"\t(9;9)(10;9) 001}\r\n");
     take->click();
+    QVERIFY(!take->isEnabled());
     QTRY_VERIFY(Said(*dialog).contains(QStringLiteral("compared anew")));
     QCOMPARE(f.Bytes(), kLibrary + "{\"Delta\"\t(9;9)(10;9) 001}\r\n");
-    QCOMPARE(Differences(*dialog).join('|'), QStringLiteral("~ Alpha|- Beta|~ Gamma|~ Delta"));
+    QCOMPARE(Differences(*dialog), QStringLiteral("~ Alpha|- Beta|~ Gamma|~ Delta"));
     dialog->reject();
     f.Write("relayTables.dat", kLibrary);
     dialog = Opened("m_cmplibrary", "other.dat");
@@ -370,6 +372,7 @@ class InterchangeTest : public WindowTest {
         "{\"Delta\"\t(1.5;40)(2;16) 001}\r\n";
     QCOMPARE(f.Bytes(), taken);
     QCOMPARE(NamesIn(*f.window), QStringLiteral("Alpha|Gamma|Delta"));
+    QCOMPARE(f.SelectedRow(), 1);
     QCOMPARE(SaidBelow(),
              QStringLiteral("Taken over: 1 added, 1 removed, 1 changed: Beta, Gamma, Delta"));
     QCOMPARE(Printed({"diff", f.Path("relayTables.dat"), f.Path("other.dat")}).join('|'),

@@ -1,15 +1,12 @@
 #include <QApplication>
-#include <QDropEvent>
 #include <QFileDialog>
 #include <QListView>
 #include <QMenu>
-#include <QMimeData>
 #include <QPrintPreviewDialog>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QTest>
 #include <QTimer>
-#include <QUrl>
 
 #include "app/widgets/qt_user_dialogs.h"
 #include "exchange/widgets/exchange_dialog.h"
@@ -53,23 +50,14 @@ class LibraryFilesTest : public WindowTest {
       said += QLatin1String(dialog->testOption(QFileDialog::DontConfirmOverwrite) ? " add" : "");
       said += QLatin1String(dialog->fileMode() == QFileDialog::ExistingFile ? " existing" : "");
       said += ' ' + dialog->defaultSuffix() + ' ' + dialog->nameFilters().join('|');
+      said += QLatin1String(dialog->selectedFiles().value(0).endsWith("/x.png") ? " named" : "");
+      Q_EMIT dialog->filterSelected(dialog->nameFilters().last());
+      said += ' ' + dialog->defaultSuffix();
       dialog->selectFile(chosen);
       QMetaObject::invokeMethod(dialog, chosen.isEmpty() ? "reject" : "accept");
     });
     QString file = choose();
     return {file, said};
-  }
-  // Whether the window takes what is dropped.
-  [[nodiscard]] bool Drop(const QList<QUrl>& urls) {
-    QMimeData data;
-    data.setUrls(urls);
-    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    enter.ignore();
-    QApplication::sendEvent(made_->window.get(), &enter);
-    if (!enter.isAccepted()) return false;
-    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(made_->window.get(), &drop);
-    return true;
   }
 
  private Q_SLOTS:
@@ -114,11 +102,12 @@ class LibraryFilesTest : public WindowTest {
     for (int number = 0; number < 10; ++number) {
       const QString name = QStringLiteral("%1.DAT").arg(number);
       f.Write(name, kB);
-      QVERIFY(Drop({url(qPrintable(name))}));
+      QVERIFY(f.DropFiles({url(qPrintable(name))}));
       QCOMPARE(NamesIn(*f.window), QStringLiteral("Berta"));
     }
-    QVERIFY(!Drop({url("3.DAT"), url("4.DAT")}) && !Drop({url("x.txt")}) && !Drop({}));
-    QVERIFY(!Drop({QUrl(QStringLiteral("http://example.org/a.dat"))}));
+    QVERIFY(!f.DropFiles({url("3.DAT"), url("4.DAT")}) && !f.DropFiles({url("x.txt")}) &&
+            !f.DropFiles({}));
+    QVERIFY(!f.DropFiles({QUrl(QStringLiteral("http://example.org/a.dat"))}));
     QCOMPARE(Recent().size(), 8);
     QCOMPARE(Recent().first(), QStringLiteral("9.DAT"));
     QVERIFY(f.Find<QMenu>("m_recent")->actions().at(0)->text().startsWith("&1  "));
@@ -177,14 +166,15 @@ class LibraryFilesTest : public WindowTest {
       QString chosen;
       QString said;
     } cases[] = {
-        {[&] { return dialogs.ChooseTableFile(); }, {}, ". open only existing  Dat (*.dat)"},
-        {[&] { return dialogs.ChooseTargetFile(); }, {}, ". save only add dat Dat (*.dat)"},
-        {[&] { return dialogs.ChooseNewTableFile(); }, {}, ". save only dat Dat (*.dat)"},
-        {[&] { return dialogs.ChooseGraphFile(); }, {}, "data open only existing  GRH (*.grh)"},
-        {read, f.Path("else/file.csv"), documents + " open only existing  CSV (*.csv)"},
-        {read, {}, "else open only existing  CSV (*.csv)"},
-        {write, f.Path("else/new.png"), documents + " save png PNG (*.png)|PDF (*.pdf)"},
-        {write, {}, "else save png PNG (*.png)|PDF (*.pdf)"},
+        {[&] { return dialogs.ChooseTableFile(); }, {}, ". open only existing  Dat (*.dat) "},
+        {[&] { return dialogs.ChooseTargetFile(); }, {}, ". save only add dat Dat (*.dat) dat"},
+        {[&] { return dialogs.ChooseNewTableFile(); }, {}, ". save only dat Dat (*.dat) dat"},
+        {[&] { return dialogs.ChooseGraphFile(); }, {}, "data open only existing  GRH (*.grh) "},
+        {read, f.Path("else/file.csv"), documents + " open only existing  CSV (*.csv) "},
+        {read, {}, "else open only existing  CSV (*.csv) "},
+        {read, {}, "else open only existing  CSV (*.csv) "},
+        {write, f.Path("else/new.pdf"), documents + " save png PNG (*.png)|PDF (*.pdf) named pdf"},
+        {write, {}, "else save png PNG (*.png)|PDF (*.pdf) named pdf"},
     };
     for (const auto& c : cases) {
       const auto [chosen, said] = Answered(c.choose, c.chosen);

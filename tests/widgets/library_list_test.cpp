@@ -60,6 +60,7 @@ class LibraryListTest : public WindowTest {
     if (field == nullptr) qFatal("no field opens");
     QCOMPARE(field->accessibleName(), List()->currentIndex().data().toString());
     field->setText(name);
+    QTest::keyClick(field, Qt::Key_Down, Qt::AltModifier);
     QTest::keyClick(field, Qt::Key_Return);
     // The field closes, and then its name is taken.
     for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
@@ -82,8 +83,9 @@ class LibraryListTest : public WindowTest {
         {{0, 2}, Qt::Key_Delete, "Berta", "Berta"},
         {{2, 0}, Qt::CTRL | Qt::Key_D, "Anna|Anna #2|Berta|Clara|Clara #2", "Anna #2|Clara #2"},
         {{2}, Qt::ALT | Qt::Key_Up, "Anna|Clara|Berta", "Clara"},
-        {{0, 1}, Qt::ALT | Qt::Key_Down, "Clara|Anna|Berta", "Anna|Berta"},
+        {{1, 0}, Qt::ALT | Qt::Key_Down, "Clara|Anna|Berta", "Anna|Berta"},
         {{0}, Qt::ALT | Qt::Key_Up, "Anna|Berta|Clara", "Anna"},
+        {{}, Qt::ALT | Qt::Key_Down, "Anna|Berta|Clara", {}},
     };
     for (const auto& c : cases) {
       Choose(c.rows);
@@ -99,7 +101,7 @@ class LibraryListTest : public WindowTest {
     QCOMPARE(f.dialogs.asked.front(),
              std::string("Remove the 2 selected entries from the table file?"));
     f.dialogs.answer = false;
-    Choose({0, 1});
+    Choose({1, 0});
     Press(Qt::Key_Delete);
     QCOMPARE(f.Bytes(), kA + kB + kC);
     Press(Qt::Key_C, Qt::ControlModifier);
@@ -120,12 +122,14 @@ class LibraryListTest : public WindowTest {
     WindowFixture& f = Start();
     const QRect first = Row(0);
     const QRect last = Row(2);
+    QVERIFY(List()->model()->index(0, 0).flags() & Qt::ItemIsDragEnabled);
     const struct {
       int row;
       QPoint to;
       QString names;
     } cases[] = {
         {2, first.center() - QPoint(0, 4), "Clara|Anna|Berta"},
+        {2, first.center(), "Clara|Anna|Berta"},
         {2, first.center() + QPoint(0, 4), "Anna|Clara|Berta"},
         {0, last.center() + QPoint(0, 4), "Berta|Clara|Anna"},
         {0, last.bottomLeft() + QPoint(9, 30), "Berta|Clara|Anna"},
@@ -165,11 +169,9 @@ class LibraryListTest : public WindowTest {
     QTest::mouseClick(List()->viewport(), Qt::LeftButton, {},
                       {5, List()->viewport()->height() - 3});
     QCOMPARE(Chosen(), QStringLiteral("Berta"));
-    const auto at = [this](int row) {
-      return List()->visualRect(List()->model()->index(row, 0)).center();
-    };
-    QTest::mouseClick(List()->viewport(), Qt::LeftButton, Qt::ControlModifier, at(2));
-    QTest::mouseClick(List()->viewport(), Qt::LeftButton, Qt::ControlModifier, at(2));
+    for (int click = 0; click < 2; ++click) {
+      QTest::mouseClick(List()->viewport(), Qt::LeftButton, Qt::ControlModifier, Row(2).center());
+    }
     f.Click("Command2");
     QCOMPARE(f.Bytes(), kA + kC);
   }
@@ -236,7 +238,8 @@ class LibraryListTest : public WindowTest {
     QCOMPARE(f.Bytes(), library);
     f.dialogs.choices = {1};
     Go("m_sortfile");
-    QCOMPARE(f.Bytes(), kA + kC + kB);
+    QCOMPARE(f.Bytes() + SaidBelow().toUtf8(), kA + kC + kB);
+    Choose({});
     Go("m_sortfile");
     QCOMPARE(SaidBelow(), QStringLiteral("The table file has this order already"));
     Go("m_undo");
@@ -282,7 +285,8 @@ class LibraryListTest : public WindowTest {
     QCOMPARE(std::ranges::count(f.dialogs.asked, "&Selected: 1"), 3);
     Choose({});
     Go("m_exportentries");
-    QVERIFY(std::ranges::count(f.dialogs.asked, "&All: 3") && f.Bytes("out").contains("Berta"));
+    QCOMPARE(std::ranges::count(f.dialogs.asked, "&All: 3"), 2);
+    QVERIFY(f.Bytes("out").contains("Berta"));
     Choose({0});
     f.dialogs.file = f.Path("relayTables.dat");
     Go("m_exportentries");
@@ -320,16 +324,18 @@ class LibraryListTest : public WindowTest {
     Go("m_cmpentry");
     QVERIFY(f.Find<editor::CurveLegend>("ListLegend")->isHidden());
     QVERIFY2(SaidBelow().startsWith(QLatin1String("At most 50 curves")), qPrintable(SaidBelow()));
-    Choose({0, 1, 2});
+    List()->selectionModel()->select(List()->model()->index(7, 0), QItemSelectionModel::Deselect);
     Go("m_cmpentry");
-    QCOMPARE(f.Find<editor::CurveLegend>("ListLegend")->model()->rowCount(), 4);
+    QCOMPARE(f.Find<editor::CurveLegend>("ListLegend")->model()->rowCount(), 51);
   }
 
   void ALongNameIsCutAndWhatCannotBeSeenIsADot() {
     const QByteArray name(200, 'x');
     const QByteArray rest = "\"\t(1;2) 001}\r\n";
-    Start("{\"" + name + rest + "{\"y" + name + rest + "{\"a\x01😀" + rest);
-    QCOMPARE(Names(), QString(name + "|y" + name.chopped(1) + "…|a·😀"));
+    const QString wide(200, QChar(0x4E2D));
+    Start("{\"" + name + rest + "{\"y" + name + rest + "{\"a\x01😀" + rest + "{\"" + wide.toUtf8() +
+          "x" + rest);
+    QCOMPARE(Names(), QString(name + "|y" + name.chopped(1) + "…|a·😀|" + wide + "…"));
   }
 
   void TheTooltipReadsTheEntryThatIsPointedAt() {

@@ -32,16 +32,17 @@ class LibraryWindowTest : public WindowTest {
     QVERIFY(!made_->Find<QLabel>("StatusModified")->text().isEmpty());
     QCOMPARE(made_->session.table.grid.Cell(1, 1), std::string("8"));
   }
-  [[nodiscard]] QString Message() const { return made_->window->statusBar()->currentMessage(); }
 
  private Q_SLOTS:
   void cleanup() { made_.reset(); }
 
   void AChangedFileIsListedAnewWithSelectionAndEdits() {
     WindowFixture& f = StartWithEdits();
+    auto& chosen = *f.Find<QListView>("List1")->selectionModel();
+    chosen.select(chosen.model()->index(2, 0), QItemSelectionModel::Select);
     f.Write("relayTables.dat", kForeign + kA + kB + kC);
     QTRY_COMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|Cäsar"));
-    QCOMPARE(f.SelectedRow(), 2);
+    QVERIFY(f.SelectedRow() == 2 && chosen.selectedRows().size() == 2);
     ExpectEdits();
     // Its name alone does not make it the entry that was selected.
     f.Write("relayTables.dat", "{\"Berta\"\t(9;9) 000}\r\n" + kA);
@@ -83,7 +84,7 @@ class LibraryWindowTest : public WindowTest {
       QCOMPARE(f.Bytes(), theirs);
       QCOMPARE(NamesIn(*f.window), QStringLiteral("Cäsar|foreign"));
       QCOMPARE(f.SelectedRow(), -1);
-      QVERIFY(Message().contains(QStringLiteral("Another program")));
+      QVERIFY(SaidBelow().contains(QStringLiteral("Another program")));
       QCOMPARE(f.session.table.grid.Cell(1, 1), std::string("8"));
     }
     f.Select(0);
@@ -122,7 +123,7 @@ class LibraryWindowTest : public WindowTest {
         // What the user selects himself he may remove.
         const bool isDone = !isStopped || (selectsAgain && command == std::string("Command2"));
         QCOMPARE(f.Bytes() == now, !isDone);
-        QCOMPARE(Message().contains(QStringLiteral("Another program")), !isDone);
+        QCOMPARE(SaidBelow().contains(QStringLiteral("Another program")), !isDone);
         QVERIFY(f.Bytes().contains(kA));
         if (!isDone) QVERIFY(f.session.table.tableModified);
       }
@@ -139,7 +140,7 @@ class LibraryWindowTest : public WindowTest {
       };
       f.Click(command);
       QCOMPARE(f.Bytes(), kForeign + kA + kC);
-      QVERIFY(Message().contains(QStringLiteral("Another program")));
+      QVERIFY(SaidBelow().contains(QStringLiteral("Another program")));
     }
   }
 
@@ -194,7 +195,7 @@ class LibraryWindowTest : public WindowTest {
       QTest::keyClick(box, Qt::Key_Return);
       QCOMPARE(f.dialogs.asked.size(), 1u);
       QCOMPARE(box->isVisible(), answer);
-      QCOMPARE(Message().startsWith(QStringLiteral("What another program had left")), !answer);
+      QCOMPARE(SaidBelow().startsWith(QStringLiteral("What another program had left")), !answer);
       QCOMPARE(f.Bytes(), answer ? kA + kC : added);
       QCOMPARE(NamesIn(*f.window), QString(answer ? "Anna|Cäsar" : "new"));
       if (!answer) QCOMPARE(f.Bytes("relayTables.dat.bak"), kA + kC);
@@ -209,7 +210,7 @@ class LibraryWindowTest : public WindowTest {
     const auto expectKept = [&f, this] {
       QCOMPARE(f.Bytes(), kA + kB + kC);
       QCOMPARE(NamesIn(*f.window), QStringLiteral("Anna|Berta|Cäsar"));
-      QVERIFY(Message().startsWith(QStringLiteral("The table file ")));
+      QVERIFY(SaidBelow().startsWith(QStringLiteral("The table file ")));
       f.window->statusBar()->clearMessage();
       ExpectEdits();
     };
@@ -239,7 +240,7 @@ class LibraryWindowTest : public WindowTest {
     QVERIFY(QFile::remove(f.Path("relayTables.dat.bak")));
     QVERIFY(QDir().mkdir(f.Path("relayTables.dat.bak")));
     f.Click("Command4");
-    QVERIFY(Message().contains(QStringLiteral("no backup")));
+    QVERIFY(SaidBelow().contains(QStringLiteral("no backup")));
     QCOMPARE(f.dialogs.asked.size(), 9u);
     QVERIFY2(!f.Bytes().isEmpty() && !QFile::exists(f.Path("relayTables.dat.new")), "left behind");
   }
@@ -313,13 +314,14 @@ class LibraryWindowTest : public WindowTest {
       }
       filter->setFocus();
     }
+    QCOMPARE(SaidBelow(), QString());
     QCOMPARE(f.Bytes(), kForeign + kA + kB + kForeign);
     QTest::keyClick(f.window.get(), Qt::Key_F, Qt::ControlModifier);
     QTest::keyClicks(filter, QStringLiteral("BER"));
     QCOMPARE(NamesIn(*f.window), QStringLiteral("Berta"));
     QTest::keyClick(filter, Qt::Key_Escape);
     QCOMPARE(NamesIn(*f.window), QStringLiteral("foreign|Anna|Berta|foreign"));
-    QVERIFY(f.Find<QListView>("List1")->hasFocus());
+    QVERIFY(f.Find<QListView>("List1")->hasFocus() && Enabled("Command1"));
   }
 
   void AnAddedNameIsSeen() {

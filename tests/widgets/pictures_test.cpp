@@ -122,7 +122,8 @@ class PicturesTest : public WatchFixture {
                 "close|m_curve", "close|m_view", "close|m_compare", "close|m_axes",
                 "close|m_colours", "close|m_language", "close|m_help", "close|menu:List1",
                 "close|menu:MSFlexGrid1", "close|menu:MSChart1",
-                "close|Command1|m_cmpentry|ListLegend=1|menu:ListLegend", "close|m_keys"});
+                "close|Command1|m_cmpentry|ListLegend=1|menu:ListLegend", "close|m_keys",
+                "close|Check1|Check2|m_calc"});
   }
   void Curves() {
     Begin();
@@ -168,7 +169,8 @@ class PicturesTest : public WatchFixture {
          "ListEquations=3|Field_equation=t0*abs(t1)", "CommandWrite", "Field_difference=3",
          "Field_equation=t0*)", "CommandRevert", "Ok", "CommandPreview|Field_equation=)",
          "ListEquations=9|Field_equation=averyveryverylongnamethatnobodyknowsandthatneverends"
-         "andstilldoesnotend"});
+         "andstilldoesnotend",
+         "ListEquations=8"});
   }
 };
 

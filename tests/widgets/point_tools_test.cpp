@@ -186,18 +186,13 @@ class PointToolsTest : public WindowTest {
     const QImage marked =
         Grid().viewport()->grab(Grid().visualRect(Grid().model()->index(1, 1))).toImage();
     Key(Qt::Key_Right);
+    f.Find<QLineEdit>("Text11")->setText(QStringLiteral("1x"));
+    QCOMPARE(words(2, 2), QStringLiteral("the time '1x' is no number"));
     f.Find<QLineEdit>("Text11")->setText(QStringLiteral("20"));
     Key(Qt::Key_Escape);
     QCOMPARE(Marked(), QString());
     QVERIFY(marked !=
             Grid().viewport()->grab(Grid().visualRect(Grid().model()->index(1, 1))).toImage());
-    // Left of a number that is as it should be there is nothing.
-    const QRect cell = Grid().visualRect(Grid().model()->index(0, 1));
-    const QImage free =
-        Grid().viewport()->grab(cell.adjusted(4, 4, -cell.width() / 2, -4)).toImage();
-    QImage nothing = free;
-    nothing.fill(free.pixel(0, 0));
-    QCOMPARE(free, nothing);
     Key(Qt::Key_F8);
     QVERIFY(f.dialogs.asked.empty());
   }
@@ -250,13 +245,6 @@ class PointToolsTest : public WindowTest {
     for (const char* const name : {"MSFlexGrid1", "MSChart1", "List1", "MSFlexGrid1"}) {
       Key(Qt::Key_F6);
       QCOMPARE(Focus(), QLatin1String(name));
-      // A line above it says so.
-      const auto& line = *f.Find<QWidget>("PanelFocus");
-      const auto& control = *f.Find<QWidget>(name);
-      const QPoint corner = control.mapTo(line.parentWidget(), QPoint());
-      QVERIFY2(line.isVisible() && line.x() <= corner.x() && line.y() < corner.y() &&
-                   line.geometry().right() >= corner.x() + control.width() - 1,
-               name);
     }
     Key(Qt::Key_Return);
     Key(Qt::Key_F6, Qt::ShiftModifier);
@@ -267,6 +255,10 @@ class PointToolsTest : public WindowTest {
     QCOMPARE(Focus(), QStringLiteral("MSFlexGrid1"));
     SelectRows(1, 26);
     Key(Qt::Key_Delete);
+    // With nothing to go to in the chart's panel the next one has its turn.
+    Key(Qt::Key_F6);
+    QCOMPARE(Focus(), QStringLiteral("List1"));
+    Key(Qt::Key_2, Qt::AltModifier);
     f.Find<QWidget>("Command10")->setEnabled(true);
     Key(Qt::Key_F6);
     QCOMPARE(Focus(), QStringLiteral("Command10"));
@@ -280,6 +272,8 @@ class PointToolsTest : public WindowTest {
     for (const char* const cell : {"row 3, load 7", "第 3 行，负荷水平 7"}) {
       const QModelIndex place = Grid().model()->index(2, 0);
       QCOMPARE(place.data(Qt::AccessibleTextRole).toString(), QString::fromUtf8(cell));
+      f.session.table.grid.SetCell(3, 1, std::string(1001, 'x'));
+      QCOMPARE(place.data().toString(), QString(1000, 'x'));
       f.Open();
       f.Click("Command1");
     }

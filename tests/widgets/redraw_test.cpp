@@ -163,6 +163,13 @@ class RedrawTest : public WatchFixture {
          [&] { QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x")); }},
         {"the next cell", [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down); }},
         {"no open cell", [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); }},
+        {"two cells from one",
+         [&] {
+           grid.setCurrentIndex(grid.model()->index(0, 0)), Open();
+           f.Find<QLineEdit>("Text11")->setText(QStringLiteral("2.5\t12"));
+         }},
+        {"a mark below the cell", [&] { grid.CloseEditor(), Type(5, 1, "20"); }},
+        {"no mark there", [&] { Type(5, 1, "12"); }},
     });
   }
   void TheChart() {
@@ -201,6 +208,7 @@ class RedrawTest : public WatchFixture {
   }
   void TheView() {
     WindowFixture& f = Start();
+    f.dialogs.limits = AxisLimits{{{1e-4, 1e4}}, {{0.1, 1e4}}};
     const QPointF point = PlaceOf(4, 5);
     Watch({
         {"linear loads", [&] { Trigger("m_logload"); }},
@@ -216,6 +224,7 @@ class RedrawTest : public WatchFixture {
         {"square decades", [&] { Trigger("m_square"); }},
         {"a zoom into them", [&] { Turn(PlaceOf(4, 5)); }},
         {"a size with them", [&] { f.window->resize(1100, 800); }},
+        {"many decades", [&] { Trigger("m_square"), Trigger("m_limits"); }},
     });
   }
   void WhatIsCompared() {
@@ -253,6 +262,8 @@ class RedrawTest : public WatchFixture {
            ListLegend().setCurrentIndex(ListLegend().model()->index(3, 0)), Trigger("m_reference");
            ListLegend().setCurrentIndex(ListLegend().model()->index(1, 0)), Trigger("m_cmpremove");
          }},
+        {"a marker in a smaller chart",
+         [&] { Type(1, 2, "9"), Key(Qt::Key_A), made_->window->resize(1000, 700); }},
     });
   }
 };

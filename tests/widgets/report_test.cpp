@@ -82,6 +82,11 @@ class ReportTest : public WindowTest {
     made_->Find<QAction>("m_print")->trigger();
     QVERIFY(ran);
   }
+  // Whether a file is of that title and paper.
+  static bool IsOn(const QString& pdf, const char* facts) {
+    static const auto kLines = QRegularExpression::DotMatchesEverythingOption;
+    return Said("pdfinfo", {QStringLiteral("-")}, pdf).contains(QRegularExpression(facts, kLines));
+  }
   static void Press(const ReportDialog& dialog, const char* button) {
     dialog.findChild<QPushButton*>(QLatin1String(button))->click();
   }
@@ -123,6 +128,8 @@ class ReportTest : public WindowTest {
     Save(QStringLiteral("both.svg"));
     const QStringList both = Drawn(QString::fromUtf8(f.Bytes(QStringLiteral("both.svg"))));
     QVERIFY(both.size() > shown.size() && !both.join(QString()).contains("<image"));
+    // Resolutions of pixels, widths of vectors: what was chosen the last time.
+    QCOMPARE(f.dialogs.offered, (std::vector<double>{300, 80, 160, 160}));
   }
 
   void TheWindowIsStartedByItsArguments() {
@@ -166,53 +173,31 @@ class ReportTest : public WindowTest {
     if (f.window->devicePixelRatioF() != kOnce) return;
     f.Write(QStringLiteral("former.pdf"), "former");
     f.Write(QStringLiteral("own.txt"), "REPORT.PAGE.OF {Blatt %1}\nF1.INSTRUMENT1.TEXT {S&trom}");
-    const std::pair<QStringList, QString> rows[] = {
-        {{"--report", "relayTables.dat", "#1", "feeder 12", "-o", "own.pdf", "--header", "Bay",
-          "--catalogue", "own.txt", "--pickup", "2"},
-         {}},
-        {{"--report", "relayTables.dat", "#0", "-o", "own2.pdf", "--family", "iec-a", "--percent",
-          "5", "--paper", "letter"},
-         {}},
-        {{"--chart", "relayTables.dat", "#0", "-o", "c.png", "--size", "50.8x25.4", "--dpi", "100"},
-         {}},
-        {{"--report", "relayTables.dat", "#0", "Nobody", "-o", "former.pdf"},
-         "1: no entry 'Nobody'"},
-        {{"--report", "missing.dat", "#0", "-o", "former.pdf"}, "1: missing.dat"},
-        {{"--report", "relayTables.dat", "#1", "-o", "former.pdf", "--family", "iec-a"},
-         "2: absolute loads need --pickup"},
-        {{"--chart", "relayTables.dat", "#2", "-o", "c.svg"}, "1: Empty: has no curve"},
-        {{"--chart", "relayTables.dat", "#0", "-o", "no/c.svg"}, "1: no/c.svg: not written"},
-        {{"--chart", "relayTables.dat", "#0", "#1", "-o", "c.svg"}, "2: one entry"},
-        {{"--chart", "relayTables.dat", "#0", "-o", "c.bmp"}, "2: .png, .svg or .pdf"},
-        {{"--chart", "relayTables.dat", "#0", "-o", "-"}, "2: -"},
-        {{"--chart", "relayTables.dat", "#0", "-o", "c.svg", "--size", "1x1"}, "2: WIDTHxHEIGHT"},
-        {{"--report", "relayTables.dat", "#0", "-o", "relayTables.svg"}, "2: .pdf"},
-        {{"--report", "relayTables.dat", "-o", "former.pdf"}, "2: ENTRY"},
-        {{"--report", "relayTables.dat", "#0", "--wrong"}, "2: "},
-    };
-    for (const auto& [arguments, wanted] : rows) {
-      const QString said = Run(arguments);
-      const QString all = arguments.join(' ') + ": " + said;
+    for (const QStringList& row : RowsIn("windowless.txt")) {
+      const QString wanted = row[1];
+      const QString said = Run(QString(row[0]).replace("\\n", "\n").split('|'));
+      const QString all = row[0] + ": " + said;
       QVERIFY2(wanted.isEmpty() == said.isEmpty(), qPrintable(all));
       QVERIFY2(wanted.isEmpty() || said.startsWith(wanted.left(2) + " Zentab: "), qPrintable(all));
       QVERIFY2(wanted.isEmpty() || said.contains(wanted.mid(3)), qPrintable(all));
     }
+    const QString help = Run({"--chart", "--help"});
+    QVERIFY2(help.startsWith("0: Charts") && help.contains("=300 Needs"), qPrintable(help));
     QCOMPARE(f.Bytes(), kLibrary);
     QCOMPARE(f.Bytes(QStringLiteral("former.pdf")), QByteArray("former"));
     QCOMPARE(QImage(f.Path(QStringLiteral("c.png"))).size(), QSize(200, 100));
     if (!kReadsPdf) return;
     const QString text = TextOf(f.Path(QStringLiteral("own.pdf")));
-    for (const char* const part : {"Bay", "Blatt 3", "Strom", "Feeder 12"}) {
+    for (const char* const part : {"Bay", "Blatt 3", "Strom", "Feeder 12", "feeder 12"}) {
       QVERIFY2(text.contains(QLatin1String(part)), qPrintable(part + text));
     }
+    QVERIFY(!text.contains(QLatin1String("Sixth")));
     QVERIFY(text.indexOf(QLatin1String("27")) < text.indexOf(QLatin1String("Feeder 12")));
     const QString assessed = TextOf(f.Path(QStringLiteral("own2.pdf")));
     QVERIFY2(assessed.contains(QLatin1String("Limit: 5 % of the nominal time")),
              qPrintable(assessed));
-    const QString facts =
-        Said("pdfinfo", {QStringLiteral("-")}, f.Path(QStringLiteral("own2.pdf")));
-    QVERIFY2(facts.contains(QLatin1String("612 x 792 pts")), qPrintable(facts));
-    QVERIFY2(facts.contains(QRegularExpression("Title: +Feeder 12")), qPrintable(facts));
+    QVERIFY(IsOn(f.Path(QStringLiteral("own.pdf")), "27.*595 x 842 pts"));
+    QVERIFY(IsOn(f.Path(QStringLiteral("own2.pdf")), "Feeder 12\\n.*612 x 792 pts"));
   }
 
   void PaperIsWhiteWhateverTheWindowIs() {
@@ -237,12 +222,13 @@ class ReportTest : public WindowTest {
     QVERIFY(qvariant_cast<QImage>(data->imageData()).width() > 1000);
     QVERIFY(data->data(QStringLiteral("image/svg+xml")).contains("<svg"));
     QVERIFY(data->data(QStringLiteral("application/pdf")).startsWith("%PDF"));
+    QCOMPARE(SaidBelow().toStdString(), f.session.texts.output.chartCopied);
+    QVERIFY(QGuiApplication::overrideCursor() == nullptr);
     // Without a curve there is nothing to copy, and it says so.
     f.Select(2);
     f.Click("Command1");
     f.Find<QAction>("m_copychart")->trigger();
-    QCOMPARE(f.window->statusBar()->currentMessage(),
-             QString::fromStdString(f.session.texts.output.noCurve));
+    QCOMPARE(SaidBelow().toStdString(), f.session.texts.output.noCurve);
   }
 
   void AWriteThatFailsLeavesTheFormerFile() {
@@ -251,13 +237,18 @@ class ReportTest : public WindowTest {
     f.files.bytesThatFit = 1000;
     Save(QStringLiteral("chart.svg"));
     QCOMPARE(f.Bytes(QStringLiteral("chart.svg")), QByteArray("old"));
-    QVERIFY(f.window->statusBar()->currentMessage().startsWith(
-        QString::fromStdString(f.session.texts.output.notWritten)));
+    QVERIFY(SaidBelow().startsWith(f.session.texts.output.notWritten.c_str()));
+    // Who breaks off leaves it as well, and nothing is said.
+    f.files.bytesThatFit = test::FailingFileLayer::kNever;
+    f.dialogs.picture.reset();
+    Save(QStringLiteral("chart.svg"));
+    f.dialogs.file.clear();
+    f.Find<QAction>("m_savechart")->trigger();
+    QCOMPARE(f.Bytes(QStringLiteral("chart.svg")) + SaidBelow().toUtf8(), QByteArray("old"));
     f.session.source->name = R"(a/b\c)" + std::string(80, 'x');
     Save(QStringLiteral("chart.bmp"));
     QCOMPARE(f.dialogs.asked.back(), "a_b_c" + std::string(75, 'x') + ".png");
-    QCOMPARE(f.window->statusBar()->currentMessage(),
-             QString::fromStdString(f.session.texts.output.unknownFormat));
+    QCOMPARE(SaidBelow().toStdString(), f.session.texts.output.unknownFormat);
   }
 
   void EntriesBecomePagesBehindAListOfThem() {
@@ -266,7 +257,10 @@ class ReportTest : public WindowTest {
     const auto chooseAll = [](const ReportDialog& dialog) {
       dialog.findChild<QRadioButton*>(QStringLiteral("OptionEntries"))->setChecked(true);
       QVERIFY(!dialog.findChild<QPushButton*>(QStringLiteral("CommandSave"))->isEnabled());
-      dialog.findChild<QListView*>(QStringLiteral("ListEntries"))->selectAll();
+      const auto& list = *dialog.findChild<QListView*>(QStringLiteral("ListEntries"));
+      for (const int row : {2, 0, 1}) {
+        list.selectionModel()->select(list.model()->index(row, 0), QItemSelectionModel::Select);
+      }
     };
     InDialog([&](ReportDialog& dialog) {
       chooseAll(dialog);
@@ -276,7 +270,7 @@ class ReportTest : public WindowTest {
     QVERIFY(f.Bytes(QStringLiteral("report.pdf")).startsWith("%PDF-"));
     if (!kReadsPdf) return;
     const QStringList pages = TextOf(f.dialogs.file).split('\f');
-    QVERIFY2(pages.size() == 5, qPrintable(f.window->statusBar()->currentMessage()));
+    QVERIFY2(pages.size() == 5, qPrintable(SaidBelow()));
     QVERIFY2(pages[2].contains(QStringLiteral("Ü 27 变电站")), qPrintable(pages[2]));
     for (int page = 1; page <= 4; ++page) {
       QVERIFY(IsPageAsInPictures(f.dialogs.file, QStringLiteral("page-%1").arg(page), page));
@@ -304,13 +298,13 @@ class ReportTest : public WindowTest {
     const QStringList printed = TextOf(f.dialogs.printed).split('\f');
     QCOMPARE(printed.size(), 4);
     QVERIFY(printed[0].contains(QLatin1String("Page 2 of 4")));
+    QVERIFY(IsOn(f.dialogs.printed, paper == 0 ? "Feeder 12.*595 x 842" : "Feeder 12.*612 x 792"));
     InDialog([&](ReportDialog& dialog) {
       chooseAll(dialog);
       f.Write("relayTables.dat", "{\"Other\"\t(1;2)(2;1) 001}\r\n");
       Press(dialog, "CommandSave");
     });
-    QCOMPARE(f.window->statusBar()->currentMessage(),
-             QString::fromStdString(f.session.texts.program.entryChanged));
+    QCOMPARE(SaidBelow().toStdString(), f.session.texts.program.entryChanged);
   }
 
   void TheGridsPageHasWhatWasAssessed() {
@@ -328,19 +322,32 @@ class ReportTest : public WindowTest {
         QVERIFY(box->isEnabled());
         if (box->isChecked() != with) box->click();
         Press(dialog, "CommandPrint");
+        QVERIFY(!dialog.isVisible());
       });
       QVERIFY(IsPageAsInPictures(f.dialogs.printed, with ? "page-assessed" : "page-grid"));
     }
     QVERIFY(QFile::remove(f.dialogs.printed));
+    // It stays for those who choose no file and no printer.
+    f.dialogs.answer = false;
+    f.Find<QAction>("m_assess")->setChecked(false);
     InDialog([](ReportDialog& dialog) {
-      Press(dialog, "CommandPreview");
-      QVERIFY(dialog.isVisible());
+      QVERIFY(!dialog.findChild<QCheckBox*>()->isEnabled());
+      dialog.findChild<QComboBox*>()->setCurrentIndex(1);
+      for (const char* const button : {"CommandPreview", "CommandSave", "CommandPrint"}) {
+        Press(dialog, button);
+        QVERIFY2(dialog.isVisible(), button);
+      }
     });
     QVERIFY(TextOf(f.dialogs.printed).contains(QLatin1String("Feeder 12")));
+    QVERIFY(IsOn(f.dialogs.printed, "612 x 792"));
     // A preview of the page, as edited meanwhile.
     f.session.table.tableModified = true;
     f.Find<QAction>("m_preview")->trigger();
     QVERIFY(TextOf(f.dialogs.printed).contains(QLatin1String("Feeder 12 (edited, not stored)")));
+    QCOMPARE(SaidBelow(), QString());
+    f.dialogs.printed = f.Path(QStringLiteral("no/printed.pdf"));
+    f.Find<QAction>("m_preview")->trigger();
+    QCOMPARE(SaidBelow().toStdString(), f.session.texts.output.notPrinted);
   }
 
   void APageOfEachLanguageIsItsOwn() {

@@ -1,9 +1,13 @@
 #include <QApplication>
 #include <QListView>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <atomic>
 
+#include "app/widgets/files/held_input.h"
 #include "support/stepped_file_layer.h"
 #include "widgets/window_test.h"
 
@@ -86,11 +90,12 @@ class SlowFilesTest : public WindowTest {
       });
     });
     layer.isHeld = true;
+    f.Find<QListView>("List1")->selectAll();
     f.Click("Command2");
     QVERIFY(isPointed && QGuiApplication::overrideCursor() == nullptr);
     QVERIFY2(begun.isEmpty(), qPrintable(begun.join(' ')));
     QVERIFY(!closed && f.window->isVisible());
-    QCOMPARE(f.Bytes(), kB);
+    QCOMPARE(f.Bytes(), QByteArray());
     QVERIFY(f.window->close());
   }
 
@@ -143,6 +148,26 @@ class SlowFilesTest : public WindowTest {
     QCOMPARE(opened, 0);
     QTRY_COMPARE(made_->session.listing.names.size(), 9U);
     made_.reset();
+  }
+
+  void OnlyWhatEndsAWaitWorksMeanwhile() {
+    WindowFixture& f = Make(kA + kB);
+    QProgressDialog progress(QStringLiteral("x"), QStringLiteral("Cancel"), 0, 9, f.window.get());
+    QPushButton giveUp;
+    giveUp.setObjectName(QLatin1String(HeldInput::kGiveUpButton));
+    giveUp.show();
+    HeldInput held;
+    const QSignalSpy givenUp(&giveUp, &QPushButton::clicked);
+    const QSignalSpy escaped(&held, &HeldInput::EscapePressed);
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
+    QCoreApplication::sendEvent(f.window->windowHandle(), &escape);
+    progress.show();
+    for (auto* const button :
+         {f.Find<QPushButton>("Command1"), &giveUp, progress.findChild<QPushButton*>()}) {
+      QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QVERIFY(f.session.table.grid.Cell(1, 1).empty() && progress.wasCanceled());
+    QCOMPARE(QList<qsizetype>({givenUp.size(), escaped.size()}), QList<qsizetype>({1, 1}));
   }
 };
 

@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QPrinter>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <functional>
 #include <map>
 #include <memory>
@@ -33,7 +34,7 @@ class AnsweringDialogs : public UserDialogs {
   QString file;
   int filesAsked = 0;
   std::optional<double> number;
-  std::vector<double> offered;  // numbers
+  std::vector<double> offered;  // numbers, of a picture its dots or its width
   std::optional<AxisLimits> limits;
   std::optional<PictureSize> picture = PictureSize();
   std::vector<std::size_t> entries;
@@ -72,6 +73,8 @@ class AnsweringDialogs : public UserDialogs {
   }
   std::optional<PictureSize> AskPictureSize(const PictureSizeQuestion& question) override {
     asked.push_back(question.title.toStdString());
+    const auto& [millimetres, dots] = question.size;
+    offered.push_back(question.hasDots ? dots : millimetres.width());
     return picture;
   }
   QString ChooseTableFile() override { return ++filesAsked, file; }
@@ -235,6 +238,18 @@ class WindowFixture {
   void DragEntries(std::initializer_list<int> rows, QWidget& target, const QPoint& place) {
     HoldEntries(rows, target, place);
     LetGo(target, place);
+  }
+  /// Whether the window takes what is dropped.
+  [[nodiscard]] bool DropFiles(const QList<QUrl>& urls) const {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    enter.ignore();
+    QCoreApplication::sendEvent(window.get(), &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window.get(), &drop);
+    return true;
   }
   [[nodiscard]] int SelectedRow() const {
     const QModelIndexList rows = Find<QListView>("List1")->selectionModel()->selectedRows();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFile>
 #include <QStatusBar>
 #include <utility>
 
@@ -7,6 +8,17 @@
 #include "widgets/window_fixture.h"
 
 namespace zentab::app {
+
+/// The rows of a file of tests/data, whose cells are apart by tabs.
+inline QList<QStringList> RowsIn(const char* name) {
+  QFile file(QLatin1String(PICTURES "/../") + QLatin1String(name));
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) qFatal("there are no rows");
+  QList<QStringList> rows;
+  for (const QByteArray& row : file.readAll().trimmed().split('\n')) {
+    rows += QString::fromUtf8(row).split('\t');
+  }
+  return rows;
+}
 
 /// Tests that have a window each, which their cleanup() throws away.
 class WindowTest : public QObject {
