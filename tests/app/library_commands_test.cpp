@@ -116,5 +116,12 @@ TEST_F(LibraryCommandsTest, ANameIsEnteredOnce) {
   EXPECT_TRUE(session_.table.tableModified);
 }
 
+TEST_F(LibraryCommandsTest, AMissingTableIsEmptyUntilSomethingIsAdded) {
+  EXPECT_FALSE(commands_.SetActiveTable((Folder() / "new.dat").string()));
+  EXPECT_EQ(session_.listing.names, NameList());
+  EXPECT_EQ(Enter("first"), NameResult::Added);
+  EXPECT_EQ(BytesOf(Folder() / "new.dat"), "{\"first\"\t 000}\r\n");
+}
+
 }  // namespace
 }  // namespace zentab::app

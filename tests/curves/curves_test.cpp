@@ -244,13 +244,22 @@ TEST(Choosing, ThinsALongSeriesIntoTheMiddleOfItsScatter) {
 }
 
 TEST(Choosing, FindsTheBestLoads) {
-  // No other loads between the ends do better.
   const std::tuple<Family, double, double> corners[] = {{Family::IecA, 1.2122, 2.1368},
                                                         {Family::IeeeExtremely, 1.2677, 3.43},
                                                         {Family::Thermal, 1.2163, 1.9506}};
   for (const auto& [family, second, third] : corners) {
-    const ChosenPoints best = Good(Sample(CurveOf(family), {1.05, 20, 4, Spacing::Best}));
+    const CharacteristicCurve curve = CurveOf(family);
+    const ChosenPoints best = Good(Sample(curve, {1.05, 20, 4, Spacing::Best}));
     ASSERT_EQ(best.points.size(), 4u);
+    // No other loads between the ends do better.
+    const auto load = [](int i) { return 1.05 * std::pow(20 / 1.05, std::pow(i / 16.0, 2)); };
+    for (int i = 1; i < 16; ++i) {
+      for (int j = i + 1; j < 16; ++j) {
+        const double loads[] = {1.05, load(i), load(j), 20};
+        const ChosenPoints tried = Good(SampleAt(curve, loads));
+        EXPECT_LE(best.deviation, 1.01 * DeviationOfLines(curve, tried.points, true)) << i << j;
+      }
+    }
     EXPECT_DOUBLE_EQ(best.points[1].load, second) << RowOf(family).id;
     EXPECT_DOUBLE_EQ(best.points[2].load, third) << RowOf(family).id;
   }

@@ -79,7 +79,7 @@ class CurveDialogsTest : public WindowTest {
 
   void DialogsGiveWhatTheCompanionPrints_data() {
     for (const auto* each : {"action", "fields", "arguments"}) QTest::addColumn<QString>(each);
-    for (const QStringList& row : RowsIn("curve_dialogs.txt")) {
+    for (const QStringList& row : RowsIn("curves")) {
       QTest::newRow(qPrintable(row[0])) << row[1] << row[2] << row[3];
     }
   }
@@ -121,7 +121,7 @@ class CurveDialogsTest : public WindowTest {
   void WhatCannotBeIsSaid_data() {
     QTest::addColumn<QString>("fields");
     QTest::addColumn<QString>("said");
-    for (const QStringList& row : RowsIn("curve_refusals.txt")) {
+    for (const QStringList& row : RowsIn("refusals")) {
       QTest::newRow(qPrintable(row[0])) << row[0] << row[1];
     }
   }

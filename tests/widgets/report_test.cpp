@@ -173,7 +173,7 @@ class ReportTest : public WindowTest {
     if (f.window->devicePixelRatioF() != kOnce) return;
     f.Write(QStringLiteral("former.pdf"), "former");
     f.Write(QStringLiteral("own.txt"), "REPORT.PAGE.OF {Blatt %1}\nF1.INSTRUMENT1.TEXT {S&trom}");
-    for (const QStringList& row : RowsIn("windowless.txt")) {
+    for (const QStringList& row : RowsIn("windowless")) {
       const QString wanted = row[1];
       const QString said = Run(QString(row[0]).replace("\\n", "\n").split('|'));
       const QString all = row[0] + ": " + said;

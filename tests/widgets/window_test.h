@@ -9,13 +9,16 @@
 
 namespace zentab::app {
 
-/// The rows of a file of tests/data, whose cells are apart by tabs.
-inline QList<QStringList> RowsIn(const char* name) {
-  QFile file(QLatin1String(PICTURES "/../") + QLatin1String(name));
+/// The rows of one "[section]" of tests/data/commands.txt, split into fields at tabs; lines
+/// beginning with "#" are remarks.
+inline QList<QStringList> RowsIn(const char* section) {
+  QFile file(QStringLiteral(PICTURES "/../commands.txt"));
   if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) qFatal("there are no rows");
   QList<QStringList> rows;
-  for (const QByteArray& row : file.readAll().trimmed().split('\n')) {
-    rows += QString::fromUtf8(row).split('\t');
+  const QString all = QString::fromUtf8(file.readAll());
+  const QString begun = all.section(QStringLiteral("\n[%1]\n").arg(QLatin1String(section)), 1);
+  for (const QString& row : begun.section(QLatin1String("\n["), 0, 0).split('\n')) {
+    if (!row.isEmpty() && !row.startsWith('#')) rows += row.split('\t');
   }
   return rows;
 }
