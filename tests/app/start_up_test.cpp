@@ -63,9 +63,11 @@ TEST_F(StartUpFolder, ASessionBeginsInTheInstallationWithTheSettings) {
   const Session windowless = WindowlessSession({}, registry, "/opt/suite/Zentab", {});
   EXPECT_EQ(windowless.texts.instruments[1].name, "Current");
   EXPECT_EQ(windowless.texts.instruments[2].name, "Voltage");
+  Write("FCC.TXT", "F1.INSTRUMENT2.TEXT {&Spannung}\n");
   const auto spoken = Write("sv.txt", "F1.INSTRUMENT1.TEXT {S&tröm}\nTIMEOUT.VALUE {7}\n");
   const Session other = WindowlessSession({}, registry, "/opt/suite/Zentab", spoken);
   EXPECT_EQ(other.texts.instruments[1].name + other.texts.import.timeout, "Ström");
+  EXPECT_EQ(other.texts.instruments[2].name, "Spannung");
 }
 
 #ifndef _WIN32

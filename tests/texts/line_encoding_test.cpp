@@ -61,8 +61,8 @@ TEST(LineEncoding, BrokenUtf8IsKeptAsItIs) {
 
 TEST(Characters, AreShownAsNumbersWhereTheySteerOrAreNone) {
   EXPECT_EQ(Visible("a\tb\n \x1F\x7F~\x1B[0m"), "a\tb\n \\x1F\\x7F~\\x1B[0m");
-  EXPECT_EQ(Visible("\u0080\u009F\u00A0\u2027\u2028\u202E\u202F\u2065\u2066\u2069\u206A"),
-            "\\x80\\x9F\u00A0\u2027\\u2028\\u202E\u202F\u2065\\u2066\\u2069\u206A");
+  EXPECT_EQ(Visible("\u0080\u009F\u00A0\u2027\u2028\u202E\u202C\u202F\u2065\u2066\u2069\u206A"),
+            "\\x80\\x9F\u00A0\u2027\\u2028\\u202E\\u202C\u202F\u2065\\u2066\\u2069\u206A");
   EXPECT_EQ(Visible("\xFFü\xC3"), "\\xFFü\\xC3");
   EXPECT_EQ(FromCharacters(std::u32string{0xD7FF, 0xD800, 0xDFFF, 0xE000, 0x10FFFF, 0x110000}),
             "\uD7FF\uFFFD\uFFFD\uE000\U0010FFFF\uFFFD");

@@ -299,8 +299,7 @@ class CurveDialogsTest : public WindowTest {
     QCOMPARE(QApplication::clipboard()->text().count('\n'), 15);
     f.session.table.grid.SetCell(5, 2, "1.3");
     Q_EMIT Grid().EditingLeft();
-    QVERIFY(verdict().startsWith(
-        QStringLiteral("Assessment not passed. Points within the limits: 11, beyond them: 1")));
+    QVERIFY(verdict().contains(QStringLiteral("within the limits: 11, beyond them: 1")));
     f.Click("CommandCloseAssessment");
     QVERIFY(Find<QWidget>("PanelAssessment")->isHidden());
   }
