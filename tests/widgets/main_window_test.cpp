@@ -207,6 +207,7 @@ class MainWindowTest : public WindowTest {
     const auto* const file = f.Find<QLabel>("StatusFile");
     QVERIFY(file->text().endsWith(QStringLiteral("other.dat")));
     QCOMPARE(QDir(file->toolTip()), QDir(f.Path("other.dat")));
+    QVERIFY(file->width() > f.window->statusBar()->width() / 2);
     made_->Click("Command1");
     QCOMPARE(Cell(2, 2), QStringLiteral("4"));
     // Of a long path the end is shown.

@@ -71,6 +71,16 @@ class QuestionsTest : public QObject {
     QCOMPARE(Answered(ask, [](QDialog& dialog) { Cancel(dialog).click(); }), std::nullopt);
   }
 
+  void AQuestionIsAnsweredInTheProgramsWords() {
+    made_->session.texts.program.cancel = "Not &now";
+    const auto ask = [&] { return dialogs_->Confirm({"Title", "Text"}); };
+    QVERIFY(Answered(ask, [](QDialog& dialog) { Ok(dialog).click(); }));
+    QVERIFY(!Answered(ask, [](QDialog& dialog) {
+      QCOMPARE(Cancel(dialog).text(), QStringLiteral("Not &now"));
+      Cancel(dialog).click();
+    }));
+  }
+
   void OfSomeAnswersOneIsChosen() {
     const ChoiceQuestion question{"Export",
                                   {{"Which", {"A", "B"}, 1}, {"How", {"1", "2", "3"}, 2}}};
